@@ -1,0 +1,128 @@
+#include "engine/fedtax.h"
+
+#include <array>
+
+#include "engine/bands.h"
+#include "engine/frequency.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "engine/statelist.h"
+#include "engine/worksheet.h"
+
+namespace tallyfin {
+
+namespace {
+
+using enum Test;
+
+/// United States, percentage method, tax year 1999: dollars a pay period.
+constexpr Band singleWeekly[] = {
+    {atMost, 51, 0, 0},
+    {atMost, 525, 51, 0.15},
+    {atMost, 1125, 525, 0.28, 71.1},
+    {atMost, 2535, 1125, 0.31, 239.1},
+    {atMost, 5475, 2535, 0.36, 676.2},
+    {above, 5475, 5475, 0.396, 1734.6},
+};
+constexpr Band marriedWeekly[] = {
+    {atMost, 124, 0, 0},
+    {atMost, 913, 124, 0.15},
+    {atMost, 1894, 913, 0.28, 118.35},
+    {atMost, 3135, 1894, 0.31, 393.03},
+    {atMost, 5531, 3135, 0.36, 777.74},
+    {above, 5531, 5531, 0.396, 1640.3},
+};
+constexpr Band singleTwiceAMonth[] = {
+    {atMost, 110, 0, 0},
+    {atMost, 1138, 110, 0.15},
+    {atMost, 2438, 1138, 0.28, 154.2},
+    {atMost, 5492, 2438, 0.31, 518.2},
+    {atMost, 11863, 5492, 0.36, 1464.94},
+    {above, 11863, 11863, 0.396, 3758.5},
+};
+constexpr Band marriedTwiceAMonth[] = {
+    {atMost, 269, 0, 0},
+    {atMost, 1979, 269, 0.15},
+    {atMost, 4104, 1979, 0.28, 256.5},
+    {atMost, 6792, 4104, 0.31, 851.5},
+    {atMost, 11983, 6792, 0.36, 1684.78},
+    {above, 11983, 11983, 0.396, 3553.54},
+};
+constexpr Band singleEveryTwoWeeks[] = {
+    {atMost, 102, 0, 0},
+    {atMost, 1050, 102, 0.15},
+    {atMost, 2250, 1050, 0.28, 142.2},
+    {atMost, 5069, 2250, 0.31, 478.2},
+    {atMost, 10950, 5069, 0.36, 1352.09},
+    {above, 10950, 10950, 0.396, 3469.25},
+};
+constexpr Band marriedEveryTwoWeeks[] = {
+    {atMost, 248, 0, 0},
+    {atMost, 1827, 248, 0.15},
+    {atMost, 3788, 1827, 0.28, 236.85},
+    {atMost, 6296, 3788, 0.31, 785.93},
+    {atMost, 11062, 6296, 0.36, 1555.04},
+    {above, 11062, 11062, 0.396, 3280.52},
+};
+constexpr Band singleMonthly[] = {
+    {atMost, 221, 0, 0},
+    {atMost, 2275, 221, 0.15},
+    {atMost, 4875, 2275, 0.28, 308.1},
+    {atMost, 10983, 4875, 0.31, 1036.1},
+    {atMost, 23725, 10983, 0.36, 2929.58},
+    {above, 23725, 23725, 0.396, 7516.7},
+};
+constexpr Band marriedMonthly[] = {
+    {atMost, 538, 0, 0},
+    {atMost, 3958, 538, 0.15},
+    {atMost, 8208, 3958, 0.28, 513},
+    {atMost, 13583, 8208, 0.31, 1703},
+    {atMost, 23967, 13583, 0.36, 3369.25},
+    {above, 23967, 23967, 0.396, 7107.49},
+};
+
+constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
+constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
+
+/// The table of the status and frequency. Status 2 has none: that is deliberate.
+const Bands& federalTable() {
+  if (payData.maritalStat == 0) return married.now();
+  if (payData.maritalStat == 1) return single.now();
+  throw FailedStatement{};
+}
+
+/// FICA at these rates, on the gross less the pre-FICA amount. The three are products of their own, so that the total
+/// can differ from its parts in the last decimal; there is no wage base and no floor.
+void fica(double total, double socialSecurity, double medicare) {
+  const auto share = [](double rate) { return fromReal(toReal(payData.grossPay - payData.preFica) * rate); };
+  step([&] { payData.fica = share(total); });
+  step([&] { payData.socSec = share(socialSecurity); });
+  step([&] { payData.medicare = share(medicare); });
+}
+
+void showFigures() {
+  // lbl8 shows the local tax of the calculation before: LocalTaxCalc runs after this.
+  const std::array figures{payData.fedTax,  payData.stateTax, payData.amt401k,  payData.fica,
+                           payData.preFica, payData.socSec,   payData.medicare, payData.localTax};
+  int label = 0;
+  for (const Money figure : figures) {
+    ++label;
+    step([&] { worksheet().showFigure(label, toText(roundedForDisplay(figure))); });
+  }
+}
+
+}  // namespace
+
+void FedTax() {
+  step([] { payData.fedTax = taxOf(federalTable(), payData.fedBase); });
+  step([] { payData.fedTax = roundCents(payData.fedTax); });
+  if (payData.fedTax <= 0) payData.fedTax = 0;
+
+  fica(0.0765, 0.062, 0.0145);
+  if (worksheet().selfEmployed()) fica(0.153, 0.124, 0.029);
+
+  callStateRoutine();
+  showFigures();
+}
+
+}  // namespace tallyfin

@@ -1,0 +1,28 @@
+#include "engine/localtax.h"
+
+#include "engine/failure.h"
+#include "engine/paydata.h"
+
+namespace tallyfin {
+
+namespace {
+
+/// The base that `applyTo` chooses; there is none outside 1 to 5.
+Money localBase() {
+  switch (payData.applyTo.value()) {
+    case 1: return payData.grossPay;
+    case 2: return payData.grossPay - payData.amt401k;
+    case 3: return payData.grossPay - payData.preTax;
+    case 4: return payData.grossPay - (payData.amt401k + payData.preTax);
+    case 5: return payData.grossPay - payData.stateDepsDed;  // the state's deduction, not the federal one
+    default: throw FailedStatement{};
+  }
+}
+
+}  // namespace
+
+void LocalTaxCalc() {
+  step([] { payData.localTax = fromReal(toReal(localBase()) * payData.localRate); });
+}
+
+}  // namespace tallyfin

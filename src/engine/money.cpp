@@ -1,0 +1,57 @@
+#include "engine/money.h"
+
+#include <cmath>
+
+#include "engine/numbertext.h"
+
+namespace tallyfin {
+
+namespace {
+
+/// The multiple of `step` units nearest to the amount, an exact half to the even multiple; counted in steps.
+std::int64_t nearestEven(Money amount, std::int64_t step) {
+  std::int64_t steps = amount.units() / step;
+  const std::int64_t rest = amount.units() % step;
+  const std::int64_t twice = 2 * (rest < 0 ? -rest : rest);
+  if (twice > step || (twice == step && steps % 2 != 0)) steps += rest < 0 ? -1 : 1;
+  return steps;
+}
+
+Money ofSteps(std::int64_t steps, std::int64_t step) {
+  std::int64_t units = 0;
+  if (__builtin_mul_overflow(steps, step, &units)) throw FailedStatement{};
+  return Money::ofUnits(units);
+}
+
+constexpr std::int64_t cent = Money::unitsPerDollar / 100;
+
+}  // namespace
+
+double toReal(Money amount) { return static_cast<double>(amount.units()) / static_cast<double>(Money::unitsPerDollar); }
+
+double toReal(Int16 count) { return count.value(); }
+
+Money fromReal(double dollars) {
+  const double units = std::nearbyint(dollars * static_cast<double>(Money::unitsPerDollar));
+  constexpr double limit = 9223372036854775808.0;  // 2^63; the comparison is false for what is not a number
+  if (!(units >= -limit && units < limit)) throw FailedStatement{};
+  return Money::ofUnits(static_cast<std::int64_t>(units));
+}
+
+Money roundCents(Money amount) { return toMoney(currency(amount)); }
+
+Money roundedForDisplay(Money amount) { return ofSteps(nearestEven(amount, cent), cent); }
+
+double roundedForDisplay(double value) {
+  const double rounded = std::nearbyint(value * 100) / 100;
+  if (!std::isfinite(rounded)) throw FailedStatement{};
+  return rounded;
+}
+
+Money roundedToDollars(Money amount) {
+  return ofSteps(nearestEven(amount, Money::unitsPerDollar), Money::unitsPerDollar);
+}
+
+Int16 integerRounded(Money amount) { return nearestEven(amount, Money::unitsPerDollar); }
+
+}  // namespace tallyfin

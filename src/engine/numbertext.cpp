@@ -1,0 +1,295 @@
+#include "engine/numbertext.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+namespace tallyfin {
+
+namespace {
+
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// A number as it stands in a text, exactly: no digit is lost, however long the text.
+struct Decimal {
+  bool negative = false;
+  std::string_view mantissa;     // digits, commas and at most one point
+  std::int64_t exponent = 0;     // of the power of ten that the text names
+  std::int64_t wholeDigits = 0;  // digits before the point
+};
+
+/// Takes one character off the front if it is c.
+bool take(std::string_view& text, char c) {
+  if (text.empty() || text.front() != c) return false;
+  text.remove_prefix(1);
+  return true;
+}
+
+bool takeSign(std::string_view& text, bool& negative) {
+  negative = !text.empty() && text.front() == '-';
+  return take(text, '-') || take(text, '+');
+}
+
+/// The exponent behind "E"; far beyond every range it stands still.
+std::optional<std::int64_t> readExponent(std::string_view text) {
+  bool negative = false;
+  takeSign(text, negative);
+  if (text.empty() || !std::all_of(text.begin(), text.end(), isDigit)) return std::nullopt;
+  constexpr std::int64_t farBeyond = 1'000'000'000'000;
+  std::int64_t exponent = 0;
+  for (const char c : text) exponent = std::min(exponent * 10 + (c - '0'), farBeyond);
+  return negative ? -exponent : exponent;
+}
+
+std::optional<Decimal> readDecimal(std::string_view text) {
+  constexpr std::string_view blanks = " \t";
+  const auto first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return std::nullopt;
+  text = text.substr(first, text.find_last_not_of(blanks) - first + 1);
+
+  Decimal decimal;
+  if (text.size() >= 2 && text.front() == '(' && text.back() == ')') {
+    decimal.negative = true;
+    text = text.substr(1, text.size() - 2);
+    take(text, '$');
+  } else {
+    const bool signedInFront = takeSign(text, decimal.negative);
+    if (take(text, '$') && !signedInFront) takeSign(text, decimal.negative);
+  }
+
+  const auto e = text.find_first_of("Ee");
+  if (e != std::string_view::npos) {
+    const auto exponent = readExponent(text.substr(e + 1));
+    if (!exponent) return std::nullopt;
+    decimal.exponent = *exponent;
+    text = text.substr(0, e);
+  }
+
+  std::int64_t digits = 0;
+  bool comma = false;
+  bool point = false;
+  for (const char c : text) {
+    if (isDigit(c)) {
+      ++digits;
+      if (!point) ++decimal.wholeDigits;
+    } else if (c == ',' && !point) {
+      comma = true;
+    } else if (c == '.' && !point) {
+      point = true;
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (digits == 0 || (comma && decimal.wholeDigits == 0)) return std::nullopt;
+  decimal.mantissa = text;
+  return decimal;
+}
+
+template <class T>
+T orFail(std::optional<T> result) {
+  if (!result) throw FailedStatement{};
+  return *std::move(result);
+}
+
+Decimal decimalOf(std::string_view text) { return orFail(readDecimal(text)); }
+
+/// What is left of a mantissa from its first digit that isn't zero, and that digit's power of ten.
+struct Significant {
+  std::string_view digits;  // may hold commas and the point; empty where the number is zero
+  std::int64_t power = 0;
+};
+
+Significant significant(const Decimal& decimal) {
+  std::int64_t power = decimal.wholeDigits - 1 + decimal.exponent;
+  for (std::size_t i = 0; i < decimal.mantissa.size(); ++i) {
+    const char c = decimal.mantissa[i];
+    if (!isDigit(c)) continue;
+    if (c != '0') return {decimal.mantissa.substr(i), power};
+    --power;
+  }
+  return {};
+}
+
+enum class Half { toEven, awayFromZero };
+
+/// The digits of the number times 10^places, rounded to a whole number, without its sign. None where they would be more
+/// than any format or type can hold.
+std::optional<std::string> roundedDigits(const Decimal& decimal, int places, Half half) {
+  constexpr std::int64_t mostDigits = 400;
+  const auto [digits, power] = significant(decimal);
+  const std::int64_t wanted = power + 1 + places;  // how many of the digits stand before the rounding
+  if (digits.empty() || wanted < 0) return "0";
+  if (wanted > mostDigits) return std::nullopt;
+
+  std::string kept;
+  int roundDigit = -1;  // the first digit that is dropped
+  bool more = false;    // whether anything but zeros follows it
+  for (const char c : digits) {
+    if (!isDigit(c)) continue;
+    if (static_cast<std::int64_t>(kept.size()) < wanted) {
+      kept += c;
+    } else if (roundDigit < 0) {
+      roundDigit = c - '0';
+    } else if (c != '0') {
+      more = true;
+      break;
+    }
+  }
+  kept.append(static_cast<std::size_t>(wanted) - kept.size(), '0');
+
+  const bool odd = !kept.empty() && (kept.back() - '0') % 2 != 0;
+  const bool up = roundDigit > 5 || (roundDigit == 5 && (more || odd || half == Half::awayFromZero));
+  if (up) {
+    auto digit = kept.rbegin();
+    for (; digit != kept.rend() && *digit == '9'; ++digit) *digit = '0';
+    if (digit == kept.rend()) {
+      kept.insert(kept.begin(), '1');
+    } else {
+      ++*digit;
+    }
+  }
+  return kept.empty() ? "0" : kept;
+}
+
+std::int64_t roundedInteger(const Decimal& decimal, int places) {
+  std::string digits = orFail(roundedDigits(decimal, places, Half::toEven));
+  if (decimal.negative) digits.insert(digits.begin(), '-');
+  std::int64_t number = 0;
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ec != std::errc{}) throw FailedStatement{};
+  return number;
+}
+
+/// The nearest double; none where the number is beyond every double, zero where it is too small for one.
+std::optional<double> nearestDouble(const Decimal& decimal) {
+  constexpr std::int64_t beyondEveryDouble = 400;
+  const auto [digits, power] = significant(decimal);
+  const double zero = decimal.negative ? -0.0 : 0.0;
+  if (digits.empty() || power < -beyondEveryDouble) return zero;
+  if (power > beyondEveryDouble) return std::nullopt;
+
+  std::string plain = decimal.negative ? "-" : "";
+  plain.reserve(digits.size() + 8);
+  for (const char c : digits) {
+    if (!isDigit(c)) continue;
+    plain += c;
+    if (plain.size() == (decimal.negative ? 2U : 1U)) plain += '.';
+  }
+  plain += 'e';
+  plain += std::to_string(power);
+  double value = zero;
+  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  return power > 0 ? std::nullopt : std::optional(zero);
+}
+
+/// "$1,234.50" of the digits of a number of cents.
+std::string currencyOfCents(std::string cents, bool negative) {
+  if (cents == "0") negative = false;
+  if (cents.size() < 3) cents.insert(0, 3 - cents.size(), '0');
+  const std::size_t whole = cents.size() - 2;
+  std::string text = negative ? "($" : "$";
+  for (std::size_t i = 0; i < whole; ++i) {
+    if (i > 0 && (whole - i) % 3 == 0) text += ',';
+    text += cents[i];
+  }
+  text += '.';
+  text.append(cents, whole);
+  if (negative) text += ')';
+  return text;
+}
+
+std::string currencyOf(const Decimal& decimal) {
+  return currencyOfCents(orFail(roundedDigits(decimal, 2, Half::awayFromZero)), decimal.negative);
+}
+
+std::uint64_t magnitude(std::int64_t number) {
+  return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
+}
+
+}  // namespace
+
+Money toMoney(std::string_view text) { return Money::ofUnits(roundedInteger(decimalOf(text), 4)); }
+
+double realOf(std::string_view text) { return orFail(nearestDouble(decimalOf(text))); }
+
+Int16 toInt16(std::string_view text) { return roundedInteger(decimalOf(text), 0); }
+
+bool isNumber(std::string_view text) { return readDecimal(text).has_value(); }
+
+std::string toText(Money amount) {
+  std::uint64_t units = magnitude(amount.units());
+  std::array<char, 24> buffer{};
+  char* const end = buffer.data() + buffer.size();
+  char* text = end;
+  bool decimals = false;
+  for (int place = 0; place < 4; ++place, units /= 10) {
+    const auto digit = static_cast<char>('0' + units % 10);
+    decimals = decimals || digit != '0';
+    if (decimals) *--text = digit;
+  }
+  if (decimals) *--text = '.';
+  do {
+    *--text = static_cast<char>('0' + units % 10);
+    units /= 10;
+  } while (units != 0);
+  if (amount.units() < 0) *--text = '-';
+  return {text, end};
+}
+
+std::string toText(double value) {
+  if (value == 0) return "0";  // minus zero too
+  constexpr int significantDigits = 15;
+  std::array<char, 32> buffer{};
+  const auto result =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, significantDigits);
+  std::replace(buffer.data(), result.ptr, 'e', 'E');
+  return {buffer.data(), result.ptr};
+}
+
+std::string toText(Int16 number) { return std::to_string(number.value()); }
+
+std::string currency(Money amount) {
+  constexpr std::uint64_t unitsPerCent = 100;
+  const std::uint64_t units = magnitude(amount.units());
+  const std::uint64_t cents = units / unitsPerCent + (units % unitsPerCent >= unitsPerCent / 2 ? 1 : 0);
+  return currencyOfCents(std::to_string(cents), amount.units() < 0);
+}
+
+std::string currency(double value) { return currencyOf(decimalOf(toText(value))); }
+
+std::string currency(std::string_view text) {
+  const auto decimal = readDecimal(text);
+  return decimal && nearestDouble(*decimal) ? currencyOf(*decimal) : std::string(text);
+}
+
+std::string percentage(double fraction) {
+  const std::string plain = toText(fraction);
+  const Decimal decimal = decimalOf(plain);
+  std::string digits = orFail(roundedDigits(decimal, 4, Half::awayFromZero));
+  if (digits == "0") return ".%";
+  if (digits.size() < 2) digits.insert(0, 2 - digits.size(), '0');
+  std::string decimals = digits.substr(digits.size() - 2);
+  while (!decimals.empty() && decimals.back() == '0') decimals.pop_back();
+  digits.resize(digits.size() - 2);
+  return (decimal.negative ? "-" : "") + digits + "." + decimals + "%";
+}
+
+std::string wholeNumber(std::string_view text) {
+  const auto decimal = readDecimal(text);
+  const auto digits = decimal ? roundedDigits(*decimal, 0, Half::awayFromZero) : std::nullopt;
+  if (!digits) return std::string(text);
+  return (decimal->negative && *digits != "0" ? "-" : "") + *digits;
+}
+
+std::string socialSecurityNumber(std::string_view text) {
+  if (text.size() != 9 || !std::all_of(text.begin(), text.end(), isDigit)) return std::string(text);
+  std::string formatted(text);
+  formatted.insert(5, "-").insert(3, "-");
+  return formatted;
+}
+
+}  // namespace tallyfin

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "engine/int16.h"
+#include "engine/money.h"
+
+/// Numbers as texts, with United States conventions whatever the system's locale.
+
+namespace tallyfin {
+
+/// Text to number. One grammar serves all three: blanks at both ends, one sign (before or after the currency sign),
+/// one "$", digits with commas anywhere in the whole part, a point, digits, an exponent; or the whole in parentheses
+/// for a negative. Anything else, the empty text among it, is a failed statement.
+///
+/// toMoney rounds the decimal digits themselves at the fourth decimal, half to even; toInt16 to a whole number
+/// likewise. What lies beyond the target's range fails.
+Money toMoney(std::string_view text);
+double realOf(std::string_view text);
+Int16 toInt16(std::string_view text);
+
+/// True where the text is a number of that grammar.
+bool isNumber(std::string_view text);
+
+/// Number to plain text. An amount has up to four decimals and no trailing zeros (1234.5); a double up to 15
+/// significant digits, in exponent form from 1E+15 up and below 0.0001.
+std::string toText(Money amount);
+std::string toText(double value);
+std::string toText(Int16 number);
+
+/// The format "Currency": two decimals, an exact half away from zero, "$", thousands commas, negatives in parentheses,
+/// a zero without them. A text is formatted by the decimal that it holds; one that isn't a number, or is beyond a
+/// double's range, stays as it is.
+std::string currency(Money amount);
+std::string currency(double value);
+std::string currency(std::string_view text);
+
+/// The format "##.##%": times 100, at most two decimals, half away from zero, optional digits on both sides of a point
+/// that always stands: `14.%`, `30.2%`, `.5%`, `.%`.
+std::string percentage(double fraction);
+
+/// The format "0" of a text that is a number: whole, half away from zero. Any other text stays as it is.
+std::string wholeNumber(std::string_view text);
+
+/// The format "###-##-####": nine digits become 123-45-6789; any other text stays as it is.
+std::string socialSecurityNumber(std::string_view text);
+
+}  // namespace tallyfin

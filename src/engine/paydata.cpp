@@ -1,0 +1,7 @@
+#include "engine/paydata.h"
+
+namespace tallyfin {
+
+PayData payData;
+
+}  // namespace tallyfin

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "engine/int16.h"
+#include "engine/money.h"
+
+namespace tallyfin {
+
+/// The record of the current paycheck, inputs and results: one for the whole process. Routines work on it without
+/// parameters, screens come and go, and nothing resets it as a whole, so that a field which a calculation doesn't write
+/// keeps the value of the last one.
+///
+/// Every Money field is dollars a pay period, but for `stateDepsDed`, whose unit is that of the state routine that
+/// wrote it last. Rates are fractions.
+struct PayData {
+  Money depsDed;          ///< Federal allowance deduction; made by Load of the main screen and nowhere else.
+  Money totalDed;         ///< Total of deductions; made by GridPrint.
+  double rate401k = 0;    ///< 401(k) rate.
+  Money preFica;          ///< Amount exempt from FICA.
+  Money preTax;           ///< Amount not taxed.
+  Money amt401k;          ///< 401(k) contribution.
+  Money state401k;        ///< The part of `amt401k` that the state base loses: all or nothing.
+  Money taxableWage;      ///< Income on entry to Calculate, then income less 401(k), pre-FICA and pre-tax.
+  Money fedBase;          ///< `taxableWage` less `depsDed`; may be negative.
+  Int16 incomeSource;     ///< 0: Calculate reads the income box; 1: it takes `taxableWage`.
+  Int16 maritalStat;      ///< 0 Married, 1 Single, 2 Married Claiming Single.
+  Int16 payPeriods;       ///< Pay periods a year: 52, 24, 26 or 12; 0 until the first Calculate of the toolbar.
+  Money grossPay;         ///< The income as calculated last.
+  Money fedTax;           ///< Federal withholding, whole cents.
+  Money stateTax;         ///< State withholding.
+  Money fica;             ///< FICA total.
+  Money socSec;           ///< Social Security part, a product of its own.
+  Money medicare;         ///< Medicare part, a product of its own.
+  Int16 frequency;        ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 if never told.
+  Money multiCheckTotal;  ///< Monthly total of the several-checks worksheet, dollars a month.
+  Int16 w4Allowances;     ///< Allowances carried between the W-4 worksheets.
+  Int16 w4TableMode;      ///< 1 or 2: the table that the Two-Earner worksheet asked for.
+  Int16 w4TableValue;     ///< Line 1 less line 2 of that worksheet, from the choice in Table 1.
+  Money w4TwoEarnerAmt;   ///< Line 9 of that worksheet, dollars a paycheck.
+  double localRate = 0;   ///< Local tax rate.
+  Money localTax;         ///< Local tax.
+  Int16 applyTo;          ///< Base of the local tax, 1 to 5.
+  Int16 staExmp;          ///< State exemption selection: a percentage or a count, by state.
+  Int16 staDeps;          ///< State dependents.
+  Int16 staMarried;       ///< State marital or filing selection, 0 to 9.
+  Money staAdd;           ///< Additional state withholding.
+  Int16 mMethod;          ///< Michigan special exemptions or Maryland local rate number.
+  Money stateDepsDed;     ///< The state's own allowance deduction as the last state routine left it.
+  Money statePreTax;      ///< The part of `preTax` that the state base loses: all or nothing.
+  Money checkAmt;         ///< Net check; made by GridPrint.
+  Int16 illDeps;          ///< Illinois second allowance count.
+  Int16 dontShow;         ///< 0: the program starts with Personal Information; 1: with the main screen.
+
+  bool operator==(const PayData&) const = default;
+};
+
+/// The one record.
+extern PayData payData;
+
+/// Calls visit(name, field) for each field of a record, in declaration order.
+template <class Record, class Visit>
+void forEachField(Record& record, Visit&& visit) {
+  visit("depsDed", record.depsDed);
+  visit("totalDed", record.totalDed);
+  visit("rate401k", record.rate401k);
+  visit("preFica", record.preFica);
+  visit("preTax", record.preTax);
+  visit("amt401k", record.amt401k);
+  visit("state401k", record.state401k);
+  visit("taxableWage", record.taxableWage);
+  visit("fedBase", record.fedBase);
+  visit("incomeSource", record.incomeSource);
+  visit("maritalStat", record.maritalStat);
+  visit("payPeriods", record.payPeriods);
+  visit("grossPay", record.grossPay);
+  visit("fedTax", record.fedTax);
+  visit("stateTax", record.stateTax);
+  visit("fica", record.fica);
+  visit("socSec", record.socSec);
+  visit("medicare", record.medicare);
+  visit("frequency", record.frequency);
+  visit("multiCheckTotal", record.multiCheckTotal);
+  visit("w4Allowances", record.w4Allowances);
+  visit("w4TableMode", record.w4TableMode);
+  visit("w4TableValue", record.w4TableValue);
+  visit("w4TwoEarnerAmt", record.w4TwoEarnerAmt);
+  visit("localRate", record.localRate);
+  visit("localTax", record.localTax);
+  visit("applyTo", record.applyTo);
+  visit("staExmp", record.staExmp);
+  visit("staDeps", record.staDeps);
+  visit("staMarried", record.staMarried);
+  visit("staAdd", record.staAdd);
+  visit("mMethod", record.mMethod);
+  visit("stateDepsDed", record.stateDepsDed);
+  visit("statePreTax", record.statePreTax);
+  visit("checkAmt", record.checkAmt);
+  visit("illDeps", record.illDeps);
+  visit("dontShow", record.dontShow);
+}
+
+}  // namespace tallyfin

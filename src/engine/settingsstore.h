@@ -1,0 +1,59 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tallyfin {
+
+/// The application key under which everything is kept.
+inline constexpr std::string_view applicationKey = "Tallyfin99";
+
+/// The sections of the store.
+namespace section {
+inline constexpr std::string_view settings = "Settings";    ///< The last entries of the main screen and its tools.
+inline constexpr std::string_view stateInfo = "StateInfo";  ///< The state options.
+inline constexpr std::string_view user = "User";            ///< Personal details.
+}  // namespace section
+
+/// The user's last entries between runs: texts by application, section and key. A value is written at once.
+class SettingsStore {
+ public:
+  using Section = std::map<std::string, std::string, std::less<>>;
+  using Sections = std::map<std::string, Section, std::less<>>;
+
+  virtual ~SettingsStore() = default;
+
+  /// The stored text; none where the key is missing.
+  virtual std::optional<std::string> read(std::string_view section, std::string_view key) const = 0;
+  /// Stores a text at once. Where that is impossible the text still counts for this run.
+  virtual void write(std::string_view section, std::string_view key, const std::string& text) = 0;
+  virtual void erase(std::string_view section, std::string_view key) = 0;
+  /// Everything that is stored; a section without keys doesn't stand there.
+  virtual Sections all() const = 0;
+};
+
+/// A store for the life of the process.
+class MemoryStore : public SettingsStore {
+ public:
+  std::optional<std::string> read(std::string_view section, std::string_view key) const override;
+  void write(std::string_view section, std::string_view key, const std::string& text) override;
+  void erase(std::string_view section, std::string_view key) override;
+  Sections all() const override { return sections_; }
+
+ private:
+  Sections sections_;
+};
+
+/// Says where settings are kept from now on; the store must outlive its use.
+void useSettingsStore(SettingsStore& store);
+
+/// The stored text, or the default if the key is missing.
+std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
+                       std::string_view defaultText);
+
+/// Writes at once.
+void saveSetting(std::string_view application, std::string_view section, std::string_view key, const std::string& text);
+
+}  // namespace tallyfin

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <array>
+
+namespace tallyfin {
+
+/// An entry of the state list: its caption and the routine that turns the record into `stateTax`.
+struct State {
+  const char* caption;
+  void (*routine)();  ///< None for "No State".
+};
+
+/// The 42 entries in the order of both state lists; the position is the number that everything goes by.
+extern const std::array<State, 42> stateList;
+
+/// Calls the routine of the entry that the worksheet has chosen. "No State", or no entry, calls none: `stateTax` then
+/// keeps what the last calculation left there.
+void callStateRoutine();
+
+}  // namespace tallyfin

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "engine/int16.h"
+#include "engine/money.h"
+
+namespace tallyfin {
+
+/// What a calculation needs of the main screen. The main screen is one; so is a test's stand-in.
+class Worksheet {
+ public:
+  virtual ~Worksheet() = default;
+
+  virtual const std::string& incomeText() const = 0;
+  virtual const std::string& hoursText() const = 0;
+  virtual const std::string& rate401kText() const = 0;
+  virtual const std::string& preTaxText() const = 0;
+  virtual const std::string& preFicaText() const = 0;
+
+  /// Text of the number of exemptions.
+  virtual const std::string& exemptionsText() const = 0;
+  /// Position in the state list, 0 "No State", -1 none chosen.
+  virtual int stateIndex() const = 0;
+  virtual bool selfEmployed() const = 0;
+
+  /// Puts a figure on one of the labels lbl1 to lbl8.
+  virtual void showFigure(int label, const std::string& text) = 0;
+
+  /// Working fields. They live as long as the main screen, every state routine shares them, and nothing resets them
+  /// between calculations: that they outlive a routine is part of the behaviour.
+  Int16 exemptions;   ///< The count of exemptions as last parsed.
+  Money stateWage;    ///< The base that a state routine works on, a period's or a year's.
+  Money stateStdDed;  ///< A second state deduction.
+  Int16 staRate;      ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
+};
+
+/// The worksheet of the moment; the provider creates it where it doesn't stand yet.
+Worksheet& worksheet();
+
+using WorksheetProvider = Worksheet& (*)();
+/// Says who provides the worksheet; returns who did before.
+WorksheetProvider provideWorksheet(WorksheetProvider provider);
+
+}  // namespace tallyfin

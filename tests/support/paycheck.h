@@ -1,0 +1,59 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+#include "engine/worksheet.h"
+
+namespace tallyfin {
+
+/// A main screen that is nothing but its texts.
+class WorksheetStandIn : public Worksheet {
+ public:
+  std::string income;
+  std::string hours = "40";
+  std::string rate401k;
+  std::string preTax;
+  std::string preFica;
+  std::string exemptionsEntry = "0";
+  int state = 0;
+  bool selfEmployedTicked = false;
+  std::array<std::string, 9> figures;  ///< By label number; 0 stays empty.
+
+  const std::string& incomeText() const override { return income; }
+  const std::string& hoursText() const override { return hours; }
+  const std::string& rate401kText() const override { return rate401k; }
+  const std::string& preTaxText() const override { return preTax; }
+  const std::string& preFicaText() const override { return preFica; }
+  const std::string& exemptionsText() const override { return exemptionsEntry; }
+  int stateIndex() const override { return state; }
+  bool selfEmployed() const override { return selfEmployedTicked; }
+  void showFigure(int label, const std::string& text) override { figures.at(static_cast<std::size_t>(label)) = text; }
+};
+
+/// A fresh record, a fresh worksheet and an empty store in memory for each test.
+class PaycheckTest : public testing::Test {
+ protected:
+  PaycheckTest() {
+    payData = PayData{};
+    useSettingsStore(store);
+    current = &sheet;
+    provideWorksheet([]() -> Worksheet& { return *current; });
+  }
+
+  MemoryStore store;
+  WorksheetStandIn sheet;
+
+ private:
+  static inline WorksheetStandIn* current = nullptr;
+};
+
+/// The amount of a text, for figures with cents: dollars("71.1028").
+inline Money dollars(std::string_view text) { return toMoney(text); }
+
+}  // namespace tallyfin
