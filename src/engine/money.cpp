@@ -54,4 +54,11 @@ Money roundedToDollars(Money amount) {
 
 Int16 integerRounded(Money amount) { return nearestEven(amount, Money::unitsPerDollar); }
 
+Int16 integerRounded(double value) {
+  const double whole = std::nearbyint(value);
+  constexpr double limit = 32768;
+  if (!(whole >= -limit && whole < limit)) throw FailedStatement{};
+  return static_cast<int>(whole);
+}
+
 }  // namespace tallyfin

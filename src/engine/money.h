@@ -81,5 +81,6 @@ Money roundedToDollars(Money amount);
 
 /// Whole dollars as a 16-bit integer, an exact half to the even one; fails beyond the 16-bit range.
 Int16 integerRounded(Money amount);
+Int16 integerRounded(double value);
 
 }  // namespace tallyfin

@@ -241,6 +241,7 @@ std::string toText(Money amount) {
 }
 
 std::string toText(double value) {
+  if (!std::isfinite(value)) throw FailedStatement{};
   if (value == 0) return "0";  // minus zero too
   constexpr int significantDigits = 15;
   std::array<char, 32> buffer{};

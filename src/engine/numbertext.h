@@ -24,7 +24,8 @@ Int16 toInt16(std::string_view text);
 bool isNumber(std::string_view text);
 
 /// Number to plain text. An amount has up to four decimals and no trailing zeros (1234.5); a double up to 15
-/// significant digits, in exponent form from 1E+15 up and below 0.0001.
+/// significant digits, in exponent form from 1E+15 up and below 0.0001. A double that is not finite fails, as it does
+/// in the formats below.
 std::string toText(Money amount);
 std::string toText(double value);
 std::string toText(Int16 number);

@@ -1,14 +1,34 @@
 #pragma once
 
 #include <string>
+#include <type_traits>
 
 #include "engine/int16.h"
 #include "engine/money.h"
 
 namespace tallyfin {
 
+/// Working fields. They live as long as the main screen, every state routine shares them, and nothing resets them
+/// between calculations: that they outlive a routine is part of the behaviour.
+struct WorksheetFields {
+  Int16 exemptions;   ///< The count of exemptions as last parsed.
+  Money stateWage;    ///< The base that a state routine works on, a period's or a year's.
+  Money stateStdDed;  ///< A second state deduction.
+  Int16 staRate;      ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
+};
+
+/// Calls visit(name, field) for each working field.
+template <class Fields, class Visit>
+requires std::is_same_v<std::remove_const_t<Fields>, WorksheetFields>
+void forEachField(Fields& fields, Visit&& visit) {
+  visit("exemptions", fields.exemptions);
+  visit("stateWage", fields.stateWage);
+  visit("stateStdDed", fields.stateStdDed);
+  visit("staRate", fields.staRate);
+}
+
 /// What a calculation needs of the main screen. The main screen is one; so is a test's stand-in.
-class Worksheet {
+class Worksheet : public WorksheetFields {
  public:
   virtual ~Worksheet() = default;
 
@@ -26,13 +46,6 @@ class Worksheet {
 
   /// Puts a figure on one of the labels lbl1 to lbl8.
   virtual void showFigure(int label, const std::string& text) = 0;
-
-  /// Working fields. They live as long as the main screen, every state routine shares them, and nothing resets them
-  /// between calculations: that they outlive a routine is part of the behaviour.
-  Int16 exemptions;   ///< The count of exemptions as last parsed.
-  Money stateWage;    ///< The base that a state routine works on, a period's or a year's.
-  Money stateStdDed;  ///< A second state deduction.
-  Int16 staRate;      ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
 };
 
 /// The worksheet of the moment; the provider creates it where it doesn't stand yet.

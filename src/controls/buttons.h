@@ -1,0 +1,105 @@
+#pragma once
+
+#include "controls/control.h"
+
+/// Controls that the user presses.
+
+namespace tallyfin {
+
+/// A push button; one without a caption carries a picture.
+class CommandButton : public Clickable {
+ public:
+  CommandButton(Screen& screen, std::string name, std::string caption = "", std::string index = "");
+
+  const std::string& caption() const { return caption_; }
+
+ private:
+  std::string caption_;
+};
+
+/// A picture that takes clicks.
+class Image : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+class OptionButton;
+
+/// Options of which at most one is set.
+class OptionGroup {
+ public:
+  OptionGroup() = default;
+  /// A group of all options of an array.
+  template <int count>
+  explicit OptionGroup(ControlArray<OptionButton, count>& options) {
+    for (OptionButton& option : options) add(option);
+  }
+
+  void add(OptionButton& option);
+  /// Takes the setting off all options; runs nothing.
+  void clear();
+
+ private:
+  std::vector<OptionButton*> options_;
+};
+
+/// One choice of a group.
+class OptionButton : public Clickable {
+ public:
+  OptionButton(Screen& screen, std::string name, std::string caption = "", std::string index = "");
+
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption);
+  bool value() const { return set_; }
+  /// Sets this option, takes the setting off the others, and runs Click, also when nothing changes.
+  void select();
+  /// Runs nothing.
+  void deselect();
+
+  void click() override { select(); }
+
+ private:
+  friend class OptionGroup;
+
+  std::string caption_;
+  bool set_ = false;
+  OptionGroup* group_ = nullptr;
+};
+
+/// A box that is ticked or not.
+class CheckBox : public Clickable {
+ public:
+  CheckBox(Screen& screen, std::string name, std::string caption = "", std::string index = "");
+
+  const std::string& caption() const { return caption_; }
+  bool value() const { return ticked_; }
+  /// Ticks by code, which runs nothing.
+  void setValue(bool ticked);
+
+  /// Changes the tick, then runs Click.
+  void click() override;
+
+ private:
+  std::string caption_;
+  bool ticked_ = false;
+};
+
+/// An item of the list bar, told by its key. It shows highlighted while the pointer is over it.
+class ListBarItem : public Clickable {
+ public:
+  ListBarItem(Screen& screen, std::string name, std::string group, std::string caption, std::string key);
+
+  const std::string& group() const { return group_; }
+  const std::string& caption() const { return caption_; }
+  bool highlighted() const { return highlighted_; }
+
+ protected:
+  void pointerOver(bool over) override;
+
+ private:
+  std::string group_;
+  std::string caption_;
+  bool highlighted_ = false;
+};
+
+}  // namespace tallyfin

@@ -1,0 +1,159 @@
+#include "controls/desk.h"
+
+#include <algorithm>
+
+#include "engine/paydata.h"
+
+namespace tallyfin {
+
+Desk desk;
+
+Refusal Screen::userClick() {
+  return desk.act(*this, [this] { run(onClick); });
+}
+
+Refusal Screen::userDblClick() {
+  return desk.act(*this, [this] {
+    run(onClick);
+    if (desk.holds(*this)) run(onDblClick);
+  });
+}
+
+Screen* Desk::find(std::string_view name) const {
+  for (const Seat& seat : seats_) {
+    if (seat.screen->name() == name) return seat.screen.get();
+  }
+  return nullptr;
+}
+
+bool Desk::holds(const Screen& screen) const { return find(screen.name()) == &screen; }
+
+std::vector<Screen*> Desk::loaded() const {
+  std::vector<Screen*> screens;
+  for (const Seat& seat : seats_) screens.push_back(seat.screen.get());
+  return screens;
+}
+
+Desk::Seat* Desk::seatOf(const Screen& screen) {
+  const auto seat =
+      std::find_if(seats_.begin(), seats_.end(), [&](const Seat& s) { return s.screen.get() == &screen; });
+  return seat == seats_.end() ? nullptr : &*seat;
+}
+
+Screen& Desk::load(std::unique_ptr<Screen> created) {
+  Screen& screen = *created;
+  seats_.push_back({std::move(created), true, false});
+  screen.Load();
+  if (Seat* seat = seatOf(screen)) seat->loading = false;
+  activateFront();
+  return screen;
+}
+
+void Desk::show(Screen& screen) {
+  const Seat* seat = seatOf(screen);
+  if (seat == nullptr || seat->unloading) return;
+  screen.shown_ = true;
+  if (screen.place() == Place::document) {
+    std::erase(documents_, &screen);
+    documents_.insert(documents_.begin(), &screen);
+  }
+  if (onShown) onShown(screen);
+  activateFront();
+}
+
+/// Runs Activate of the document that has come to the front, after its Load.
+void Desk::activateFront() {
+  Screen* front = activeDocument();
+  if (front == activated_ || (front != nullptr && seatOf(*front)->loading)) return;
+  activated_ = front;
+  if (front != nullptr) front->Activate();
+}
+
+void Desk::close(Screen& screen) {
+  Seat* seat = seatOf(screen);
+  if (seat == nullptr || seat->loading || seat->unloading) return;
+  seat->unloading = true;
+  screen.Unload();
+  discard(screen);
+  activateFront();
+}
+
+void Desk::closeActiveDocument() {
+  if (Screen* document = activeDocument()) close(*document);
+}
+
+void Desk::discard(Screen& screen) {
+  if (onDiscarded) onDiscarded(screen);
+  std::erase(documents_, &screen);
+  if (activated_ == &screen) activated_ = nullptr;
+  if (focused_ != nullptr && &focused_->screen() == &screen) focused_ = nullptr;
+  if (blocker_ == screen.name()) blocker_.clear();
+  const auto seat =
+      std::find_if(seats_.begin(), seats_.end(), [&](const Seat& s) { return s.screen.get() == &screen; });
+  discarded_.push_back(std::move(seat->screen));
+  seats_.erase(seat);
+}
+
+void Desk::moveFocus(Control& control) {
+  if (focused_ == &control) return;
+  Control* before = std::exchange(focused_, &control);
+  if (before != nullptr) run(before->onLostFocus);
+  run(control.onGotFocus);
+  if (onFocusMoved) onFocusMoved();
+}
+
+bool Desk::blocked(std::string_view screenName) const { return !blocker_.empty() && blocker_ != screenName; }
+
+Refusal Desk::refusal(const Control& control) const {
+  if (blocked(control.screen().name())) return Refusal::blocked;
+  if (!control.screen().shown() || !control.visible) return Refusal::notShown;
+  if (!control.enabled) return Refusal::disabled;
+  return Refusal::none;
+}
+
+Refusal Desk::act(Control& control, Refusal further, const std::function<void()>& deed) {
+  if (const Refusal reason = refusal(control); reason != Refusal::none) return reason;
+  if (further != Refusal::none) return further;
+  return act(control.screen(), deed);
+}
+
+Refusal Desk::point(Control& control, const std::function<void()>& deed) {
+  if (const Refusal reason = refusal(control); reason != Refusal::none) return reason;
+  carryOut(deed);
+  return Refusal::none;
+}
+
+Refusal Desk::act(Screen& screen, const std::function<void()>& deed) {
+  if (blocked(screen.name())) return Refusal::blocked;
+  if (!screen.shown()) return Refusal::notShown;
+  carryOut([&] {
+    if (screen.place() == Place::document && activeDocument() != &screen) show(screen);
+    deed();
+  });
+  return Refusal::none;
+}
+
+Refusal Desk::userClose(Screen& screen) {
+  return act(screen, [&] { screen.place() == Place::frame ? end() : close(screen); });
+}
+
+void Desk::carryOut(const std::function<void()>& deed) {
+  ++depth_;
+  deed();
+  if (--depth_ == 0) discarded_.clear();
+}
+
+void Desk::begin() {
+  end();
+  discarded_.clear();
+  payData = PayData{};
+  running_ = true;
+}
+
+void Desk::end() {
+  running_ = false;
+  while (!seats_.empty()) discard(*seats_.back().screen);
+  if (depth_ == 0) discarded_.clear();
+}
+
+}  // namespace tallyfin

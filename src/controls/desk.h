@@ -1,0 +1,128 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "controls/control.h"
+#include "controls/screen.h"
+
+namespace tallyfin {
+
+/// Owns the screens and their life.
+///
+/// A screen is created and loaded at its first use, which is the first access to anything of it or its first showing;
+/// closing runs its Unload and discards it. The shown documents form a stack whose front is the active document. While
+/// a screen loads it is in use already but can't be closed; while it unloads it can be neither shown nor closed.
+class Desk {
+ public:
+  /// The screen; created and loaded where it isn't yet. The only way to another screen.
+  template <class S>
+  S& use() {
+    if (Screen* screen = find(S::screenName)) return static_cast<S&>(*screen);
+    return static_cast<S&>(load(std::make_unique<S>()));
+  }
+  /// The screen if it is loaded, else none.
+  Screen* find(std::string_view name) const;
+  template <class S>
+  S* find() const {
+    return static_cast<S*>(find(S::screenName));
+  }
+  bool holds(const Screen& screen) const;
+
+  /// Makes a screen visible and brings it to the front.
+  void show(Screen& screen);
+  template <class S>
+  void show() {
+    show(use<S>());
+  }
+  void close(Screen& screen);
+  /// Closes the screen if it is loaded.
+  template <class S>
+  void close() {
+    if (Screen* screen = find(S::screenName)) close(*screen);
+  }
+  void closeActiveDocument();
+  /// Closes the active document, then loads, maximises and shows the screen.
+  template <class S>
+  void openInstead() {
+    closeActiveDocument();
+    S& screen = use<S>();
+    screen.maximized = true;
+    show(screen);
+  }
+
+  Screen* activeDocument() const { return documents_.empty() ? nullptr : documents_.front(); }
+  /// The shown documents from front to back.
+  const std::vector<Screen*>& documents() const { return documents_; }
+  /// All loaded screens, in no order that matters.
+  std::vector<Screen*> loaded() const;
+
+  /// The control that has the focus: one for the whole program.
+  Control* focused() const { return focused_; }
+  void moveFocus(Control& control);
+
+  /// A user's act on a control: refused where the control can't be reached, or for the reason given; else the screen
+  /// comes to the front and the act is carried out.
+  Refusal act(Control& control, const std::function<void()>& carryOut) { return act(control, Refusal::none, carryOut); }
+  Refusal act(Control& control, Refusal further, const std::function<void()>& carryOut);
+  /// The same for the pointer, which brings nothing to the front.
+  Refusal point(Control& control, const std::function<void()>& carryOut);
+  /// A user's act on the screen itself.
+  Refusal act(Screen& screen, const std::function<void()>& carryOut);
+  /// The user closes a screen by its own frame; closing the frame of the program ends the run.
+  Refusal userClose(Screen& screen);
+  /// True while a box must be answered before anything else on this screen.
+  bool blocked(std::string_view screenName) const;
+  void setBlocker(const Screen& box) { blocker_ = box.name(); }
+
+  /// Begins a run: a fresh record, no screen loaded, then the frame, shown before its Load.
+  template <class Frame>
+  void start() {
+    begin();
+    carryOut([this] {
+      auto frame = std::make_unique<Frame>();
+      frame->shown_ = true;
+      load(std::move(frame));
+    });
+  }
+  bool running() const { return running_; }
+  /// Ends the run at once: no handler runs, and no screen is left when the present act is over.
+  void end();
+
+  /// What a binding is told: a screen was shown or brought to the front, it is about to be discarded, the focus moved.
+  std::function<void(Screen&)> onShown;
+  std::function<void(Screen&)> onDiscarded;
+  Handler onFocusMoved;
+
+ private:
+  struct Seat {
+    std::unique_ptr<Screen> screen;
+    bool loading = false;
+    bool unloading = false;
+  };
+
+  void begin();
+  Screen& load(std::unique_ptr<Screen> screen);
+  Seat* seatOf(const Screen& screen);
+  void discard(Screen& screen);
+  void activateFront();
+  Refusal refusal(const Control& control) const;
+  void carryOut(const std::function<void()>& act);
+
+  std::vector<Seat> seats_;
+  std::vector<Screen*> documents_;
+  Screen* activated_ = nullptr;
+  Control* focused_ = nullptr;
+  std::string blocker_;
+  bool running_ = false;
+  int depth_ = 0;
+  /// Closed screens, kept until the act that closed them is over: a handler may close its own screen.
+  std::vector<std::unique_ptr<Screen>> discarded_;
+};
+
+/// The one desk.
+extern Desk desk;
+
+}  // namespace tallyfin

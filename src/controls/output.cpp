@@ -1,0 +1,92 @@
+#include "controls/output.h"
+
+#include <cstdlib>
+
+#include "controls/surroundings.h"
+#include "engine/numbertext.h"
+
+namespace tallyfin {
+
+Grid::Cells Grid::split(const std::string& text) const {
+  Cells fields(1);
+  bool enclosed = false;
+  for (const char c : text) {
+    if (delimiter_ != '\0' && c == delimiter_) {
+      enclosed = !enclosed;
+    } else if (c == separator_ && !enclosed) {
+      fields.emplace_back();
+    } else {
+      fields.back() += c;
+    }
+  }
+  fields.resize(2);
+  fields[1] = currency(fields[1]);
+  return fields;
+}
+
+void Grid::addRow(const std::string& text) {
+  rows_.push_back(text);
+  cells_.push_back(split(text));
+  changed();
+}
+
+void Grid::removeAll() {
+  rows_.clear();
+  cells_.clear();
+  changed();
+}
+
+namespace {
+
+std::vector<std::string> splitAt(const std::string& text, char divider) {
+  std::vector<std::string> pieces(1);
+  for (const char c : text) {
+    if (c == divider) {
+      pieces.emplace_back();
+    } else {
+      pieces.back() += c;
+    }
+  }
+  return pieces;
+}
+
+}  // namespace
+
+bool PrintEngine::startDocument() {
+  if (!surroundings.printer->startDocument()) return false;
+  table_.clear();
+  columns_.clear();
+  cells_.clear();
+  return true;
+}
+
+void PrintEngine::endDocument() {
+  pages_ = 1;  // the one table of the system fits a page
+  changed();
+}
+
+void PrintEngine::setFont(int points, bool bold, bool italic) {
+  fontPoints_ = points;
+  bold_ = bold;
+  italic_ = italic;
+}
+
+void PrintEngine::addTable(std::string table) {
+  table_ = std::move(table);
+  std::vector<std::string> rows = splitAt(table_, ';');
+  rows.pop_back();  // every row ends in the divider
+  for (const std::string& column : splitAt(rows.front(), '|')) {
+    columns_.push_back({column.front() == '>', std::atoi(column.c_str() + 1)});
+  }
+  for (std::size_t row = 1; row < rows.size(); ++row) {
+    cells_.push_back(splitAt(rows[row], '|'));
+    cells_.back().resize(columns_.size());
+  }
+}
+
+void PrintEngine::setZoom(int percent) {
+  zoom_ = percent;
+  changed();
+}
+
+}  // namespace tallyfin

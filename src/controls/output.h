@@ -1,0 +1,88 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/control.h"
+
+/// Controls that show results.
+
+namespace tallyfin {
+
+/// A grid of two columns, "Title" and "Value". A row comes as one text whose fields are divided by the separator and
+/// may be enclosed in the delimiter; a value that is a number is displayed as currency.
+class Grid : public Control {
+ public:
+  using Control::Control;
+  using Cells = std::vector<std::string>;
+
+  void setFieldDelimiter(char delimiter) { delimiter_ = delimiter; }
+  void setFieldSeparator(char separator) { separator_ = separator; }
+  void addRow(const std::string& text);
+  void removeAll();
+
+  /// The rows as they were added.
+  const std::vector<std::string>& rows() const { return rows_; }
+  /// The rows as they are displayed, two cells each.
+  const std::vector<Cells>& cells() const { return cells_; }
+
+ private:
+  Cells split(const std::string& text) const;
+
+  char delimiter_ = '\0';
+  char separator_ = ',';
+  std::vector<std::string> rows_;
+  std::vector<Cells> cells_;
+};
+
+/// The column of a printed table.
+struct PrintColumn {
+  bool rightAligned = false;
+  int width = 0;  ///< Twips.
+};
+
+/// A print and preview facility: one document of a header, a table and a footer. A table comes as one text in which
+/// rows end in ";" and cells are divided by "|"; the first row gives the columns ("<3000|>1500;": left-aligned and 3000
+/// twips wide, right-aligned and 1500 twips wide), the second the headings.
+class PrintEngine : public Control {
+ public:
+  using Control::Control;
+  using Cells = std::vector<std::string>;
+
+  /// Starts a new document. False where the surroundings can't start one; the old document stays then.
+  bool startDocument();
+  void endDocument();
+
+  void setHeader(std::string header) { header_ = std::move(header); }
+  void setFooter(std::string footer) { footer_ = std::move(footer); }
+  void setFont(int points, bool bold, bool italic);
+  void addTable(std::string table);
+  void setZoom(int percent);
+
+  const std::string& header() const { return header_; }
+  const std::string& footer() const { return footer_; }
+  int fontPoints() const { return fontPoints_; }
+  bool bold() const { return bold_; }
+  bool italic() const { return italic_; }
+  const std::string& table() const { return table_; }
+  const std::vector<PrintColumn>& columns() const { return columns_; }
+  /// The table as it is laid out, heading row first.
+  const std::vector<Cells>& cells() const { return cells_; }
+  int zoom() const { return zoom_; }
+  /// Pages of the document that stands; 0 before the first.
+  int pages() const { return pages_; }
+
+ private:
+  std::string header_;
+  std::string footer_;
+  int fontPoints_ = 12;
+  bool bold_ = false;
+  bool italic_ = false;
+  std::string table_;
+  std::vector<PrintColumn> columns_;
+  std::vector<Cells> cells_;
+  int zoom_ = 100;
+  int pages_ = 0;
+};
+
+}  // namespace tallyfin

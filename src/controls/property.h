@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace tallyfin {
+
+/// What an event runs.
+using Handler = std::function<void()>;
+
+/// Runs a handler if there is one.
+inline void run(const Handler& handler) {
+  if (handler) handler();
+}
+
+/// A colour in red, green and blue, 0 to 255 each.
+struct Colour {
+  int red = 0;
+  int green = 0;
+  int blue = 0;
+
+  bool operator==(const Colour&) const = default;
+};
+
+/// No colour set: the screen's own.
+using OwnColour = std::optional<Colour>;
+
+/// Whatever a binding may watch: a control or a screen.
+class Watched {
+ public:
+  Watched() = default;
+  Watched(const Watched&) = delete;
+  Watched& operator=(const Watched&) = delete;
+  virtual ~Watched() = default;
+
+  /// Says who is told that something changed; one watcher at a time.
+  void watch(Handler watcher) { watcher_ = std::move(watcher); }
+  void changed() { run(watcher_); }
+
+ private:
+  Handler watcher_;
+};
+
+/// A plain value of a control or screen that tells the watcher when it is assigned.
+template <class T>
+class Property {
+ public:
+  Property(Watched& owner, T value) : owner_(owner), value_(std::move(value)) {}
+  Property(const Property&) = delete;
+  Property& operator=(const Property&) = delete;
+  ~Property() = default;
+
+  Property& operator=(T value) {
+    value_ = std::move(value);
+    owner_.changed();
+    return *this;
+  }
+  operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor): reads as its value
+  const T& operator()() const { return value_; }
+
+ private:
+  Watched& owner_;
+  T value_;
+};
+
+}  // namespace tallyfin

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+namespace tallyfin {
+
+class Screen;
+
+/// A date and time of the place where the program runs.
+using LocalTime = std::chrono::local_seconds;
+
+/// Tells the date and time.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual LocalTime now() const = 0;
+};
+
+/// The machine's own clock, in the machine's time zone.
+class SystemClock : public Clock {
+ public:
+  LocalTime now() const override;
+};
+
+/// What the program asks of the machine around it. Each has a stand-in that does nothing, for tests and scripts.
+class Beeper {
+ public:
+  virtual ~Beeper() = default;
+  virtual void beep() {}
+};
+
+class MousePointer {
+ public:
+  virtual ~MousePointer() = default;
+  /// The hourglass while something is being made.
+  virtual void setBusy(bool /*busy*/) {}
+};
+
+class Printer {
+ public:
+  virtual ~Printer() = default;
+  /// False where no document can be started.
+  virtual bool startDocument() { return true; }
+  /// Prints a screen as it stands; returns the pages sent to the printer.
+  virtual int printScreen(Screen& /*screen*/) { return 1; }
+};
+
+class HelpViewer {
+ public:
+  virtual ~HelpViewer() = default;
+  /// Opens a help file of the program's own folder at a context number; 0 is its index.
+  virtual void open(const std::string& /*file*/, int /*context*/) {}
+};
+
+/// The machine as the program finds it; never empty.
+struct Surroundings {
+  Clock* clock;
+  Beeper* beeper;
+  MousePointer* pointer;
+  Printer* printer;
+  HelpViewer* help;
+};
+extern Surroundings surroundings;
+
+}  // namespace tallyfin

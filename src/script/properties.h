@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tallyfin {
+class Control;
+class Screen;
+}  // namespace tallyfin
+
+namespace tallyfin::script {
+
+/// A property as the protocol writes it; none where this kind of control, or a screen, has no such property.
+std::optional<std::string> property(const Control& control, std::string_view name);
+std::optional<std::string> property(const Screen& screen, std::string_view name);
+
+}  // namespace tallyfin::script

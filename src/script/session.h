@@ -1,0 +1,100 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/desk.h"
+#include "controls/surroundings.h"
+#include "engine/settingsstore.h"
+
+namespace tallyfin::script {
+
+struct Word;
+
+/// The headless binding: carries out one command a line on the same models that the desktop shows, and answers each
+/// with one line.
+class Session {
+ public:
+  explicit Session(SettingsStore& store);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  /// The answer to a line; none for a blank line or a comment.
+  std::optional<std::string> answer(std::string_view line);
+
+ private:
+  /// A clock that stands still once it has been set.
+  class Watch : public Clock {
+   public:
+    LocalTime now() const override { return stopped ? *stopped : system.now(); }
+    std::optional<LocalTime> stopped;
+
+   private:
+    SystemClock system;
+  };
+  /// A printer that counts its pages.
+  class PageCounter : public Printer {
+   public:
+    int printScreen(Screen& /*screen*/) override { return ++pages, 1; }
+    int pages = 0;
+  };
+
+  /// What an address names: a control, or the screen itself. It is looked up on a screen of the same build that is
+  /// never loaded, so addresses are known whether or not their screen is.
+  struct Target {
+    const Screen* design = nullptr;
+    const Control* control = nullptr;
+    std::size_t position = 0;
+
+    Screen* screen() const;
+    /// The control on the loaded screen.
+    Control& live(const Screen& loaded) const;
+  };
+
+  using Words = std::vector<Word>;
+  using Command = std::string (Session::*)(const Words&);
+  struct Entry;
+  static const std::vector<Entry>& commands();
+
+  std::string start(const Words& words);
+  std::string kill(const Words& words);
+  std::string running(const Words& words);
+  std::string clock(const Words& words);
+  std::string type(const Words& words);
+  std::string pick(const Words& words);
+  std::string click(const Words& words);
+  std::string dblclick(const Words& words);
+  std::string enter(const Words& words);
+  std::string leave(const Words& words);
+  std::string move(const Words& words);
+  std::string focus(const Words& words);
+  std::string close(const Words& words);
+  std::string resize(const Words& words);
+  std::string get(const Words& words);
+  std::string pay(const Words& words);
+  std::string poke(const Words& words);
+  std::string storeCommand(const Words& words);
+  std::string screens(const Words& words);
+  std::string controls(const Words& words);
+  std::string printed(const Words& words);
+
+  std::optional<Target> find(const std::string& address) const;
+  /// Why nothing can be done to the target at all; empty where it can.
+  std::string unreachable(const Target& target) const;
+  template <class Kind, class Act>
+  std::string actOn(const std::string& address, Act act);
+  template <class OnScreen, class OnControl>
+  std::string clickOn(const std::string& address, OnScreen onScreen, OnControl onControl);
+
+  std::vector<std::unique_ptr<Screen>> designs_;
+  SettingsStore& store_;
+  Watch watch_;
+  PageCounter printer_;
+  Surroundings before_;
+};
+
+}  // namespace tallyfin::script

@@ -1,0 +1,203 @@
+#include "stateoptions/frmState.h"
+
+#include "controls/desk.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+#include "engine/statelist.h"
+#include "stateoptions/shapes.h"
+#include "ui/frmMain.h"
+
+namespace tallyfin {
+
+namespace {
+
+constexpr Colour enabledText{255, 128, 128};
+
+/// What Connecticut's rate letters mean; the fifth has no text. The slip in the first figure stands.
+constexpr std::array connecticutRates{
+    "You are Single; or You are Married and you are filing separately; or You are married filing jointly, both you and "
+    "your spouse work, and your combined income is $100,00 or less.",
+    "You will file as Head of Household on your federal tax return.",
+    "You are married filing jointly and your spouse is not employed.",
+    "You are married filing jointly, have a working spouse, and your combined income is more than $100,500; or You "
+    "have "
+    "a significant nonwage income, and wish to avoid having too little tax withheld; or You are a nonresident and you "
+    "have substantial other income."};
+
+std::string setting(std::string_view key, std::string_view defaultText) {
+  return getSetting(applicationKey, section::stateInfo, key, defaultText);
+}
+
+void save(std::string_view key, const std::string& text) { saveSetting(applicationKey, section::stateInfo, key, text); }
+
+}  // namespace
+
+frmState::frmState() : Screen(screenName, "State Options") {
+  for (const State& entry : stateList) cboState.add(entry.caption);
+  for (int i = 0; i <= 15; ++i) {
+    cboDeps[0].add(std::to_string(i));
+    cboDeps[1].add(std::to_string(i));
+  }
+  cboDeps[1].enabled = false;
+  cboDeps[1].tooltip = "For Use in Computing Illinois Tax";
+  cboSpecialDeps.enabled = false;
+
+  cboState.onClick = [this] { cboState_Click(); };
+  cboDeps.on(&EditableDropDown::onClick, [this](int i) { cboDeps_Click(i); });
+  cboSpecialDeps.onClick = [this] { cboSpecialDeps_Click(); };
+  op3Marital.on(&OptionButton::onClick, [this](int i) { op3Marital_Click(i); });
+  optRateSelect.on(&OptionButton::onClick, [this](int i) { optRateSelect_Click(i); });
+  optRateSelect.on(&OptionButton::onMouseEnter, [this](int i) { optRateSelect_MouseEnter(i); });
+  optRateSelect.on(&OptionButton::onMouseLeave, [this](int /*i*/) { lblExplain.setCaption(""); });
+  chkExemp.on(&CheckBox::onClick, [this](int i) { chkExemp_Click(i); });
+  cmdAccept.onClick = [this] { cmdAccept_Click(); };
+}
+
+/// Back to the base shape; the colours and the other entries stay.
+void frmState::Clear() {
+  for (OptionButton& button : op3Marital) {
+    button.enabled = false;
+    button.deselect();
+  }
+  for (OptionButton& button : optRateSelect) {
+    button.enabled = false;
+    button.deselect();
+  }
+  cboSpecialDeps.clear();
+  for (const char* entry : {"0", "1", "2"}) cboSpecialDeps.add(entry);
+  cboSpecialDeps.setText("0");
+  lblSpecialDeps.setCaption("Additional (State) Exemptions");
+  cboSpecialDeps.enabled = false;
+}
+
+void frmState::Load() {
+  Clear();
+  step([&] { cboState.setIndex(desk.use<frmMain>().cboState.index()); });  // shapes the screen
+  cboSpecialDeps.setText("0");  // the saved value, not the state's default, is what counts
+  sta401 = "N";
+  staPreTax = "N";
+  cboDeps[0].setText(setting("staDeps", "0"));
+  cboDeps[1].setText(setting("IllDeps", "0"));
+  cboSpecialDeps.setText(setting("staExmp", "0"));
+  mskAdditional.setText(setting("staAdd", "0"));
+  step([&] { payData.staMarried = toInt16(setting("staMarried", "0")); });
+  step([&] { staRate = toInt16(setting("staRate", "0")); });
+  sta401 = setting("sta401", "N");
+  staPreTax = setting("staPreTax", "N");
+  chkExemp[0].setValue(sta401 != "N");
+  chkExemp[1].setValue(staPreTax != "N");
+  if (payData.staMarried >= 0 && payData.staMarried <= 9) op3Marital[payData.staMarried.value()].select();
+  if (staRate >= 0 && staRate <= 4) optRateSelect[staRate.value()].select();
+}
+
+void frmState::Activate() {
+  if (payData.staMarried >= 0 && payData.staMarried <= 9) op3Marital[payData.staMarried.value()].select();
+  if (cboDeps[1].text() != "0") cboDeps[1].enabled = true;
+}
+
+void frmState::Unload() {
+  step([&] { payData.mMethod = toInt16(cboSpecialDeps.text()); });
+  if (mskAdditional.text().empty()) mskAdditional.setText("0");
+  step([&] { payData.staDeps = toInt16(cboDeps[0].text()); });
+  step([&] { payData.illDeps = toInt16(cboDeps[1].text()); });
+  step([&] { payData.staExmp = toInt16(cboSpecialDeps.text()); });
+  step([&] { payData.staAdd = toMoney(mskAdditional.text()); });
+  save("staDeps", toText(payData.staDeps));
+  save("IllDeps", toText(payData.illDeps));
+  save("staExmp", toText(payData.staExmp));
+  save("staAdd", toText(payData.staAdd));
+  save("staMarried", toText(payData.staMarried));
+  save("staRate", toText(staRate));
+  save("staMethod", std::to_string(cboSpecialDeps.index()));  // nothing reads it
+  step([&] { desk.use<frmMain>().cboState.setIndex(cboState.index()); });
+  save("sta401", sta401);
+  save("staPreTax", staPreTax);
+}
+
+void frmState::cboState_Click() {
+  cboDeps[0].enabled = true;
+  Clear();
+  if (cboState.index() >= 0) {
+    const Shape& shape = shapes.at(static_cast<std::size_t>(cboState.index()));
+    const auto enable = [](OptionButton& button) {
+      button.enabled = true;
+      button.foreColour = enabledText;
+    };
+    for (const int button : shape.marital) enable(op3Marital[button]);
+    if (shape.rates) {
+      for (OptionButton& button : optRateSelect) enable(button);
+    }
+    cboDeps[0].enabled = shape.dependents;
+    if (shape.special != nullptr) offer(*shape.special);
+  }
+  if (cboState.index() == state::connecticut) payData.staMarried = payData.maritalStat;
+  // Stays for every other state until the screen is loaded again.
+  if (cboState.index() == state::michigan) op3Marital[9].setCaption("Claimed as Dependent by Another");
+  if (cboState.text() != "Illinois") {
+    cboDeps[1].enabled = false;
+    cboDeps[1].setText("0");
+  }
+}
+
+void frmState::offer(const SpecialList& list) {
+  cboSpecialDeps.enabled = true;
+  lblSpecialDeps.setCaption(list.caption);
+  cboSpecialDeps.clear();
+  for (const char* entry : list.entries) cboSpecialDeps.add(entry);
+  cboSpecialDeps.setText(list.text);
+}
+
+void frmState::cboDeps_Click(int index) {
+  if (index == 0 && cboState.text() == "Illinois") cboDeps[1].enabled = true;
+}
+
+void frmState::cboSpecialDeps_Click() {
+  if (cboState.index() == state::maryland) {
+    step([&] { payData.mMethod = toInt16(cboSpecialDeps.text()); });
+  } else if (cboState.index() == state::michigan) {
+    payData.mMethod = cboSpecialDeps.index();
+    save("MMethod", toText(payData.mMethod));
+  }
+}
+
+void frmState::op3Marital_Click(int index) {
+  lblStateVariables[2].setCaption("Additional Withholding Amount (State)");
+  payData.staMarried = index;
+  if (cboState.index() != state::mississippi) return;
+
+  // Under Mississippi the box carries the personal exemption, whatever was saved.
+  const auto exemption = [this](const char* amount, const char* caption = "Your Personal Exemption") {
+    mskAdditional.setText(amount);
+    lblStateVariables[2].setCaption(caption);
+  };
+  switch (index) {
+    case 0: return exemption("6000");
+    case 7: return exemption("10000");
+    case 8:
+      exemption("", "Enter that part of $10,000 claimed by you, in multiples of $500.");
+      return mskAdditional.setFocus();
+    case 9: return exemption("9500");
+    default: return;
+  }
+}
+
+void frmState::optRateSelect_Click(int index) {
+  if (cboState.index() == state::connecticut || cboState.index() == state::newJersey) staRate = index;
+}
+
+void frmState::optRateSelect_MouseEnter(int index) {
+  if (cboState.index() != state::connecticut || index >= static_cast<int>(connecticutRates.size())) return;
+  lblExplain.setCaption(connecticutRates.at(static_cast<std::size_t>(index)));
+}
+
+void frmState::chkExemp_Click(int index) { (index == 0 ? sta401 : staPreTax) = chkExemp[index].value() ? "Y" : "N"; }
+
+void frmState::cmdAccept_Click() {
+  desk.close(*this);
+  frmMain& main = desk.use<frmMain>();
+  main.maximized = true;
+  desk.show(main);
+}
+
+}  // namespace tallyfin

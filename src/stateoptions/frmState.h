@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+
+#include "controls/buttons.h"
+#include "controls/lists.h"
+#include "controls/screen.h"
+#include "controls/texts.h"
+#include "engine/int16.h"
+
+namespace tallyfin {
+
+struct SpecialList;
+
+/// The state options: everything about state withholding that the main screen doesn't ask.
+///
+/// The screen changes shape with the state by enabling and disabling, never by hiding. It owns the `StateInfo`
+/// settings, and its Unload is the only way by which saved options reach the record. The main screen's state is the
+/// master: it is copied at Load and handed back at Unload.
+class frmState final : public Screen {
+ public:
+  static constexpr const char* screenName = "frmState";
+  frmState();
+
+  ControlArray<Label, 3> lblStateVariables{
+      *this, "lblStateVariables", {"Dependents (State)", "Select State", "Additional Withholding Amount (State)"}};
+  EditableDropDown cboState{*this, "cboState"};
+  /// 0 is the state dependents, 1 the second Illinois count.
+  ControlArray<EditableDropDown, 2> cboDeps{*this, "cboDeps"};
+  Label lblSpecialDeps{*this, "lblSpecialDeps", "Additional (State) Exemptions"};
+  EditableDropDown cboSpecialDeps{*this, "cboSpecialDeps", {"0", "1", "2"}};
+  /// The index is the value of `staMarried` that the state routines compare.
+  ControlArray<OptionButton, 10> op3Marital{
+      *this,
+      "op3Marital",
+      {"Single", "Single, claiming full personal exemption(S)", "Single, claiming none (O)",
+       "Married, claiming for both spouses (M)", "Married, claiming for yourself only (S)",
+       "Married, claiming none (O)", "Married Filing Separately", "Married. Spouse NOT employed",
+       "Married. Spouse IS employed.", "Head of Family (Household)"}};
+  Panel pnlRate{*this, "pnlRate"};
+  ControlArray<OptionButton, 5> optRateSelect{
+      *this, "optRateSelect", {"Rate A", "Rate B", "Rate C", "Rate D", "Rate E"}};
+  Label lblExplain{*this, "lblExplain"};
+  MaskedBox mskAdditional{*this, "mskAdditional", Format::currency};
+  Panel pnlExempt{*this, "pnlExempt", "Deduct from Taxable State Amount?"};
+  /// 0 is the 401(k) amount, 1 the pre-tax amount.
+  ControlArray<CheckBox, 2> chkExemp{*this, "chkExemp", {"401k", "Pre-Tax Amt"}};
+  CommandButton cmdAccept{*this, "cmdAccept"};
+
+ protected:
+  void Load() override;
+  void Activate() override;
+  void Unload() override;
+
+ private:
+  void Clear();
+  void cboState_Click();
+  void offer(const SpecialList& list);
+  void cboDeps_Click(int index);
+  void cboSpecialDeps_Click();
+  void op3Marital_Click(int index);
+  void optRateSelect_Click(int index);
+  void optRateSelect_MouseEnter(int index);
+  void chkExemp_Click(int index);
+  void cmdAccept_Click();
+
+  OptionGroup marital{op3Marital};
+  OptionGroup rates{optRateSelect};
+
+  Int16 staRate;                ///< Letter of the rate, 0 to 4: kept in the store, read by no routine.
+  std::string sta401 = "N";     ///< "Y" where the state base loses the 401(k) amount.
+  std::string staPreTax = "N";  ///< "Y" where it loses the pre-tax amount.
+};
+
+}  // namespace tallyfin

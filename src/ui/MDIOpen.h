@@ -1,0 +1,43 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/screen.h"
+
+namespace tallyfin {
+
+/// The states of a window that a user can ask for.
+enum class WindowState { normal, maximized, minimized };
+
+/// The frame of the program: a window of fixed size with a list bar, and an area in which the documents open.
+class MDIOpen final : public Screen {
+ public:
+  static constexpr const char* screenName = "MDIOpen";
+  MDIOpen();
+
+  /// Twips.
+  static constexpr int width = 8790;
+  static constexpr int height = 5895;
+
+  struct Item {
+    const char* group;
+    const char* caption;
+    const char* key;
+  };
+  std::array<ListBarItem, 14> SSListBar1;
+
+  /// The user asks for a window state; the frame springs back to normal.
+  Refusal userResize(WindowState state);
+
+  /// Begins a run of the program.
+  static void start();
+
+ protected:
+  void Load() override;
+
+ private:
+  void listItem_Click(const std::string& key);
+  void newFile();
+  void analysis();
+};
+
+}  // namespace tallyfin

@@ -1,0 +1,54 @@
+#include "ui/frmPrint.h"
+
+#include "controls/dates.h"
+#include "controls/desk.h"
+#include "controls/surroundings.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+
+namespace tallyfin {
+
+namespace {
+
+/// The report as one text for the print engine. totalDed and checkAmt are as the results grid left them.
+std::string reportTable() {
+  const auto amount = [](const char* title, Money figure) { return title + ("|" + currency(figure)) + ";"; };
+  const std::string emptyRow = "|;";
+  return "<3000|>1500;"
+         "Category|Amount;" +
+         amount("  Gross Pay", payData.grossPay) + amount("  401k Deduction", payData.amt401k) +
+         amount("  Federal Tax", payData.fedTax) + amount("  State Tax", payData.stateTax) +
+         amount("  Local Tax", payData.localTax) + amount("  FICA", payData.fica) + emptyRow +
+         amount("Total of Deductions", payData.totalDed) + amount("Check Amount", payData.checkAmt) + emptyRow +
+         "Included in FICA|;" + amount("  Social Security", payData.socSec) + amount("  Medicare", payData.medicare) +
+         emptyRow + "Protected Amounts|;" + amount("  Non-Taxable", payData.preTax) +
+         amount("  Pre-FICA", payData.preFica);
+}
+
+}  // namespace
+
+frmPrint::frmPrint() : Screen(screenName, "Print Preview") {
+  vsPrinter1.setFooter("Calculations by Tallyfin 99 Norvane Works");
+  cmdPrintMenu[0].onClick = [this] { buildReport(); };
+  cmdPrintMenu[1].onClick = [this] { desk.close(*this); };
+  udZoom.onChange = [this] { udZoom_Change(); };
+}
+
+void frmPrint::buildReport() {
+  if (!vsPrinter1.startDocument()) return surroundings.beeper->beep();
+  surroundings.pointer->setBusy(true);
+  vsPrinter1.setHeader(" Prepared for " + getSetting(applicationKey, section::user, "UName", "-") + " on " +
+                       longDate(surroundings.clock->now()));
+  vsPrinter1.setFont(12, false, false);
+  vsPrinter1.addTable(reportTable());
+  vsPrinter1.endDocument();
+  surroundings.pointer->setBusy(false);
+}
+
+void frmPrint::udZoom_Change() {
+  lblShowSize.setCaption(std::to_string(udZoom.value()));
+  step([&] { vsPrinter1.setZoom(toInt16(lblShowSize.caption()).value()); });
+}
+
+}  // namespace tallyfin

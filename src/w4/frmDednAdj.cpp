@@ -1,0 +1,75 @@
+#include "w4/frmDednAdj.h"
+
+#include <cmath>
+
+#include "controls/colours.h"
+#include "controls/desk.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+
+namespace tallyfin {
+
+namespace {
+
+/// Standard deduction by category, 1999, dollars a year.
+constexpr std::array standardDeduction{7200, 6350, 4300, 3600};
+
+Money amountIn(const MaskedBox& box) { return box.text().empty() ? Money{} : toMoney(box.text()); }
+
+}  // namespace
+
+frmDednAdj::frmDednAdj() : Screen(screenName, "Deductions and Adjustments") {
+  pnlDednAdj[1].left = Panel::outOfSight;
+  cmdPersWrkCalc.tooltip = "Calculate";
+  cmdW4Back[1].tooltip = "Calculate";  // the same, on purpose
+
+  for (Label* amount : {&lblGetPersDed, &lblSubTotal, &lblTotal5, &lblTotal7}) {
+    amount->onChange = [amount] { amount->setCaption(currency(amount->caption())); };
+  }
+  optDedCategory.on(&OptionButton::onClick, [this](int i) { optDedCategory_Click(i); });
+  optDedCategory.on(&OptionButton::onMouseEnter, [this](int i) { optDedCategory[i].foreColour = colours::highlight; });
+  optDedCategory.on(&OptionButton::onMouseLeave, [this](int i) { optDedCategory[i].foreColour = colours::greyText; });
+  cmdPersWrkCalc.onClick = [this] { cmdPersWrkCalc_Click(); };
+  cmdW4Back.on(&CommandButton::onClick, [this](int i) { cmdW4Back_Click(i); });
+}
+
+void frmDednAdj::Load() { backColour = colours::paper; }
+
+/// Lines 2 and 3; line 3 is worked out nowhere else.
+void frmDednAdj::optDedCategory_Click(int index) {
+  Money line1;
+  step([&] { line1 = amountIn(txtGetItemized); });
+  const Money line2 = standardDeduction.at(static_cast<std::size_t>(index));
+  lblGetPersDed.setCaption(toText(line2));
+  if (line1 == 0) {
+    lblSubTotal.setCaption("0");  // the line that is held stays as it was
+  } else {
+    // No floor, whatever the caption says.
+    step([&] { lblSubTotal.setCaption(toText(line1 - line2)); });
+    step([&] { line3 = toMoney(lblSubTotal.caption()); });
+  }
+}
+
+void frmDednAdj::cmdPersWrkCalc_Click() {
+  step([&] { line4 = amountIn(txtAdjustments); });
+  step([&] { lblTotal5.setCaption(toText(line3 + line4)); });
+  step([&] { line6 = amountIn(txtNonWage); });
+  step([&] { line7 = toMoney(lblTotal5.caption()) - line6; });
+  lblTotal7.setCaption(currency(line7 >= 0 ? line7 : Money{}));
+  step([&] { line8 = integerRounded(std::trunc(realOf(lblTotal7.caption()) / 3000.0)); });
+  lblDivide.setCaption(toText(line8));
+  // Each further press adds line 8 once more, while line 9 on the screen still shows the old number.
+  step([&] { lblTotal10.setCaption(toText(line8 + payData.w4Allowances)); });
+  step([&] { payData.w4Allowances = toInt16(lblTotal10.caption()); });
+}
+
+void frmDednAdj::cmdW4Back_Click(int index) {
+  pnlDednAdj[1 - index].moveTo(0, 0);
+  if (index == 0) {
+    lblPersWrkShtDeps.setCaption(toText(payData.w4Allowances));
+    txtAdjustments.setFocus();
+  }
+  pnlDednAdj[index].left = Panel::outOfSight;
+}
+
+}  // namespace tallyfin

@@ -1,0 +1,64 @@
+#include "w4/frmW4.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "controls/dates.h"
+#include "controls/desk.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+
+namespace tallyfin {
+
+namespace {
+
+std::string userSetting(std::string_view key, std::string_view defaultText = "-") {
+  return getSetting(applicationKey, section::user, key, defaultText);
+}
+
+/// Selects or clears a button as a stored text says: `true` or any number but 0, `false` or 0. Anything else leaves it.
+void setAs(OptionButton& button, std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
+  step([&] {
+    const bool set = text == "true" || (text != "false" && realOf(text) != 0);
+    set ? button.select() : button.deselect();
+  });
+}
+
+}  // namespace
+
+frmW4::frmW4() : Screen(screenName, "Form W-4") {
+  Label27.visible = false;
+  for (OptionButton* button : {&optSingle, &optMarried, &SSOption1}) status.add(*button);
+
+  onDblClick = [this] { print(); };
+  cmdW4Exit.onClick = [this] { desk.close(*this); };
+  lblW4Line6.onChange = [this] { lblW4Line6.setCaption(currency(lblW4Line6.caption())); };
+  // A double click raises Click first, so the label ends up shown.
+  Label20.onClick = [this] { Label27.visible = false; };
+  Label20.onDblClick = [this] { Label27.visible = true; };
+}
+
+void frmW4::Load() {
+  txtName.setText(userSetting("UName"));
+  txtAddress.setText(userSetting("UAdd"));
+  txtCity.setText(userSetting("UCity"));
+  txtSSN.setText(userSetting("USSN"));
+  lblDate.setCaption(dateAndTime(surroundings.clock->now()));
+  // The program itself never writes these two keys.
+  setAs(optSingle, userSetting("Marital1", "0"));
+  setAs(optMarried, userSetting("Marital0", "0"));
+  lblW4Line5.setCaption(toText(payData.w4Allowances));
+}
+
+/// The paper has neither the exit button nor the hint.
+void frmW4::print() {
+  cmdW4Exit.visible = false;
+  lblPrint.visible = false;
+  surroundings.printer->printScreen(*this);
+  cmdW4Exit.visible = true;
+  lblPrint.visible = true;
+}
+
+}  // namespace tallyfin

@@ -1,0 +1,46 @@
+#include "whatif/frmAnalysis.h"
+
+#include "controls/desk.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "ui/frmMain.h"
+
+namespace tallyfin {
+
+namespace {
+
+/// Taxes of the check, without FICA.
+Money taxes() { return payData.fedTax + payData.stateTax + payData.localTax; }
+
+/// Taxes and deductions of the check, with Social Security but without Medicare.
+Money withheld() { return taxes() + payData.socSec + payData.amt401k + payData.preTax; }
+
+double hours() { return realOf(desk.use<frmMain>().txtHours.text()); }
+
+/// The working hours of a year, whatever the frequency and hours are.
+constexpr double yearlyHours = 2080;
+
+}  // namespace
+
+frmAnalysis::frmAnalysis() : Screen(screenName, "Analysis") {}
+
+void frmAnalysis::Load() {
+  maximized = true;
+  const Money& gross = payData.grossPay;
+  const auto show = [this](int row, const std::string& figure) { lblOne[row].setCaption(figure); };
+  // A figure that can't be worked out leaves its label empty.
+  step([&] { show(0, currency(toReal(gross) / hours())); });
+  step([&] { show(1, currency(toReal(gross - taxes()) / hours())); });
+  step([&] { show(2, currency(toReal(gross - withheld()) / hours())); });
+  step([&] { show(3, percentage(toReal(taxes()) / toReal(gross))); });
+  step([&] { show(4, percentage(toReal(withheld()) / toReal(gross))); });
+  // The pre-tax amount is added to the divisor, although the caption speaks of the wage after it.
+  step([&] { show(5, percentage(toReal(payData.fedTax) / toReal(gross - payData.amt401k + payData.preTax))); });
+  step([&] { show(6, percentage(toReal(payData.fedTax) / toReal(gross))); });
+  step([&] { show(7, percentage(toReal(payData.stateTax) / toReal(gross))); });
+  // The year goes by the cents that the first two rows show.
+  step([&] { show(8, currency(realOf(lblOne[0].caption()) * yearlyHours)); });
+  step([&] { show(9, currency(realOf(lblOne[1].caption()) * yearlyHours)); });
+}
+
+}  // namespace tallyfin

@@ -1,0 +1,129 @@
+#include "whatif/frmMisc.h"
+
+#include "controls/colours.h"
+#include "controls/desk.h"
+#include "engine/calculate.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+#include "ui/frmMain.h"
+
+namespace tallyfin {
+
+namespace {
+
+/// Where the visible page stands, twips.
+constexpr int pageLeft = 728;
+constexpr int pageTop = 135;
+
+std::string setting(std::string_view key) { return getSetting(applicationKey, section::settings, key, "0"); }
+
+void save(std::string_view key, const std::string& text) { saveSetting(applicationKey, section::settings, key, text); }
+
+}  // namespace
+
+frmMisc::frmMisc() : Screen(screenName, "Local Tax and Raise") {
+  pnlContainerMisc[0].moveTo(745, pageTop);
+  pnlContainerMisc[1].moveTo(Panel::outOfSight, pageTop);
+  imgSeal.tooltip = "Click to Unload Page";
+
+  txtTaxPerCnt.onGotFocus = [this] { txtTaxPerCnt.selectAll(); };
+  txtRaise.on(&TextBox::onGotFocus, [this](int i) { txtRaise[i].selectAll(); });
+  cmdExit.on(&CommandButton::onGotFocus, [this](int i) { cmdExit[i].foreColour = colours::highlight; });
+  cmdExit.on(&CommandButton::onLostFocus, [this](int i) { cmdExit[i].foreColour = colours::greyText; });
+
+  lblOldShow.onChange = [this] { lblOldShow.setCaption(currency(lblOldShow.caption())); };
+  lstGrossPay.onClick = [this] { lstGrossPay_Click(); };
+  cmdExit[0].onClick = [this] { takeLocalTax(); };
+  cmdExit[1].onClick = [this] { raise(); };
+  cmdExit[2].onClick = [this] { desk.close(*this); };
+  imgSeal.onClick = [this] { desk.close(*this); };
+}
+
+void frmMisc::Load() {
+  for (Control* box :
+       std::initializer_list<Control*>{&txtTaxPerCnt, &txtRaise[0], &txtRaise[1], &lblOldShow, &lstGrossPay}) {
+    box->backColour = colours::boxGround;
+  }
+  // The old wage is that of this moment: a changed income reaches it only when the screen is opened afresh.
+  step([&] {
+    const frmMain& main = desk.use<frmMain>();
+    const double income = realOf(main.txtIncome.text());
+    if (income != 0) lblOldShow.setCaption(toText(income / realOf(main.txtHours.text())));
+  });
+  if (pnlContainerMisc[0].left > 1) {
+    // As stored, not normalised, also when the Raise page was asked for.
+    step([&] { payData.localRate = realOf(setting("Local")); });
+    step([&] { payData.applyTo = toInt16(setting("ApplyTo")); });
+    step([&] { lstGrossPay.setIndex(toInt16(setting("ApplyToDisp")).value()); });
+  }
+}
+
+void frmMisc::Unload() {
+  for (Panel& page : pnlContainerMisc) page.left = Panel::outOfSight;
+}
+
+void frmMisc::showPage(int page) {
+  pnlContainerMisc[page].moveTo(pageLeft, pageTop);
+  pnlContainerMisc[1 - page].left = Panel::outOfSight;
+}
+
+void frmMisc::showLocalTaxPage() {
+  showPage(0);
+  txtTaxPerCnt.setText(toText(payData.localRate));
+  txtTaxPerCnt.setFocus();
+  cmdExit[2].visible = false;
+}
+
+void frmMisc::showRaisePage() {
+  showPage(1);
+  cmdExit[2].visible = true;
+  txtRaise[0].setFocus();
+}
+
+void frmMisc::lstGrossPay_Click() {
+  payData.applyTo = lstGrossPay.index() + 1;
+  save("ApplyTo", toText(payData.applyTo));
+  save("ApplyToDisp", std::to_string(lstGrossPay.index()));
+}
+
+void frmMisc::takeLocalTax() {
+  step([&] { payData.localRate = txtTaxPerCnt.text().empty() ? 0 : realOf(txtTaxPerCnt.text()); });
+  payData.localRate = normalisedRate(payData.localRate);
+  save("Local", txtTaxPerCnt.text());  // as typed
+  desk.close(*this);
+}
+
+void frmMisc::raise() {
+  TextBox& percent = txtRaise[0];
+  TextBox& newWage = txtRaise[1];
+  const auto oldWage = [this] { return realOf(lblOldShow.caption()); };
+
+  if (percent.text().empty() && newWage.text().empty()) percent.setText("0");
+  payData.incomeSource = 1;
+  if (percent.text().empty() && !newWage.text().empty()) {
+    // The divisor is the new wage: from 10 to 11 is 9.09%.
+    step([&] {
+      const double wage = realOf(newWage.text());
+      percent.setText(toText(roundedForDisplay((wage - oldWage()) / wage * 100)) + "%");
+    });
+  }
+  if (newWage.text().empty()) {
+    step([&] {
+      if (realOf(percent.text()) >= 1) percent.setText(toText(realOf(percent.text()) / 100));
+    });
+    step([&] { newWage.setText(toText(oldWage() + realOf(percent.text()) * oldWage())); });
+    step([&] { payData.taxableWage = fromReal(realOf(percent.text()) * toReal(payData.grossPay)) + payData.grossPay; });
+  }
+  // By a new wage, taxableWage is still the reduced base of the last calculation, and Calculate takes that for income.
+  step([&] {
+    frmMain& main = desk.use<frmMain>();
+    const double income = realOf(newWage.text()) * realOf(main.txtHours.text());
+    main.txtIncome.setText(toText(income));
+    main.txtIncome.setText(toText(roundedForDisplay(income)));
+  });
+  Calculate();
+  step([&] { newWage.setText(currency(roundedForDisplay(realOf(newWage.text())))); });
+}
+
+}  // namespace tallyfin
