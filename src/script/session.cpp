@@ -293,7 +293,7 @@ std::string Session::pay(const Words& words) {
 
   const frmMain* main = desk.find<frmMain>();
   const bool ofTheRecord = words.empty() || text;
-  const WorksheetFields fields = main != nullptr ? *main : WorksheetFields{};
+  const WorksheetFields fields = main != nullptr ? WorksheetFields(*main) : WorksheetFields{};
   forEachField(fields, look);
   if (!words.empty() && !text) return "! unknown field";
   if (!desk.running()) return notRunning;
@@ -319,7 +319,7 @@ std::string Session::poke(const Words& words) {
   const bool ofTheRecord = known;
 
   frmMain* main = desk.find<frmMain>();
-  WorksheetFields fields = main != nullptr ? *main : WorksheetFields{};
+  WorksheetFields fields = main != nullptr ? WorksheetFields(*main) : WorksheetFields{};
   forEachField(fields, change);
   if (known && !fits) return "! syntax the number doesn't fit the field";
   if (!known) return "! unknown field";
