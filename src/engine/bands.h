@@ -18,8 +18,18 @@ struct Dollars {
   Money amount;
 };
 
-/// How a row of a band table compares x with its bound.
+/// How a row of a table compares x with its bound.
 enum class Test { atMost, below, above, atLeast };
+
+constexpr bool holds(Test test, Money bound, Money x) {
+  switch (test) {
+    case Test::atMost: return x <= bound;
+    case Test::below: return x < bound;
+    case Test::above: return x > bound;
+    case Test::atLeast: return x >= bound;
+  }
+  return false;
+}
 
 /// One row of a band table: where its test holds for x, the tax is (x - lower) * rate + plus.
 struct Band {
@@ -28,34 +38,25 @@ struct Band {
   Dollars lower;
   double rate;      ///< Fraction.
   double plus = 0;  ///< Dollars.
-
-  constexpr bool holds(Money x) const {
-    switch (test) {
-      case Test::atMost: return x <= bound.amount;
-      case Test::below: return x < bound.amount;
-      case Test::above: return x > bound.amount;
-      case Test::atLeast: return x >= bound.amount;
-    }
-    return false;
-  }
 };
 
 /// A table: its rows are tested from top to bottom, the first whose test holds applies.
 using Bands = std::span<const Band>;
 
-/// The row that applies to x. A value in a gap of the table meets no row: the statement that asks fails, and what it
-/// would have assigned keeps its old value.
-inline const Band& bandOf(Bands table, Money x) {
-  for (const Band& band : table) {
-    if (band.holds(x)) return band;
+/// The row that applies to x; a row of any kind has a test and a bound. A value in a gap of the table meets no row: the
+/// statement that asks fails, and what it would have assigned keeps its old value.
+template <class Row>
+const Row& bandOf(std::span<const Row> table, Money x) {
+  for (const Row& row : table) {
+    if (holds(row.test, row.bound.amount, x)) return row;
   }
   throw FailedStatement{};
 }
 
-/// The tax on x in real dollars, not rounded yet.
-inline double realTax(const Band& band, Money x) { return toReal(x - band.lower.amount) * band.rate + band.plus; }
-
 /// The tax on x: the subtraction in Money, the rest in one real step.
-inline Money taxOf(Bands table, Money x) { return fromReal(realTax(bandOf(table, x), x)); }
+inline Money taxOf(Bands table, Money x) {
+  const Band& band = bandOf(table, x);
+  return fromReal(toReal(x - band.lower.amount) * band.rate + band.plus);
+}
 
 }  // namespace tallyfin

@@ -19,9 +19,13 @@ void StateBase() {
 
 Money stateGross() { return payData.grossPay - (payData.statePreTax + payData.state401k); }
 
+bool frequencyKnown() { return payData.frequency >= 0 && payData.frequency <= 3; }
+
 void parseExemptions() {
   step([] { worksheet().exemptions = toInt16(worksheet().exemptionsText()); });
 }
+
+void applyBands(Bands table) { payData.stateTax = taxOf(table, worksheet().stateWage); }
 
 Money perPeriod(Money annual) { return fromReal(toReal(annual) / toReal(payData.payPeriods)); }
 
@@ -30,6 +34,10 @@ void finish() {
     const Money withholding = payData.stateTax + payData.staAdd;
     payData.stateTax = withholding <= 0 ? Money{} : withholding;
   });
+}
+
+void floorAtZero() {
+  if (payData.stateTax <= 0) payData.stateTax = 0;
 }
 
 }  // namespace tallyfin

@@ -20,13 +20,39 @@ void StateBase();
 /// `grossPay` less what StateBase left to deduct, dollars a pay period.
 Money stateGross();
 
+/// True where `frequency` has an entry, for the few steps of which only a part goes by it.
+bool frequencyKnown();
+
 /// Parses the exemptions of the worksheet into its working field; a text that is no number leaves the field.
 void parseExemptions();
+
+/// A dollar amount for each exemption or dependent. A whole one makes a 16-bit product, which fails past 32,767; one
+/// with cents makes a real step.
+class PerHead {
+ public:
+  constexpr PerHead(int dollars) : dollars_(dollars), whole_(true) {}      // NOLINT(google-explicit-constructor)
+  constexpr PerHead(double dollars) : dollars_(dollars), whole_(false) {}  // NOLINT(google-explicit-constructor)
+
+  friend Money operator*(Int16 count, PerHead amount) {
+    if (amount.whole_) return count * Int16(static_cast<int>(amount.dollars_));
+    return fromReal(toReal(count) * amount.dollars_);
+  }
+
+ private:
+  double dollars_;
+  bool whole_;
+};
+
+/// Assigns `stateTax` from the table, by `stateWage`.
+void applyBands(Bands table);
 
 /// A year's amount as a pay period's, in one real step. Fails while `payPeriods` is 0.
 Money perPeriod(Money annual);
 
 /// The end of a routine, one statement: `staAdd` comes on top, and what isn't above 0 becomes 0.
 void finish();
+
+/// The end of a routine that has added `staAdd` already: what isn't above 0 becomes 0.
+void floorAtZero();
 
 }  // namespace tallyfin

@@ -1,0 +1,36 @@
+#include "states/newjerseytables.h"
+#include "states/states.h"
+
+/// New Jersey has five rate letters, of which nothing but A is ever chosen.
+
+namespace tallyfin {
+
+namespace newjersey {
+constexpr PerFrequency<PerHead> perExemption{19.2, 41.6, 38.4, 83.3};
+
+/// The tables of the worksheet's rate letter, which nothing assigns: 0 A to 4 E.
+static const PerFrequency<Bands>* chosenRate() {
+  switch (worksheet().staRate.value()) {
+    case 0: return &rateA;
+    case 1: return &rateB;
+    case 2: return &rateC;
+    case 3: return &rateD;
+    case 4: return &rateE;
+    default: return nullptr;
+  }
+}
+}  // namespace newjersey
+
+/// New Jersey, 1999. `staDeps` counts the exemptions. `stateDepsDed`: dollars a pay period.
+void NewJersey() {
+  Worksheet& work = worksheet();
+  step([] { payData.stateDepsDed = payData.staDeps * newjersey::perExemption.now(); });
+  StateBase();
+  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
+  step([] {
+    if (const auto* tables = newjersey::chosenRate()) applyBands(tables->now());
+  });
+  finish();
+}
+
+}  // namespace tallyfin

@@ -1,0 +1,88 @@
+#include "states/northcarolinatables.h"
+#include "states/oregontables.h"
+#include "states/states.h"
+
+/// Oregon and North Carolina, whose allowances depend on more than a count: on the federal tax, and on the wage.
+
+namespace tallyfin {
+
+namespace oregon {
+/// The most of the federal tax that is allowed, dollars a pay period.
+constexpr PerFrequency<int> federalCap{58, 125, 115, 250};
+
+/// The tables of the status; a Single employee with 3 exemptions or more has those with the bounds of Married.
+static const PerFrequency<CreditedBands>* chosenTables() {
+  if (payData.maritalStat == 0) return &married;
+  if (payData.maritalStat == 1) return worksheet().exemptions < 3 ? &singleBelowThree : &singleThreeOrMore;
+  return nullptr;
+}
+}  // namespace oregon
+
+/// Oregon, 1999. Married Claiming Single has no table. `stateDepsDed`: the federal allowance, dollars a pay period.
+void Oregon() {
+  Worksheet& work = worksheet();
+  parseExemptions();
+  step([] {
+    const Money cap = oregon::federalCap.now();
+    payData.stateDepsDed = payData.fedTax > cap ? cap : payData.fedTax;
+  });
+  // Monthly has no such step: its allowance is the capped tax once, however many exemptions.
+  step([&] {
+    if (frequencyKnown() && payData.frequency != 3) payData.stateDepsDed = payData.stateDepsDed * work.exemptions;
+  });
+  StateBase();
+  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
+  step([&] {
+    const auto* tables = oregon::chosenTables();
+    if (!tables) return;
+    const oregon::CreditedBand& band = bandOf(tables->now(), work.stateWage);
+    payData.stateTax = fromReal(toReal(work.stateWage - band.lower.amount) * band.rate + band.plus -
+                                band.credit * toReal(work.exemptions));
+  });
+  finish();
+}
+
+namespace northcarolina {
+/// Dollars a pay period: below the income test of the status the higher amount, from it on the lower one.
+constexpr PerFrequency<PerHead> higherAmount{48.08, 104.17, 96.15, 208.33};
+constexpr PerFrequency<PerHead> lowerAmount{38.46, 83.33, 76.92, 166.67};
+
+struct Status {
+  PerFrequency<Dollars> incomeTest;
+  PerFrequency<Bands> bands;
+};
+constexpr Status singleStatus{{1153.85, 2500, 2307.69, 5000}, single};
+constexpr Status marriedStatus{{961.54, 2083.33, 1923.08, 4166.67}, married};
+constexpr Status headOfFamilyStatus{{1538.46, 3333.33, 3076.92, 6666.67}, headOfFamily};
+
+/// By `staMarried`; there is none for a value that isn't offered.
+static const Status* chosenStatus() {
+  switch (payData.staMarried.value()) {
+    case 0: return &singleStatus;
+    case 3: return &marriedStatus;
+    case 9: return &headOfFamilyStatus;
+    default: return nullptr;
+  }
+}
+}  // namespace northcarolina
+
+/// North Carolina, 1999. The income test looks at the wage before the allowance, the table at the wage after it. A
+/// status that isn't offered loses the last `stateDepsDed` and has no table. `stateDepsDed`: dollars a pay period.
+void NCarolina() {
+  Worksheet& work = worksheet();
+  const northcarolina::Status* status = northcarolina::chosenStatus();
+  StateBase();
+  step([&] { work.stateWage = stateGross(); });
+  step([&] {
+    if (!status) return;
+    const bool below = work.stateWage < status->incomeTest.now().amount;
+    payData.stateDepsDed = payData.staDeps * (below ? northcarolina::higherAmount : northcarolina::lowerAmount).now();
+  });
+  step([&] { work.stateWage = work.stateWage - payData.stateDepsDed; });
+  step([&] {
+    if (status) applyBands(status->bands.now());
+  });
+  finish();
+}
+
+}  // namespace tallyfin

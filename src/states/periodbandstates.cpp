@@ -1,0 +1,93 @@
+#include "states/periodbandtables.h"
+#include "states/states.h"
+
+/// The period's wage, less an allowance of the period, through a band table by status and frequency. A status without a
+/// table assigns nothing: the finish then adds `staAdd` to the last `stateTax`.
+
+namespace tallyfin {
+
+namespace colorado {
+/// Dollars a pay period.
+constexpr PerFrequency<PerHead> perExemption{45.19, 97.92, 90.38, 195.83};
+constexpr PerFrequency<Dollars> threshold{74, 160, 148, 321};
+}  // namespace colorado
+
+/// Colorado, 1999. Only Married has a table. `stateDepsDed`: dollars a pay period.
+void Colorado() {
+  Worksheet& work = worksheet();
+  parseExemptions();
+  step([&] { payData.stateDepsDed = work.exemptions * colorado::perExemption.now(); });
+  StateBase();
+  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
+  step([&] {
+    if (payData.maritalStat != 0) return;
+    const Money threshold = colorado::threshold.now().amount;
+    payData.stateTax = work.stateWage <= threshold ? 0 : fromReal(toReal(work.stateWage - threshold) * 0.05);
+  });
+  finish();
+}
+
+namespace districtofcolumbia {
+constexpr PerFrequency<PerHead> perExemption{26.35, 57.08, 52.69, 114.17};
+}
+
+/// District of Columbia, 1999. `staMarried` chooses: 0 Single, 3 Married, 6 Married Filing Separately.
+/// `stateDepsDed`: dollars a pay period.
+void DCTax() {
+  Worksheet& work = worksheet();
+  parseExemptions();
+  step([&] { payData.stateDepsDed = work.exemptions * districtofcolumbia::perExemption.now(); });
+  StateBase();
+  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
+  step([] {
+    switch (payData.staMarried.value()) {
+      case 0:
+      case 3: applyBands(districtofcolumbia::singleOrMarried.now()); break;
+      case 6: applyBands(districtofcolumbia::separately.now()); break;
+      default: break;
+    }
+  });
+  finish();
+}
+
+namespace hawaii {
+constexpr PerFrequency<PerHead> perDependent{20, 43.35, 40, 86.65};
+}
+
+/// Hawaii, 1999. `staDeps` counts, not the exemptions. `staMarried` chooses: 0 Single, 9 Head of Family, 3 Married.
+/// `stateDepsDed`: dollars a pay period.
+void HawaiiTax() {
+  Worksheet& work = worksheet();
+  step([] { payData.stateDepsDed = payData.staDeps * hawaii::perDependent.now(); });
+  StateBase();
+  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
+  step([] {
+    switch (payData.staMarried.value()) {
+      case 0:
+      case 9: applyBands(hawaii::singleOrHead.now()); break;
+      case 3: applyBands(hawaii::married.now()); break;
+      default: break;
+    }
+  });
+  finish();
+}
+
+namespace kansas {
+constexpr PerFrequency<PerHead> perExemption{48.08, 104.17, 96.15, 208.33};
+}
+
+/// Kansas, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
+void Kansas() {
+  Worksheet& work = worksheet();
+  parseExemptions();
+  step([&] { payData.stateDepsDed = work.exemptions * kansas::perExemption.now(); });
+  StateBase();
+  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
+  step([] {
+    if (payData.maritalStat == 0) applyBands(kansas::married.now());
+    if (payData.maritalStat == 1) applyBands(kansas::single.now());
+  });
+  finish();
+}
+
+}  // namespace tallyfin

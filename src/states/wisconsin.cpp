@@ -1,0 +1,73 @@
+#include "states/states.h"
+
+/// Wisconsin taxes the year's whole wage; exemptions are a credit against the annual tax.
+
+namespace tallyfin {
+
+using enum Test;
+
+/// Wisconsin, 1999: dollars a year.
+namespace wisconsin {
+// clang-format off
+// The first rate holds without exemptions only. The bands do not join, and the tax falls at 14,000.
+constexpr Band married[] = {
+    {below, 5100, 0, 0.0255},
+    {below, 10000, 5100, 0.049},
+    {below, 12000, 10000, 0.049, 250},
+    {below, 14000, 12000, 0.0655, 638},
+    {below, 16000, 14000, 0.0655, 525},
+    {below, 18500, 16000, 0.0655, 685},
+    {below, 21000, 18500, 0.0693, 883},
+    {below, 24000, 21000, 0.0693, 1094},
+    {below, 27000, 24000, 0.0693, 1344},
+    {below, 30000, 27000, 0.0693, 1593},
+    {below, 33000, 30000, 0.0693, 1843},
+    {below, 35500, 33000, 0.0693, 2089},
+    {atLeast, 35500, 35500, 0.0693, 2279},
+};
+// The first rate holds without exemptions only. The bands do not join.
+constexpr Band single[] = {
+    {below, 3900, 0, 0.0255},
+    {below, 7500, 3900, 0.049},
+    {below, 11000, 7500, 0.049, 187},
+    {below, 13200, 11000, 0.0655, 377},
+    {below, 15400, 13200, 0.0655, 539},
+    {below, 17700, 15400, 0.0655, 701},
+    {below, 20000, 17700, 0.0693, 870},
+    {below, 22500, 20000, 0.0693, 1049},
+    {below, 25000, 22500, 0.0693, 1243},
+    {below, 27500, 25000, 0.0693, 1437},
+    {below, 30000, 27500, 0.0693, 1631},
+    {below, 32500, 30000, 0.0693, 1825},
+    {below, 35000, 32500, 0.0693, 2020},
+    {below, 37500, 35000, 0.0693, 2214},
+    {below, 40000, 37500, 0.0693, 2408},
+    {atLeast, 40000, 40000, 0.0693, 2591},
+};
+// clang-format on
+
+/// In the lowest band the tax is charged only to someone without exemptions.
+static void apply(Bands table) {
+  if (worksheet().stateWage < table.front().bound.amount && worksheet().exemptions != 0) {
+    payData.stateTax = 0;
+  } else {
+    applyBands(table);
+  }
+}
+}  // namespace wisconsin
+
+/// Wisconsin, 1999. Married Claiming Single has no table.
+void Wisconsin() {
+  Worksheet& work = worksheet();
+  parseExemptions();
+  StateBase();
+  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
+  step([] {
+    if (payData.maritalStat == 0) wisconsin::apply(wisconsin::married);
+    if (payData.maritalStat == 1) wisconsin::apply(wisconsin::single);
+  });
+  step([&] { payData.stateTax = perPeriod(payData.stateTax - work.exemptions * 20); });
+  finish();
+}
+
+}  // namespace tallyfin
