@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "controls/control.h"
+#include "controls/desk.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QButtonGroup;
+class QAbstractButton;
+class QRadioButton;
+
+namespace tallyfin {
+class CheckBox;
+class Clickable;
+class CommandButton;
+class DropDown;
+class EditableDropDown;
+class Label;
+class ListBox;
+class OptionButton;
+class TextBox;
+}  // namespace tallyfin
+
+namespace tallyfin::qt {
+
+/// Ties a widget to a control: what the control holds is shown, what the user does becomes an act of the control. It
+/// decides nothing and remembers nothing. The widget takes the control's address as its object name, its tooltip, and
+/// the accessible name that it is given.
+///
+/// The control may go while the widget is still there (a button that closes its own screen): release() cuts the tie.
+class Binding : public QObject {
+ public:
+  Binding(QWidget& widget, Control& control);
+
+  Control* control() const { return control_; }
+  QWidget& widget() const { return widget_; }
+  void release();
+
+  /// Shows the control as it stands.
+  void refresh();
+  /// What refresh does beyond enabling, hiding and colouring.
+  std::function<void()> show;
+
+  /// Runs an act of the user, unless the control is gone or the widget is only being refreshed.
+  template <class Act>
+  void act(Act userAct) {
+    if (control_ != nullptr && !refreshing_) userAct();
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void applyColours();
+
+  QWidget& widget_;
+  Control* control_;
+  bool refreshing_ = false;
+};
+
+/// How a row of a list is chosen by keyboard: as the marker moves, or by Enter and Space.
+enum class Choose { byMoving, byEnter };
+
+// One function for each kind of widget.
+Binding& bind(QLineEdit& edit, TextBox& box);
+Binding& bind(QLabel& widget, Label& label);
+Binding& bind(QAbstractButton& widget, CommandButton& button);
+Binding& bind(QRadioButton& widget, OptionButton& option, QButtonGroup& group);
+Binding& bind(QCheckBox& widget, CheckBox& box);
+Binding& bind(QListWidget& widget, ListBox& list, Choose choose);
+Binding& bind(QComboBox& widget, DropDown& dropDown);
+Binding& bind(QComboBox& widget, EditableDropDown& dropDown);
+/// A widget that only shows, and takes clicks where the control does.
+Binding& bindPicture(QWidget& widget, Clickable& control);
+/// A widget that only shows.
+Binding& bindPlain(QWidget& widget, Control& control);
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,114 @@
+#include "ui/qt/desktop.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QVBoxLayout>
+
+#include "ui/MDIOpen.h"
+#include "ui/qt/frame.h"
+#include "ui/qt/look.h"
+#include "ui/qt/view.h"
+
+namespace tallyfin::qt {
+
+Desktop::Desktop() : before_(surroundings) {
+  desk.onShown = [this](Screen& screen) { show(screen); };
+  desk.onDiscarded = [this](Screen& screen) { discard(screen); };
+  desk.onFocusMoved = [this] { followFocus(); };
+}
+
+Desktop::~Desktop() {
+  desk.end();
+  desk.onShown = nullptr;
+  desk.onDiscarded = nullptr;
+  desk.onFocusMoved = nullptr;
+  surroundings = before_;
+}
+
+void Desktop::start() { MDIOpen::start(); }
+
+View* Desktop::view(std::string_view screenName) const {
+  const Screen* screen = desk.find(screenName);
+  const auto entry = views_.find(screen);
+  return entry == views_.end() ? nullptr : entry->second.data();
+}
+
+void Desktop::show(Screen& screen) {
+  switch (screen.place()) {
+    case Place::frame:
+      frame_ = std::make_unique<Frame>(static_cast<MDIOpen&>(screen));
+      views_[&screen] = frame_.get();
+      return frame_->show();
+    case Place::document: return showDocument(screen);
+    case Place::box: return showBox(screen);
+  }
+}
+
+void Desktop::showDocument(Screen& screen) {
+  if (views_.find(&screen) == views_.end()) {
+    View* view = viewOf(screen).release();
+    views_[&screen] = view;
+    frame_->area().add(*view);
+  }
+  frame_->area().arrange();
+}
+
+void Desktop::showBox(Screen& screen) {
+  if (auto shown = boxes_.find(&screen); shown != boxes_.end()) {
+    shown->second->raise();
+    return shown->second->activateWindow();
+  }
+  auto* box = new QDialog(frame_.get());
+  box->setWindowTitle(QString::fromStdString(screen.title()));
+  box->setPalette(look::onDeep());
+  View* view = viewOf(screen).release();
+  auto* layout = new QVBoxLayout(box);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  layout->addWidget(view);
+  views_[&screen] = view;
+  boxes_[&screen] = box;
+  // Closed by its own frame, or by Escape, the box goes the way of every closing.
+  connect(box, &QDialog::rejected, this, [view] {
+    if (Screen* closed = view->screen()) desk.userClose(*closed);
+  });
+  box->setModal(desk.blocked(MDIOpen::screenName));
+  box->show();
+}
+
+void Desktop::discard(Screen& screen) {
+  const auto entry = views_.find(&screen);
+  if (entry == views_.end()) return;
+  View* view = entry->second;
+  views_.erase(entry);
+  if (view != nullptr) view->release();
+  if (screen.place() == Place::frame) {
+    frame_.release()->deleteLater();
+    return QApplication::quit();
+  }
+  QWidget* holder = view;
+  if (const auto box = boxes_.find(&screen); box != boxes_.end()) {
+    holder = box->second;
+    boxes_.erase(box);
+  } else if (view != nullptr) {
+    while (holder->parentWidget() != nullptr && holder->parentWidget() != &frame_->area()) {
+      holder = holder->parentWidget();
+    }
+  }
+  // A button may be closing its own screen, so its widgets go when its event is over.
+  if (holder != nullptr) {
+    holder->hide();
+    holder->deleteLater();
+  }
+}
+
+void Desktop::followFocus() {
+  const Control* control = desk.focused();
+  if (control == nullptr) return;
+  const auto entry = views_.find(&control->screen());
+  if (entry == views_.end() || entry->second == nullptr) return;
+  QWidget* widget = entry->second->widgetOf(*control);
+  if (widget != nullptr && widget->isVisible() && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace tallyfin::qt

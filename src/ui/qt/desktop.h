@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <map>
+#include <memory>
+
+#include "controls/desk.h"
+#include "controls/surroundings.h"
+
+class QDialog;
+
+namespace tallyfin::qt {
+
+class Frame;
+class View;
+
+/// The desktop binding as a whole: shows what the desk holds. A shown screen has a view; documents stand in the frame,
+/// boxes above it. While it lives it is also the program's beeper, mouse pointer, printer and help.
+class Desktop : public QObject {
+ public:
+  Desktop();
+  ~Desktop() override;
+
+  /// Begins a run: the frame, then its first screen.
+  void start();
+  Frame* frame() const { return frame_.get(); }
+  /// The view of a shown screen; none if it isn't shown.
+  View* view(std::string_view screenName) const;
+
+ private:
+  void show(Screen& screen);
+  void showDocument(Screen& screen);
+  void showBox(Screen& screen);
+  void discard(Screen& screen);
+  void followFocus();
+
+  std::unique_ptr<Frame> frame_;
+  std::map<const Screen*, QPointer<View>> views_;
+  std::map<const Screen*, QPointer<QDialog>> boxes_;
+  std::vector<std::unique_ptr<QObject>> helpers_;
+  Surroundings before_;
+};
+
+}  // namespace tallyfin::qt

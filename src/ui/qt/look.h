@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QPalette>
+#include <QString>
+
+#include "controls/property.h"
+
+class QApplication;
+class QWidget;
+
+/// The look of the program: its own colours, fonts and measures, whatever the desktop's theme.
+
+namespace tallyfin::qt::look {
+
+inline const QColor deep{38, 70, 83};          ///< Ground of the frame, the main screen and the tools.
+inline const QColor deepLighter{52, 89, 103};  ///< Ground of the open group's items.
+inline const QColor deepLine{78, 114, 127};    ///< Hairlines on it.
+inline const QColor light{252, 252, 240};      ///< Text on it, and the ground of boxes, lists and grid.
+inline const QColor ink{32, 40, 44};           ///< Text on light ground.
+inline const QColor lightYellow{255, 255, 128};
+inline const QColor lightBlue{192, 192, 255};
+inline const QColor paper{255, 255, 204};      ///< Ground of the worksheets.
+inline const QColor paperLine{214, 210, 160};  ///< Hairlines on it.
+inline const QColor greyText{64, 64, 64};      ///< Text on it.
+
+/// Spaces in pixels: between a label and its box, rows, groups, and at the edges.
+inline constexpr int tight = 4;
+inline constexpr int row = 8;
+inline constexpr int group = 12;
+inline constexpr int edge = 12;
+
+/// Sets style, font and palette of the whole program.
+void apply(QApplication& application);
+
+/// Palettes for the three grounds.
+QPalette onDeep();
+QPalette onPaper();
+QPalette onWhite();
+
+/// Gives a widget its palette and paints its ground.
+void setGround(QWidget& widget, const QPalette& palette);
+
+/// The heading font: the program's own, bold, 10 points.
+QFont heading();
+/// The program's font with digits of one width.
+QFont figures();
+
+QColor colour(Colour colour);
+
+/// A picture of the program by its file name without the ending.
+QIcon picture(const QString& name);
+
+}  // namespace tallyfin::qt::look

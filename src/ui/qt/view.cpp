@@ -1,0 +1,121 @@
+#include "ui/qt/view.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "controls/buttons.h"
+#include "controls/lists.h"
+#include "controls/texts.h"
+#include "ui/qt/look.h"
+
+namespace tallyfin::qt {
+
+View::View(Screen& screen) : screen_(&screen) { setObjectName(QString::fromStdString(screen.name())); }
+
+View::~View() { release(); }
+
+void View::release() {
+  for (Binding* binding : bindings_) binding->release();
+  bindings_.clear();
+  if (screen_ != nullptr) screen_->watch(nullptr);
+  screen_ = nullptr;
+}
+
+QWidget* View::widgetOf(const Control& control) const {
+  for (const Binding* binding : bindings_) {
+    if (binding->control() == &control) return &binding->widget();
+  }
+  return nullptr;
+}
+
+QLabel* View::label(Label& control) {
+  auto* widget = new QLabel(this);
+  return tied(widget, bind(*widget, control));
+}
+
+QLabel* View::heading(Label& control) {
+  QLabel* widget = label(control);
+  widget->setFont(look::heading());
+  return widget;
+}
+
+QLabel* View::paragraph(Label& control) {
+  QLabel* widget = label(control);
+  widget->setWordWrap(true);
+  return widget;
+}
+
+QLabel* View::figure(Label& control) {
+  QLabel* widget = label(control);
+  widget->setFont(look::figures());
+  widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  return widget;
+}
+
+QLineEdit* View::box(TextBox& control) {
+  auto* widget = new QLineEdit(this);
+  return tied(widget, bind(*widget, control));
+}
+
+QLineEdit* View::amountBox(TextBox& control) {
+  QLineEdit* widget = box(control);
+  widget->setFont(look::figures());
+  widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  return widget;
+}
+
+QPushButton* View::button(CommandButton& control, const QString& picture) {
+  auto* widget = new QPushButton(this);
+  widget->setAutoDefault(true);  // Enter presses the button that has the focus
+  if (!picture.isEmpty()) widget->setIcon(look::picture(picture));
+  return tied(widget, bind(*widget, control));
+}
+
+QButtonGroup* View::newGroup() { return new QButtonGroup(this); }
+
+QRadioButton* View::option(OptionButton& control, QButtonGroup& group) {
+  auto* widget = new QRadioButton(this);
+  return tied(widget, bind(*widget, control, group));
+}
+
+std::vector<QRadioButton*> View::options(std::initializer_list<OptionButton*> controls) {
+  std::vector<QRadioButton*> widgets;
+  QButtonGroup* group = newGroup();
+  for (OptionButton* control : controls) widgets.push_back(option(*control, *group));
+  return widgets;
+}
+
+QCheckBox* View::check(CheckBox& control) {
+  auto* widget = new QCheckBox(this);
+  return tied(widget, bind(*widget, control));
+}
+
+QListWidget* View::list(ListBox& control, Choose choose) {
+  auto* widget = new QListWidget(this);
+  widget->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  widget->setUniformItemSizes(true);
+  return tied(widget, bind(*widget, control, choose));
+}
+
+QComboBox* View::dropDown(DropDown& control) {
+  auto* widget = new QComboBox(this);
+  return tied(widget, bind(*widget, control));
+}
+
+QComboBox* View::dropDown(EditableDropDown& control) {
+  auto* widget = new QComboBox(this);
+  return tied(widget, bind(*widget, control));
+}
+
+void View::name(QLabel* label, QWidget* box) {
+  box->setAccessibleName(label->text());
+  label->setBuddy(box);
+}
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,53 @@
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSvgWidget>
+#include <QVBoxLayout>
+
+#include "ui/MsgBox.h"
+#include "ui/frmAbt.h"
+#include "ui/qt/look.h"
+#include "ui/qt/views/views.h"
+
+/// The two boxes above the frame: the warning and About.
+
+namespace tallyfin::qt {
+
+namespace {
+
+class MsgBoxView : public View {
+ public:
+  explicit MsgBoxView(MsgBox& screen) : View(screen) {
+    look::setGround(*this, look::onDeep());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);
+    layout->setSpacing(look::group);
+    layout->addWidget(heading(screen.Title));
+    layout->addWidget(label(screen.Text));
+    QPushButton* ok = button(screen.OK);
+    ok->setDefault(true);
+    layout->addWidget(ok, 0, Qt::AlignRight);
+  }
+};
+
+class frmAbtView : public View {
+ public:
+  explicit frmAbtView(frmAbt& screen) : View(screen) {
+    look::setGround(*this, look::onDeep());
+    auto* picture = new QSvgWidget(QStringLiteral(":/pictures/about-box.svg"), this);
+    picture->setFixedSize(280, 120);
+    picture->setAccessibleName(QStringLiteral("Tallyfin 99"));
+    tied(picture, bindPicture(*picture, screen.imgAbout));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
+    layout->addWidget(picture);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(MsgBox& screen) { return std::make_unique<MsgBoxView>(screen); }
+
+std::unique_ptr<View> makeView(frmAbt& screen) { return std::make_unique<frmAbtView>(screen); }
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,55 @@
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "ui/frmName.h"
+#include "ui/qt/look.h"
+#include "ui/qt/views/views.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+class frmNameView : public View {
+ public:
+  explicit frmNameView(frmName& screen) : View(screen) {
+    look::setGround(*this, look::onDeep());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);
+    layout->setSpacing(look::tight);
+    layout->addWidget(heading(screen.lblPersInfo));
+    layout->addWidget(label(screen.lblPersInfo2));
+    layout->addSpacing(look::row);
+    const auto row = [&](Label& caption, TextBox& control) {
+      QLabel* title = label(caption);
+      QLineEdit* edit = box(control);
+      name(title, edit);
+      layout->addWidget(title);
+      layout->addWidget(edit);
+      layout->addSpacing(look::tight);
+    };
+    row(screen.lblName, screen.txtName);
+    row(screen.lblSSN, screen.txtSSN);
+    row(screen.lblHomeAddress, screen.txtAddress);
+    row(screen.lblCity, screen.txtCity);
+    for (QRadioButton* option : options(screen.optMaritalStatus)) layout->addWidget(option);
+    layout->addStretch(1);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(check(screen.chkShow));
+    foot->addStretch(1);
+    QPushButton* ok = button(screen.cmdExit);
+    ok->setMinimumWidth(80);
+    foot->addWidget(ok);
+    layout->addLayout(foot);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmName& screen) { return std::make_unique<frmNameView>(screen); }
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,9 @@
+#include "ui/frmPrint.h"
+#include "ui/qt/look.h"
+#include "ui/qt/views/views.h"
+
+namespace tallyfin::qt {
+
+std::unique_ptr<View> makeView(frmPrint& screen) { return std::make_unique<View>(screen); }
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,30 @@
+#include "ui/qt/views/views.h"
+
+#include "ui/screens.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+template <class... Screens>
+struct Makers {
+  static std::unique_ptr<View> make(Screen& screen) {
+    std::unique_ptr<View> view;
+    (tryOne<Screens>(screen, view), ...);
+    return view;
+  }
+
+ private:
+  template <class S>
+  static void tryOne(Screen& screen, std::unique_ptr<View>& view) {
+    if constexpr (!std::is_same_v<S, MDIOpen>) {  // the frame is a view of its own kind
+      if (auto* known = dynamic_cast<S*>(&screen)) view = makeView(*known);
+    }
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<View> viewOf(Screen& screen) { return AllScreens<Makers>::make(screen); }
+
+}  // namespace tallyfin::qt
