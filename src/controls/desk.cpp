@@ -43,6 +43,7 @@ Desk::Seat* Desk::seatOf(const Screen& screen) {
 Screen& Desk::load(std::unique_ptr<Screen> created) {
   Screen& screen = *created;
   seats_.push_back({std::move(created), true, false});
+  if (screen.shown_ && onShown) onShown(screen);  // the frame is shown before its Load
   screen.Load();
   if (Seat* seat = seatOf(screen)) seat->loading = false;
   activateFront();

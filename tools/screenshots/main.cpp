@@ -1,0 +1,76 @@
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QTextStream>
+#include <cstdio>
+#include <memory>
+
+#include "script/session.h"
+#include "ui/qt/desktop.h"
+#include "ui/qt/frame.h"
+#include "ui/qt/look.h"
+
+/// tallyfin99-screenshots FOLDER SHOTS-FILE: saves pictures of the screens. The file holds lines of the script protocol
+/// and two more: `fresh` begins with an empty store and no run, `shot NAME` saves what the frame shows as NAME.png, and
+/// a box above it as NAME-box.png.
+
+namespace {
+
+using namespace tallyfin;
+
+struct Stage {
+  MemoryStore store;
+  std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>();
+  script::Session session{store};
+};
+
+void save(const QWidget& widget, const QString& path) {
+  const QPixmap picture = const_cast<QWidget&>(widget).grab();
+  if (!picture.save(path)) std::fprintf(stderr, "%s can't be written\n", qPrintable(path));
+}
+
+void shoot(const Stage& stage, const QDir& folder, const QString& name) {
+  for (int i = 0; i < 5; ++i) QApplication::processEvents();
+  if (const qt::Frame* frame = stage.desktop->frame()) save(*frame, folder.filePath(name + ".png"));
+  for (const QWidget* widget : QApplication::topLevelWidgets()) {
+    if (qobject_cast<const QDialog*>(widget) != nullptr && widget->isVisible()) {
+      save(*widget, folder.filePath(name + "-box.png"));
+    }
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  qt::look::apply(application);
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (argc != 3) {
+    std::fprintf(stderr, "tallyfin99-screenshots FOLDER SHOTS-FILE\n");
+    return 2;
+  }
+  const QDir folder(QString::fromLocal8Bit(argv[1]));
+  folder.mkpath(".");
+  QFile shots(QString::fromLocal8Bit(argv[2]));
+  if (!shots.open(QIODevice::ReadOnly)) {
+    std::fprintf(stderr, "%s can't be read\n", argv[2]);
+    return 2;
+  }
+  auto stage = std::make_unique<Stage>();
+  QTextStream lines(&shots);
+  while (!lines.atEnd()) {
+    const QString line = lines.readLine().trimmed();
+    if (line == "fresh") {
+      stage.reset();
+      stage = std::make_unique<Stage>();
+    } else if (line.startsWith("shot ")) {
+      shoot(*stage, folder, line.mid(5));
+    } else if (const auto answer = stage->session.answer(line.toStdString()); answer && answer->front() == '!') {
+      std::fprintf(stderr, "%s: %s\n", qPrintable(line), answer->c_str());
+      return 1;
+    }
+    QApplication::processEvents();
+  }
+  return 0;
+}
