@@ -182,7 +182,7 @@ std::string Session::actOn(const std::string& address, Act act) {
   const auto target = find(address);
   if (!target) return unknownControl;
   if (dynamic_cast<const Kind*>(target->control) == nullptr) return unknownAction;
-  if (const std::string why = unreachable(*target); !why.empty()) return why;
+  if (std::string why = unreachable(*target); !why.empty()) return why;
   return refused(act(dynamic_cast<Kind&>(target->live(*target->screen()))));
 }
 
@@ -191,7 +191,7 @@ template <class OnScreen, class OnControl>
 std::string Session::clickOn(const std::string& address, OnScreen onScreen, OnControl onControl) {
   const auto target = find(address);
   if (!target || target->control != nullptr) return actOn<Clickable>(address, onControl);
-  if (const std::string why = unreachable(*target); !why.empty()) return why;
+  if (std::string why = unreachable(*target); !why.empty()) return why;
   return refused(onScreen(*target->screen()));
 }
 
@@ -247,7 +247,7 @@ std::string Session::focus(const Words& words) {
 std::string Session::close(const Words& words) {
   const auto target = find(words[0].text);
   if (!target || target->control != nullptr) return "! unknown screen";
-  if (const std::string why = unreachable(*target); !why.empty()) return why;
+  if (std::string why = unreachable(*target); !why.empty()) return why;
   return refused(desk.userClose(*target->screen()));
 }
 
@@ -259,7 +259,7 @@ std::string Session::resize(const Words& words) {
   const auto target = find(words[0].text);
   if (!target) return unknownControl;
   if (target->control != nullptr || target->design->place() != Place::frame) return unknownAction;
-  if (const std::string why = unreachable(*target); !why.empty()) return why;
+  if (std::string why = unreachable(*target); !why.empty()) return why;
   const WindowState wanted = state == "normal"      ? WindowState::normal
                              : state == "maximized" ? WindowState::maximized
                                                     : WindowState::minimized;

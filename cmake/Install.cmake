@@ -1,0 +1,34 @@
+# Where everything goes, and the Debian package.
+include(GNUInstallDirs)
+
+install(TARGETS tallyfin99-script RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+if(TALLYFIN_DESKTOP)
+  install(TARGETS tallyfin99 RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+install(FILES help/Tallyfin.hlp help/W4.hlp DESTINATION ${CMAKE_INSTALL_DATADIR}/tallyfin99/help)
+install(FILES packaging/tallyfin99.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/tallyfin99.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+  RENAME io.github.tallyfin.Tallyfin99.metainfo.xml)
+install(FILES src/ui/qt/pictures/tallyfin99.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES packaging/tallyfin99.1 packaging/tallyfin99-script.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99 RENAME copyright)
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME tallyfin99)
+set(CPACK_PACKAGE_VENDOR "The Tallyfin 99 authors")
+set(CPACK_PACKAGE_CONTACT "The Tallyfin 99 authors <tallyfin99@example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "works out United States paycheck withholding of 1999")
+set(CPACK_PACKAGE_DESCRIPTION
+  "Tallyfin 99 works out what is withheld from one United States paycheck in tax year 1999, and what remains: federal
+withholding by the percentage method, FICA, the withholding of forty states and the District of Columbia, a local tax and
+the net check. It brings the Form W-4 worksheets, a raise calculator, a worksheet for several checks, an analysis and a
+printed report.")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, fonts-dejavu-core")
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
+    WORLD_EXECUTE)
+include(CPack)
