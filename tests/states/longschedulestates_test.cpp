@@ -53,6 +53,13 @@ TEST_F(LongScheduleStates, GeorgiaDeductsTwiceWithADependent) {
   EXPECT_EQ(sheet.stateWage, dollars("-36.5"));  // 100 - 2 * 44.25 - 48
 }
 
+TEST_F(LongScheduleStates, GeorgiaTakesANegativeCountForDependents) {
+  payData.grossPay = 100;
+  payData.staDeps = -1;
+  Georgia();
+  EXPECT_EQ(sheet.stateWage, dollars("59.5"));  // 100 - 2 * 44.25 + 48
+}
+
 TEST_F(LongScheduleStates, GeorgiaGivesTheDoubleDeductionOfASeparateFilerBack) {
   payData.grossPay = 100;
   payData.staMarried = 6;

@@ -62,6 +62,16 @@ TEST_F(MissouriTest, RoundsBeforeTheAdditionalAmount) {
   EXPECT_EQ(payData.stateTax, dollars("2.25"));
 }
 
+TEST_F(MissouriTest, RoundsWithoutASixteenBitLimit) {
+  payData.maritalStat = 2;
+  payData.grossPay = 1000765;
+  Missouri();
+  EXPECT_EQ(payData.stateTax, 60027);  // 26.46 + 1,000,009 at 6 percent = 60,027.00
+  payData.grossPay = 1000756;
+  Missouri();
+  EXPECT_EQ(payData.stateTax, 60026);  // 60,026.46
+}
+
 TEST_F(MissouriTest, KeepsTheAnnualWageWithoutPayPeriods) {
   payData.payPeriods = 0;
   payData.grossPay = 5000;

@@ -81,6 +81,14 @@ TEST_F(OklahomaTest, LosesAllDeductionsFromTwelveDependentsOn) {
   EXPECT_EQ(sheet.stateWage, 22560);
 }
 
+TEST_F(OklahomaTest, RoundsWithoutASixteenBitLimit) {
+  payData.payPeriods = 1;
+  payData.grossPay = 1022560;
+  payData.staMarried = 3;
+  Oklahoma();
+  EXPECT_EQ(payData.stateTax, 65733);  // 732.54 + 1,000,000 at 6.5 percent
+}
+
 TEST_F(OklahomaTest, LetsTheLastTaxShrinkForAStatusOfAnotherState) {
   payData.payPeriods = 12;
   payData.grossPay = 2880;

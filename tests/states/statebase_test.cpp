@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <limits>
+
 #include "engine/statelist.h"
 #include "states/states.h"
 #include "support/paycheck.h"
@@ -129,6 +132,22 @@ TEST_F(StateSequence, WithoutAFrequencyTheTableIsSkipped) {
     expected = expected + 5;
     EXPECT_EQ(payData.stateTax, expected) << state;
   }
+}
+
+TEST_F(StateSequence, AStepThatOverflowsIsLostWhole) {
+  const Money most = Money::ofUnits(std::numeric_limits<std::int64_t>::max());
+  payData.payPeriods = 52;
+  payData.grossPay = most;
+  sheet.stateWage = 4000;
+  calculateFor(16);  // Kentucky: the year's wage doesn't fit, and the last one counts
+  EXPECT_EQ(sheet.stateWage, 4000);
+  EXPECT_EQ(payData.stateTax, dollars("1.7308"));  // 90 / 52
+
+  payData.grossPay = 1000;
+  payData.stateTax = 0;
+  payData.staAdd = most;
+  calculateFor(34);  // Pennsylvania: the addition doesn't fit, and the tax stands without it
+  EXPECT_EQ(payData.stateTax, 28);
 }
 
 TEST_F(StateSequence, WithoutPayPeriodsTheAnnualTaxStandsUndivided) {

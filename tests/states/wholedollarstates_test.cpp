@@ -151,6 +151,14 @@ TEST_F(WholeDollarStates, MinnesotaKeepsTheLastDeductionFromTwelveExemptionsOn) 
   EXPECT_EQ(sheet.stateWage, 39877);
 }
 
+TEST_F(WholeDollarStates, MinnesotaRoundsWithoutASixteenBitLimit) {
+  payData.payPeriods = 1;
+  payData.grossPay = 504650;
+  payData.staAdd = dollars("0.4");
+  Minnesota();
+  EXPECT_EQ(payData.stateTax, 41512);  // 7,512 + 400,000 at 8.5 percent
+}
+
 TEST_F(WholeDollarStates, MississippiUsesTheAdditionalAmountTwice) {
   payData.payPeriods = 1;
   payData.grossPay = 12400;
