@@ -2,7 +2,7 @@
 
 #include "engine/bands.h"
 
-/// Connecticut, tax year 1999: dollars a year, by rate letter.
+/// Connecticut, tax year 1999: dollars a year, by rate letter. Rate A alone is reached.
 
 namespace tallyfin::connecticut {
 

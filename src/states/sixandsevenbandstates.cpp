@@ -45,8 +45,8 @@ namespace utah {
 constexpr PerFrequency<PerHead> perExemption{38, 83, 76, 166};
 }
 
-/// Utah, 1999. Married Claiming Single has no table. The tax is rounded to whole dollars
-/// before `staAdd`. `stateDepsDed`: dollars a pay period.
+/// Utah, 1999. Married Claiming Single has no table. The tax is rounded to whole dollars before `staAdd`.
+/// `stateDepsDed`: dollars a pay period.
 void Utah() {
   Worksheet& work = worksheet();
   parseExemptions();

@@ -28,6 +28,7 @@ inline constexpr Band marriedTwiceAMonth[] = {
     {atMost, 11983, 6792, 0.095, 446.44},
     {above, 11983, 11983, 0.105, 941.73},
 };
+// The bound is 6,269 where the federal table of the year has 6,296.
 inline constexpr Band marriedEveryTwoWeeks[] = {
     {atMost, 248, 0, 0},
     {atMost, 1827, 248, 0.04},

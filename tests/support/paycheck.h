@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <ostream>
 #include <string>
 
 #include "engine/numbertext.h"
@@ -55,5 +56,9 @@ class PaycheckTest : public testing::Test {
 
 /// The amount of a text, for figures with cents: dollars("71.1028").
 inline Money dollars(std::string_view text) { return toMoney(text); }
+
+/// How a failed expectation shows them.
+inline void PrintTo(Money amount, std::ostream* out) { *out << toText(amount); }
+inline void PrintTo(Int16 number, std::ostream* out) { *out << number.value(); }
 
 }  // namespace tallyfin

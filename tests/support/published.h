@@ -1,0 +1,124 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+/// The published tables of 1999 as test data, and the arithmetic to hold a routine against them: an own one, that
+/// knows nothing of the program's.
+
+namespace tallyfin::published {
+
+/// Ten-thousandths of a dollar.
+using Units = long long;
+
+inline Units units(const std::string& figure) {
+  return figure.empty() ? 0 : std::llround(std::stold(figure) * 10000.0L);
+}
+inline Units units(int dollars) { return dollars * 10000LL; }
+inline double real(Units amount) { return static_cast<double>(amount) / 10000; }
+
+/// A real figure in dollars to the nearest ten-thousandth, a half to the even one.
+inline Units rounded(double dollars) { return std::llrint(dollars * 10000); }
+
+/// Whole dollars, a half to the even one.
+inline Units wholeDollars(Units amount) {
+  const Units down = amount >= 0 ? amount / 10000 : -((-amount + 9999) / 10000);
+  const Units rest = amount - down * 10000;
+  const bool up = rest > 5000 || (rest == 5000 && down % 2 != 0);
+  return (down + (up ? 1 : 0)) * 10000;
+}
+
+struct Row {
+  std::string test;
+  Units bound;
+  Units lower;
+  double rate;
+  double plus;
+  double extra;
+
+  bool holds(Units x) const {
+    return test == "<=" ? x <= bound : test == "<" ? x < bound : test == ">" ? x > bound : x >= bound;
+  }
+};
+
+struct Table {
+  std::string routine;
+  std::string selection;
+  int frequency;  ///< -1 where the table is annual.
+  std::vector<Row> rows;
+
+  const Row* rowOf(Units x) const {
+    for (const Row& row : rows) {
+      if (row.holds(x)) return &row;
+    }
+    return nullptr;
+  }
+
+  /// The tax on x; none in a gap.
+  std::optional<Units> tax(Units x, int exemptions = 0) const {
+    const Row* row = rowOf(x);
+    if (!row) return std::nullopt;
+    return rounded(real(x - row->lower) * row->rate + row->plus - row->extra * exemptions);
+  }
+
+  /// Each bound, a cent below and a cent above, a wage below zero and one far above.
+  std::vector<Units> probes() const {
+    std::vector<Units> wages{units(-50), rows.back().bound + 123456700};
+    for (const Row& row : rows) wages.insert(wages.end(), {row.bound - 100, row.bound, row.bound + 100});
+    return wages;
+  }
+};
+
+inline std::vector<std::vector<std::string>> cellsOf(const std::string& file) {
+  std::ifstream in(std::string(TALLYFIN_TEST_DATA) + "/" + file);
+  EXPECT_TRUE(in) << file;
+  std::vector<std::vector<std::string>> lines;
+  bool heading = true;
+  for (std::string line; std::getline(in, line);) {
+    if (line.starts_with("#")) continue;
+    std::vector<std::string> cells;
+    std::istringstream text(line);
+    for (std::string cell; std::getline(text, cell, '\t');) cells.push_back(cell);
+    if (!heading) lines.push_back(cells);
+    heading = false;
+  }
+  return lines;
+}
+
+inline std::vector<Table> tables() {
+  std::vector<Table> all;
+  for (auto cells : cellsOf("bands.tsv")) {
+    cells.resize(10);
+    const auto number = [&](std::size_t column) { return cells[column].empty() ? 0 : std::stod(cells[column]); };
+    const int frequency = cells[2] == "-" ? -1 : std::stoi(cells[2]);
+    if (cells[3] == "1") all.push_back({cells[0], cells[1], frequency, {}});
+    all.back().rows.push_back({cells[4], units(cells[5]), units(cells[6]), number(7), number(8), number(9)});
+  }
+  return all;
+}
+
+/// The tables of a routine.
+inline std::vector<Table> tablesOf(const std::string& routine) {
+  std::vector<Table> own;
+  for (const Table& table : tables()) {
+    if (table.routine == routine) own.push_back(table);
+  }
+  return own;
+}
+
+/// The figures of an amount in the order of `frequency`.
+inline std::vector<std::string> amounts(const std::string& routine, const std::string& amount) {
+  for (const auto& cells : cellsOf("amounts.tsv")) {
+    if (cells[0] == routine && cells[1] == amount) return {cells.begin() + 2, cells.end()};
+  }
+  ADD_FAILURE() << routine << " has no " << amount;
+  return {"0", "0", "0", "0"};
+}
+
+}  // namespace tallyfin::published
