@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include "states/states.h"
 
 /// The year's wage through one band table, less an annual credit, divided back by the pay periods. Four decimals stay.
@@ -53,7 +51,7 @@ void Alabama() {
   Int16 dependentDeduction;
   StateBase();
   step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] { payData.staExmp = std::llrint(toReal(work.stateWage) * 0.2); });
+  step([&] { payData.staExmp = integerRounded(toReal(work.stateWage) * 0.2); });
   step([&] {
     if (!option) return;
     if (payData.staExmp > option->cap) payData.staExmp = option->cap;
