@@ -56,4 +56,21 @@ std::string getSetting(std::string_view application, std::string_view section, s
 /// Writes at once.
 void saveSetting(std::string_view application, std::string_view section, std::string_view key, const std::string& text);
 
+/// One section of the program's own settings.
+class SettingsSection {
+ public:
+  constexpr explicit SettingsSection(std::string_view name) : name_(name) {}
+
+  std::string get(std::string_view key, std::string_view defaultText) const {
+    return getSetting(applicationKey, name_, key, defaultText);
+  }
+  void save(std::string_view key, const std::string& text) const { saveSetting(applicationKey, name_, key, text); }
+
+ private:
+  std::string_view name_;
+};
+inline constexpr SettingsSection lastEntries{section::settings};
+inline constexpr SettingsSection stateInfo{section::stateInfo};
+inline constexpr SettingsSection user{section::user};
+
 }  // namespace tallyfin

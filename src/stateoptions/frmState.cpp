@@ -25,12 +25,6 @@ constexpr std::array connecticutRates{
     "a significant nonwage income, and wish to avoid having too little tax withheld; or You are a nonresident and you "
     "have substantial other income."};
 
-std::string setting(std::string_view key, std::string_view defaultText) {
-  return getSetting(applicationKey, section::stateInfo, key, defaultText);
-}
-
-void save(std::string_view key, const std::string& text) { saveSetting(applicationKey, section::stateInfo, key, text); }
-
 }  // namespace
 
 frmState::frmState() : Screen(screenName, "State Options") {
@@ -77,14 +71,14 @@ void frmState::Load() {
   cboSpecialDeps.setText("0");  // the saved value, not the state's default, is what counts
   sta401 = "N";
   staPreTax = "N";
-  cboDeps[0].setText(setting("staDeps", "0"));
-  cboDeps[1].setText(setting("IllDeps", "0"));
-  cboSpecialDeps.setText(setting("staExmp", "0"));
-  mskAdditional.setText(setting("staAdd", "0"));
-  step([&] { payData.staMarried = toInt16(setting("staMarried", "0")); });
-  step([&] { staRate = toInt16(setting("staRate", "0")); });
-  sta401 = setting("sta401", "N");
-  staPreTax = setting("staPreTax", "N");
+  cboDeps[0].setText(stateInfo.get("staDeps", "0"));
+  cboDeps[1].setText(stateInfo.get("IllDeps", "0"));
+  cboSpecialDeps.setText(stateInfo.get("staExmp", "0"));
+  mskAdditional.setText(stateInfo.get("staAdd", "0"));
+  step([&] { payData.staMarried = toInt16(stateInfo.get("staMarried", "0")); });
+  step([&] { staRate = toInt16(stateInfo.get("staRate", "0")); });
+  sta401 = stateInfo.get("sta401", "N");
+  staPreTax = stateInfo.get("staPreTax", "N");
   chkExemp[0].setValue(sta401 != "N");
   chkExemp[1].setValue(staPreTax != "N");
   if (payData.staMarried >= 0 && payData.staMarried <= 9) op3Marital[payData.staMarried.value()].select();
@@ -103,16 +97,16 @@ void frmState::Unload() {
   step([&] { payData.illDeps = toInt16(cboDeps[1].text()); });
   step([&] { payData.staExmp = toInt16(cboSpecialDeps.text()); });
   step([&] { payData.staAdd = toMoney(mskAdditional.text()); });
-  save("staDeps", toText(payData.staDeps));
-  save("IllDeps", toText(payData.illDeps));
-  save("staExmp", toText(payData.staExmp));
-  save("staAdd", toText(payData.staAdd));
-  save("staMarried", toText(payData.staMarried));
-  save("staRate", toText(staRate));
-  save("staMethod", std::to_string(cboSpecialDeps.index()));  // nothing reads it
+  stateInfo.save("staDeps", toText(payData.staDeps));
+  stateInfo.save("IllDeps", toText(payData.illDeps));
+  stateInfo.save("staExmp", toText(payData.staExmp));
+  stateInfo.save("staAdd", toText(payData.staAdd));
+  stateInfo.save("staMarried", toText(payData.staMarried));
+  stateInfo.save("staRate", toText(staRate));
+  stateInfo.save("staMethod", std::to_string(cboSpecialDeps.index()));  // nothing reads it
   step([&] { desk.use<frmMain>().cboState.setIndex(cboState.index()); });
-  save("sta401", sta401);
-  save("staPreTax", staPreTax);
+  stateInfo.save("sta401", sta401);
+  stateInfo.save("staPreTax", staPreTax);
 }
 
 void frmState::cboState_Click() {
@@ -157,7 +151,7 @@ void frmState::cboSpecialDeps_Click() {
     step([&] { payData.mMethod = toInt16(cboSpecialDeps.text()); });
   } else if (cboState.index() == state::michigan) {
     payData.mMethod = cboSpecialDeps.index();
-    save("MMethod", toText(payData.mMethod));
+    stateInfo.save("MMethod", toText(payData.mMethod));
   }
 }
 

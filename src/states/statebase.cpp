@@ -6,7 +6,7 @@ namespace tallyfin {
 
 namespace {
 
-bool chosen(std::string_view key) { return getSetting(applicationKey, section::stateInfo, key, "N") == "Y"; }
+bool chosen(std::string_view key) { return stateInfo.get(key, "N") == "Y"; }
 
 }  // namespace
 

@@ -58,7 +58,7 @@ void MDIOpen::start() {
 }
 
 void MDIOpen::Load() {
-  step([] { payData.dontShow = toInt16(getSetting(applicationKey, section::user, "DontShow", "0")); });
+  step([] { payData.dontShow = toInt16(user.get("DontShow", "0")); });
   title = "Tallyfin 99";
   if (payData.dontShow == 0) desk.openInstead<frmName>();
   if (payData.dontShow == 1) desk.openInstead<frmMain>();

@@ -33,12 +33,6 @@ constexpr std::array sponsorRows{"Accounts Desk,555-0110",
                                  "12 Harbor Street",
                                  "Port Ellery"};
 
-std::string setting(std::string_view key, std::string_view defaultText = "0") {
-  return getSetting(applicationKey, section::settings, key, defaultText);
-}
-
-void save(std::string_view key, const std::string& text) { saveSetting(applicationKey, section::settings, key, text); }
-
 }  // namespace
 
 frmMain::frmMain() : Screen(screenName, "Calculations") {
@@ -74,20 +68,20 @@ frmMain::frmMain() : Screen(screenName, "Calculations") {
 }
 
 void frmMain::Load() {
-  txtIncome.setText(setting("IncAmt"));
-  txt401k.setText(setting("401k"));
-  txtPreTax.setText(setting("NotTax"));
-  txtPreFICA.setText(setting("SSExmp"));
-  txtHours.setText(setting("Hours", "80"));
-  step([&] { cboState.setIndex(toInt16(setting("State")).value()); });  // may open the state options
-  step([&] { cboExemptions.setIndex(toInt16(setting("Deps")).value()); });
-  step([&] { payData.frequency = toInt16(setting("Frequency", std::to_string(lstFrequency.index()))); });
-  step([&] { payData.maritalStat = toInt16(setting("MaritalStat")); });
+  txtIncome.setText(lastEntries.get("IncAmt", "0"));
+  txt401k.setText(lastEntries.get("401k", "0"));
+  txtPreTax.setText(lastEntries.get("NotTax", "0"));
+  txtPreFICA.setText(lastEntries.get("SSExmp", "0"));
+  txtHours.setText(lastEntries.get("Hours", "80"));
+  step([&] { cboState.setIndex(toInt16(lastEntries.get("State", "0")).value()); });  // may open the state options
+  step([&] { cboExemptions.setIndex(toInt16(lastEntries.get("Deps", "0")).value()); });
+  step([&] { payData.frequency = toInt16(lastEntries.get("Frequency", std::to_string(lstFrequency.index()))); });
+  step([&] { payData.maritalStat = toInt16(lastEntries.get("MaritalStat", "0")); });
   // As stored, not normalised: a rate typed as 2 is 200 percent from here on.
-  step([&] { payData.localRate = realOf(setting("Local")); });
+  step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
   desk.use<frmMisc>().txtTaxPerCnt.setText(toText(payData.localRate));
-  step([&] { payData.mMethod = toInt16(getSetting(applicationKey, section::stateInfo, "MMethod", "0")); });
-  step([&] { chkSelfEmployed.setValue(toInt16(setting("Self")) != 0); });
+  step([&] { payData.mMethod = toInt16(stateInfo.get("MMethod", "0")); });
+  step([&] { chkSelfEmployed.setValue(toInt16(lastEntries.get("Self", "0")) != 0); });
   step([&] { exemptions = toInt16(cboExemptions.text()); });
   // Selecting runs the click, which replaces the hours by those of the frequency. There is no entry -1 to select.
   step([&] {
@@ -106,7 +100,7 @@ void frmMain::showFigure(int label, const std::string& text) {
 void frmMain::lstFrequency_Click() {
   payData.frequency = lstFrequency.index();
   txtHours.setText(fullTimeHours.at(static_cast<std::size_t>(lstFrequency.index())));
-  save("Frequency", toText(payData.frequency));
+  lastEntries.save("Frequency", toText(payData.frequency));
 }
 
 void frmMain::optStatus_Click(int index) {
@@ -115,7 +109,7 @@ void frmMain::optStatus_Click(int index) {
   payData.maritalStat = index == 2 && !twoIncomes ? 1 : index;
 }
 
-void frmMain::chkSelfEmployed_Click() { save("Self", chkSelfEmployed.value() ? "-1" : "0"); }
+void frmMain::chkSelfEmployed_Click() { lastEntries.save("Self", chkSelfEmployed.value() ? "-1" : "0"); }
 
 void frmMain::cboState_Click() {
   if (!opensStateOptions(cboState.index())) return;
@@ -154,16 +148,16 @@ void frmMain::calculateCommand() {
 }
 
 void frmMain::saveEntries() {
-  save("IncAmt", toText(payData.grossPay));
-  save("401k", toText(payData.rate401k));  // the fraction: a typed 6 comes back as 0.06
-  save("NotTax", toText(payData.preTax));
-  save("SSExmp", toText(payData.preFica));
-  save("Hours", txtHours.text());
-  save("State", std::to_string(cboState.index()));
-  save("Deps", std::to_string(cboExemptions.index()));
-  save("Frequency", toText(payData.frequency));
-  save("MaritalStat", toText(payData.maritalStat));
-  save("LocalAmt", toText(payData.localTax));
+  lastEntries.save("IncAmt", toText(payData.grossPay));
+  lastEntries.save("401k", toText(payData.rate401k));  // the fraction: a typed 6 comes back as 0.06
+  lastEntries.save("NotTax", toText(payData.preTax));
+  lastEntries.save("SSExmp", toText(payData.preFica));
+  lastEntries.save("Hours", txtHours.text());
+  lastEntries.save("State", std::to_string(cboState.index()));
+  lastEntries.save("Deps", std::to_string(cboExemptions.index()));
+  lastEntries.save("Frequency", toText(payData.frequency));
+  lastEntries.save("MaritalStat", toText(payData.maritalStat));
+  lastEntries.save("LocalAmt", toText(payData.localTax));
 }
 
 void frmMain::printCommand() {

@@ -38,8 +38,7 @@ frmPrint::frmPrint() : Screen(screenName, "Print Preview") {
 void frmPrint::buildReport() {
   if (!vsPrinter1.startDocument()) return surroundings.beeper->beep();
   surroundings.pointer->setBusy(true);
-  vsPrinter1.setHeader(" Prepared for " + getSetting(applicationKey, section::user, "UName", "-") + " on " +
-                       longDate(surroundings.clock->now()));
+  vsPrinter1.setHeader(" Prepared for " + user.get("UName", "-") + " on " + longDate(surroundings.clock->now()));
   vsPrinter1.setFont(12, false, false);
   vsPrinter1.addTable(reportTable());
   vsPrinter1.endDocument();

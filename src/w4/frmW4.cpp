@@ -13,10 +13,6 @@ namespace tallyfin {
 
 namespace {
 
-std::string userSetting(std::string_view key, std::string_view defaultText = "-") {
-  return getSetting(applicationKey, section::user, key, defaultText);
-}
-
 /// Selects or clears a button as a stored text says: `true` or any number but 0, `false` or 0. Anything else leaves it.
 void setAs(OptionButton& button, std::string text) {
   std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -41,14 +37,14 @@ frmW4::frmW4() : Screen(screenName, "Form W-4") {
 }
 
 void frmW4::Load() {
-  txtName.setText(userSetting("UName"));
-  txtAddress.setText(userSetting("UAdd"));
-  txtCity.setText(userSetting("UCity"));
-  txtSSN.setText(userSetting("USSN"));
+  txtName.setText(user.get("UName", "-"));
+  txtAddress.setText(user.get("UAdd", "-"));
+  txtCity.setText(user.get("UCity", "-"));
+  txtSSN.setText(user.get("USSN", "-"));
   lblDate.setCaption(dateAndTime(surroundings.clock->now()));
   // The program itself never writes these two keys.
-  setAs(optSingle, userSetting("Marital1", "0"));
-  setAs(optMarried, userSetting("Marital0", "0"));
+  setAs(optSingle, user.get("Marital1", "0"));
+  setAs(optMarried, user.get("Marital0", "0"));
   lblW4Line5.setCaption(toText(payData.w4Allowances));
 }
 

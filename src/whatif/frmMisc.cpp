@@ -16,10 +16,6 @@ namespace {
 constexpr int pageLeft = 728;
 constexpr int pageTop = 135;
 
-std::string setting(std::string_view key) { return getSetting(applicationKey, section::settings, key, "0"); }
-
-void save(std::string_view key, const std::string& text) { saveSetting(applicationKey, section::settings, key, text); }
-
 }  // namespace
 
 frmMisc::frmMisc() : Screen(screenName, "Local Tax and Raise") {
@@ -53,9 +49,9 @@ void frmMisc::Load() {
   });
   if (pnlContainerMisc[0].left > 1) {
     // As stored, not normalised, also when the Raise page was asked for.
-    step([&] { payData.localRate = realOf(setting("Local")); });
-    step([&] { payData.applyTo = toInt16(setting("ApplyTo")); });
-    step([&] { lstGrossPay.setIndex(toInt16(setting("ApplyToDisp")).value()); });
+    step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
+    step([&] { payData.applyTo = toInt16(lastEntries.get("ApplyTo", "0")); });
+    step([&] { lstGrossPay.setIndex(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
   }
 }
 
@@ -83,14 +79,14 @@ void frmMisc::showRaisePage() {
 
 void frmMisc::lstGrossPay_Click() {
   payData.applyTo = lstGrossPay.index() + 1;
-  save("ApplyTo", toText(payData.applyTo));
-  save("ApplyToDisp", std::to_string(lstGrossPay.index()));
+  lastEntries.save("ApplyTo", toText(payData.applyTo));
+  lastEntries.save("ApplyToDisp", std::to_string(lstGrossPay.index()));
 }
 
 void frmMisc::takeLocalTax() {
   step([&] { payData.localRate = txtTaxPerCnt.text().empty() ? 0 : realOf(txtTaxPerCnt.text()); });
   payData.localRate = normalisedRate(payData.localRate);
-  save("Local", txtTaxPerCnt.text());  // as typed
+  lastEntries.save("Local", txtTaxPerCnt.text());  // as typed
   desk.close(*this);
 }
 
