@@ -50,7 +50,7 @@ class ProgramTest : public testing::Test {
   }
   ~ProgramTest() override {
     desk.end();
-    surroundings = before;
+    surroundings = realMachine;
   }
 
   /// Starts the program; it opens the main screen.
@@ -90,7 +90,7 @@ class ProgramTest : public testing::Test {
   MachineStandIn machine;
 
  private:
-  const Surroundings before = surroundings;
+  const Surroundings realMachine = surroundings;
 };
 
 }  // namespace tallyfin
