@@ -5,7 +5,6 @@
 namespace tallyfin {
 namespace {
 
-
 /// Two weeks of 80 hours at ten dollars, just calculated.
 class RaiseCalculator : public ProgramTest {
  protected:
