@@ -1,0 +1,120 @@
+#include "controls/output.h"
+
+#include <gmock/gmock.h>
+
+#include "controls/dates.h"
+#include "controls/screen.h"
+#include "controls/surroundings.h"
+
+namespace tallyfin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class GridTest : public testing::Test {
+ protected:
+  Screen screen{"Page", ""};
+  Grid grid{screen, "grid"};
+};
+
+TEST_F(GridTest, SplitsARowAtTheSeparatorOutsideTheDelimiters) {
+  grid.setFieldDelimiter('!');
+  grid.setFieldSeparator(',');
+  grid.addRow("!Gross Pay!,1234.5");
+  grid.addRow("!One, two!,5");
+  EXPECT_THAT(grid.rows(), ElementsAre("!Gross Pay!,1234.5", "!One, two!,5"));
+  EXPECT_THAT(grid.cells(), ElementsAre(ElementsAre("Gross Pay", "$1,234.50"), ElementsAre("One, two", "$5.00")));
+}
+
+TEST_F(GridTest, ShowsAValueThatIsNoNumberAsItIs) {
+  grid.addRow("Support,555-0147");
+  EXPECT_THAT(grid.cells(), ElementsAre(ElementsAre("Support", "555-0147")));
+}
+
+TEST_F(GridTest, AlwaysHasTwoCells) {
+  grid.addRow("");
+  grid.addRow("Main Office");
+  grid.addRow("a,1,b");
+  EXPECT_THAT(grid.cells(),
+              ElementsAre(ElementsAre("", ""), ElementsAre("Main Office", ""), ElementsAre("a", "$1.00")));
+}
+
+TEST_F(GridTest, LosesAllRowsAtOnce) {
+  grid.addRow("a,1");
+  grid.removeAll();
+  EXPECT_THAT(grid.rows(), IsEmpty());
+  EXPECT_THAT(grid.cells(), IsEmpty());
+}
+
+/// A printer that can be out of order.
+struct MoodyPrinter : Printer {
+  bool startDocument() override { return works; }
+  bool works = true;
+};
+
+class PrintEngineTest : public testing::Test {
+ protected:
+  PrintEngineTest() { surroundings.printer = &printer; }
+  ~PrintEngineTest() override { surroundings = before; }
+
+  const Surroundings before = surroundings;
+  MoodyPrinter printer;
+  Screen screen{"Page", ""};
+  PrintEngine engine{screen, "engine"};
+};
+
+TEST_F(PrintEngineTest, LaysOutATableThatComesAsOneText) {
+  ASSERT_TRUE(engine.startDocument());
+  engine.addTable("<3000|>1500;Category|Amount;  Gross Pay|$5.00;|;Alone|;");
+  engine.endDocument();
+  ASSERT_EQ(engine.columns().size(), 2U);
+  EXPECT_FALSE(engine.columns()[0].rightAligned);
+  EXPECT_EQ(engine.columns()[0].width, 3000);
+  EXPECT_TRUE(engine.columns()[1].rightAligned);
+  EXPECT_EQ(engine.columns()[1].width, 1500);
+  EXPECT_THAT(engine.cells(), ElementsAre(ElementsAre("Category", "Amount"), ElementsAre("  Gross Pay", "$5.00"),
+                                          ElementsAre("", ""), ElementsAre("Alone", "")));
+  EXPECT_EQ(engine.pages(), 1);
+}
+
+TEST_F(PrintEngineTest, StartsEachDocumentEmpty) {
+  for (int document = 0; document < 2; ++document) {
+    ASSERT_TRUE(engine.startDocument());
+    engine.addTable("<3000|>1500;Category|Amount;");
+    engine.endDocument();
+  }
+  EXPECT_EQ(engine.columns().size(), 2U);
+  EXPECT_EQ(engine.cells().size(), 1U);
+  EXPECT_EQ(engine.pages(), 1);
+}
+
+TEST_F(PrintEngineTest, KeepsTheOldDocumentWhereNoneCanBeStarted) {
+  ASSERT_TRUE(engine.startDocument());
+  engine.addTable("<3000|>1500;Category|Amount;");
+  printer.works = false;
+  EXPECT_FALSE(engine.startDocument());
+  EXPECT_EQ(engine.cells().size(), 1U);
+}
+
+LocalTime at(int year, unsigned month, unsigned day, int hour, int minute, int second) {
+  using namespace std::chrono;
+  return local_days{year_month_day{std::chrono::year{year}, std::chrono::month{month}, std::chrono::day{day}}} +
+         hours{hour} + minutes{minute} + seconds{second};
+}
+
+TEST(Dates, ReadAsOnAnAmericanForm) {
+  EXPECT_EQ(dateAndTime(at(1999, 5, 17, 14, 30, 0)), "5/17/1999 2:30:00 PM");
+  EXPECT_EQ(dateAndTime(at(1999, 12, 1, 0, 0, 5)), "12/1/1999 12:00:05 AM");
+  EXPECT_EQ(dateAndTime(at(2000, 2, 29, 12, 5, 9)), "2/29/2000 12:05:09 PM");
+  EXPECT_EQ(dateAndTime(at(1999, 1, 31, 11, 59, 59)), "1/31/1999 11:59:59 AM");
+}
+
+TEST(Dates, AreWrittenOutWithTheDayInTwoDigits) {
+  EXPECT_EQ(longDate(at(1999, 5, 17, 14, 30, 0)), "Monday, May 17, 1999");
+  EXPECT_EQ(longDate(at(1999, 5, 1, 0, 0, 0)), "Saturday, May 01, 1999");
+  EXPECT_EQ(longDate(at(2000, 2, 29, 23, 59, 59)), "Tuesday, February 29, 2000");
+}
+
+}  // namespace
+}  // namespace tallyfin
