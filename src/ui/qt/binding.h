@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPalette>
 #include <QWidget>
 #include <functional>
 #include <vector>
@@ -48,6 +49,8 @@ class Binding : public QObject {
   void refresh();
   /// What refresh does beyond enabling, hiding and colouring.
   std::function<void()> show;
+  /// The view's own colours of the widget; those of the control go over them.
+  QPalette colours;
 
   /// Runs an act of the user, unless the control is gone or the widget is only being refreshed.
   template <class Act>
