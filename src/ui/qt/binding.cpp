@@ -58,10 +58,20 @@ void Binding::refresh() {
   if (control_ == nullptr || refreshing_) return;
   refreshing_ = true;
   widget_.setEnabled(control_->enabled);
-  widget_.setVisible(control_->visible);
+  if (control_->visible && (!shown || shown())) {
+    widget_.setVisible(true);
+  } else {
+    hideQuietly(widget_);
+  }
   applyColours();
   if (show) show();
   refreshing_ = false;
+}
+
+void hideQuietly(QWidget& widget) {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && (focused == &widget || widget.isAncestorOf(focused))) focused->clearFocus();
+  widget.hide();
 }
 
 void Binding::applyColours() {

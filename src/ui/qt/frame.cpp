@@ -1,9 +1,11 @@
 #include "ui/qt/frame.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollArea>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -91,7 +93,9 @@ void Document::place(const QSize& area) {
     setGeometry(QRect(QPoint(0, 0), area));
     return;
   }
-  const QSize wanted = view_.sizeHint() + QSize(2, titleHeight + 2);
+  QSize wanted = view_.sizeHint().expandedTo(view_.minimumSize()).boundedTo(view_.maximumSize());
+  if (view_.hasHeightForWidth()) wanted.setHeight(view_.heightForWidth(wanted.width()));
+  wanted += QSize(2, titleHeight + 2);
   QRect place(QPoint(0, 0), wanted.boundedTo(area));
   place.moveCenter(QRect(QPoint(0, 0), area).center());
   setGeometry(place);
@@ -100,7 +104,7 @@ void Document::place(const QSize& area) {
 void Document::setActive(bool active) {
   QPalette ground = look::onDeep();
   ground.setColor(QPalette::Window, active ? look::deepLighter : look::deep);
-  if (!active) ground.setColor(QPalette::WindowText, look::deepLine);
+  if (!active) ground.setColor(QPalette::WindowText, ground.color(QPalette::Disabled, QPalette::WindowText));
   strip_->setPalette(ground);
 }
 
@@ -275,6 +279,7 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   layout->addWidget(listBar(screen));
   layout->addWidget(area_, 1);
   openGroup(1);
+  move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
 
 QWidget* Frame::listBar(MDIOpen& screen) {

@@ -15,8 +15,8 @@ namespace {
 
 QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& button, const QColor& buttonText) {
   QPalette palette(button, ground);  // edges and shadows come from these, not from the desktop's theme
-  const QColor faded = QColor::fromRgb((text.red() + 2 * ground.red()) / 3, (text.green() + 2 * ground.green()) / 3,
-                                       (text.blue() + 2 * ground.blue()) / 3);
+  const QColor faded = QColor::fromRgb((text.red() + ground.red()) / 2, (text.green() + ground.green()) / 2,
+                                       (text.blue() + ground.blue()) / 2);
   palette.setColor(QPalette::Window, ground);
   palette.setColor(QPalette::WindowText, text);
   palette.setColor(QPalette::Base, light);
@@ -70,6 +70,8 @@ QPalette choicesOnDeep() {
     palette.setColor(QPalette::Active, role, lightYellow);
     palette.setColor(QPalette::Inactive, role, lightYellow);
   }
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(122, 146, 152));
+  palette.setColor(QPalette::Disabled, QPalette::Text, deep);
   return palette;
 }
 
@@ -89,6 +91,15 @@ QPalette lightFace() {
 void setGround(QWidget& widget, const QPalette& palette) {
   widget.setPalette(palette);
   widget.setAutoFillBackground(true);
+}
+
+QWidget* rule(const QColor& colour, QWidget* parent) {
+  auto* line = new QWidget(parent);
+  line->setFixedHeight(1);
+  QPalette palette;
+  palette.setColor(QPalette::Window, colour);
+  setGround(*line, palette);
+  return line;
 }
 
 QFont heading() {

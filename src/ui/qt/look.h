@@ -48,6 +48,9 @@ QPalette lightFace();
 /// Gives a widget its palette and paints its ground.
 void setGround(QWidget& widget, const QPalette& palette);
 
+/// A hairline across its place.
+QWidget* rule(const QColor& colour, QWidget* parent);
+
 /// The heading font: the program's own, bold, 10 points.
 QFont heading();
 /// A font with digits of one width: the program's own where it has them.
