@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
@@ -12,8 +13,8 @@
 #include "ui/qt/look.h"
 
 /// tallyfin99-screenshots FOLDER SHOTS-FILE: saves pictures of the screens. The file holds lines of the script protocol
-/// and two more: `fresh` begins with an empty store and no run, `shot NAME` saves what the frame shows as NAME.png, and
-/// a box above it as NAME-box.png.
+/// and three more: `fresh` begins with an empty store and no run, `group NAME` opens a group of the list bar, `shot
+/// NAME` saves what the frame shows as NAME.png, and a box above it as NAME-box.png.
 
 namespace {
 
@@ -64,6 +65,9 @@ int main(int argc, char** argv) {
     if (line == "fresh") {
       stage.reset();
       stage = std::make_unique<Stage>();
+    } else if (line.startsWith("group ")) {
+      auto* header = stage->desktop->frame()->findChild<QAbstractButton*>(line);
+      if (header != nullptr) header->click();
     } else if (line.startsWith("shot ")) {
       shoot(*stage, folder, line.mid(5));
     } else if (const auto answer = stage->session.answer(line.toStdString()); answer && answer->front() == '!') {

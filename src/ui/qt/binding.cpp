@@ -58,14 +58,24 @@ void Binding::refresh() {
   if (control_ == nullptr || refreshing_) return;
   refreshing_ = true;
   widget_.setEnabled(control_->enabled);
-  widget_.setVisible(control_->visible);
+  if (control_->visible && (!shown || shown())) {
+    widget_.setVisible(true);
+  } else {
+    hideQuietly(widget_);
+  }
   applyColours();
   if (show) show();
   refreshing_ = false;
 }
 
+void hideQuietly(QWidget& widget) {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && (focused == &widget || widget.isAncestorOf(focused))) focused->clearFocus();
+  widget.hide();
+}
+
 void Binding::applyColours() {
-  QPalette palette;
+  QPalette palette = colours;
   if (const OwnColour& fore = control_->foreColour) {
     for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
       palette.setColor(QPalette::Active, role, look::colour(*fore));
@@ -103,18 +113,23 @@ Binding& bindPlain(QWidget& widget, Control& control) {
 
 namespace {
 
-/// Turns the mouse's clicks on a widget that has none of its own into acts.
+/// Turns the mouse's clicks on a widget that has none of its own into acts. Of a double click the first release has
+/// run Click already, so the rest of it runs DblClick alone.
 class ClickFilter : public QObject {
  public:
   ClickFilter(Binding& binding, Clickable& control) : QObject(&binding), binding_(binding), control_(control) {}
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::MouseButtonRelease && !doubled_) {
+    const auto type = event->type();
+    const bool press = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    if (!press && type != QEvent::MouseButtonRelease) return false;
+    if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) return false;
+    if (type == QEvent::MouseButtonRelease && !doubled_) {
       binding_.act([this] { control_.userClick(); });
-    } else if (event->type() == QEvent::MouseButtonDblClick) {
-      binding_.act([this] { control_.userDblClick(); });
+    } else if (type == QEvent::MouseButtonDblClick) {
+      binding_.act([this] { desk.act(control_, [this] { run(control_.onDblClick); }); });
     }
-    doubled_ = event->type() == QEvent::MouseButtonDblClick;
+    doubled_ = type == QEvent::MouseButtonDblClick;
     return false;
   }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPalette>
 #include <QWidget>
 #include <functional>
 #include <vector>
@@ -48,6 +49,10 @@ class Binding : public QObject {
   void refresh();
   /// What refresh does beyond enabling, hiding and colouring.
   std::function<void()> show;
+  /// Whether the widget is to be seen at all; without it, that is as the control says.
+  std::function<bool()> shown;
+  /// The view's own colours of the widget; those of the control go over them.
+  QPalette colours;
 
   /// Runs an act of the user, unless the control is gone or the widget is only being refreshed.
   template <class Act>
@@ -65,6 +70,9 @@ class Binding : public QObject {
   Control* control_;
   bool refreshing_ = false;
 };
+
+/// Hides a widget; a focus inside it goes to nobody, where the toolkit would pass it on as if the user had moved it.
+void hideQuietly(QWidget& widget);
 
 /// How a row of a list is chosen by keyboard: as the marker moves, or by Enter and Space.
 enum class Choose { byMoving, byEnter };

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "ui/MDIOpen.h"
+#include "ui/qt/binding.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/view.h"
@@ -51,6 +52,10 @@ void Desktop::showDocument(Screen& screen) {
     frame_->area().add(*view);
   }
   frame_->area().arrange();
+  // The next Tab goes to the first control of the page.
+  View& view = *views_[&screen];
+  const QWidget* focused = QApplication::focusWidget();
+  if (focused == nullptr || !view.isAncestorOf(focused)) view.setFocus(Qt::OtherFocusReason);
 }
 
 void Desktop::showBox(Screen& screen) {
@@ -97,7 +102,7 @@ void Desktop::discard(Screen& screen) {
   }
   // A button may be closing its own screen, so its widgets go when its event is over.
   if (holder != nullptr) {
-    holder->hide();
+    hideQuietly(*holder);
     holder->deleteLater();
   }
 }

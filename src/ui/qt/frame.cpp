@@ -1,12 +1,15 @@
 #include "ui/qt/frame.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollArea>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/desk.h"
 #include "ui/MDIOpen.h"
@@ -37,24 +40,24 @@ QString keyOf(const ListBarItem& item) {
 
 }  // namespace
 
-// --- A document
-// --------------------------------------------------------------------------------------------------------
+// --- A document ---
 
-Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view) {
+Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), strip_(new QWidget(this)) {
   look::setGround(*this, look::onDeep());
-  auto* strip = new QHBoxLayout;
+  strip_->setAutoFillBackground(true);
+  strip_->setFixedHeight(titleHeight);
+  title_ = new QLabel(strip_);
+  auto* close = new QToolButton(strip_);
+  close->setText(QStringLiteral("×"));
+  close->setAutoRaise(true);
+  close->setFixedSize(titleHeight, titleHeight - 2);
+  close->setFocusPolicy(Qt::NoFocus);
+  close->setToolTip(QStringLiteral("Close this page"));
+  close->setAccessibleName(QStringLiteral("Close"));
+  auto* strip = new QHBoxLayout(strip_);
   strip->setContentsMargins(look::row, 0, 2, 0);
-  title_ = new QLabel(this);
-  title_->setFixedHeight(titleHeight);
-  close_ = new QToolButton(this);
-  close_->setText(QStringLiteral("×"));
-  close_->setAutoRaise(true);
-  close_->setFixedSize(titleHeight, titleHeight - 2);
-  close_->setFocusPolicy(Qt::NoFocus);
-  close_->setToolTip(QStringLiteral("Close this page"));
-  close_->setAccessibleName(QStringLiteral("Close"));
   strip->addWidget(title_, 1);
-  strip->addWidget(close_);
+  strip->addWidget(close);
 
   scroll_ = new QScrollArea(this);
   scroll_->setFrameShape(QFrame::NoFrame);
@@ -65,12 +68,12 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(1, 0, 1, 1);
   layout->setSpacing(0);
-  layout->addLayout(strip);
-  layout->addWidget(scroll_);
+  layout->addWidget(strip_);
+  layout->addWidget(scroll_, 1);
 
   view.screen()->watch([this] { showTitle(); });
   showTitle();
-  connect(close_, &QToolButton::clicked, this, [this] {
+  connect(close, &QToolButton::clicked, this, [this] {
     if (Screen* screen = view_.screen()) desk.userClose(*screen);
   });
 }
@@ -85,14 +88,24 @@ void Document::showTitle() {
 void Document::place(const QSize& area) {
   const Screen* screen = view_.screen();
   if (screen == nullptr) return;
+  layout()->setContentsMargins(1, screen->maximized ? 0 : 1, 1, 1);
   if (screen->maximized) {
     setGeometry(QRect(QPoint(0, 0), area));
     return;
   }
-  const QSize wanted = view_.sizeHint() + QSize(2, titleHeight + 1);
+  QSize wanted = view_.sizeHint().expandedTo(view_.minimumSize()).boundedTo(view_.maximumSize());
+  if (view_.hasHeightForWidth()) wanted.setHeight(view_.heightForWidth(wanted.width()));
+  wanted += QSize(2, titleHeight + 2);
   QRect place(QPoint(0, 0), wanted.boundedTo(area));
   place.moveCenter(QRect(QPoint(0, 0), area).center());
   setGeometry(place);
+}
+
+void Document::setActive(bool active) {
+  QPalette ground = look::onDeep();
+  ground.setColor(QPalette::Window, active ? look::deepLighter : look::deep);
+  if (!active) ground.setColor(QPalette::WindowText, ground.color(QPalette::Disabled, QPalette::WindowText));
+  strip_->setPalette(ground);
 }
 
 void Document::mousePressEvent(QMouseEvent* event) {
@@ -100,10 +113,15 @@ void Document::mousePressEvent(QMouseEvent* event) {
   QWidget::mousePressEvent(event);
 }
 
-bool Document::eventFilter(QObject* watched, QEvent* event) { return QWidget::eventFilter(watched, event); }
+/// A document that doesn't fill the area has an edge.
+void Document::paintEvent(QPaintEvent* /*event*/) {
+  if (view_.screen() == nullptr || view_.screen()->maximized) return;
+  QPainter painter(this);
+  painter.setPen(look::light);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
 
-// --- The document area
-// -------------------------------------------------------------------------------------------------
+// --- The document area ---
 
 DocumentArea::DocumentArea(QWidget* parent) : QWidget(parent) { look::setGround(*this, look::onDeep()); }
 
@@ -111,7 +129,6 @@ void DocumentArea::add(View& view) {
   auto* document = new Document(view, this);
   documents_.emplace_back(document);
   document->place(size());
-  document->show();
 }
 
 void DocumentArea::arrange() {
@@ -121,15 +138,64 @@ void DocumentArea::arrange() {
     for (const auto& document : documents_) {
       if (document->view().screen() != *screen) continue;
       document->place(size());
+      document->setActive(*screen == desk.activeDocument());
       document->raise();
+      document->show();
     }
   }
 }
 
-// --- The list bar
-// --------------------------------------------------------------------------------------------------------
+bool DocumentArea::covers(const QWidget& widget) const {
+  return std::any_of(documents_.begin(), documents_.end(), [&](const QPointer<Document>& d) {
+    return d != nullptr && d->view().screen() != desk.activeDocument() && d->isAncestorOf(&widget);
+  });
+}
 
-ListBarButton::ListBarButton(QWidget* parent, const QString& pictureName) : QAbstractButton(parent) {
+// --- The list bar ---
+
+void BarButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  QAbstractButton::keyPressEvent(event);
+}
+
+GroupHeader::GroupHeader(const QString& caption, QWidget* parent) : BarButton(parent) {
+  setText(caption);
+  setObjectName(QStringLiteral("group ") + caption);
+  setCheckable(true);
+  setFocusPolicy(Qt::StrongFocus);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setAttribute(Qt::WA_Hover);
+}
+
+QSize GroupHeader::sizeHint() const { return {listBarWidth, std::max(22, fontMetrics().height() + 8)}; }
+
+void GroupHeader::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), isChecked() || underMouse() ? look::deepLighter : look::deep);
+  painter.setPen(look::deepLine);
+  painter.drawLine(rect().topLeft(), rect().topRight());
+  if (hasFocus()) {
+    painter.setPen(look::lightYellow);
+    painter.drawRect(rect().adjusted(2, 2, -3, -3));
+  }
+  painter.setPen(isChecked() ? look::lightYellow : look::light);
+  painter.drawText(rect().adjusted(look::row, 0, -look::row, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
+
+  // The mark: down for the open group, to the right for a closed one.
+  const QPointF middle(width() - 12.0, height() / 2.0);
+  QPolygonF mark;
+  if (isChecked()) {
+    mark << middle + QPointF(-4, -2) << middle + QPointF(4, -2) << middle + QPointF(0, 3);
+  } else {
+    mark << middle + QPointF(-2, -4) << middle + QPointF(3, 0) << middle + QPointF(-2, 4);
+  }
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(painter.pen().color());
+  painter.setPen(Qt::NoPen);
+  painter.drawPolygon(mark);
+}
+
+ListBarButton::ListBarButton(QWidget* parent, const QString& pictureName) : BarButton(parent) {
   setIcon(look::picture(pictureName));
   setFocusPolicy(Qt::StrongFocus);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -194,8 +260,7 @@ Binding& bind(ListBarButton& widget, ListBarItem& item) {
 
 }  // namespace
 
-// --- The frame
-// -----------------------------------------------------------------------------------------------------------
+// --- The frame ---
 
 Frame::Frame(MDIOpen& screen) : View(screen) {
   setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
@@ -203,7 +268,9 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   setWindowIcon(look::picture(QStringLiteral("tallyfin99")));
   look::setGround(*this, look::onDeep());
   setFixedSize(pixels(MDIOpen::width), pixels(MDIOpen::height));
-  setWindowTitle(QStringLiteral("Tallyfin 99"));
+  const auto showTitle = [this, &screen] { setWindowTitle(QString::fromStdString(screen.title())); };
+  screen.watch(showTitle);
+  showTitle();
 
   area_ = new DocumentArea(this);
   auto* layout = new QHBoxLayout(this);
@@ -212,6 +279,7 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   layout->addWidget(listBar(screen));
   layout->addWidget(area_, 1);
   openGroup(1);
+  move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
 
 QWidget* Frame::listBar(MDIOpen& screen) {
@@ -220,41 +288,50 @@ QWidget* Frame::listBar(MDIOpen& screen) {
   bar->setAccessibleName(QStringLiteral("List bar"));
   auto* layout = new QVBoxLayout(bar);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(1);
+  layout->setSpacing(0);
   std::string opened;
   for (ListBarItem& item : screen.SSListBar1) {
     if (item.group() != opened) {
       opened = item.group();
-      Group group{new QToolButton(bar), new QWidget(bar)};
-      group.header->setText(QString::fromStdString(opened));
-      group.header->setObjectName(QStringLiteral("group ") + group.header->text());
-      group.header->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-      group.header->setFixedHeight(22);
-      look::setGround(*group.items, look::onDeep());
-      QPalette ground = look::onDeep();
-      ground.setColor(QPalette::Window, look::deepLighter);
-      group.items->setPalette(ground);
-      auto* items = new QVBoxLayout(group.items);
-      items->setContentsMargins(0, 2, 0, 2);
-      items->setSpacing(0);
-      const std::size_t number = groups_.size();
-      connect(group.header, &QToolButton::clicked, this, [this, number] { openGroup(number); });
+      const Group group = addGroup(QString::fromStdString(opened), bar);
       layout->addWidget(group.header);
       layout->addWidget(group.items, 1);
       groups_.push_back(group);
     }
-    const QString key = keyOf(item);
-    auto* widget = new ListBarButton(groups_.back().items, itemPictures.at(key));
+    QWidget* items = groups_.back().items->widget();
+    auto* widget = new ListBarButton(items, itemPictures.at(keyOf(item)));
     tied(widget, bind(*widget, item));
-    groups_.back().items->layout()->addWidget(widget);
+    items->layout()->addWidget(widget);
   }
-  for (const Group& group : groups_) static_cast<QVBoxLayout*>(group.items->layout())->addStretch(1);
+  for (const Group& group : groups_) static_cast<QVBoxLayout*>(group.items->widget()->layout())->addStretch(1);
   return bar;
+}
+
+Frame::Group Frame::addGroup(const QString& caption, QWidget* bar) {
+  const Group group{new GroupHeader(caption, bar), new QScrollArea(bar)};
+  group.items->setFrameShape(QFrame::NoFrame);
+  group.items->setFocusPolicy(Qt::NoFocus);
+  group.items->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  group.items->setWidgetResizable(true);
+  auto* items = new QWidget;
+  QPalette ground = look::onDeep();
+  ground.setColor(QPalette::Window, look::deepLighter);
+  look::setGround(*items, ground);
+  auto* layout = new QVBoxLayout(items);
+  layout->setContentsMargins(0, 2, 0, 2);
+  layout->setSpacing(0);
+  group.items->setWidget(items);
+  const std::size_t number = groups_.size();
+  connect(group.header, &QAbstractButton::clicked, this, [this, number] { openGroup(number); });
+  return group;
 }
 
 /// Only one group shows its items at a time.
 void Frame::openGroup(std::size_t group) {
-  for (std::size_t i = 0; i < groups_.size(); ++i) groups_[i].items->setVisible(i == group);
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    groups_[i].items->setVisible(i == group);
+    groups_[i].header->setChecked(i == group);
+  }
 }
 
 void Frame::closeEvent(QCloseEvent* event) {
@@ -273,6 +350,16 @@ void Frame::changeEvent(QEvent* event) {
   }
 }
 
-void Frame::keyPressEvent(QKeyEvent* event) { QWidget::keyPressEvent(event); }
+bool Frame::focusNextPrevChild(bool next) {
+  const QWidget* from = focusWidget() != nullptr ? focusWidget() : this;
+  const auto step = [next](const QWidget* w) { return next ? w->nextInFocusChain() : w->previousInFocusChain(); };
+  for (QWidget* widget = step(from); widget != from; widget = step(widget)) {
+    if (!widget->isEnabled() || !widget->isVisible() || widget->focusProxy() != nullptr) continue;
+    if (!(widget->focusPolicy() & Qt::TabFocus) || widget->window() != this || area_->covers(*widget)) continue;
+    widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+  }
+  return false;
+}
 
 }  // namespace tallyfin::qt

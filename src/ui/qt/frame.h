@@ -9,8 +9,6 @@
 
 class QLabel;
 class QScrollArea;
-class QToolButton;
-class QVBoxLayout;
 
 namespace tallyfin {
 class MDIOpen;
@@ -26,17 +24,19 @@ class Document : public QWidget {
   View& view() const { return view_; }
   /// Takes the place that the screen's state asks for: the whole area, or its own size in the middle of it.
   void place(const QSize& area);
+  /// The active document's title strip is the lighter one.
+  void setActive(bool active);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void showTitle();
 
   View& view_;
+  QWidget* strip_;
   QLabel* title_;
-  QToolButton* close_;
   QScrollArea* scroll_;
 };
 
@@ -48,13 +48,34 @@ class DocumentArea : public QWidget {
   void add(View& view);
   /// Puts the documents in the order of the desk.
   void arrange();
+  /// Whether a widget belongs to a document that isn't the active one.
+  bool covers(const QWidget& widget) const;
 
  private:
   std::vector<QPointer<Document>> documents_;
 };
 
+/// What stands in the list bar: pressed by the mouse, Space or Enter.
+class BarButton : public QAbstractButton {
+ public:
+  using QAbstractButton::QAbstractButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// The head of a group of the list bar; a mark tells the open one.
+class GroupHeader : public BarButton {
+ public:
+  GroupHeader(const QString& caption, QWidget* parent);
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
 /// One item of the list bar: a picture above its caption, highlighted while the pointer is over it.
-class ListBarButton : public QAbstractButton {
+class ListBarButton : public BarButton {
  public:
   ListBarButton(QWidget* parent, const QString& pictureName);
   QSize sizeHint() const override;
@@ -79,16 +100,19 @@ class Frame : public View {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
+  /// Tab goes round the active document and the list bar; the documents beneath are passed over.
+  bool focusNextPrevChild(bool next) override;
 
  private:
   QWidget* listBar(MDIOpen& screen);
   void openGroup(std::size_t group);
 
   struct Group {
-    QToolButton* header;
-    QWidget* items;
+    GroupHeader* header;
+    QScrollArea* items;
   };
+  Group addGroup(const QString& caption, QWidget* bar);
+
   std::vector<Group> groups_;
   DocumentArea* area_;
 };

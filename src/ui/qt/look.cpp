@@ -2,17 +2,21 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
 #include <QStyleFactory>
+#include <QToolTip>
 #include <QWidget>
+#include <algorithm>
 
 namespace tallyfin::qt::look {
 
 namespace {
 
 QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& button, const QColor& buttonText) {
-  QPalette palette;
-  const QColor faded = QColor::fromRgb((text.red() + 2 * ground.red()) / 3, (text.green() + 2 * ground.green()) / 3,
-                                       (text.blue() + 2 * ground.blue()) / 3);
+  QPalette palette(button, ground);  // edges and shadows come from these, not from the desktop's theme
+  const QColor faded = QColor::fromRgb((text.red() + ground.red()) / 2, (text.green() + ground.green()) / 2,
+                                       (text.blue() + ground.blue()) / 2);
   palette.setColor(QPalette::Window, ground);
   palette.setColor(QPalette::WindowText, text);
   palette.setColor(QPalette::Base, light);
@@ -36,25 +40,66 @@ QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& butto
   return palette;
 }
 
+bool hasTabularDigits(const QFont& font) {
+  const QFontMetricsF metrics(font);
+  const QString digits = QStringLiteral("0123456789");
+  return std::all_of(digits.begin(), digits.end(), [&](QChar digit) {
+    return qFuzzyCompare(metrics.horizontalAdvance(digit), metrics.horizontalAdvance(digits.front()));
+  });
+}
+
 }  // namespace
 
 void apply(QApplication& application) {
   application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  font.setPointSizeF(std::max(8.5, font.pointSizeF() * 8.5 / 10.0));
+  // Desktops come with sizes up to 11 points; whoever has set more wants larger letters here too.
+  const QFontInfo system(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
+  QFont font(system.family());
+  font.setPointSizeF(8.5 * std::max(1.0, system.pointSizeF() / 11.0));
   application.setFont(font);
   application.setPalette(onDeep());
+  QToolTip::setFont(font);
+  QToolTip::setPalette(onPaper());
 }
 
 QPalette onDeep() { return paletteOf(deep, light, deepLighter, light); }
+
+QPalette choicesOnDeep() {
+  QPalette palette = onDeep();
+  for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Active, role, lightYellow);
+    palette.setColor(QPalette::Inactive, role, lightYellow);
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(122, 146, 152));
+  palette.setColor(QPalette::Disabled, QPalette::Text, deep);
+  return palette;
+}
 
 QPalette onPaper() { return paletteOf(paper, greyText, QColor(240, 236, 184), greyText); }
 
 QPalette onWhite() { return paletteOf(Qt::white, Qt::black, QColor(238, 238, 232), Qt::black); }
 
+QPalette lightFace() {
+  QPalette palette;
+  palette.setColor(QPalette::Button, light);
+  palette.setColor(QPalette::ButtonText, ink);
+  palette.setColor(QPalette::Disabled, QPalette::Button, QColor(196, 202, 196));
+  palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(120, 124, 120));
+  return palette;
+}
+
 void setGround(QWidget& widget, const QPalette& palette) {
   widget.setPalette(palette);
   widget.setAutoFillBackground(true);
+}
+
+QWidget* rule(const QColor& colour, QWidget* parent) {
+  auto* line = new QWidget(parent);
+  line->setFixedHeight(1);
+  QPalette palette;
+  palette.setColor(QPalette::Window, colour);
+  setGround(*line, palette);
+  return line;
 }
 
 QFont heading() {
@@ -66,7 +111,10 @@ QFont heading() {
 
 QFont figures() {
   QFont font = QApplication::font();
-  font.setStyleStrategy(QFont::PreferAntialias);
+  for (const char* family : {"DejaVu Sans", "Noto Sans", "Liberation Sans"}) {
+    if (hasTabularDigits(font)) break;
+    font.setFamily(QString::fromLatin1(family));
+  }
   return font;
 }
 

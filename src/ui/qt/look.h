@@ -39,12 +39,21 @@ QPalette onDeep();
 QPalette onPaper();
 QPalette onWhite();
 
+/// On the deep ground, with option texts in light yellow.
+QPalette choicesOnDeep();
+
+/// Over any ground: a drop-down or button with a face as light as the boxes.
+QPalette lightFace();
+
 /// Gives a widget its palette and paints its ground.
 void setGround(QWidget& widget, const QPalette& palette);
 
+/// A hairline across its place.
+QWidget* rule(const QColor& colour, QWidget* parent);
+
 /// The heading font: the program's own, bold, 10 points.
 QFont heading();
-/// The program's font with digits of one width.
+/// A font with digits of one width: the program's own where it has them.
 QFont figures();
 
 QColor colour(Colour colour);

@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "controls/buttons.h"
 #include "controls/lists.h"
@@ -105,17 +106,44 @@ QListWidget* View::list(ListBox& control, Choose choose) {
 
 QComboBox* View::dropDown(DropDown& control) {
   auto* widget = new QComboBox(this);
-  return tied(widget, bind(*widget, control));
+  tied(widget, bind(*widget, control));
+  colour(widget, look::lightFace());
+  return widget;
 }
 
 QComboBox* View::dropDown(EditableDropDown& control) {
   auto* widget = new QComboBox(this);
-  return tied(widget, bind(*widget, control));
+  tied(widget, bind(*widget, control));
+  colour(widget, look::lightFace());
+  return widget;
 }
 
-void View::name(QLabel* label, QWidget* box) {
-  box->setAccessibleName(label->text());
+Binding* View::bindingOf(const QWidget* widget) const {
+  const auto binding =
+      std::find_if(bindings_.begin(), bindings_.end(), [&](const Binding* b) { return &b->widget() == widget; });
+  return binding == bindings_.end() ? nullptr : *binding;
+}
+
+void View::name(QLabel* label, QWidget* box, char letter) {
   label->setBuddy(box);
+  const auto mark = [label, box, letter](QString caption) {
+    box->setAccessibleName(caption);
+    caption.replace('&', QLatin1String("&&"));  // an ampersand of the caption is no mark for the keyboard
+    if (letter != '\0') caption.insert(caption.indexOf(QLatin1Char(letter)), '&');
+    label->setText(caption);
+  };
+  Binding* binding = bindingOf(label);
+  if (binding == nullptr) return mark(label->text());  // a label of the view's own
+  binding->show = [mark, control = static_cast<Label*>(binding->control())] {
+    mark(QString::fromStdString(control->caption()));
+  };
+  binding->refresh();
+}
+
+void View::colour(QWidget* widget, const QPalette& palette) {
+  Binding* binding = bindingOf(widget);
+  binding->colours = palette;
+  binding->refresh();
 }
 
 }  // namespace tallyfin::qt

@@ -61,10 +61,14 @@ class View : public QWidget {
     return widget;
   }
 
-  /// Makes a label the name of its box, for the keyboard and for screen readers.
-  static void name(QLabel* label, QWidget* box);
+  /// Makes a label the name of its box for screen readers, whatever its caption becomes; with a letter of the caption,
+  /// Alt and that letter move to the box.
+  void name(QLabel* label, QWidget* box, char letter = '\0');
+  /// Gives a tied widget colours of its own, under those of its control.
+  void colour(QWidget* widget, const QPalette& palette);
 
  private:
+  Binding* bindingOf(const QWidget* widget) const;
   QButtonGroup* newGroup();
   QRadioButton* option(OptionButton& control, QButtonGroup& group);
 

@@ -1,9 +1,47 @@
+#include <QGridLayout>
+#include <QLabel>
+
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "whatif/frmAnalysis.h"
 
+/// The analysis: ten captions and their figures, in three groups: wages, shares, the year.
+
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frmAnalysis& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+class frmAnalysisView : public View {
+ public:
+  explicit frmAnalysisView(frmAnalysis& screen) : View(screen) {
+    look::setGround(*this, look::onDeep());
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);
+    grid->setHorizontalSpacing(look::group);
+    grid->setVerticalSpacing(look::row);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(0, 1);
+    for (int i = 0; i < 10; ++i) {
+      if (i == firstShare || i == firstOfYear)
+        grid->addWidget(look::rule(look::deepLine, this), grid->rowCount(), 0, 1, 2);
+      const int line = grid->rowCount();
+      QLabel* caption = label(screen.lblAnalysis[i]);
+      QLabel* value = figure(screen.lblOne[i]);
+      colour(value, look::choicesOnDeep());
+      name(caption, value);
+      grid->addWidget(caption, line, 0);
+      grid->addWidget(value, line, 1);
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
+  }
+
+ private:
+  static constexpr int firstShare = 3;
+  static constexpr int firstOfYear = 8;
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmAnalysis& screen) { return std::make_unique<frmAnalysisView>(screen); }
 
 }  // namespace tallyfin::qt

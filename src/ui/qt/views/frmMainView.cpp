@@ -18,12 +18,14 @@ namespace tallyfin::qt {
 
 namespace {
 
+constexpr int resultRows = 12;
+
 class frmMainView : public View {
  public:
   explicit frmMainView(frmMain& screen) : View(screen), screen_(screen) {
     look::setGround(*this, look::onDeep());
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(look::edge, look::tight, look::edge, look::row);
+    layout->setContentsMargins(look::edge, look::row, look::edge, look::row);
     layout->setSpacing(look::group);
     layout->addLayout(inputs());
     layout->addLayout(results(), 1);
@@ -32,14 +34,19 @@ class frmMainView : public View {
  private:
   QLayout* inputs() {
     auto* column = new QVBoxLayout;
-    column->setSpacing(look::row);
+    column->setSpacing(0);
     column->addLayout(boxes());
-    column->addLayout(frequencyAndStatus());
+    column->addStretch(1);
+    column->addWidget(frequency());
+    column->addStretch(1);
+    for (QRadioButton* option : options(screen_.optStatus)) {
+      colour(option, look::choicesOnDeep());
+      column->addWidget(option);
+    }
+    column->addStretch(1);
     column->addLayout(choices());
     column->addStretch(1);
-    auto* buttons = new QHBoxLayout;
-    for (CommandButton& control : screen_.cmdAdditional) buttons->addWidget(button(control));
-    column->addLayout(buttons);
+    column->addLayout(additional());
     return column;
   }
 
@@ -47,35 +54,29 @@ class frmMainView : public View {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(look::tight);
     grid->setVerticalSpacing(look::tight);
-    const auto row = [&](Label& caption, TextBox& control) {
-      QLabel* name = label(caption);
+    const auto row = [&](Label& caption, TextBox& control, char letter) {
+      const int line = grid->rowCount();
+      QLabel* title = label(caption);
       QLineEdit* edit = amountBox(control);
-      View::name(name, edit);
-      grid->addWidget(name, grid->rowCount(), 0, Qt::AlignRight | Qt::AlignVCenter);
-      grid->addWidget(edit, grid->rowCount() - 1, 1);
+      name(title, edit, letter);
+      grid->addWidget(title, line, 0, Qt::AlignRight | Qt::AlignVCenter);
+      grid->addWidget(edit, line, 1);
     };
-    row(screen_.lblIncome, screen_.txtIncome);
-    row(screen_.lblHours, screen_.txtHours);
-    row(screen_.lbl401k, screen_.txt401k);
-    row(screen_.lblPreTax, screen_.txtPreTax);
-    row(screen_.lblPreFICA, screen_.txtPreFICA);
+    row(screen_.lblIncome, screen_.txtIncome, 'I');
+    row(screen_.lblHours, screen_.txtHours, 'H');
+    row(screen_.lbl401k, screen_.txt401k, 'k');
+    row(screen_.lblPreTax, screen_.txtPreTax, 'P');
+    row(screen_.lblPreFICA, screen_.txtPreFICA, 'F');
     return grid;
   }
 
-  QLayout* frequencyAndStatus() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(look::row);
-    QListWidget* frequency = list(screen_.lstFrequency);
-    frequency->setAccessibleName(QStringLiteral("Pay frequency"));
-    frequency->setFixedWidth(frequency->fontMetrics().horizontalAdvance(QStringLiteral("Every Two Weeks")) + 16);
-    frequency->setFixedHeight(4 * frequency->sizeHintForRow(0) + 2 * frequency->frameWidth());
-    frequency->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto* status = new QVBoxLayout;
-    status->setSpacing(look::tight);
-    for (QRadioButton* option : options(screen_.optStatus)) status->addWidget(option);
-    row->addWidget(frequency);
-    row->addLayout(status);
-    return row;
+  QListWidget* frequency() {
+    QListWidget* widget = list(screen_.lstFrequency);
+    widget->setAccessibleName(QStringLiteral("Pay frequency"));
+    widget->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    widget->setFixedHeight(4 * widget->sizeHintForRow(0) + 2 * widget->frameWidth());
+    widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as wide as the column
+    return widget;
   }
 
   QLayout* choices() {
@@ -84,23 +85,44 @@ class frmMainView : public View {
     grid->setVerticalSpacing(look::tight);
     QLabel* exemptionsName = label(screen_.lblExemp);
     QComboBox* exemptions = dropDown(screen_.cboExemptions);
-    name(exemptionsName, exemptions);
+    name(exemptionsName, exemptions, 'x');
     QLabel* stateName = label(screen_.lblStateTax);
     QComboBox* state = dropDown(screen_.cboState);
-    name(stateName, state);
-    grid->addWidget(exemptionsName, 0, 0, Qt::AlignRight);
-    grid->addWidget(exemptions, 0, 1);
-    grid->addWidget(stateName, 1, 0, Qt::AlignRight);
+    name(stateName, state, 'S');
+    auto* first = new QHBoxLayout;
+    first->setSpacing(look::tight);
+    first->addWidget(exemptionsName);
+    first->addWidget(exemptions, 1);
+    grid->addLayout(first, 0, 0, 1, 2);
+    grid->addWidget(stateName, 1, 0);
     grid->addWidget(state, 1, 1);
-    grid->addWidget(check(screen_.chkSelfEmployed), 2, 1);
+    grid->setColumnStretch(1, 1);
+    QCheckBox* selfEmployed = check(screen_.chkSelfEmployed);
+    colour(selfEmployed, look::choicesOnDeep());
+    grid->addWidget(selfEmployed, 2, 0, 1, 2);
     return grid;
+  }
+
+  QLayout* additional() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(look::row);
+    for (CommandButton& control : screen_.cmdAdditional) {
+      QPushButton* widget = button(control);
+      colour(widget, look::choicesOnDeep());
+      QSizePolicy policy = widget->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);  // the Raise button comes with the first Calculate
+      widget->setSizePolicy(policy);
+      row->addWidget(widget, 1);
+    }
+    return row;
   }
 
   QLayout* results() {
     auto* column = new QVBoxLayout;
     column->setSpacing(look::row);
     column->addLayout(toolbar());
-    column->addWidget(grid(), 1);
+    column->addWidget(grid());
+    column->addStretch(1);
     column->addLayout(strip());
     return column;
   }
@@ -110,8 +132,8 @@ class frmMainView : public View {
     row->setSpacing(look::tight);
     const auto add = [&](int index, const char* picture) {
       QPushButton* widget = button(screen_.cmdToolBar[index], QString::fromLatin1(picture));
-      widget->setIconSize({20, 20});
-      widget->setFixedSize(34, 28);
+      widget->setIconSize({18, 18});
+      widget->setFixedSize(30, 26);
       row->addWidget(widget);
     };
     add(2, "clear");
@@ -125,13 +147,24 @@ class frmMainView : public View {
 
   QTableWidget* grid() {
     auto* table = new QTableWidget(0, 2, this);
-    table->setHorizontalHeaderLabels({QStringLiteral("Title"), QStringLiteral("Value")});
+    auto* title = new QTableWidgetItem(QStringLiteral("Title"));
+    auto* value = new QTableWidgetItem(QStringLiteral("Value"));
+    title->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    table->setHorizontalHeaderItem(0, title);
+    table->setHorizontalHeaderItem(1, value);
+    QHeaderView* header = table->horizontalHeader();
+    header->setPalette(look::lightFace());
+    header->setSectionResizeMode(QHeaderView::Stretch);
+    header->setHighlightSections(false);
+    const int rowHeight = fontMetrics().height() + 6;
+    header->setFixedHeight(rowHeight);
     table->verticalHeader()->hide();
-    table->verticalHeader()->setMinimumSectionSize(12);
-    table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 3);
-    table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-    table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
-    table->horizontalHeader()->setHighlightSections(false);
+    table->verticalHeader()->setMinimumSectionSize(rowHeight);
+    table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    table->setFixedHeight((1 + resultRows) * rowHeight + 2 * table->frameWidth());
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -1,9 +1,136 @@
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "whatif/frmMisc.h"
 
+/// Local tax and raise: two pages of one size, of which one shows.
+
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frmMisc& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+class frmMiscView : public View {
+ public:
+  explicit frmMiscView(frmMisc& screen) : View(screen), screen_(screen) {
+    look::setGround(*this, look::onDeep());
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
+    layout->setHorizontalSpacing(look::group);
+    layout->setVerticalSpacing(look::group);
+    layout->addWidget(seal(), 0, 0, Qt::AlignTop);
+    for (const int number : {0, 1}) layout->addWidget(page(number), 0, 1);
+    setFixedWidth(pageWidth);
+  }
+
+ private:
+  static constexpr int pageWidth = 380;
+
+  /// The picture closes the screen; as a button it can be reached by keyboard too.
+  QPushButton* seal() {
+    auto* widget = new QPushButton(this);
+    widget->setFlat(true);
+    widget->setAutoDefault(true);
+    widget->setIcon(look::picture(QStringLiteral("seal")));
+    widget->setIconSize({56, 56});
+    widget->setFixedSize(64, 64);
+    Binding& binding = bindPlain(*widget, screen_.imgSeal);
+    connect(widget, &QPushButton::clicked, &binding,
+            [this, &binding] { binding.act([this] { screen_.imgSeal.userClick(); }); });
+    return tied(widget, binding);
+  }
+
+  QWidget* page(int number) {
+    auto* widget = new QWidget(this);
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+    auto* layout = new QVBoxLayout(widget);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(look::row);
+    number == 0 ? fillLocalTax(*layout) : fillRaise(*layout);
+
+    Panel& panel = screen_.pnlContainerMisc[number];
+    Binding& binding = bindPlain(*widget, panel);
+    binding.shown = [&panel] { return panel.left >= 0; };
+    binding.refresh();
+    return tied(widget, binding);
+  }
+
+  void fillLocalTax(QVBoxLayout& layout) {
+    QLabel* percent = label(screen_.lblpercent);
+    QLineEdit* rate = amountBox(screen_.txtTaxPerCnt);
+    rate->setFixedWidth(boxWidth);
+    name(percent, rate);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(look::row);
+    row->addWidget(percent);
+    row->addStretch(1);
+    row->addWidget(rate);
+    layout.addLayout(row);
+    layout.addWidget(paragraph(screen_.lblInstruct));
+    QListWidget* bases = list(screen_.lstGrossPay);
+    bases->setAccessibleName(QStringLiteral("What the local tax is taken from"));
+    bases->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    bases->setFixedHeight(bases->count() * bases->sizeHintForRow(0) + 2 * bases->frameWidth());
+    layout.addWidget(bases);
+    layout.addStretch(1);
+    layout.addWidget(command(0, {}), 0, Qt::AlignRight);
+  }
+
+  /// Reads as a sentence: from the old wage, by a percentage or to a new wage.
+  void fillRaise(QVBoxLayout& layout) {
+    layout.addWidget(paragraph(screen_.lblRaiseInst));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(look::row);
+    grid->setVerticalSpacing(look::row);
+    grid->setColumnStretch(0, 1);
+    const auto row = [&](int line, QLabel* title, QWidget* value, int columns = 2) {
+      name(title, value);
+      value->setFixedWidth(boxWidth);
+      grid->addWidget(title, line, 0, 1, columns);
+      grid->addWidget(value, line, 2);
+    };
+    QLabel* oldWage = figure(screen_.lblOldShow);
+    oldWage->setMargin(3);
+    row(0, label(screen_.lblOld), oldWage);
+    row(1, paragraph(screen_.lblRaise), amountBox(screen_.txtRaise[0]));
+    grid->addWidget(label(screen_.lblOr), 2, 2, Qt::AlignHCenter);
+    row(3, paragraph(screen_.lblCompare), amountBox(screen_.txtRaise[1]), 1);
+    grid->addWidget(label(screen_.lblNew), 3, 1, Qt::AlignRight | Qt::AlignVCenter);
+    layout.addLayout(grid);
+    layout.addStretch(1);
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(look::row);
+    foot->addStretch(1);
+    foot->addWidget(command(1, QStringLiteral("raise-dark"), QStringLiteral("Work out the raise")));
+    foot->addWidget(command(2, QStringLiteral("exit-dark"), QStringLiteral("Close")));
+    layout.addLayout(foot);
+  }
+
+  /// A button with a light face: the colours that the screen gives its letters are dark.
+  QPushButton* command(int number, const QString& picture, const QString& accessibleName = {}) {
+    QPushButton* widget = button(screen_.cmdExit[number], picture);
+    if (!accessibleName.isEmpty()) widget->setAccessibleName(accessibleName);
+    colour(widget, look::lightFace());
+    widget->setIconSize({20, 20});
+    widget->setFixedSize(64, 28);
+    return widget;
+  }
+
+  static constexpr int boxWidth = 88;
+
+  frmMisc& screen_;
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmMisc& screen) { return std::make_unique<frmMiscView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -1,9 +1,144 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <array>
+
 #include "stateoptions/frmState.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 
+/// The state options. Everything stands in its place for every state, greyed where the state has no use for it.
+
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frmState& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+constexpr int explanationLines = 4;
+
+class frmStateView : public View {
+ public:
+  explicit frmStateView(frmState& screen) : View(screen), screen_(screen) {
+    look::setGround(*this, look::onDeep());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, look::row, 6, look::row);  // the captions need the width
+    layout->setSpacing(0);
+    layout->addLayout(dropDowns());
+    layout->addStretch(1);
+    layout->addLayout(marital());
+    layout->addStretch(1);
+    layout->addWidget(rates());
+    layout->addStretch(1);
+    layout->addLayout(foot());
+  }
+
+ private:
+  QLayout* dropDowns() {
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(look::row);
+    grid->setVerticalSpacing(look::tight);
+    const auto narrow = [&](EditableDropDown& control) {
+      QComboBox* widget = dropDown(control);
+      widget->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+      widget->setMinimumContentsLength(4);
+      return widget;
+    };
+    const auto row = [&](int line, Label& caption, EditableDropDown& control) {
+      QLabel* title = label(caption);
+      QComboBox* widget = narrow(control);
+      name(title, widget);
+      grid->addWidget(title, line, 0, Qt::AlignRight | Qt::AlignVCenter);
+      return widget;
+    };
+    grid->addWidget(row(0, screen_.lblStateVariables[1], screen_.cboState), 0, 1, 1, 2);
+    grid->addWidget(row(1, screen_.lblStateVariables[0], screen_.cboDeps[0]), 1, 1);
+    grid->addWidget(narrow(screen_.cboDeps[1]), 1, 2);
+    grid->addWidget(row(2, screen_.lblSpecialDeps, screen_.cboSpecialDeps), 2, 1);
+    for (const int column : {1, 2}) grid->setColumnStretch(column, 1);
+    // The caption of the special list changes with the state; the boxes stay where they are.
+    grid->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(QStringLiteral("Select Withholding Percentage")));
+    return grid;
+  }
+
+  /// Two columns, the longer captions in the second, so that the page needs no more than its width.
+  QLayout* marital() {
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(look::tight);
+    grid->setVerticalSpacing(2);
+    const auto widgets = options(screen_.op3Marital);
+    constexpr std::array places{0, 1, 2, 3, 5, 4, 6, 7, 8, 9};
+    for (std::size_t i = 0; i < widgets.size(); ++i) {
+      colour(widgets[i], look::choicesOnDeep());
+      grid->addWidget(widgets[i], places.at(i) / 2, places.at(i) % 2);
+    }
+    return grid;
+  }
+
+  QWidget* rates() {
+    auto* panel = new QWidget(this);
+    tied(panel, bindPlain(*panel, screen_.pnlRate));
+    panel->setAccessibleName(QStringLiteral("Rate"));
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(look::tight);
+    auto* row = new QHBoxLayout;
+    for (QRadioButton* option : options(screen_.optRateSelect)) {
+      colour(option, look::choicesOnDeep());
+      row->addWidget(option);
+    }
+    layout->addLayout(row);
+    QLabel* explanation = paragraph(screen_.lblExplain);
+    explanation->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    explanation->setFixedHeight(explanationLines * fontMetrics().lineSpacing());
+    layout->addWidget(explanation);
+    return panel;
+  }
+
+  QLayout* foot() {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(look::tight);
+    QLabel* title = label(screen_.lblStateVariables[2]);
+    column->addWidget(title);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(look::group);
+    QLineEdit* edit = amountBox(screen_.mskAdditional);
+    name(title, edit);
+    row->addWidget(edit, 1, Qt::AlignTop);
+    row->addWidget(exempt());
+    QPushButton* accept = button(screen_.cmdAccept, QStringLiteral("accept"));
+    accept->setAccessibleName(QStringLiteral("Accept"));
+    accept->setIconSize({24, 24});
+    accept->setFixedSize(44, 36);
+    row->addWidget(accept, 0, Qt::AlignBottom);
+    column->addLayout(row);
+    return column;
+  }
+
+  QWidget* exempt() {
+    auto* panel = new QGroupBox(this);
+    tied(panel, bindPlain(*panel, screen_.pnlExempt));
+    panel->setTitle(QString::fromStdString(screen_.pnlExempt.caption()));
+    auto* layout = new QHBoxLayout(panel);
+    layout->setContentsMargins(look::row, look::tight, look::row, look::tight);
+    for (CheckBox& control : screen_.chkExemp) {
+      QCheckBox* widget = check(control);
+      colour(widget, look::choicesOnDeep());
+      layout->addWidget(widget);
+    }
+    return panel;
+  }
+
+  frmState& screen_;
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmState& screen) { return std::make_unique<frmStateView>(screen); }
 
 }  // namespace tallyfin::qt
