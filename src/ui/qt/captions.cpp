@@ -29,8 +29,7 @@ int wrappedHeight(const QWidget& widget, int width, const QString& text) {
   return widget.fontMetrics().boundingRect(QRect(0, 0, width, 10000), wrapped, text).height();
 }
 
-void drawHanging(QPainter& painter, const QRect& place, int margin, const QString& text) {
-  const Caption caption = parted(text);
+void drawHanging(QPainter& painter, const QRect& place, int margin, const Caption& caption) {
   painter.drawText(place, wrapped, caption.number);
   painter.drawText(place.adjusted(margin, 0, 0, 0), wrapped, caption.words);
 }
@@ -53,12 +52,30 @@ QSize HangingLabel::sizeHint() const { return {hintWidth, heightForWidth(hintWid
 QSize HangingLabel::minimumSizeHint() const { return {leastWidth, fontMetrics().height()}; }
 
 int HangingLabel::heightForWidth(int width) const {
-  return wrappedHeight(*this, width - margin_, parted(text()).words);
+  return wrappedHeight(*this, width - margin_, words(width - margin_));
 }
+
+QString HangingLabel::words(int /*width*/) const { return parted(text()).words; }
 
 void HangingLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  drawHanging(painter, rect(), margin_, text());
+  drawHanging(painter, rect(), margin_, {parted(text()).number, words(width() - margin_)});
+}
+
+QString PaddedLabel::words(int width) const {
+  static const QRegularExpression blanks(QStringLiteral(" {4,}"));
+  static const QRegularExpression dots(QStringLiteral("( \\.)+$"));
+  QString shown = HangingLabel::words(width);
+  const QString bare = QString(shown).replace(blanks, QStringLiteral("   ")).remove(dots);
+  const int enough = wrappedHeight(*this, width, bare);
+  while (shown != bare && wrappedHeight(*this, width, shown) > enough) {
+    if (const auto run = shown.indexOf(blanks); run >= 0) {
+      shown.remove(run, 1);
+    } else {
+      shown.chop(2);
+    }
+  }
+  return shown;
 }
 
 HangingCheckBox::HangingCheckBox(QWidget* parent, int margin, int column)
@@ -78,7 +95,7 @@ bool HangingCheckBox::hitButton(const QPoint& position) const { return rect().co
 
 void HangingCheckBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, text());
+  drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, parted(text()));
   QStyleOptionButton option;
   initStyleOption(&option);
   const QSize box(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),

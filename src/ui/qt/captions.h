@@ -19,13 +19,24 @@ class HangingLabel : public QLabel {
   int heightForWidth(int width) const override;
 
  protected:
+  /// The words as they are displayed at a width.
+  virtual QString words(int width) const;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   int margin_;
 };
 
-/// The same as the caption of a check box whose box stands at the right end of the line.
+/// A caption of a form whose padding, a run of blanks or the dots at its end, gives way before the words wrap.
+class PaddedLabel : public HangingLabel {
+ public:
+  using HangingLabel::HangingLabel;
+
+ protected:
+  QString words(int width) const override;
+};
+
+/// A caption with a hanging line number, of a check box whose box stands at the right end of the line.
 class HangingCheckBox : public QCheckBox {
  public:
   /// The caption leaves a column of this width free at its right, the box's.

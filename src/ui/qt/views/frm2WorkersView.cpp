@@ -12,7 +12,7 @@ namespace {
 
 class frm2WorkersView : public WorksheetView {
  public:
-  explicit frm2WorkersView(frm2Workers& screen) : WorksheetView(screen), screen_(screen) {
+  explicit frm2WorkersView(frm2Workers& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
     firstPage();
     secondPage();
   }

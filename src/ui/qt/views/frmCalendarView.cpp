@@ -1,5 +1,6 @@
 #include <QCalendarWidget>
 #include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "controls/desk.h"
@@ -14,7 +15,9 @@ namespace {
 class frmCalendarView : public View {
  public:
   explicit frmCalendarView(frmCalendar& screen) : View(screen) {
-    look::setGround(*this, look::onPaper());
+    QPalette palette = look::onPaper();
+    palette.setColor(QPalette::Highlight, look::deep);
+    look::setGround(*this, palette);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
     layout->addWidget(calendar(screen.mthTwoWorkers));
@@ -27,6 +30,8 @@ class frmCalendarView : public View {
     widget->setGridVisible(true);
     widget->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     widget->setAccessibleName(QStringLiteral("Calendar"));
+    widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))->setIcon(look::picture("previous"));
+    widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"))->setIcon(look::picture("next"));
     QTextCharFormat weekday;
     weekday.setForeground(look::ink);
     QTextCharFormat weekend;

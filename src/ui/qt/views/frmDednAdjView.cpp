@@ -15,7 +15,7 @@ namespace {
 
 class frmDednAdjView : public WorksheetView {
  public:
-  explicit frmDednAdjView(frmDednAdj& screen) : WorksheetView(screen), screen_(screen) {
+  explicit frmDednAdjView(frmDednAdj& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
     firstPage();
     secondPage();
   }

@@ -16,7 +16,7 @@ namespace {
 
 class frmPersWkShtView : public WorksheetView {
  public:
-  explicit frmPersWkShtView(frmPersWkSht& screen) : WorksheetView(screen), screen_(screen) {
+  explicit frmPersWkShtView(frmPersWkSht& screen) : WorksheetView(screen, countWidth), screen_(screen) {
     firstPage();
     secondPage();
   }
@@ -40,16 +40,21 @@ class frmPersWkShtView : public WorksheetView {
     sheet->addWidget(caption(screen_.lblChildCare[1]));
     comesOut(sheet, screen_.lblPersWrkTotal, screen_.lblTotalDepsClaim);
 
-    auto* middle = new QHBoxLayout;
-    middle->addWidget(caption(screen_.lblForAccuracy), 1);
-    middle->addWidget(pictureButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"));
-    sheet->addLayout(middle);
-    for (CommandButton& control : screen_.cmdInstructions) {
-      auto* button = new WrapButton(this);
-      sheet->addWidget(tied(button, bind(*button, control)));
-    }
-    middle->addWidget(pictureButton(screen_.cmdW4Back[1], "back", "Page 1"));
+    sheet->addWidget(caption(screen_.lblForAccuracy));
+    sheet->setSpacing(2);  // the page is full
+    for (int i : {0, 1}) sheet->addWidget(instruction(i));
+    auto* last = new QHBoxLayout;
+    last->setSpacing(look::tight);
+    last->addWidget(instruction(2), 1);
+    last->addWidget(pictureButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"));
+    last->addWidget(pictureButton(screen_.cmdW4Back[1], "back", "Page 1"));
+    sheet->addLayout(last);
     sheet->addStretch(1);
+  }
+
+  QWidget* instruction(int index) {
+    auto* widget = new WrapButton(this);
+    return tied(widget, bind(*widget, screen_.cmdInstructions[index]));
   }
 
   /// A line to tick, with the words that explain it under it.

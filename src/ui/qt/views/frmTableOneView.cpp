@@ -27,7 +27,7 @@ class frmTableOneView : public View {
     QListWidget* wages = list(screen.lstTableOne, Choose::byEnter);
     wages->setAccessibleName(QString::fromStdString(screen.title()));
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(look::edge, look::row, look::edge, look::edge);
+    layout->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
     layout->setSpacing(look::group);
     layout->addLayout(left);
     layout->addWidget(wages, 1);

@@ -12,8 +12,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr int entryWidth = 92;       ///< Of the column at the right.
-constexpr QSize unfilled{452, 350};  ///< Of a worksheet that doesn't fill the shell.
+constexpr QSize unfilled{460, 362};  ///< Of a worksheet that doesn't fill the shell.
 
 QWidget* hairline(QWidget* parent) {
   auto* line = new QWidget(parent);
@@ -42,7 +41,8 @@ class Result : public QLabel {
 
 }  // namespace
 
-WorksheetView::WorksheetView(Screen& screen) : View(screen), pages_(new QVBoxLayout(this)) {
+WorksheetView::WorksheetView(Screen& screen, int entryWidth)
+    : View(screen), entryWidth_(entryWidth), pages_(new QVBoxLayout(this)) {
   look::setGround(*this, look::onPaper());
   pages_->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
 }
@@ -100,13 +100,13 @@ QLabel* WorksheetView::caption(Label& control) {
 }
 
 QCheckBox* WorksheetView::checkLine(CheckBox& control) {
-  auto* widget = new HangingCheckBox(this, margin, entryWidth + look::row);
+  auto* widget = new HangingCheckBox(this, margin, entryWidth_ + look::row);
   return tied(widget, bind(*widget, control));
 }
 
 QLineEdit* WorksheetView::entry(TextBox& control, const Label& words) {
   QLineEdit* widget = amountBox(control);
-  widget->setFixedWidth(entryWidth);
+  widget->setFixedWidth(entryWidth_);
   widget->setAccessibleName(QString::fromStdString(words.caption()));
   return widget;
 }
@@ -117,7 +117,7 @@ QLabel* WorksheetView::result(Label& control, const Label& words) {
   widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   widget->setMargin(2);
   widget->setIndent(2);
-  widget->setFixedWidth(entryWidth);
+  widget->setFixedWidth(entryWidth_);
   widget->setAccessibleDescription(QString::fromStdString(words.caption()));
   return tied(widget, bind(*widget, control));
 }

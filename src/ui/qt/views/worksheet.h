@@ -18,9 +18,12 @@ class WorksheetView : public View {
   QSize sizeHint() const override;
 
  protected:
-  static constexpr int margin = 26;  ///< For the line numbers.
+  static constexpr int margin = 26;       ///< For the line numbers.
+  static constexpr int countWidth = 48;   ///< Of the column at the right where it holds counts,
+  static constexpr int amountWidth = 92;  ///< and where it holds amounts.
 
-  explicit WorksheetView(Screen& screen);
+  /// The column at the right is as wide as what stands in it, in pixels.
+  WorksheetView(Screen& screen, int entryWidth);
 
   /// A page with its heading; it is shown while its panel is in sight. The lines go below each other on it.
   QBoxLayout* page(Panel& panel, Label& heading, Label& pageNumber);
@@ -42,6 +45,7 @@ class WorksheetView : public View {
   QWidget* sentence(Label& first, CommandButton& button, Label& second);
 
  private:
+  int entryWidth_;
   QLayout* pages_;
 };
 
