@@ -12,7 +12,6 @@
 
 #include "controls/screen.h"
 #include "ui/qt/desktop.h"
-#include "ui/qt/frame.h"
 #include "ui/qt/view.h"
 
 namespace tallyfin::qt {
@@ -38,15 +37,16 @@ bool printWidget(QWidget& widget, QPagedPaintDevice& device) {
   const QPicture picture = drawingOf(widget);
   QPainter painter;
   if (!painter.begin(&device)) return false;
-  const double scale = std::min(painter.viewport().width() / static_cast<double>(widget.width()),
-                                painter.viewport().height() / static_cast<double>(widget.height()));
+  // A drawing keeps its size in inches wherever it is drawn.
+  const double width = widget.width() * static_cast<double>(device.logicalDpiX()) / picture.logicalDpiX();
+  const double height = widget.height() * static_cast<double>(device.logicalDpiY()) / picture.logicalDpiY();
+  const double scale = std::min(painter.viewport().width() / width, painter.viewport().height() / height);
   painter.scale(scale, scale);
   painter.drawPicture(0, 0, picture);
   return painter.end();
 }
 
-ScreenPrinter::ScreenPrinter(const Desktop& desktop)
-    : setUp([this](QPrinter& printer) { return ask(printer); }), desktop_(desktop) {}
+ScreenPrinter::ScreenPrinter(const Desktop& desktop) : desktop_(desktop) {}
 
 int ScreenPrinter::printScreen(Screen& screen) {
   QPrinter printer(QPrinter::HighResolution);
@@ -57,14 +57,14 @@ int ScreenPrinter::printScreen(Screen& screen) {
   return printWidget(*view, printer) ? 1 : 0;
 }
 
-bool ScreenPrinter::ask(QPrinter& printer) const {
+bool ScreenPrinter::ask(QPrinter& printer) {
   if (!QPrinterInfo::availablePrinters().isEmpty()) {
-    QPrintDialog dialog(&printer, desktop_.frame());
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
     return dialog.exec() == QDialog::Accepted;
   }
   const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
   const QString file =
-      QFileDialog::getSaveFileName(desktop_.frame(), QStringLiteral("Print to a PDF file"),
+      QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("Print to a PDF file"),
                                    documents.filePath(printer.docName() + ".pdf"), QStringLiteral("PDF files (*.pdf)"));
   printer.setOutputFormat(QPrinter::PdfFormat);
   printer.setOutputFileName(file);

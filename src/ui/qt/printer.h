@@ -23,13 +23,13 @@ class ScreenPrinter : public Printer {
 
   int printScreen(Screen& screen) override;
 
-  /// Sets the printer up as the user wishes; false if he doesn't want to print after all. It asks by the system's
-  /// print dialog, or for the name of a PDF file where there is no printer.
-  std::function<bool(QPrinter&)> setUp;
+  /// Asks the user by the system's print dialog, or for the name of a PDF file where there is no printer. False if he
+  /// doesn't want to print after all.
+  static bool ask(QPrinter& printer);
+  /// Sets the printer up before each printing; false prints nothing.
+  std::function<bool(QPrinter&)> setUp = ask;
 
  private:
-  bool ask(QPrinter& printer) const;
-
   const Desktop& desktop_;
 };
 

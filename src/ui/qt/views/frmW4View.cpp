@@ -19,11 +19,12 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr int margin = 13;        ///< For the line numbers of the form.
-constexpr int space = 3;          ///< Between a rule and what stands beside it.
-constexpr int lineNumber = 20;    ///< Width of the boxes of lines 5 to 7 with their numbers,
-constexpr int lineFigure = 84;    ///< and with what is entered.
-constexpr int rightColumn = 258;  ///< Width of lines 3 and 4.
+constexpr int margin = 13;         ///< For the line numbers of the form.
+constexpr int space = 3;           ///< Between a rule and what stands beside it.
+constexpr int lineNumber = 20;     ///< Width of the boxes of lines 5 to 7 with their numbers,
+constexpr int lineFigure = 76;     ///< and with what is entered.
+constexpr int numberColumn = 144;  ///< Width of line 2.
+constexpr int rightColumn = 262;   ///< Width of lines 3 and 4.
 
 /// The small print of the form.
 QFont smallPrint(bool bold = false) {
@@ -75,7 +76,7 @@ class FormTick : public Button {
 
  protected:
   static constexpr int box = 9;
-  static constexpr int gap = 4;
+  static constexpr int gap = 5;
 
   bool hitButton(const QPoint& position) const override { return this->rect().contains(position); }
 
@@ -124,8 +125,12 @@ class frmW4View : public View {
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Text, Qt::black);
     look::setGround(*this, palette);
+    // The least spacing keeps letters apart that would join, so that a printed file can be searched for its words.
+    QFont letters = font();
+    letters.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);
+    setFont(letters);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(look::row, look::tight, look::row, look::tight);
+    layout->setContentsMargins(look::row, space, look::row, space);
     layout->setSpacing(0);
     layout->addWidget(level(this, 2));
     layout->addLayout(head());
@@ -160,13 +165,13 @@ class frmW4View : public View {
   QLayout* head() {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::tight);
-    row->addWidget(large(screen_.Label1, 20), 0, Qt::AlignVCenter);
+    row->addWidget(large(screen_.Label1, 17), 0, Qt::AlignVCenter);
     row->addWidget(upright(this));
-    QLabel* title = large(screen_.Label2, 10);
+    QLabel* title = large(screen_.Label2, 9);
     title->setAlignment(Qt::AlignCenter);
     row->addWidget(title, 1);
     row->addWidget(upright(this));
-    row->addWidget(large(screen_.lbl1998, 17), 0, Qt::AlignVCenter);
+    row->addWidget(large(screen_.lbl1998, 15), 0, Qt::AlignVCenter);
     return row;
   }
 
@@ -175,8 +180,10 @@ class frmW4View : public View {
     row->setSpacing(space);
     row->addLayout(entry(screen_.Label4, screen_.txtName), 1);
     row->addWidget(upright(this));
-    QLayout* number = entry(screen_.Label5, screen_.txtSSN);
-    row->addLayout(number);
+    auto* number = new QWidget(this);
+    number->setLayout(entry(screen_.Label5, screen_.txtSSN));
+    number->setFixedWidth(numberColumn);
+    row->addWidget(number);
     return row;
   }
 
@@ -216,13 +223,13 @@ class frmW4View : public View {
     grid->setSpacing(0);
     grid->setColumnStretch(0, 1);
     boxedLine(*grid, small(screen_.lblFive, margin), screen_.Label12, figure(screen_.lblW4Line5));
+    grid->setRowMinimumHeight(grid->rowCount() - 1, 2 * QFontMetrics(smallPrint()).height() + space);
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     boxedLine(*grid, padded(screen_.Label11), screen_.Label13, figure(screen_.lblW4Line6));
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     for (Label* condition : {&screen_.Label16, &screen_.Label17, &screen_.Label18}) {
       const bool first = condition == &screen_.Label16;
       QLabel* words = small(*condition, first ? margin : look::row);
-      words->setContentsMargins(0, first ? space : 0, 0, 0);
       grid->addWidget(indented(words, first ? 0 : margin), grid->rowCount(), 0, 1, 5);
     }
     QLabel* exempt = label(screen_.Label27);
@@ -241,7 +248,8 @@ class frmW4View : public View {
     numberLabel->setAlignment(Qt::AlignCenter);
     numberLabel->setFixedWidth(lineNumber);
     figure->setFixedWidth(lineFigure);
-    figure->setMargin(space);
+    figure->setMargin(2);
+    figure->setContentsMargins(0, 0, look::tight, 0);
     figure->setAccessibleDescription(words->text());
     grid.addWidget(words, row, 0, Qt::AlignBottom);
     grid.addWidget(upright(this), row, 1);
@@ -252,7 +260,7 @@ class frmW4View : public View {
 
   QLayout* signature() {
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(0, look::row, 0, space);
+    row->setContentsMargins(0, look::tight, 0, 1);
     row->setSpacing(look::group);
     row->addWidget(bold(screen_.lblSig), 1);
     row->addWidget(bold(screen_.lblSigDate));
@@ -265,13 +273,13 @@ class frmW4View : public View {
   /// What the paper doesn't have.
   QLayout* foot() {
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(0, look::tight, 0, 0);
+    row->setContentsMargins(0, space, 0, 0);
     QLabel* hint = label(screen_.lblPrint);
     keepPlace(hint);
     QPushButton* exit = button(screen_.cmdW4Exit, QStringLiteral("exit-dark"));
     exit->setAccessibleName(QStringLiteral("Close the form"));
     exit->setIconSize({18, 18});
-    exit->setFixedSize(34, 26);
+    exit->setFixedSize(34, 22);
     keepPlace(exit);
     row->addWidget(hint, 1);
     row->addWidget(exit);
