@@ -8,11 +8,13 @@
 #include "ui/qt/binding.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
+#include "ui/qt/printer.h"
 #include "ui/qt/view.h"
 
 namespace tallyfin::qt {
 
-Desktop::Desktop() : before_(surroundings) {
+Desktop::Desktop() : screenPrinter_(std::make_unique<ScreenPrinter>(*this)), before_(surroundings) {
+  surroundings.printer = screenPrinter_.get();
   desk.onShown = [this](Screen& screen) { show(screen); };
   desk.onDiscarded = [this](Screen& screen) { discard(screen); };
   desk.onFocusMoved = [this] { followFocus(); };

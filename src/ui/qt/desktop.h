@@ -13,6 +13,7 @@ class QDialog;
 namespace tallyfin::qt {
 
 class Frame;
+class ScreenPrinter;
 class View;
 
 /// The desktop binding as a whole: shows what the desk holds. A shown screen has a view; documents stand in the frame,
@@ -27,6 +28,8 @@ class Desktop : public QObject {
   Frame* frame() const { return frame_.get(); }
   /// The view of a shown screen; none if it isn't shown.
   View* view(std::string_view screenName) const;
+  /// What prints screens.
+  ScreenPrinter& screenPrinter() const { return *screenPrinter_; }
 
  private:
   void show(Screen& screen);
@@ -39,6 +42,7 @@ class Desktop : public QObject {
   std::map<const Screen*, QPointer<View>> views_;
   std::map<const Screen*, QPointer<QDialog>> boxes_;
   std::vector<std::unique_ptr<QObject>> helpers_;
+  std::unique_ptr<ScreenPrinter> screenPrinter_;
   Surroundings before_;
 };
 

@@ -1,9 +1,56 @@
-#include "ui/qt/look.h"
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
 #include "ui/qt/views/views.h"
+#include "ui/qt/views/worksheet.h"
 #include "w4/frm2Workers.h"
 
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frm2Workers& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+class frm2WorkersView : public WorksheetView {
+ public:
+  explicit frm2WorkersView(frm2Workers& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
+    firstPage();
+    secondPage();
+  }
+
+ private:
+  void firstPage() {
+    QBoxLayout* sheet = page(screen_.pnl2Workers[0], screen_.lblPersWorkpt1, screen_.lblPage1);
+    line(sheet, {caption(screen_.lblTwoNote)});
+    comesOut(sheet, screen_.lblTwo1, screen_.lblDedFromG);
+    QWidget* line2 = sentence(screen_.lblItem2, screen_.cmdTable1Show[0], screen_.lblTwo2);
+    line(sheet, {line2}, result(screen_.lbl2WkerT1, screen_.lblItem2));
+    comesOut(sheet, screen_.lblTwo3, screen_.lbl2Wker3);
+    line(sheet, {caption(screen_.lblTwoNote2)});
+    foot(sheet, {pictureButton(screen_.cmdPersWrkCalc[2], "formw4-dark", "Form W4"),
+                 pictureButton(screen_.cmdW4Back[0], "forward", "Page 2")});
+  }
+
+  void secondPage() {
+    QBoxLayout* sheet = page(screen_.pnl2Workers[1], screen_.lblPersWorkpt2, screen_.lblPage2);
+    comesOut(sheet, screen_.lbl2WkerLine4, screen_.lbl2WkerResult4);
+    comesOut(sheet, screen_.lbl2WkerLine5, screen_.lbl2WkerResult5);
+    comesOut(sheet, screen_.lbl2WkerLine6, screen_.lbl2WkerResult6);
+    QWidget* line7 = sentence(screen_.lbl2WkerLine7, screen_.cmdTable1Show[1], screen_.lbl2WkerLine7a);
+    line(sheet, {line7}, entry(screen_.lblTable2, screen_.lbl2WkerLine7));
+    enter(sheet, screen_.lbl2WkerLine8, screen_.lblMultiply8);
+    enter(sheet, screen_.lbl2WkerLine9, screen_.lblDollarAmt);
+    enter(sheet, screen_.lblNoPaydays, screen_.txtNumPayDays);
+    foot(sheet, {pictureButton(screen_.cmdW4Back[2], "calendar-dark", "Calendar"),
+                 pictureButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"),
+                 pictureButton(screen_.cmdPersWrkCalc[1], "formw4-dark", "Form W4"),
+                 pictureButton(screen_.cmdW4Back[1], "back", "Page 1")});
+  }
+
+  frm2Workers& screen_;
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frm2Workers& screen) { return std::make_unique<frm2WorkersView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -1,9 +1,58 @@
+#include <QCalendarWidget>
+#include <QTextCharFormat>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "controls/desk.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "w4/frmCalendar.h"
 
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frmCalendar& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+class frmCalendarView : public View {
+ public:
+  explicit frmCalendarView(frmCalendar& screen) : View(screen) {
+    QPalette palette = look::onPaper();
+    palette.setColor(QPalette::Highlight, look::deep);
+    look::setGround(*this, palette);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
+    layout->addWidget(calendar(screen.mthTwoWorkers));
+  }
+
+ private:
+  QWidget* calendar(MonthCalendar& control) {
+    auto* widget = new QCalendarWidget(this);
+    widget->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    widget->setGridVisible(true);
+    widget->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    widget->setAccessibleName(QStringLiteral("Calendar"));
+    widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))->setIcon(look::picture("previous"));
+    widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"))->setIcon(look::picture("next"));
+    QTextCharFormat weekday;
+    weekday.setForeground(look::ink);
+    QTextCharFormat weekend;
+    weekend.setForeground(QColor(160, 60, 40));
+    for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
+      widget->setWeekdayTextFormat(static_cast<Qt::DayOfWeek>(day), day < Qt::Saturday ? weekday : weekend);
+    }
+    Binding& binding = bindPlain(*widget, control);
+    binding.show = [widget, &control] {
+      const std::chrono::year_month_day& date = control.date();
+      widget->setSelectedDate(QDate(static_cast<int>(date.year()),
+                                    static_cast<int>(static_cast<unsigned>(date.month())),
+                                    static_cast<int>(static_cast<unsigned>(date.day()))));
+    };
+    binding.refresh();
+    return tied(widget, binding);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmCalendar& screen) { return std::make_unique<frmCalendarView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -1,9 +1,58 @@
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/views/worksheet.h"
 #include "w4/frmDednAdj.h"
 
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frmDednAdj& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+class frmDednAdjView : public WorksheetView {
+ public:
+  explicit frmDednAdjView(frmDednAdj& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
+    firstPage();
+    secondPage();
+  }
+
+ private:
+  void firstPage() {
+    QBoxLayout* sheet = page(screen_.pnlDednAdj[0], screen_.lblPersWorkpt1, screen_.lblPage1);
+    line(sheet, {caption(screen_.lblNote)});
+    enter(sheet, screen_.lblItem1, screen_.txtGetItemized);
+    comesOut(sheet, screen_.lblItem2, screen_.lblGetPersDed);
+    auto* choices = new QVBoxLayout;
+    choices->setContentsMargins(margin, 0, 0, 0);
+    choices->setSpacing(1);
+    for (QRadioButton* option : options(screen_.optDedCategory)) choices->addWidget(option);
+    sheet->addLayout(choices);
+    comesOut(sheet, screen_.lblItem3, screen_.lblSubTotal);
+    foot(sheet, {pictureButton(screen_.cmdW4Back[0], "forward", "Page 2")});
+  }
+
+  void secondPage() {
+    QBoxLayout* sheet = page(screen_.pnlDednAdj[1], screen_.lblPersWorkpt2, screen_.lblPage2);
+    enter(sheet, screen_.lblDnJ4, screen_.txtAdjustments);
+    comesOut(sheet, screen_.lblDnJ5, screen_.lblTotal5);
+    enter(sheet, screen_.lblDnJ6, screen_.txtNonWage);
+    comesOut(sheet, screen_.lblDnJ7, screen_.lblTotal7);
+    comesOut(sheet, screen_.lblDnJ8, screen_.lblDivide);
+    comesOut(sheet, screen_.lblDnJ9, screen_.lblPersWrkShtDeps);
+    comesOut(sheet, screen_.lblDnJ10, screen_.lblTotal10);
+    foot(sheet, {pictureButton(screen_.cmdPersWrkCalc, "calculate-dark", "Calculate"),
+                 pictureButton(screen_.cmdW4Back[1], "back", "Page 1")});
+  }
+
+  frmDednAdj& screen_;
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmDednAdj& screen) { return std::make_unique<frmDednAdjView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -1,9 +1,43 @@
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "w4/frmTableOne.h"
 
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frmTableOne& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+/// A click on a row closes the screen, so the marker moves freely and Enter chooses.
+class frmTableOneView : public View {
+ public:
+  explicit frmTableOneView(frmTableOne& screen) : View(screen) {
+    look::setGround(*this, look::onPaper());
+    auto* left = new QVBoxLayout;
+    left->setSpacing(look::row);
+    QLabel* table = heading(screen.lblCboTable);
+    left->addWidget(table);
+    for (QRadioButton* option : options(screen.optTableOne)) left->addWidget(option);
+    left->addStretch(1);
+    QListWidget* wages = list(screen.lstTableOne, Choose::byEnter);
+    wages->setAccessibleName(QString::fromStdString(screen.title()));
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
+    layout->setSpacing(look::group);
+    layout->addLayout(left);
+    layout->addWidget(wages, 1);
+  }
+
+  QSize sizeHint() const override { return {Frame::pixels(frmTableOne::width), Frame::pixels(frmTableOne::height)}; }
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmTableOne& screen) { return std::make_unique<frmTableOneView>(screen); }
 
 }  // namespace tallyfin::qt

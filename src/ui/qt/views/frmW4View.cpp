@@ -1,9 +1,365 @@
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "ui/qt/captions.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "w4/frmW4.h"
 
 namespace tallyfin::qt {
 
-std::unique_ptr<View> makeView(frmW4& screen) { return std::make_unique<View>(screen); }
+namespace {
+
+constexpr int margin = 13;         ///< For the line numbers of the form.
+constexpr int space = 3;           ///< Between a rule and what stands beside it.
+constexpr int lineNumber = 20;     ///< Width of the boxes of lines 5 to 7 with their numbers,
+constexpr int lineFigure = 76;     ///< and with what is entered.
+constexpr int numberColumn = 144;  ///< Width of line 2.
+constexpr int rightColumn = 262;   ///< Width of lines 3 and 4.
+
+/// The small print of the form.
+QFont smallPrint(bool bold = false) {
+  QFont font = QApplication::font();
+  font.setPointSizeF(font.pointSizeF() * 7.0 / 8.5);
+  font.setBold(bold);
+  return font;
+}
+
+QFont print(double points) {
+  QFont font = look::heading();
+  font.setPointSizeF(QApplication::font().pointSizeF() * points / 8.5);
+  return font;
+}
+
+QWidget* rule(QWidget* parent, int width = 0, int height = 0) {
+  auto* line = new QWidget(parent);
+  QPalette palette = look::onWhite();
+  palette.setColor(QPalette::Window, Qt::black);
+  look::setGround(*line, palette);
+  if (width > 0) line->setFixedWidth(width);
+  if (height > 0) line->setFixedHeight(height);
+  return line;
+}
+
+QWidget* upright(QWidget* parent) { return rule(parent, 1); }
+
+QWidget* level(QWidget* parent, int height = 1) { return rule(parent, 0, height); }
+
+void showFocus(QPainter& painter, const QWidget& widget) {
+  if (!widget.hasFocus()) return;
+  painter.setPen(look::colour({58, 110, 165}));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(widget.rect().adjusted(0, 0, -1, -1));
+}
+
+/// An option or a check box as a form has them: a small square box, ticked by hand.
+template <class Button>
+class FormTick : public Button {
+ public:
+  /// Without its caption only the box is drawn, for one whose words stand elsewhere on the form.
+  FormTick(QWidget* parent, bool withCaption) : Button(parent), withCaption_(withCaption) {}
+
+  QSize sizeHint() const override {
+    const int words = withCaption_ ? gap + this->fontMetrics().horizontalAdvance(this->text()) : 0;
+    return {box + words + 4, std::max(box + 4, this->fontMetrics().height())};
+  }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  static constexpr int box = 9;
+  static constexpr int gap = 5;
+
+  bool hitButton(const QPoint& position) const override { return this->rect().contains(position); }
+
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const QRect square(2, (this->height() - box) / 2, box, box);
+    painter.setPen(Qt::black);
+    painter.setBrush(Qt::white);
+    painter.drawRect(square);
+    if (this->isChecked()) {
+      painter.setRenderHint(QPainter::Antialiasing);
+      painter.setPen(QPen(Qt::black, 1.6));
+      painter.drawPolyline(QPolygonF({square.topLeft() + QPointF(2, 4.5), square.topLeft() + QPointF(4, 7),
+                                      square.topLeft() + QPointF(7.5, 1.5)}));
+      painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+    painter.setPen(this->palette().color(QPalette::WindowText));
+    if (withCaption_) {
+      painter.drawText(this->rect().adjusted(square.right() + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                       this->text());
+    }
+    showFocus(painter, *this);
+  }
+
+ private:
+  bool withCaption_;
+};
+
+/// A box without a frame: the form's own rules are around it.
+class FormBox : public QLineEdit {
+ public:
+  explicit FormBox(QWidget* parent) : QLineEdit(parent) { setFrame(false); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    showFocus(painter, *this);
+  }
+};
+
+class frmW4View : public View {
+ public:
+  explicit frmW4View(frmW4& screen) : View(screen), screen_(screen) {
+    QPalette palette = look::onWhite();
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    look::setGround(*this, palette);
+    // The least spacing keeps letters apart that would join, so that a printed file can be searched for its words.
+    QFont letters = font();
+    letters.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);
+    setFont(letters);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(look::row, space, look::row, space);
+    layout->setSpacing(0);
+    layout->addWidget(level(this, 2));
+    layout->addLayout(head());
+    layout->addWidget(level(this));
+    layout->addLayout(nameAndNumber());
+    layout->addWidget(level(this));
+    layout->addLayout(addressAndStatus());
+    layout->addWidget(level(this));
+    layout->addLayout(cityAndCard());
+    layout->addWidget(level(this));
+    layout->addLayout(lines());
+    layout->addWidget(level(this));
+    layout->addWidget(small(screen.Label22, 0));
+    layout->addSpacing(look::row);
+    layout->addLayout(signature());
+    layout->addWidget(level(this, 2));
+    layout->addStretch(1);
+    layout->addLayout(foot());
+  }
+
+  QSize sizeHint() const override { return {width, heightForWidth(width)}; }
+
+ protected:
+  /// A double click on the paper prints. Labels without handlers let it through to the paper.
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    if (event->button() == Qt::LeftButton && View::screen() != nullptr) screen_.userDblClick();
+  }
+
+ private:
+  static constexpr int width = 468;
+
+  QLayout* head() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(look::tight);
+    row->addWidget(large(screen_.Label1, 17), 0, Qt::AlignVCenter);
+    row->addWidget(upright(this));
+    QLabel* title = large(screen_.Label2, 9);
+    title->setAlignment(Qt::AlignCenter);
+    row->addWidget(title, 1);
+    row->addWidget(upright(this));
+    row->addWidget(large(screen_.lbl1998, 15), 0, Qt::AlignVCenter);
+    return row;
+  }
+
+  QLayout* nameAndNumber() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(space);
+    row->addLayout(entry(screen_.Label4, screen_.txtName), 1);
+    row->addWidget(upright(this));
+    auto* number = new QWidget(this);
+    number->setLayout(entry(screen_.Label5, screen_.txtSSN));
+    number->setFixedWidth(numberColumn);
+    row->addWidget(number);
+    return row;
+  }
+
+  QLayout* addressAndStatus() {
+    QLayout* address = entry(screen_.Label6, screen_.txtAddress);
+    auto* status = new QGridLayout;
+    status->setContentsMargins(0, space, 0, space);
+    status->setHorizontalSpacing(look::row);
+    status->setVerticalSpacing(0);
+    QLabel* number = bold(screen_.Label9);
+    number->setFixedWidth(margin - 2);
+    auto* group = new QButtonGroup(this);
+    status->addWidget(number, 0, 0);
+    status->addWidget(option(screen_.optSingle, *group), 0, 1);
+    status->addWidget(option(screen_.optMarried, *group), 0, 2);
+    status->addWidget(option(screen_.SSOption1, *group), 1, 1, 1, 3);
+    status->addWidget(small(screen_.Label28, 2), 2, 1, 1, 3);
+    status->setColumnStretch(3, 1);
+    return halves(address, status);
+  }
+
+  QLayout* cityAndCard() {
+    QLayout* city = entry(screen_.Label7, screen_.txtCity);
+    auto* card = new QHBoxLayout;
+    card->setContentsMargins(0, space, 0, space);
+    QLabel* words = small(screen_.Label8, margin);
+    auto* tick = new FormTick<QCheckBox>(this, false);
+    name(words, tick);
+    card->addWidget(words, 1);
+    card->addWidget(tied(tick, bind(*tick, screen_.Check4)), 0, Qt::AlignBottom);
+    return halves(city, card);
+  }
+
+  /// Lines 5 to 7, their figures in boxes at the right edge.
+  QLayout* lines() {
+    auto* grid = new QGridLayout;
+    grid->setSpacing(0);
+    grid->setColumnStretch(0, 1);
+    boxedLine(*grid, small(screen_.lblFive, margin), screen_.Label12, figure(screen_.lblW4Line5));
+    grid->setRowMinimumHeight(grid->rowCount() - 1, 2 * QFontMetrics(smallPrint()).height() + space);
+    grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
+    boxedLine(*grid, padded(screen_.Label11), screen_.Label13, figure(screen_.lblW4Line6));
+    grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
+    for (Label* condition : {&screen_.Label16, &screen_.Label17, &screen_.Label18}) {
+      const bool first = condition == &screen_.Label16;
+      QLabel* words = small(*condition, first ? margin : look::row);
+      grid->addWidget(indented(words, first ? 0 : margin), grid->rowCount(), 0, 1, 5);
+    }
+    QLabel* exempt = label(screen_.Label27);
+    exempt->setAlignment(Qt::AlignCenter);
+    keepPlace(exempt);
+    grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
+    QLabel* enterHere = padded(screen_.Label20);
+    enterHere->setAttribute(Qt::WA_NoMousePropagation);  // its double click is its own
+    boxedLine(*grid, enterHere, screen_.Label21, exempt);
+    return grid;
+  }
+
+  void boxedLine(QGridLayout& grid, QLabel* words, Label& number, QLabel* figure) {
+    const int row = grid.rowCount();
+    QLabel* numberLabel = bold(number);
+    numberLabel->setAlignment(Qt::AlignCenter);
+    numberLabel->setFixedWidth(lineNumber);
+    figure->setFixedWidth(lineFigure);
+    figure->setMargin(2);
+    figure->setContentsMargins(0, 0, look::tight, 0);
+    figure->setAccessibleDescription(words->text());
+    grid.addWidget(words, row, 0, Qt::AlignBottom);
+    grid.addWidget(upright(this), row, 1);
+    grid.addWidget(numberLabel, row, 2);
+    grid.addWidget(upright(this), row, 3);
+    grid.addWidget(figure, row, 4);
+  }
+
+  QLayout* signature() {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, look::tight, 0, 1);
+    row->setSpacing(look::group);
+    row->addWidget(bold(screen_.lblSig), 1);
+    row->addWidget(bold(screen_.lblSigDate));
+    QLabel* date = label(screen_.lblDate);
+    date->setAccessibleDescription(QString::fromStdString(screen_.lblSigDate.caption()));
+    row->addWidget(date);
+    return row;
+  }
+
+  /// What the paper doesn't have.
+  QLayout* foot() {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, space, 0, 0);
+    QLabel* hint = label(screen_.lblPrint);
+    keepPlace(hint);
+    QPushButton* exit = button(screen_.cmdW4Exit, QStringLiteral("exit-dark"));
+    exit->setAccessibleName(QStringLiteral("Close the form"));
+    exit->setIconSize({18, 18});
+    exit->setFixedSize(34, 22);
+    keepPlace(exit);
+    row->addWidget(hint, 1);
+    row->addWidget(exit);
+    return row;
+  }
+
+  // --- Parts
+
+  /// A caption with its box under it.
+  QLayout* entry(Label& caption, TextBox& control) {
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, space, 0, 1);
+    column->setSpacing(0);
+    QLabel* words = padded(caption);
+    auto* edit = new FormBox(this);
+    name(words, edit);
+    edit->setTextMargins(margin - 2, 0, 0, 0);
+    column->addWidget(words);
+    column->addStretch(1);
+    column->addWidget(tied(edit, bind(*edit, control)));
+    return column;
+  }
+
+  QLayout* halves(QLayout* left, QLayout* right) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(space);
+    auto* half = new QWidget(this);
+    half->setLayout(right);
+    half->setFixedWidth(rightColumn);
+    row->addLayout(left, 1);
+    row->addWidget(upright(this));
+    row->addWidget(half);
+    return row;
+  }
+
+  QWidget* indented(QLabel* words, int by) {
+    auto* holder = new QWidget(this);
+    auto* row = new QHBoxLayout(holder);
+    row->setContentsMargins(by, 0, 0, 0);
+    row->addWidget(words);
+    return holder;
+  }
+
+  QLabel* small(Label& control, int hanging) { return inSmallPrint(new HangingLabel(this, hanging), control); }
+  QLabel* padded(Label& control) { return inSmallPrint(new PaddedLabel(this, margin), control); }
+  QLabel* inSmallPrint(QLabel* widget, Label& control) {
+    widget->setFont(smallPrint());
+    return tied(widget, bind(*widget, control));
+  }
+
+  QLabel* bold(Label& control) {
+    QLabel* widget = label(control);
+    widget->setFont(smallPrint(true));
+    return widget;
+  }
+
+  QLabel* large(Label& control, double points) {
+    QLabel* widget = label(control);
+    widget->setFont(print(points));
+    return widget;
+  }
+
+  QRadioButton* option(OptionButton& control, QButtonGroup& group) {
+    auto* widget = new FormTick<QRadioButton>(this, true);
+    widget->setFont(smallPrint());
+    return tied(widget, bind(*widget, control, group));
+  }
+
+  /// Nothing moves when it is hidden.
+  static void keepPlace(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
+
+  frmW4& screen_;
+};
+
+}  // namespace
+
+std::unique_ptr<View> makeView(frmW4& screen) { return std::make_unique<frmW4View>(screen); }
 
 }  // namespace tallyfin::qt

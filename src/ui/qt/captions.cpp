@@ -1,0 +1,231 @@
+#include "ui/qt/captions.h"
+
+#include <QPainter>
+#include <QRegularExpression>
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
+
+namespace tallyfin::qt {
+
+namespace {
+
+constexpr int wrapped = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+constexpr int hintWidth = 320;
+constexpr int leastWidth = 100;
+
+struct Caption {
+  QString number;
+  QString words;
+};
+
+/// Parts a caption after its line number or dash, or after the blanks that stand in for one.
+Caption parted(const QString& text) {
+  static const QRegularExpression number(QStringLiteral("^(\\d+\\.?|[A-Z]\\.|-)? +"));
+  const auto match = number.match(text);
+  return {match.captured(1), text.mid(match.capturedLength())};
+}
+
+int wrappedHeight(const QWidget& widget, int width, const QString& text) {
+  return widget.fontMetrics().boundingRect(QRect(0, 0, width, 10000), wrapped, text).height();
+}
+
+void drawHanging(QPainter& painter, const QRect& place, int margin, const Caption& caption) {
+  painter.drawText(place, wrapped, caption.number);
+  painter.drawText(place.adjusted(margin, 0, 0, 0), wrapped, caption.words);
+}
+
+void wrapsIn(QWidget& widget) {
+  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  policy.setHeightForWidth(true);
+  widget.setSizePolicy(policy);
+}
+
+}  // namespace
+
+HangingLabel::HangingLabel(QWidget* parent, int margin) : QLabel(parent), margin_(margin) {
+  wrapsIn(*this);
+  setWordWrap(true);
+}
+
+QSize HangingLabel::sizeHint() const { return {hintWidth, heightForWidth(hintWidth)}; }
+
+QSize HangingLabel::minimumSizeHint() const { return {leastWidth, fontMetrics().height()}; }
+
+int HangingLabel::heightForWidth(int width) const {
+  return wrappedHeight(*this, width - margin_, words(width - margin_));
+}
+
+QString HangingLabel::words(int /*width*/) const { return parted(text()).words; }
+
+void HangingLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  drawHanging(painter, rect(), margin_, {parted(text()).number, words(width() - margin_)});
+}
+
+QString PaddedLabel::words(int width) const {
+  static const QRegularExpression blanks(QStringLiteral(" {4,}"));
+  static const QRegularExpression dots(QStringLiteral("( \\.)+$"));
+  QString shown = HangingLabel::words(width);
+  const QString bare = QString(shown).replace(blanks, QStringLiteral("   ")).remove(dots);
+  const int enough = wrappedHeight(*this, width, bare);
+  while (shown != bare && wrappedHeight(*this, width, shown) > enough) {
+    if (const auto run = shown.indexOf(blanks); run >= 0) {
+      shown.remove(run, 1);
+    } else {
+      shown.chop(2);
+    }
+  }
+  return shown;
+}
+
+HangingCheckBox::HangingCheckBox(QWidget* parent, int margin, int column)
+    : QCheckBox(parent), margin_(margin), column_(column) {
+  wrapsIn(*this);
+}
+
+QSize HangingCheckBox::sizeHint() const { return {hintWidth, heightForWidth(hintWidth)}; }
+
+QSize HangingCheckBox::minimumSizeHint() const { return {leastWidth + column_, fontMetrics().height() + 2}; }
+
+int HangingCheckBox::heightForWidth(int width) const {
+  return wrappedHeight(*this, width - margin_ - column_, parted(text()).words) + 2;
+}
+
+bool HangingCheckBox::hitButton(const QPoint& position) const { return rect().contains(position); }
+
+void HangingCheckBox::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, parted(text()));
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  const QSize box(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),
+                  style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this));
+  option.rect = QRect(QPoint(width() - box.width() - 2, height() - box.height() - 1), box);
+  style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, this);
+  if (!hasFocus()) return;
+  QStyleOptionFocusRect focus;
+  focus.initFrom(this);
+  focus.rect = rect();
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+}
+
+namespace {
+
+constexpr QMargins padding{6, 3, 6, 3};
+
+}  // namespace
+
+WrapButton::WrapButton(QWidget* parent) : QPushButton(parent) {
+  setAutoDefault(true);  // Enter presses the button that has the focus
+  wrapsIn(*this);
+}
+
+QSize WrapButton::sizeHint() const { return {hintWidth, heightForWidth(hintWidth)}; }
+
+QSize WrapButton::minimumSizeHint() const { return {leastWidth, fontMetrics().height()}; }
+
+int WrapButton::heightForWidth(int width) const {
+  return wrappedHeight(*this, width - padding.left() - padding.right(), text()) + padding.top() + padding.bottom();
+}
+
+void WrapButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.text.clear();
+  style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+  style()->drawItemText(&painter, rect().marginsRemoved(padding), wrapped | Qt::TextShowMnemonic, palette(),
+                        isEnabled(), text(), QPalette::ButtonText);
+}
+
+// --- A sentence with a button
+// ------------------------------------------------------------------------------------------
+
+void SentenceWithButton::Words::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  for (const Word& word : words) painter.drawText(word.base, word.text);
+}
+
+/// Sets words and a button one after the other, from line to line.
+class SentenceWithButton::Flow {
+ public:
+  Flow(const QFontMetrics& metrics, int margin, int width, int lineHeight)
+      : metrics_(metrics), margin_(margin), width_(width), lineHeight_(lineHeight), x_(margin) {}
+
+  /// Gives each word its place; the words gathered belong to one caption.
+  void add(const QString& words, std::vector<Words::Word>& placed) {
+    for (const QString& word : words.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+      const QRect room = next(metrics_.horizontalAdvance(word));
+      placed.push_back({{room.left(), room.top() + (lineHeight_ - metrics_.height()) / 2 + metrics_.ascent()}, word});
+    }
+  }
+
+  /// The place of something as wide as this.
+  QRect next(int width) {
+    if (x_ + width > width_) {
+      x_ = margin_;
+      y_ += lineHeight_;
+    }
+    const QRect room(x_, y_, width, lineHeight_);
+    x_ += width + metrics_.horizontalAdvance(QLatin1Char(' '));
+    return room;
+  }
+
+  int height() const { return y_ + lineHeight_; }
+
+ private:
+  QFontMetrics metrics_;
+  int margin_;
+  int width_;
+  int lineHeight_;
+  int x_;
+  int y_ = 0;
+};
+
+SentenceWithButton::SentenceWithButton(QWidget* parent, int margin)
+    : QWidget(parent), margin_(margin), first_(new Words(this)), second_(new Words(this)) {
+  wrapsIn(*this);
+}
+
+void SentenceWithButton::setButton(QPushButton* button) {
+  button_ = button;
+  button_->setParent(this);
+}
+
+QSize SentenceWithButton::sizeHint() const { return {hintWidth, heightForWidth(hintWidth)}; }
+
+int SentenceWithButton::heightForWidth(int width) const { return flow(width, false); }
+
+void SentenceWithButton::resizeEvent(QResizeEvent* /*event*/) { flow(width(), true); }
+
+int SentenceWithButton::flow(int width, bool place) const {
+  const Caption caption = parted(first_->text());
+  const auto gap = caption.words.indexOf(QLatin1String("  "));
+  const QSize buttonSize(button_->sizeHint().width(), fontMetrics().height() + 6);
+  Flow sentence(fontMetrics(), margin_, width, fontMetrics().height() + 2);
+
+  std::vector<Words::Word> first;
+  std::vector<Words::Word> second;
+  sentence.add(caption.words.left(gap), first);
+  if (!first.empty()) first.push_back({{0, first.front().base.y()}, caption.number});
+  QRect room = sentence.next(buttonSize.width());
+  sentence.add(second_->text(), second);
+  sentence.add(caption.words.mid(gap), first);
+  if (place) {
+    const int above = 2;  // the button is taller than its line
+    for (auto* words : {&first, &second}) {
+      for (Words::Word& word : *words) word.base.ry() += above;
+    }
+    first_->words = first;
+    second_->words = second;
+    for (Words* words : {first_, second_}) {
+      words->setGeometry(rect());
+      words->update();
+    }
+    button_->setGeometry(QRect(QPoint(room.left(), room.top()), buttonSize));
+    button_->raise();
+  }
+  return sentence.height() + 4;
+}
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,141 @@
+#include "ui/qt/views/worksheet.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "ui/qt/captions.h"
+#include "ui/qt/look.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+constexpr QSize unfilled{460, 362};  ///< Of a worksheet that doesn't fill the shell.
+
+QWidget* hairline(QWidget* parent) {
+  auto* line = new QWidget(parent);
+  QPalette palette = look::onPaper();
+  palette.setColor(QPalette::Window, look::paperLine);
+  look::setGround(*line, palette);
+  line->setFixedHeight(1);
+  return line;
+}
+
+/// A figure in a field of its own.
+class Result : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), look::paper.lighter(103));
+    painter.setPen(look::paperLine.darker(125));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.end();
+    QLabel::paintEvent(event);
+  }
+};
+
+}  // namespace
+
+WorksheetView::WorksheetView(Screen& screen, int entryWidth)
+    : View(screen), entryWidth_(entryWidth), pages_(new QVBoxLayout(this)) {
+  look::setGround(*this, look::onPaper());
+  pages_->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
+}
+
+QSize WorksheetView::sizeHint() const { return unfilled; }
+
+QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNumber) {
+  auto* sheet = new QWidget(this);
+  pages_->addWidget(sheet);
+  Binding& binding = bindPlain(*sheet, panel);
+  binding.show = [this, sheet, &panel] {
+    const bool inSight = panel.left >= 0;
+    // The focus stays with the worksheet when its page goes.
+    if (!inSight && sheet->isAncestorOf(focusWidget())) setFocus();
+    sheet->setVisible(inSight);
+  };
+  binding.refresh();
+  tied(sheet, binding);
+
+  auto* column = new QVBoxLayout(sheet);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(look::tight);
+  auto* top = new QHBoxLayout;
+  top->addWidget(heading(headingText), 1);
+  top->addWidget(label(pageNumber));
+  column->addLayout(top);
+  return column;
+}
+
+void WorksheetView::line(QBoxLayout* page, std::initializer_list<QWidget*> texts, QWidget* entry) {
+  page->addWidget(hairline(this));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(look::row);
+  auto* words = new QVBoxLayout;
+  words->setSpacing(1);
+  for (QWidget* text : texts) words->addWidget(text);
+  row->addLayout(words, 1);
+  if (entry != nullptr) row->addWidget(entry, 0, Qt::AlignBottom);
+  page->addLayout(row);
+}
+
+void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures) {
+  page->addWidget(hairline(this));
+  page->addStretch(1);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(look::tight);
+  row->addStretch(1);
+  for (QWidget* picture : pictures) row->addWidget(picture);
+  page->addLayout(row);
+}
+
+QLabel* WorksheetView::caption(Label& control) {
+  auto* widget = new HangingLabel(this, margin);
+  return tied(widget, bind(*widget, control));
+}
+
+QCheckBox* WorksheetView::checkLine(CheckBox& control) {
+  auto* widget = new HangingCheckBox(this, margin, entryWidth_ + look::row);
+  return tied(widget, bind(*widget, control));
+}
+
+QLineEdit* WorksheetView::entry(TextBox& control, const Label& words) {
+  QLineEdit* widget = amountBox(control);
+  widget->setFixedWidth(entryWidth_);
+  widget->setAccessibleName(QString::fromStdString(words.caption()));
+  return widget;
+}
+
+QLabel* WorksheetView::result(Label& control, const Label& words) {
+  auto* widget = new Result(this);
+  widget->setFont(look::figures());
+  widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  widget->setMargin(2);
+  widget->setIndent(2);
+  widget->setFixedWidth(entryWidth_);
+  widget->setAccessibleDescription(QString::fromStdString(words.caption()));
+  return tied(widget, bind(*widget, control));
+}
+
+QPushButton* WorksheetView::pictureButton(CommandButton& control, const char* picture, const char* accessibleName) {
+  QPushButton* widget = button(control, QString::fromLatin1(picture));
+  widget->setAccessibleName(QString::fromLatin1(accessibleName));
+  widget->setIconSize({18, 18});
+  widget->setFixedSize(34, 26);
+  return widget;
+}
+
+QWidget* WorksheetView::sentence(Label& first, CommandButton& button, Label& second) {
+  auto* widget = new SentenceWithButton(this, margin);
+  tied(widget->first(), bind(*widget->first(), first));
+  tied(widget->second(), bind(*widget->second(), second));
+  widget->setButton(this->button(button));
+  return widget;
+}
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,440 @@
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "controls/desk.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+#include "ui/qt/desktop.h"
+#include "ui/qt/frame.h"
+#include "ui/qt/look.h"
+#include "ui/qt/printer.h"
+#include "w4/frm2Workers.h"
+#include "w4/frmCalendar.h"
+#include "w4/frmDednAdj.h"
+#include "w4/frmPersWkSht.h"
+#include "w4/frmTableOne.h"
+#include "w4/frmW4.h"
+
+/// The desktop's Form W-4 assistant: real widgets, clicked and typed into.
+
+namespace tallyfin::qt {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+class W4ViewsTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "w4views_test";
+    static char* argv[] = {name, nullptr};
+    static QApplication application(argc, argv);
+    look::apply(application);
+    QApplication::setQuitOnLastWindowClosed(false);
+  }
+
+  W4ViewsTest() {
+    useSettingsStore(store);
+    desktop.start();
+  }
+
+  template <class S>
+  View& open() {
+    desk.openInstead<S>();
+    QApplication::processEvents();
+    return view<S>();
+  }
+  template <class S>
+  View& view() {
+    View* found = desktop.view(S::screenName);
+    EXPECT_NE(found, nullptr) << S::screenName << " isn't shown";
+    return *found;
+  }
+  template <class Widget = QWidget>
+  static Widget& find(const View& view, const char* name) {
+    auto* found = view.findChild<Widget*>(QString::fromLatin1(name));
+    EXPECT_NE(found, nullptr) << name;
+    return *found;
+  }
+
+  static void click(const View& view, const char* name) {
+    QWidget& widget = find(view, name);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, {8, widget.height() / 2});
+    QApplication::processEvents();
+  }
+  static void type(const View& view, const char* name, const char* text) {
+    auto& box = find<QLineEdit>(view, name);
+    box.setFocus();
+    QApplication::processEvents();
+    box.selectAll();
+    QTest::keyClicks(&box, QString::fromLatin1(text));
+  }
+  static std::string caption(const View& view, const char* name) {
+    return find<QLabel>(view, name).text().toStdString();
+  }
+  static std::string shown(const View& view, const char* name) {
+    return find<QLineEdit>(view, name).text().toStdString();
+  }
+  static bool visible(const View& view, const char* name) { return find(view, name).isVisible(); }
+
+  void pickRow(int row) {
+    auto& list = find<QListWidget>(view<frmTableOne>(), "lstTableOne");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
+    QApplication::processEvents();
+  }
+
+  MemoryStore store;
+  Desktop desktop;
+};
+
+TEST_F(W4ViewsTest, EveryControlHasAWidget) {
+  desk.openInstead<frmPersWkSht>();
+  desk.show<frmDednAdj>();
+  desk.show<frm2Workers>();
+  payData.w4TableMode = 1;
+  desk.show<frmTableOne>();
+  desk.show<frmCalendar>();
+  desk.show<frmW4>();
+  for (Screen* screen : desk.documents()) {
+    const View* shownView = desktop.view(screen->name());
+    ASSERT_NE(shownView, nullptr) << screen->name();
+    for (const Control* control : screen->controls()) {
+      const QWidget* widget = shownView->widgetOf(*control);
+      ASSERT_NE(widget, nullptr) << control->address();
+      EXPECT_EQ(widget->objectName().toStdString(), control->address());
+    }
+  }
+  EXPECT_EQ(desk.documents().size(), 6U);
+}
+
+TEST_F(W4ViewsTest, WorksheetsFitTheDocumentArea) {
+  const auto fits = [](const View& sheet) {
+    return sheet.width() <= sheet.parentWidget()->width() && sheet.height() <= sheet.parentWidget()->height();
+  };
+  View& personal = open<frmPersWkSht>();
+  EXPECT_TRUE(fits(personal));
+  click(personal, "cmdW4Back(0)");
+  EXPECT_TRUE(fits(personal));
+  View& deductions = open<frmDednAdj>();
+  EXPECT_TRUE(fits(deductions));
+  click(deductions, "cmdW4Back(0)");
+  EXPECT_TRUE(fits(deductions));
+  View& twoWorkers = open<frm2Workers>();
+  EXPECT_TRUE(fits(twoWorkers));
+  click(twoWorkers, "cmdW4Back(0)");
+  EXPECT_TRUE(fits(twoWorkers));
+}
+
+TEST_F(W4ViewsTest, TabFollowsTheLines) {
+  using Names = std::vector<std::string>;
+  const auto tabOrder = [](const View& sheet) {
+    Names names;
+    for (QWidget* next = sheet.nextInFocusChain(); next != &sheet; next = next->nextInFocusChain()) {
+      const bool reached = sheet.isAncestorOf(next) && next->isVisible() && (next->focusPolicy() & Qt::TabFocus) != 0;
+      if (reached) names.push_back(next->objectName().toStdString());
+    }
+    return names;
+  };
+  View& personal = open<frmPersWkSht>();
+  EXPECT_EQ(tabOrder(personal), (Names{"chkPersWkShtA(0)", "chkPersWkShtA(1)", "chkPersWkShtA(2)", "txtPersWkEnterDeps",
+                                       "chkPersWkShtA(4)", "cmdW4Back(0)"}));
+  click(personal, "cmdW4Back(0)");
+  EXPECT_EQ(tabOrder(personal), (Names{"chkPersWkShtA(3)", "txtChild", "cmdInstructions(0)", "cmdInstructions(1)",
+                                       "cmdInstructions(2)", "cmdPersWrkCalc(0)", "cmdW4Back(1)"}));
+  View& twoWorkers = open<frm2Workers>();
+  click(twoWorkers, "cmdW4Back(0)");
+  EXPECT_EQ(tabOrder(twoWorkers),
+            (Names{"cmdTable1Show(1)", "lblTable2", "lblMultiply8", "lblDollarAmt", "txtNumPayDays", "cmdW4Back(2)",
+                   "cmdPersWrkCalc(0)", "cmdPersWrkCalc(1)", "cmdW4Back(1)"}));
+}
+
+TEST_F(W4ViewsTest, EveryControlThatTakesTheFocusHasAnAccessibleName) {
+  desk.openInstead<frmPersWkSht>();
+  desk.show<frmDednAdj>();
+  desk.show<frm2Workers>();
+  desk.show<frmW4>();
+  for (const View* sheet : {&view<frm2Workers>(), &view<frmDednAdj>(), &view<frmPersWkSht>(), &view<frmW4>()}) {
+    for (const QWidget* widget : sheet->findChildren<QWidget*>()) {
+      if ((widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+      const QAccessibleInterface* access = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget));
+      EXPECT_FALSE(access->text(QAccessible::Name).trimmed().isEmpty()) << widget->objectName().toStdString();
+    }
+  }
+}
+
+TEST_F(W4ViewsTest, TheFocusStaysWithTheWorksheetWhenItsPageGoes) {
+  View& sheet = open<frmPersWkSht>();
+  find(sheet, "cmdW4Back(0)").setFocus();
+  click(sheet, "cmdW4Back(0)");
+  EXPECT_EQ(desk.focused(), &desk.find<frmPersWkSht>()->txtPersWkEnterDeps);  // which is out of sight
+  QTest::keyClick(sheet.window(), Qt::Key_Tab);
+  EXPECT_EQ(desk.focused(), &desk.find<frmPersWkSht>()->chkPersWkShtA[3]);
+}
+
+TEST_F(W4ViewsTest, PersonalAllowancesAddUpOverBothPages) {
+  View& sheet = open<frmPersWkSht>();
+  EXPECT_TRUE(visible(sheet, "chkPersWkShtA(0)"));
+  EXPECT_FALSE(visible(sheet, "txtChild"));
+  for (const char* line : {"chkPersWkShtA(0)", "chkPersWkShtA(1)", "chkPersWkShtA(2)"}) click(sheet, line);
+  type(sheet, "txtPersWkEnterDeps", "2");
+  click(sheet, "cmdW4Back(0)");
+  EXPECT_FALSE(visible(sheet, "chkPersWkShtA(0)"));
+  EXPECT_TRUE(visible(sheet, "txtChild"));
+  type(sheet, "txtChild", "1");
+  click(sheet, "cmdPersWrkCalc(0)");
+  EXPECT_EQ(caption(sheet, "lblTotalDepsClaim"), "6");
+  click(sheet, "cmdW4Back(1)");
+  EXPECT_TRUE(visible(sheet, "chkPersWkShtA(0)"));
+  EXPECT_TRUE(find<QCheckBox>(sheet, "chkPersWkShtA(0)").isChecked());
+}
+
+TEST_F(W4ViewsTest, TheExplanationLightsUpWithItsLine) {
+  View& sheet = open<frmPersWkSht>();
+  QEvent enter(QEvent::Enter);
+  QApplication::sendEvent(&find(sheet, "chkPersWkShtA(1)"), &enter);
+  const QColor highlight(128, 128, 255);
+  for (const char* name : {"lblPart1of3", "lblPart2of3", "lblPart3of3"}) {
+    EXPECT_EQ(find(sheet, name).palette().color(QPalette::WindowText), highlight) << name;
+  }
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&find(sheet, "chkPersWkShtA(1)"), &leave);
+  EXPECT_EQ(find(sheet, "lblPart1of3").palette().color(QPalette::WindowText), QColor(64, 64, 64));
+}
+
+TEST_F(W4ViewsTest, DeductionsAreSubtractedAndDividedBy3000) {
+  View& sheet = open<frmDednAdj>();
+  type(sheet, "txtGetItemized", "10000");
+  click(sheet, "optDedCategory(2)");
+  EXPECT_EQ(caption(sheet, "lblGetPersDed"), "$4,300.00");
+  EXPECT_EQ(caption(sheet, "lblSubTotal"), "$5,700.00");
+  click(sheet, "cmdW4Back(0)");
+  EXPECT_FALSE(visible(sheet, "txtGetItemized"));
+  type(sheet, "txtAdjustments", "1000");
+  type(sheet, "txtNonWage", "500");
+  click(sheet, "cmdPersWrkCalc");
+  EXPECT_EQ(caption(sheet, "lblTotal5"), "$6,700.00");
+  EXPECT_EQ(caption(sheet, "lblTotal7"), "$6,200.00");
+  EXPECT_EQ(caption(sheet, "lblDivide"), "2");
+}
+
+TEST_F(W4ViewsTest, AClickInTable1SettlesLine3) {
+  payData.w4Allowances = 5;
+  View& sheet = open<frm2Workers>();
+  EXPECT_FALSE(visible(sheet, "cmdPersWrkCalc(2)"));
+  click(sheet, "cmdTable1Show(0)");
+  pickRow(3);  // "$12,001 - $18,000"
+  EXPECT_EQ(desk.find<frmTableOne>(), nullptr);
+  EXPECT_EQ(caption(sheet, "lbl2WkerT1"), "4");
+  EXPECT_EQ(caption(sheet, "lbl2Wker3"), "1");
+  EXPECT_FALSE(find(sheet, "cmdW4Back(0)").isEnabled());
+  EXPECT_TRUE(visible(sheet, "cmdPersWrkCalc(2)"));
+}
+
+TEST_F(W4ViewsTest, TheMarkerMovesInTheTableUntilEnterChooses) {
+  payData.w4Allowances = 3;
+  View& sheet = open<frm2Workers>();
+  click(sheet, "cmdTable1Show(0)");
+  auto& list = find<QListWidget>(view<frmTableOne>(), "lstTableOne");
+  list.setCurrentRow(0);
+  for (int i = 0; i < 3; ++i) QTest::keyClick(&list, Qt::Key_Down);
+  EXPECT_NE(desk.find<frmTableOne>(), nullptr);
+  QTest::keyClick(&list, Qt::Key_Return);
+  EXPECT_EQ(desk.find<frmTableOne>(), nullptr);
+  EXPECT_EQ(caption(sheet, "lbl2WkerT1"), "4");
+  EXPECT_EQ(caption(sheet, "lbl2Wker3"), "0");
+  EXPECT_TRUE(find(sheet, "cmdW4Back(0)").isEnabled());
+}
+
+TEST_F(W4ViewsTest, Table2AndThePaydaysGiveTheAmountOfThePaycheck) {
+  payData.w4Allowances = 0;
+  View& sheet = open<frm2Workers>();
+  click(sheet, "cmdTable1Show(0)");
+  pickRow(2);  // line 2 is 3, and line 6 as line 5 stays 0
+  click(sheet, "cmdW4Back(0)");
+  click(sheet, "cmdTable1Show(1)");
+  click(view<frmTableOne>(), "optTableOne(1)");
+  pickRow(0);  // "0 - $30,000": 400
+  EXPECT_EQ(shown(sheet, "lblTable2"), "$400.00");
+  type(sheet, "txtNumPayDays", "26");
+  click(sheet, "cmdPersWrkCalc(0)");
+  EXPECT_EQ(caption(sheet, "lbl2WkerResult6"), "3");
+  EXPECT_EQ(shown(sheet, "lblMultiply8"), "$1,200.00");
+  EXPECT_EQ(shown(sheet, "lblDollarAmt"), "$46.15");
+  click(sheet, "cmdPersWrkCalc(1)");
+  EXPECT_EQ(desk.find<frm2Workers>(), nullptr);
+  EXPECT_EQ(caption(view<frmW4>(), "lblW4Line6"), "$46.15");
+}
+
+TEST_F(W4ViewsTest, TheTablesAreASmallWindow) {
+  View& sheet = open<frm2Workers>();
+  click(sheet, "cmdTable1Show(0)");
+  EXPECT_EQ(view<frmTableOne>().size(), QSize(340, 221));  // 5100 by 3315 twips
+}
+
+TEST_F(W4ViewsTest, TheCalendarShowsToday) {
+  View& sheet = open<frm2Workers>();
+  click(sheet, "cmdW4Back(0)");
+  click(sheet, "cmdW4Back(2)");
+  EXPECT_EQ(find<QCalendarWidget>(view<frmCalendar>(), "mthTwoWorkers").selectedDate(), QDate::currentDate());
+}
+
+/// The form, printed to a file instead of through a dialog.
+class FormPrintTest : public W4ViewsTest {
+ protected:
+  FormPrintTest() {
+    desktop.screenPrinter().setUp = [this](QPrinter& printer) {
+      ++asked;
+      printer.setOutputFormat(QPrinter::PdfFormat);
+      printer.setOutputFileName(file);
+      return true;
+    };
+  }
+
+  View& openForm() {
+    desk.show<frmW4>();
+    QApplication::processEvents();
+    return view<frmW4>();
+  }
+  static void doubleClick(QWidget& widget, QPoint place = {}) {
+    QTest::mouseDClick(&widget, Qt::LeftButton, {}, place);
+    QApplication::processEvents();
+  }
+  static std::string outputOf(const char* program, const QStringList& arguments) {
+    QProcess process;
+    process.start(QString::fromLatin1(program), arguments);
+    EXPECT_TRUE(process.waitForFinished()) << program << " is needed";
+    EXPECT_EQ(process.exitCode(), 0);
+    return QString::fromUtf8(process.readAllStandardOutput()).simplified().toStdString();
+  }
+  std::string textOnPaper() const { return outputOf("pdftotext", {"-raw", file, "-"}); }
+
+  QTemporaryDir folder;
+  QString file = folder.filePath("form.pdf");
+  int asked = 0;
+};
+
+TEST_F(FormPrintTest, NothingSavedShowsDashes) {
+  View& form = openForm();
+  for (const char* box : {"txtName", "txtAddress", "txtCity", "txtSSN"}) EXPECT_EQ(shown(form, box), "-") << box;
+  EXPECT_EQ(caption(form, "lblW4Line5"), "0");
+  EXPECT_EQ(caption(form, "lblW4Line6"), "");
+}
+
+TEST_F(FormPrintTest, ExemptByDoubleClick) {
+  View& form = openForm();
+  EXPECT_FALSE(visible(form, "Label27"));
+  doubleClick(find(form, "Label20"));
+  EXPECT_TRUE(visible(form, "Label27"));
+  click(form, "Label20");
+  EXPECT_FALSE(visible(form, "Label27"));
+  EXPECT_EQ(asked, 0);
+}
+
+TEST_F(FormPrintTest, ThePaperHasTheFormInWordsAndWithoutExitAndHint) {
+  View& form = openForm();
+  type(form, "txtName", "Pat Q. Sample");
+  type(form, "txtCity", "Port Ellery, Ohio 43000");
+  click(form, "optSingle");
+  doubleClick(find(form, "Label20"));
+  doubleClick(form, {2, 2});
+  EXPECT_EQ(asked, 1);
+  const std::string paper = textOnPaper();
+  EXPECT_THAT(paper, AllOf(HasSubstr("W-4"), HasSubstr("Employee's Withholding Allowance Certificate"),
+                           HasSubstr("1999"), HasSubstr("Pat Q. Sample"), HasSubstr("Port Ellery, Ohio 43000"),
+                           HasSubstr("Married, withholding at higher Single rate."), HasSubstr("slpouse"),
+                           HasSubstr("1-800-772-1213"), HasSubstr("EXEMPT"), HasSubstr("Employee's signature")));
+  EXPECT_THAT(paper, HasSubstr("Additional amount, if any, you want withheld from each paycheck"));
+  EXPECT_THAT(paper, Not(HasSubstr("Double Click Form To Print")));
+  EXPECT_THAT(paper, Not(HasSubstr("Check4")));
+  // Vectors, not pixels: the list of pictures in the file has its heading alone.
+  EXPECT_THAT(outputOf("pdfimages", {"-list", file}), testing::EndsWith("-"));
+}
+
+TEST_F(FormPrintTest, ThePaperIsOneLetterPage) {
+  doubleClick(openForm(), {2, 2});
+  EXPECT_THAT(outputOf("pdfinfo", {file}), AllOf(HasSubstr("Pages: 1 "), HasSubstr("612 x 792 pts (letter)")));
+}
+
+TEST_F(FormPrintTest, ExitAndHintAreBackAfterPrinting) {
+  View& form = openForm();
+  const QRect exit = find(form, "cmdW4Exit").geometry();
+  bool hiddenMeanwhile = false;
+  desktop.screenPrinter().setUp = [&](QPrinter& /*printer*/) {
+    hiddenMeanwhile = !visible(form, "cmdW4Exit") && !visible(form, "lblPrint");
+    return false;  // the user cancels
+  };
+  doubleClick(form, {2, 2});
+  EXPECT_TRUE(hiddenMeanwhile);
+  EXPECT_TRUE(visible(form, "cmdW4Exit"));
+  EXPECT_TRUE(visible(form, "lblPrint"));
+  EXPECT_EQ(find(form, "cmdW4Exit").geometry(), exit);
+  EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST_F(FormPrintTest, TheDialogCanBeCancelled) {
+  View& form = openForm();
+  desktop.screenPrinter().setUp = ScreenPrinter::ask;
+  QTimer::singleShot(300, [] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->reject();
+  });
+  EXPECT_EQ(surroundings.printer->printScreen(*form.screen()), 0);
+}
+
+TEST_F(FormPrintTest, WithoutAPrinterAFileIsAskedFor) {
+  if (!QPrinterInfo::availablePrinters().isEmpty()) GTEST_SKIP() << "there is a printer";
+  View& form = openForm();
+  desktop.screenPrinter().setUp = ScreenPrinter::ask;
+  QTimer::singleShot(300, [this] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
+    QMetaObject::invokeMethod(dialog, "accept");
+  });
+  EXPECT_EQ(surroundings.printer->printScreen(*form.screen()), 1);
+  EXPECT_THAT(textOnPaper(), HasSubstr("Employee's signature"));
+}
+
+TEST_F(FormPrintTest, ADoubleClickOnFixedTextIsOneOnTheForm) {
+  View& form = openForm();
+  doubleClick(find(form, "Label2"));
+  EXPECT_EQ(asked, 1);
+  doubleClick(find(form, "txtName"));  // a box keeps its own
+  EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FormPrintTest, PagesPrintedAreCounted) {
+  openForm();
+  EXPECT_EQ(surroundings.printer->printScreen(*desk.find<frmW4>()), 1);
+  desktop.screenPrinter().setUp = [](QPrinter& /*printer*/) { return false; };
+  EXPECT_EQ(surroundings.printer->printScreen(*desk.find<frmW4>()), 0);
+}
+
+TEST_F(FormPrintTest, ExitClosesTheForm) {
+  View& form = openForm();
+  click(form, "cmdW4Exit");
+  EXPECT_EQ(desk.find<frmW4>(), nullptr);
+}
+
+}  // namespace
+}  // namespace tallyfin::qt
