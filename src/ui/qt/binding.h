@@ -16,6 +16,7 @@ class QListWidget;
 class QButtonGroup;
 class QAbstractButton;
 class QRadioButton;
+class QSpinBox;
 
 namespace tallyfin {
 class CheckBox;
@@ -27,6 +28,7 @@ class Label;
 class ListBox;
 class OptionButton;
 class TextBox;
+class UpDown;
 }  // namespace tallyfin
 
 namespace tallyfin::qt {
@@ -78,6 +80,8 @@ Binding& bind(QCheckBox& widget, CheckBox& box);
 Binding& bind(QListWidget& widget, ListBox& list, Choose choose);
 Binding& bind(QComboBox& widget, DropDown& dropDown);
 Binding& bind(QComboBox& widget, EditableDropDown& dropDown);
+/// Turned by a step it picks at once, typed into when the number is complete.
+Binding& bind(QSpinBox& widget, UpDown& upDown);
 /// A widget that only shows, and takes clicks where the control does.
 Binding& bindPicture(QWidget& widget, Clickable& control);
 /// A widget that only shows.

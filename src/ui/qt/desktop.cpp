@@ -15,6 +15,8 @@ Desktop::Desktop() : before_(surroundings) {
   desk.onShown = [this](Screen& screen) { show(screen); };
   desk.onDiscarded = [this](Screen& screen) { discard(screen); };
   desk.onFocusMoved = [this] { followFocus(); };
+  surroundings.beeper = &beeper_;
+  surroundings.pointer = &pointer_;
 }
 
 Desktop::~Desktop() {

@@ -7,6 +7,7 @@
 
 #include "controls/desk.h"
 #include "controls/surroundings.h"
+#include "ui/qt/machine.h"
 
 class QDialog;
 
@@ -40,6 +41,8 @@ class Desktop : public QObject {
   std::map<const Screen*, QPointer<QDialog>> boxes_;
   std::vector<std::unique_ptr<QObject>> helpers_;
   Surroundings before_;
+  DesktopBeeper beeper_;
+  DesktopPointer pointer_;
 };
 
 }  // namespace tallyfin::qt
