@@ -17,6 +17,7 @@ Desktop::Desktop() : before_(surroundings) {
   desk.onFocusMoved = [this] { followFocus(); };
   surroundings.beeper = &beeper_;
   surroundings.pointer = &pointer_;
+  surroundings.help = &help_;
 }
 
 Desktop::~Desktop() {
@@ -40,6 +41,7 @@ void Desktop::show(Screen& screen) {
     case Place::frame:
       frame_ = std::make_unique<Frame>(static_cast<MDIOpen&>(screen));
       views_[&screen] = frame_.get();
+      help_.serve(*frame_);
       return frame_->show();
     case Place::document: return showDocument(screen);
     case Place::box: return showBox(screen);

@@ -7,6 +7,7 @@
 
 #include "controls/desk.h"
 #include "controls/surroundings.h"
+#include "ui/qt/helpviewer.h"
 #include "ui/qt/machine.h"
 
 class QDialog;
@@ -43,6 +44,7 @@ class Desktop : public QObject {
   Surroundings before_;
   DesktopBeeper beeper_;
   DesktopPointer pointer_;
+  DesktopHelp help_;
 };
 
 }  // namespace tallyfin::qt
