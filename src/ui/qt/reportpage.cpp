@@ -37,6 +37,8 @@ QFont pageFont(int points, bool bold = false, bool italic = false) {
   font.setBold(bold);
   font.setItalic(italic);
   font.setHintingPreference(QFont::PreferNoHinting);
+  // A trace of spacing keeps letters from being joined, so that a file can be searched for what is printed.
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
   return font;
 }
 
@@ -65,12 +67,9 @@ std::vector<QString> linesOf(const QString& words, const QFont& font, int width)
 /// The header in its lines. Of a name that would fill more than these the middle is left out: the date must stay.
 std::vector<QString> headerOf(const QString& header, const QFont& font, int width) {
   std::vector<QString> lines = linesOf(header, font, width);
-  if (lines.size() <= headerLines) return lines;
-  // Half a line less than there is, for what breaking at words costs.
-  const QString shortened =
-      QFontMetricsF(font).elidedText(header, Qt::ElideMiddle, (headerLines - 0.5) * static_cast<double>(width));
-  lines = linesOf(shortened, font, width);
-  lines.resize(std::min(lines.size(), static_cast<std::size_t>(headerLines)));
+  for (double room = headerLines; lines.size() > headerLines && room > 0; room -= 0.25) {
+    lines = linesOf(QFontMetricsF(font).elidedText(header, Qt::ElideMiddle, room * width), font, width);
+  }
   return lines;
 }
 
