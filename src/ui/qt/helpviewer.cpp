@@ -126,7 +126,7 @@ HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), she
   setWindowIcon(look::picture(QStringLiteral("help")));
   look::setGround(*this, look::onDeep());
   setModal(false);
-  resize(640, 480);
+  resize(680, 480);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(look::row, look::tight, look::row, look::row);
   layout->setSpacing(look::tight);
@@ -135,7 +135,7 @@ HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), she
   layout->addWidget(split, 1);
   split->addWidget(leftSide());
   split->addWidget(page());
-  split->setSizes({212, 412});
+  split->setSizes({212, 452});
   split->setStretchFactor(0, 0);
   split->setStretchFactor(1, 1);
   split->setChildrenCollapsible(false);
@@ -213,10 +213,12 @@ QWidget* HelpWindow::page() {
   page_->setAccessibleName(QStringLiteral("Help page"));
   page_->setPalette(look::onWhite());
   page_->setOpenLinks(false);
+  page_->setWordWrapMode(QTextOption::WordWrap);
   page_->document()->setDocumentMargin(look::group);
   page_->document()->setDefaultStyleSheet(
       QStringLiteral("h1 { font-size: large; color: %1; } h2 { font-size: medium; color: %1; }"
-                     "table { border-collapse: collapse; border-color: %2; } th { background-color: %3; }")
+                     "table { border-collapse: collapse; border: 0; margin-top: 4px; margin-bottom: 8px; }"
+                     "td, th { border: 1px solid %2; padding: 3px; } th { background-color: %3; }")
           .arg(look::deep.name(), QColor(200, 208, 210).name(), QColor(232, 238, 240).name()));
   connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { follow(link); });
   connect(page_, &QTextBrowser::sourceChanged, this, [this](const QUrl& address) { arrivedAt(address); });

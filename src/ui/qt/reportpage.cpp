@@ -158,7 +158,11 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
   // The lines of a group are indented; one that isn't and carries a figure is a total.
   const bool total = !heading && !cells.back().empty() && !cells.front().starts_with(' ');
   const bool empty = std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
-  if (heading || total) painter.fillRect(place, heading ? headingGround : totalGround);
+  const int thickness = heading || total ? 15 : 10;
+  if (heading || total) {
+    // The ground leaves the rule of the row above alone.
+    painter.fillRect(place.adjusted(0, thickness, 0, 0), heading ? headingGround : totalGround);
+  }
   int left = place.left();
   for (std::size_t column = 0; column < cells.size(); ++column) {
     const PrintColumn& shape = engine_.columns()[column];
@@ -166,7 +170,6 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
     left += shape.width;
   }
   if (!empty) {
-    const int thickness = heading || total ? 15 : 10;
     painter.fillRect(QRect(place.left(), place.bottom() + 1 - thickness, width, thickness),
                      heading || total ? look::deep : lightRule);
   }

@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPageLayout>
 #include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -263,6 +265,26 @@ TEST_F(ReportFile, DrawsAHugeAmountSmallerRatherThanCuttingIt) {
   FAIL() << "the amount isn't on the page";
 }
 
+TEST_F(ReportFile, IsTheSameFromAPrinter) {
+  start("Pat Q. Sample");
+  fillRecord();
+  openReport();
+  save();
+  const std::vector<Word> saved = words();
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(path());
+  printer.setPageSize(QPageSize(QPageSize::Letter));
+  ASSERT_TRUE(printReportTo(printer, engine()));
+  const std::vector<Word> printed = words();
+  ASSERT_EQ(printed.size(), saved.size());
+  for (std::size_t i = 0; i < saved.size(); ++i) {
+    EXPECT_EQ(printed[i].text, saved[i].text);
+    EXPECT_NEAR(printed[i].right, saved[i].right, 0.5);
+    EXPECT_NEAR(printed[i].top, saved[i].top, 0.5);
+  }
+}
+
 TEST_F(ReportFile, GoesOnOnTheNextPageWhereThePaperIsTooShort) {
   start("Pat Q. Sample");
   fillRecord();
@@ -394,6 +416,46 @@ TEST_F(Preview, NothingIsPrintedOrSavedWhereNoReportWasMade) {
   EXPECT_FALSE(widget<QPushButton>("print")->isEnabled());
   EXPECT_FALSE(widget<QPushButton>("savepdf")->isEnabled());
   EXPECT_EQ(widget<QLabel>("pageNumber")->text(), "No report");
+}
+
+TEST_F(Preview, SavesAsPdfWhereTheDialogSays) {
+  start();
+  openReport();
+  QTemporaryDir folder;
+  QTest::mouseClick(widget<QPushButton>("savepdf"), Qt::LeftButton);
+  auto* dialog = desktop_->view("frmPrint")->findChild<QFileDialog*>();
+  ASSERT_NE(dialog, nullptr);
+  Q_EMIT dialog->fileSelected(folder.filePath("report.pdf"));
+  QFile saved(folder.filePath("report.pdf"));
+  ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(saved.read(5) == "%PDF-");
+  EXPECT_EQ(desktop_->view("frmPrint")->findChild<QMessageBox*>(), nullptr);
+}
+
+TEST_F(Preview, TellsAFileThatCantBeWritten) {
+  start();
+  openReport();
+  QTemporaryDir folder;
+  const QString path = folder.filePath("missing/report.pdf");
+  QTest::mouseClick(widget<QPushButton>("savepdf"), Qt::LeftButton);
+  Q_EMIT desktop_->view("frmPrint")->findChild<QFileDialog*>()->fileSelected(path);
+  const auto* box = desktop_->view("frmPrint")->findChild<QMessageBox*>();
+  ASSERT_NE(box, nullptr);
+  EXPECT_TRUE(box->informativeText().contains(path));
+}
+
+TEST_F(Preview, OffersAFileWhereNoPrinterIsSetUp) {
+  if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "this machine has a printer";
+  start();
+  openReport();
+  QTest::mouseClick(widget<QPushButton>("print"), Qt::LeftButton);
+  const auto* box = desktop_->view("frmPrint")->findChild<QMessageBox*>();
+  ASSERT_NE(box, nullptr);
+  EXPECT_TRUE(box->text().contains("No printer"));
+  for (QAbstractButton* button : box->buttons()) {
+    if (box->buttonRole(button) == QMessageBox::AcceptRole) button->click();
+  }
+  EXPECT_NE(desktop_->view("frmPrint")->findChild<QFileDialog*>(), nullptr);
 }
 
 TEST_F(Preview, EveryButtonHasAName) {

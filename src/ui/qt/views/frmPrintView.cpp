@@ -207,13 +207,16 @@ class frmPrintView : public View {
 
   void print() {
     if (QPrinterInfo::availablePrinterNames().isEmpty()) return tellNoPrinter();
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(QStringLiteral("Tallyfin 99"));
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
-    dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
-    if (dialog.exec() != QDialog::Accepted || screen() == nullptr) return;
-    if (!printReportTo(printer, engine_)) warning(QStringLiteral("The report couldn't be printed."))->open();
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(QStringLiteral("Tallyfin 99"));
+    auto* dialog = new QPrintDialog(printer.get(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
+    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, [this, printer] {
+      if (screen() == nullptr || printReportTo(*printer, engine_)) return;
+      warning(QStringLiteral("The report couldn't be printed."))->open();
+    });
+    dialog->open();
   }
 
   void tellNoPrinter() {
