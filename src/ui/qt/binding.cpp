@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTimer>
 
 #include "controls/buttons.h"
@@ -351,6 +352,19 @@ Binding& bind(QComboBox& widget, EditableDropDown& dropDown) {
   });
   binding.refresh();
   return binding;
+}
+
+Binding& bind(QSpinBox& widget, UpDown& upDown) {
+  auto* binding = new Binding(widget, upDown);
+  widget.installEventFilter(new WheelGuard(binding));
+  widget.setFocusPolicy(Qt::StrongFocus);
+  widget.setRange(upDown.from(), upDown.to());
+  widget.setKeyboardTracking(false);
+  binding->show = [&widget, &upDown] { widget.setValue(upDown.value()); };
+  QObject::connect(&widget, &QSpinBox::valueChanged, binding,
+                   [binding, &upDown](int value) { binding->act([&] { upDown.userPick(value); }); });
+  binding->refresh();
+  return *binding;
 }
 
 }  // namespace tallyfin::qt

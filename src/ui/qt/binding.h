@@ -17,6 +17,7 @@ class QListWidget;
 class QButtonGroup;
 class QAbstractButton;
 class QRadioButton;
+class QSpinBox;
 
 namespace tallyfin {
 class CheckBox;
@@ -28,6 +29,7 @@ class Label;
 class ListBox;
 class OptionButton;
 class TextBox;
+class UpDown;
 }  // namespace tallyfin
 
 namespace tallyfin::qt {
@@ -86,6 +88,8 @@ Binding& bind(QCheckBox& widget, CheckBox& box);
 Binding& bind(QListWidget& widget, ListBox& list, Choose choose);
 Binding& bind(QComboBox& widget, DropDown& dropDown);
 Binding& bind(QComboBox& widget, EditableDropDown& dropDown);
+/// Turned by a step it picks at once, typed into when the number is complete.
+Binding& bind(QSpinBox& widget, UpDown& upDown);
 /// A widget that only shows, and takes clicks where the control does.
 Binding& bindPicture(QWidget& widget, Clickable& control);
 /// A widget that only shows.

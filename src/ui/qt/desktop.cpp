@@ -18,6 +18,9 @@ Desktop::Desktop() : screenPrinter_(std::make_unique<ScreenPrinter>(*this)), bef
   desk.onShown = [this](Screen& screen) { show(screen); };
   desk.onDiscarded = [this](Screen& screen) { discard(screen); };
   desk.onFocusMoved = [this] { followFocus(); };
+  surroundings.beeper = &beeper_;
+  surroundings.pointer = &pointer_;
+  surroundings.help = &help_;
 }
 
 Desktop::~Desktop() {
@@ -41,6 +44,7 @@ void Desktop::show(Screen& screen) {
     case Place::frame:
       frame_ = std::make_unique<Frame>(static_cast<MDIOpen&>(screen));
       views_[&screen] = frame_.get();
+      help_.serve(*frame_);
       return frame_->show();
     case Place::document: return showDocument(screen);
     case Place::box: return showBox(screen);

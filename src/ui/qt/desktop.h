@@ -7,6 +7,8 @@
 
 #include "controls/desk.h"
 #include "controls/surroundings.h"
+#include "ui/qt/helpviewer.h"
+#include "ui/qt/machine.h"
 
 class QDialog;
 
@@ -44,6 +46,9 @@ class Desktop : public QObject {
   std::vector<std::unique_ptr<QObject>> helpers_;
   std::unique_ptr<ScreenPrinter> screenPrinter_;
   Surroundings before_;
+  DesktopBeeper beeper_;
+  DesktopPointer pointer_;
+  DesktopHelp help_;
 };
 
 }  // namespace tallyfin::qt

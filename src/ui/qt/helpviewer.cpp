@@ -1,0 +1,371 @@
+#include "ui/qt/helpviewer.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QTextDocumentFragment>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <algorithm>
+
+#include "controls/desk.h"
+#include "ui/qt/look.h"
+
+namespace tallyfin::qt {
+
+// --- The files
+// -----------------------------------------------------------------------------------------------------------
+
+namespace {
+
+QString plainText(const QString& html) { return QTextDocumentFragment::fromHtml(html).toPlainText(); }
+
+}  // namespace
+
+const HelpTopic* HelpBook::find(const QString& id) const {
+  const auto found = std::find_if(topics.begin(), topics.end(), [&](const HelpTopic& topic) { return topic.id == id; });
+  return found == topics.end() ? nullptr : &*found;
+}
+
+HelpBook HelpBook::read(const QString& file, const QString& html) {
+  static const QRegularExpression titleOfFile(QStringLiteral("<title>(.*?)</title>"));
+  static const QRegularExpression heading(QStringLiteral("<h1 id=\"([^\"]+)\">(.*?)</h1>"));
+  HelpBook book{file, plainText(titleOfFile.match(html).captured(1)), {}};
+  const qsizetype end = html.contains(QLatin1String("</body>")) ? html.indexOf(QLatin1String("</body>")) : html.size();
+  std::vector<QRegularExpressionMatch> headings;
+  for (auto next = heading.globalMatch(html); next.hasNext();) headings.push_back(next.next());
+  for (std::size_t i = 0; i < headings.size(); ++i) {
+    const qsizetype from = headings[i].capturedStart();
+    const qsizetype to = i + 1 < headings.size() ? headings[i + 1].capturedStart() : end;
+    book.topics.push_back({headings[i].captured(1), plainText(headings[i].captured(2)), html.mid(from, to - from)});
+  }
+  return book;
+}
+
+const QStringList HelpShelf::files{QStringLiteral("Tallyfin.hlp"), QStringLiteral("W4.hlp")};
+
+QStringList HelpShelf::usualFolders() {
+  const QString programs = QCoreApplication::applicationDirPath();
+  return {QDir::cleanPath(programs + QStringLiteral("/../share/tallyfin99/help")), programs + QStringLiteral("/help")};
+}
+
+HelpShelf::HelpShelf(QStringList folders) : folders_(std::move(folders)) { books_.reserve(files.size()); }
+
+const HelpBook* HelpShelf::book(const QString& file) {
+  for (const HelpBook& known : books_) {
+    if (known.file == file) return &known;
+  }
+  if (!files.contains(file)) return nullptr;
+  for (const QString& folder : folders_) {
+    QFile source(QDir(folder).filePath(file));
+    if (!source.open(QIODevice::ReadOnly)) continue;
+    HelpBook read = HelpBook::read(file, QString::fromUtf8(source.readAll()));
+    if (!read.topics.empty()) return &books_.emplace_back(std::move(read));
+  }
+  return nullptr;
+}
+
+// --- The window
+// ----------------------------------------------------------------------------------------------------------
+
+namespace {
+
+/// The address of a topic, "help:/W4.hlp/10".
+QUrl addressOf(const QString& file, const QString& id) {
+  QUrl address;
+  address.setScheme(QStringLiteral("help"));
+  address.setPath(QLatin1Char('/') + file + QLatin1Char('/') + id);
+  return address;
+}
+QString fileOf(const QUrl& address) { return address.path().section('/', 1, 1); }
+QString idOf(const QUrl& address) { return address.path().section('/', 2); }
+
+/// The page; it takes its text from the shelf.
+class HelpPage : public QTextBrowser {
+ public:
+  HelpPage(HelpShelf& shelf, QWidget* parent) : QTextBrowser(parent), shelf_(shelf) {}
+
+  QVariant loadResource(int type, const QUrl& name) override {
+    if (type != QTextDocument::HtmlResource) return {};
+    const HelpBook* book = shelf_.book(fileOf(name));
+    const HelpTopic* topic = book == nullptr ? nullptr : book->find(idOf(name));
+    return topic == nullptr ? QVariant() : QVariant(topic->html);
+  }
+
+ private:
+  HelpShelf& shelf_;
+};
+
+constexpr int addressRole = Qt::UserRole;
+constexpr int textRole = Qt::UserRole + 1;
+
+const QColor hitGround{255, 222, 120};
+
+QStringList wordsOf(const QString& search) { return search.simplified().split(' ', Qt::SkipEmptyParts); }
+
+bool holdsAll(const QString& text, const QStringList& words) {
+  return std::all_of(words.begin(), words.end(),
+                     [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+}
+
+}  // namespace
+
+HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), shelf_(shelf) {
+  setObjectName(QStringLiteral("help"));
+  setWindowTitle(QStringLiteral("Tallyfin 99 Help"));
+  setWindowIcon(look::picture(QStringLiteral("help")));
+  look::setGround(*this, look::onDeep());
+  setModal(false);
+  resize(680, 480);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(look::row, look::tight, look::row, look::row);
+  layout->setSpacing(look::tight);
+  auto* split = new QSplitter(Qt::Horizontal, this);
+  layout->addWidget(strip());
+  layout->addWidget(split, 1);
+  split->addWidget(leftSide());
+  split->addWidget(page());
+  split->setSizes({212, 452});
+  split->setStretchFactor(0, 0);
+  split->setStretchFactor(1, 1);
+  split->setChildrenCollapsible(false);
+  fillContents();
+}
+
+QToolButton* HelpWindow::tool(const char* picture, const char* name, const QKeySequence& key) {
+  auto* widget = new QToolButton(this);
+  widget->setObjectName(QString::fromLatin1(picture));
+  widget->setIcon(look::picture(QString::fromLatin1(picture)));
+  widget->setIconSize({20, 20});
+  widget->setFixedSize(34, 28);
+  widget->setAccessibleName(QString::fromLatin1(name));
+  widget->setShortcut(key);
+  widget->setToolTip(QStringLiteral("%1 (%2)").arg(widget->accessibleName(), key.toString(QKeySequence::NativeText)));
+  widget->setFocusPolicy(Qt::StrongFocus);
+  return widget;
+}
+
+QWidget* HelpWindow::strip() {
+  auto* bar = new QWidget(this);
+  auto* row = new QHBoxLayout(bar);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(look::tight);
+  row->addWidget(back_ = tool("previous", "Back", Qt::ALT | Qt::Key_Left));
+  row->addWidget(forward_ = tool("next", "Forward", Qt::ALT | Qt::Key_Right));
+  row->addWidget(home_ = tool("home", "Home", Qt::ALT | Qt::Key_Home));
+  row->addStretch(1);
+  search_ = new QLineEdit(bar);
+  search_->setObjectName(QStringLiteral("search"));
+  search_->setPlaceholderText(QStringLiteral("Search"));
+  search_->setAccessibleName(QStringLiteral("Search the help"));
+  search_->setToolTip(QStringLiteral("Words to look for (Ctrl+F)"));
+  search_->setClearButtonEnabled(true);
+  search_->setFixedWidth(200);
+  row->addWidget(search_);
+  connect(search_, &QLineEdit::textChanged, this, [this](const QString& words) { search(words); });
+  connect(search_, &QLineEdit::returnPressed, this, [this] { showFirstHit(); });
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+    search_->setFocus(Qt::ShortcutFocusReason);
+    search_->selectAll();
+  });
+  return bar;
+}
+
+QWidget* HelpWindow::leftSide() {
+  auto* side = new QWidget(this);
+  auto* layout = new QVBoxLayout(side);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(look::tight);
+  contents_ = new QTreeWidget(side);
+  contents_->setObjectName(QStringLiteral("contents"));
+  contents_->setAccessibleName(QStringLiteral("Contents"));
+  contents_->setHeaderHidden(true);
+  contents_->setPalette(look::onWhite());
+  contents_->setIndentation(14);
+  contents_->setUniformRowHeights(true);
+  layout->addWidget(contents_, 1);
+  nothing_ = new QLabel(QStringLiteral("No page has these words."), side);
+  nothing_->setObjectName(QStringLiteral("nothing"));
+  nothing_->setWordWrap(true);
+  nothing_->hide();
+  layout->addWidget(nothing_);
+  connect(contents_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
+    if (item == nullptr) return;
+    const QUrl address = item->data(0, addressRole).toUrl();
+    showTopic(fileOf(address), idOf(address));
+  });
+  return side;
+}
+
+QWidget* HelpWindow::page() {
+  page_ = new HelpPage(shelf_, this);
+  page_->setObjectName(QStringLiteral("page"));
+  page_->setAccessibleName(QStringLiteral("Help page"));
+  page_->setPalette(look::onWhite());
+  page_->setOpenLinks(false);
+  page_->setWordWrapMode(QTextOption::WordWrap);
+  page_->document()->setDocumentMargin(look::group);
+  page_->document()->setDefaultStyleSheet(
+      QStringLiteral("h1 { font-size: large; color: %1; } h2 { font-size: medium; color: %1; }"
+                     "table { border-collapse: collapse; border: 0; margin-top: 4px; margin-bottom: 8px; }"
+                     "td, th { border: 1px solid %2; padding: 3px; } th { background-color: %3; }")
+          .arg(look::deep.name(), QColor(200, 208, 210).name(), QColor(232, 238, 240).name()));
+  connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { follow(link); });
+  connect(page_, &QTextBrowser::sourceChanged, this, [this](const QUrl& address) { arrivedAt(address); });
+  connect(page_, &QTextBrowser::backwardAvailable, back_, &QWidget::setEnabled);
+  connect(page_, &QTextBrowser::forwardAvailable, forward_, &QWidget::setEnabled);
+  connect(back_, &QToolButton::clicked, page_, &QTextBrowser::backward);
+  connect(forward_, &QToolButton::clicked, page_, &QTextBrowser::forward);
+  connect(home_, &QToolButton::clicked, this, [this] { showTopic(HelpShelf::files.front(), {}); });
+  back_->setEnabled(false);
+  forward_->setEnabled(false);
+  return page_;
+}
+
+void HelpWindow::fillContents() {
+  for (const QString& file : HelpShelf::files) {
+    const HelpBook* book = shelf_.book(file);
+    if (book == nullptr) continue;
+    auto* top = new QTreeWidgetItem(contents_, {book->title});
+    top->setData(0, addressRole, addressOf(file, book->topics.front().id));
+    QTreeWidgetItem* states = nullptr;
+    for (const HelpTopic& topic : book->topics) {
+      // The pages of the states hang below the page on states.
+      const bool ofStates = states != nullptr && topic.id.startsWith(QLatin1String("state-"));
+      auto* item = new QTreeWidgetItem(ofStates ? states : top, {topic.title});
+      item->setData(0, addressRole, addressOf(file, topic.id));
+      item->setData(0, textRole, plainText(topic.html));
+      item->setToolTip(0, topic.title);
+      if (topic.id == QLatin1String("states")) states = item;
+    }
+    top->setExpanded(true);
+  }
+}
+
+void HelpWindow::showTopic(const QString& file, const QString& id) {
+  const HelpBook* book = shelf_.book(file);
+  if (book == nullptr) return tellMissing(file);
+  const QString known = book->find(id) != nullptr ? id : book->topics.front().id;
+  const QUrl address = addressOf(file, known);
+  if (page_->source() != address) page_->setSource(address, QTextDocument::HtmlResource);
+}
+
+/// A link leads to a topic of this file, "#frmMain", or of the other one, "W4.hlp#10"; anything else isn't opened.
+void HelpWindow::follow(const QUrl& link) {
+  if (!link.scheme().isEmpty() && link.scheme() != QLatin1String("help")) return;
+  const QString file = link.path().section('/', -1);
+  if (HelpShelf::files.contains(file)) {
+    showTopic(file, link.fragment());
+  } else if (link.hasFragment()) {
+    showTopic(fileOf(page_->source()), link.fragment());
+  }
+}
+
+/// Marks the page's topic in the contents and the hits on the page.
+void HelpWindow::arrivedAt(const QUrl& address) {
+  const QSignalBlocker marking(contents_);
+  const QTreeWidgetItem* marked = contents_->currentItem();
+  for (QTreeWidgetItemIterator item(contents_); *item != nullptr; ++item) {
+    if ((*item)->data(0, textRole).isNull() || (*item)->data(0, addressRole).toUrl() != address) continue;
+    if (marked == nullptr || marked->data(0, addressRole).toUrl() != address) contents_->setCurrentItem(*item);
+  }
+  highlight();
+}
+
+void HelpWindow::search(const QString& search) {
+  const QStringList words = wordsOf(search);
+  bool found = false;
+  for (QTreeWidgetItemIterator item(contents_); *item != nullptr; ++item) (*item)->setHidden(true);
+  for (QTreeWidgetItemIterator item(contents_); *item != nullptr; ++item) {
+    const QVariant text = (*item)->data(0, textRole);
+    if (text.isNull() || !holdsAll(text.toString(), words)) continue;
+    found = true;
+    (*item)->setHidden(false);
+    for (QTreeWidgetItem* above = (*item)->parent(); above != nullptr; above = above->parent()) {
+      above->setHidden(false);
+      if (!words.isEmpty()) above->setExpanded(true);
+    }
+  }
+  nothing_->setVisible(!found);
+  highlight();
+}
+
+void HelpWindow::showFirstHit() {
+  for (QTreeWidgetItemIterator item(contents_, QTreeWidgetItemIterator::NotHidden); *item != nullptr; ++item) {
+    if (!holdsAll((*item)->data(0, textRole).toString(), wordsOf(search_->text()))) continue;
+    return contents_->setCurrentItem(*item);
+  }
+}
+
+void HelpWindow::highlight() {
+  QList<QTextEdit::ExtraSelection> hits;
+  for (const QString& word : wordsOf(search_->text())) {
+    QTextCursor hit = page_->document()->find(word);
+    for (; !hit.isNull(); hit = page_->document()->find(word, hit)) {
+      QTextEdit::ExtraSelection mark{hit, {}};
+      mark.format.setBackground(hitGround);
+      mark.format.setForeground(look::ink);
+      hits.push_back(mark);
+    }
+  }
+  page_->setExtraSelections(hits);
+}
+
+void HelpWindow::tellMissing(const QString& file) {
+  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"),
+                              QStringLiteral("The help file %1 can't be found.").arg(file), QMessageBox::Ok,
+                              isVisible() ? this : parentWidget());
+  box->setInformativeText(QStringLiteral("It was looked for in:\n%1").arg(shelf_.folders().join(QLatin1Char('\n'))));
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();
+}
+
+// --- The way in
+// ----------------------------------------------------------------------------------------------------------
+
+DesktopHelp::DesktopHelp(QStringList folders) : shelf_(std::move(folders)) {}
+
+DesktopHelp::~DesktopHelp() { delete window_; }
+
+void DesktopHelp::serve(QWidget& frame) {
+  frame_ = &frame;
+  auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &frame);
+  key->setContext(Qt::ApplicationShortcut);
+  QObject::connect(key, &QShortcut::activated, &frame, [this] { openForActiveDocument(); });
+}
+
+void DesktopHelp::open(const std::string& file, int context) {
+  openTopic(QString::fromStdString(file), context == 0 ? QString() : QString::number(context));
+}
+
+void DesktopHelp::openTopic(const QString& file, const QString& id) {
+  if (window_ == nullptr) window_ = new HelpWindow(shelf_, frame_);
+  window_->showTopic(file, id);
+  if (shelf_.book(file) == nullptr) return;
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+void DesktopHelp::openForActiveDocument() {
+  const Screen* screen = desk.activeDocument();
+  const QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
+  const auto& files = HelpShelf::files;
+  const auto file = std::find_if(files.begin(), files.end(), [&](const QString& candidate) {
+    const HelpBook* book = shelf_.book(candidate);
+    return book != nullptr && book->find(id) != nullptr;
+  });
+  openTopic(file == files.end() ? files.front() : *file, id);
+}
+
+}  // namespace tallyfin::qt

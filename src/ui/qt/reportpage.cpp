@@ -1,0 +1,206 @@
+#include "ui/qt/reportpage.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QTextLayout>
+#include <algorithm>
+
+#include "controls/output.h"
+#include "ui/qt/look.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+// Measures in twips, 1440 an inch and 20 a point.
+constexpr int inch = 1440;
+constexpr int point = 20;
+constexpr int margin = inch;
+constexpr int headerTop = 3 * inch / 4;
+constexpr int headerLines = 3;
+constexpr int headerToTable = 3 * inch / 10;
+constexpr int footerPoints = 9;
+constexpr int cellPadding = 80;
+
+const QColor lightRule{205, 212, 214};
+const QColor headingGround{226, 233, 235};
+const QColor totalGround{243, 246, 246};
+
+/// The program's font in points, in a painter whose unit is a twip.
+QFont pageFont(int points, bool bold = false, bool italic = false) {
+  QFont font = QApplication::font();
+  font.setPixelSize(points * point);
+  font.setBold(bold);
+  font.setItalic(italic);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  // A trace of spacing keeps letters from being joined, so that a file can be searched for what is printed.
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
+  return font;
+}
+
+QFont engineFont(const PrintEngine& engine) { return pageFont(engine.fontPoints(), engine.bold(), engine.italic()); }
+
+int lineHeight(const QFont& font) { return qRound(QFontMetricsF(font).height()); }
+
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+/// Breaks a text into lines; a word that is wider than a line is broken too.
+std::vector<QString> linesOf(const QString& words, const QFont& font, int width) {
+  QTextLayout layout(words, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  std::vector<QString> lines;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    lines.push_back(words.mid(line.textStart(), line.textLength()));
+  }
+  layout.endLayout();
+  return lines;
+}
+
+/// The header in its lines. Of a name that would fill more than these the middle is left out: the date must stay.
+std::vector<QString> headerOf(const QString& header, const QFont& font, int width) {
+  std::vector<QString> lines = linesOf(header, font, width);
+  for (double room = headerLines; lines.size() > headerLines && room > 0; room -= 0.25) {
+    lines = linesOf(QFontMetricsF(font).elidedText(header, Qt::ElideMiddle, room * width), font, width);
+  }
+  return lines;
+}
+
+/// A text in its cell. One that is wider than the cell is drawn smaller: a figure is never cut off.
+void drawCell(QPainter& painter, const QRect& cell, const QString& words, bool rightAligned) {
+  painter.save();
+  const QRect inside = cell.adjusted(cellPadding, 0, -cellPadding, 0);
+  QFont font = painter.font();
+  const double width = QFontMetricsF(font).horizontalAdvance(words);
+  if (width > inside.width())
+    font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * inside.width() / width)));
+  painter.setFont(font);
+  const auto side = rightAligned ? Qt::AlignRight : Qt::AlignLeft;
+  painter.drawText(inside, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine, words);
+  painter.restore();
+}
+
+}  // namespace
+
+ReportPages::ReportPages(const PrintEngine& engine, QSize page) : engine_(engine), page_(page) {}
+
+int ReportPages::rowHeight() const { return lineHeight(engineFont(engine_)) * 13 / 10; }
+
+QRect ReportPages::tableArea() const {
+  const QFont font = engineFont(engine_);
+  const int width = page_.width() - 2 * margin;
+  const auto lines = static_cast<int>(headerOf(text(engine_.header()), font, width).size());
+  const int top = std::max(headerTop + lines * lineHeight(font) + headerToTable, margin);
+  return {margin, top, width, page_.height() - margin - top};
+}
+
+int ReportPages::rowsOfPage() const { return std::max(1, tableArea().height() / rowHeight() - 1); }
+
+int ReportPages::count() const {
+  if (engine_.pages() == 0) return 0;
+  const auto rows = std::max(1, static_cast<int>(engine_.cells().size()) - 1);
+  return (rows + rowsOfPage() - 1) / rowsOfPage();
+}
+
+void ReportPages::draw(QPainter& painter, int page) const {
+  painter.save();
+  painter.setPen(Qt::black);
+  drawHeader(painter);
+  drawTable(painter, page);
+  drawFooter(painter);
+  painter.restore();
+}
+
+void ReportPages::drawHeader(QPainter& painter) const {
+  const QFont font = engineFont(engine_);
+  const int width = page_.width() - 2 * margin;
+  painter.setFont(font);
+  int top = headerTop;
+  for (const QString& line : headerOf(text(engine_.header()), font, width)) {
+    painter.drawText(QRect(margin, top, width, lineHeight(font)), Qt::AlignLeft | Qt::TextSingleLine, line);
+    top += lineHeight(font);
+  }
+  painter.fillRect(QRect(margin, top + 60, width, 15), look::deep);
+}
+
+void ReportPages::drawFooter(QPainter& painter) const {
+  const int top = page_.height() - margin + inch / 5;
+  painter.fillRect(QRect(margin, top, page_.width() - 2 * margin, 10), lightRule);
+  painter.setFont(pageFont(footerPoints));
+  painter.drawText(QRect(margin, top + 60, page_.width() - 2 * margin, inch / 4), Qt::AlignHCenter | Qt::TextSingleLine,
+                   text(engine_.footer()));
+}
+
+void ReportPages::drawTable(QPainter& painter, int page) const {
+  if (engine_.cells().empty()) return;
+  const auto perPage = static_cast<std::size_t>(rowsOfPage());
+  const std::size_t first = 1 + static_cast<std::size_t>(page) * perPage;
+  const std::size_t end = std::min(first + perPage, engine_.cells().size());
+  painter.setFont(engineFont(engine_));
+  int top = drawRow(painter, 0, tableArea().top());
+  for (std::size_t row = first; row < end; ++row) top = drawRow(painter, row, top);
+}
+
+int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
+  const PrintEngine::Cells& cells = engine_.cells()[row];
+  int width = 0;
+  for (const PrintColumn& column : engine_.columns()) width += column.width;
+  const QRect place(margin, top, width, rowHeight());
+
+  const bool heading = row == 0;
+  // The lines of a group are indented; one that isn't and carries a figure is a total.
+  const bool total = !heading && !cells.back().empty() && !cells.front().starts_with(' ');
+  const bool empty = std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
+  const int thickness = heading || total ? 15 : 10;
+  if (heading || total) {
+    // The ground leaves the rule of the row above alone.
+    painter.fillRect(place.adjusted(0, thickness, 0, 0), heading ? headingGround : totalGround);
+  }
+  int left = place.left();
+  for (std::size_t column = 0; column < cells.size(); ++column) {
+    const PrintColumn& shape = engine_.columns()[column];
+    drawCell(painter, {left, top, shape.width, place.height()}, text(cells[column]), shape.rightAligned);
+    left += shape.width;
+  }
+  if (!empty) {
+    painter.fillRect(QRect(place.left(), place.bottom() + 1 - thickness, width, thickness),
+                     heading || total ? look::deep : lightRule);
+  }
+  return top + place.height();
+}
+
+bool printReportTo(QPagedPaintDevice& device, const PrintEngine& engine) {
+  QPageLayout layout = device.pageLayout();
+  layout.setMode(QPageLayout::FullPageMode);
+  device.setPageLayout(layout);
+  const QSizeF points = layout.fullRect(QPageLayout::Point).size();
+  const ReportPages pages(engine, (points * point).toSize());
+  QPainter painter;
+  if (pages.count() == 0 || !painter.begin(&device)) return false;
+  painter.scale(device.logicalDpiX() / static_cast<double>(inch), device.logicalDpiY() / static_cast<double>(inch));
+  for (int page = 0; page < pages.count(); ++page) {
+    if (page > 0 && !device.newPage()) return false;
+    pages.draw(painter, page);
+  }
+  return painter.end();
+}
+
+QString saveReportAsPdf(const QString& path, const PrintEngine& engine) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return file.errorString();
+  QPdfWriter writer(&file);
+  writer.setPageSize(QPageSize(QPageSize::Letter));
+  writer.setTitle(QStringLiteral("Tallyfin 99"));
+  writer.setCreator(QStringLiteral("Tallyfin 99"));
+  if (!printReportTo(writer, engine)) return QStringLiteral("There is no report to save.");
+  return file.commit() ? QString() : file.errorString();
+}
+
+}  // namespace tallyfin::qt

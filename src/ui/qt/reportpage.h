@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QPageSize>
+#include <QSize>
+#include <QString>
+
+class QPagedPaintDevice;
+class QPainter;
+class QRect;
+
+namespace tallyfin {
+class PrintEngine;
+}
+
+namespace tallyfin::qt {
+
+/// The report's pages as they are on paper: header, table, footer, in twips. One drawing serves the preview, the
+/// printer and the PDF file. A table longer than a page goes on on the next, under its heading row.
+class ReportPages {
+ public:
+  /// A Letter page.
+  static constexpr QSize letter{12240, 15840};
+
+  explicit ReportPages(const PrintEngine& engine, QSize page = letter);
+
+  /// 0 where no document has been made.
+  int count() const;
+  /// Draws a page, counted from 0. The painter's unit is a twip, its origin the paper's upper left corner.
+  void draw(QPainter& painter, int page) const;
+
+ private:
+  int rowHeight() const;
+  /// Rows of a page, the heading row aside.
+  int rowsOfPage() const;
+  QRect tableArea() const;
+  void drawHeader(QPainter& painter) const;
+  void drawFooter(QPainter& painter) const;
+  void drawTable(QPainter& painter, int page) const;
+  /// Returns the lower end of the row.
+  int drawRow(QPainter& painter, std::size_t row, int top) const;
+
+  const PrintEngine& engine_;
+  QSize page_;
+};
+
+/// Draws the report onto a printer or into a file, on whatever paper is in it. False where the device can't be painted
+/// on, or there is nothing to print.
+bool printReportTo(QPagedPaintDevice& device, const PrintEngine& engine);
+
+/// Saves the report as a PDF file on Letter paper. Returns what went wrong, in words for the user; empty if nothing
+/// did. A file that stood there before is replaced only by a whole one.
+QString saveReportAsPdf(const QString& path, const PrintEngine& engine);
+
+}  // namespace tallyfin::qt
