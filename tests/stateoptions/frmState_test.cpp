@@ -368,6 +368,16 @@ TEST_F(StateOptions, LoseMississippisEnteredPartAtTheNextOpening) {
   EXPECT_EQ(payData.staAdd, 0);
 }
 
+TEST_F(StateOptions, KeepTheSavedAmountOfAnyOtherCategoryUnderMississippi) {
+  put("State", "23");
+  putState("staMarried", "3");
+  putState("staAdd", "500");
+  start();
+  main().cboState.userPick(mississippi);
+  EXPECT_EQ(screen().mskAdditional.text(), "500");
+  EXPECT_EQ(screen().lblStateVariables[2].caption(), "Additional Withholding Amount (State)");
+}
+
 TEST_F(StateOptions, CopyTheStatusUnderConnecticut) {
   put("MaritalStat", "1");
   open(connecticut);
