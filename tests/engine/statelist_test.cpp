@@ -80,44 +80,6 @@ TEST_F(CallStateRoutine, CallsNoneOutsideTheFortyOne) {
   }
 }
 
-class StateBaseTest : public PaycheckTest {
- protected:
-  StateBaseTest() {
-    payData.amt401k = 60;
-    payData.preTax = 40;
-    payData.state401k = 1;
-    payData.statePreTax = 1;
-  }
-};
-
-TEST_F(StateBaseTest, TakesNeitherAmountByDefault) {
-  StateBase();
-  EXPECT_EQ(payData.state401k, 0);
-  EXPECT_EQ(payData.statePreTax, 0);
-}
-
-TEST_F(StateBaseTest, TakesAnAmountWhereItsKeyIsExactlyY) {
-  store.write(section::stateInfo, "sta401", "Y");
-  StateBase();
-  EXPECT_EQ(payData.state401k, 60);
-  EXPECT_EQ(payData.statePreTax, 0);
-  store.write(section::stateInfo, "sta401", "N");
-  store.write(section::stateInfo, "staPreTax", "Y");
-  StateBase();
-  EXPECT_EQ(payData.state401k, 0);
-  EXPECT_EQ(payData.statePreTax, 40);
-}
-
-TEST_F(StateBaseTest, CountsAnythingElseAsNo) {
-  for (const char* text : {"y", "Y ", "", "Yes", "1"}) {
-    store.write(section::stateInfo, "sta401", text);
-    store.write(section::stateInfo, "staPreTax", text);
-    StateBase();
-    EXPECT_EQ(payData.state401k, 0) << text;
-    EXPECT_EQ(payData.statePreTax, 0) << text;
-  }
-}
-
 class RepeatedCalculation : public PaycheckTest {};
 
 TEST_F(RepeatedCalculation, AddsTheAdditionalAmountPerPeriodAfterTheRate) {

@@ -368,6 +368,16 @@ TEST_F(StateOptions, LoseMississippisEnteredPartAtTheNextOpening) {
   EXPECT_EQ(payData.staAdd, 0);
 }
 
+TEST_F(StateOptions, KeepTheSavedAmountOfAnyOtherCategoryUnderMississippi) {
+  put("State", "23");
+  putState("staMarried", "3");
+  putState("staAdd", "500");
+  start();
+  main().cboState.userPick(mississippi);
+  EXPECT_EQ(screen().mskAdditional.text(), "500");
+  EXPECT_EQ(screen().lblStateVariables[2].caption(), "Additional Withholding Amount (State)");
+}
+
 TEST_F(StateOptions, CopyTheStatusUnderConnecticut) {
   put("MaritalStat", "1");
   open(connecticut);
@@ -438,8 +448,14 @@ TEST_F(StateOptions, SelectTheCategoryAgainAtEachActivation) {
 
 TEST_F(StateOptions, SaveEveryKeyUnderNoState) {
   open(0);
-  screen().cboDeps[0].userPick(5);
+  EXPECT_EQ(screen().cboDeps[0].userPick(5), Refusal::none);
+  EXPECT_EQ(screen().mskAdditional.userType("7"), Refusal::none);
+  EXPECT_EQ(screen().chkExemp[0].userClick(), Refusal::none);
+  EXPECT_EQ(screen().cboDeps[1].userPick(5), Refusal::disabled);
+  EXPECT_EQ(screen().cboSpecialDeps.userPick(1), Refusal::disabled);
   accept();
+  EXPECT_EQ(storedState("staAdd"), "7");
+  EXPECT_EQ(storedState("sta401"), "Y");
   EXPECT_EQ(store.all().at("StateInfo").size(), 9U);
   EXPECT_EQ(storedState("staDeps"), "5");
 }

@@ -168,6 +168,18 @@ TEST_F(MainScreen, WritesANegativeCheckTheSameWay) {
   EXPECT_THAT(main().dbgDisplay.cells().back(), ElementsAre("Check Amt", "($1,076.50)"));
 }
 
+TEST_F(MainScreen, TakesANegativeLocalTaxIntoTheTotal) {
+  put("Local", ".02");
+  put("ApplyToDisp", "2");  // the gross less the pre-tax amount
+  start();
+  main().txtIncome.userType("1000");
+  main().txtPreTax.userType("1200");
+  calculate();
+  EXPECT_EQ(main().dbgDisplay.rows()[6], "!Local Tax!,-4");
+  EXPECT_EQ(payData.totalDed, dollars("72.5"));  // FICA of 76.5
+  EXPECT_EQ(payData.checkAmt, dollars("927.5"));
+}
+
 TEST_F(MainScreen, SavesTheEntriesAtACalculation) {
   startWithAWeek();
   main().txtIncome.userType("$1,000.00");

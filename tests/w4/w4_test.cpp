@@ -135,6 +135,17 @@ TEST_F(PersonalAllowances, HighlightWhatThePointerIsOver) {
   EXPECT_EQ(sheet().chkPersWkShtA[1].foreColour(), grey);
   EXPECT_EQ(sheet().lblPart2of3.foreColour(), grey);
 
+  sheet().chkPersWkShtA[0].userEnter();
+  EXPECT_EQ(sheet().lblItem1.foreColour(), highlight);
+  sheet().chkPersWkShtA[0].userLeave();
+  EXPECT_EQ(sheet().lblItem1.foreColour(), grey);
+  sheet().chkPersWkShtA[2].userEnter();
+  EXPECT_EQ(sheet().lblItem3.foreColour(), highlight);
+  sheet().lblPersWrkChildCare.userMove();
+  sheet().chkPersWkShtA[4].userEnter();  // has no labels of its own
+  EXPECT_EQ(sheet().chkPersWkShtA[4].foreColour(), highlight);
+  EXPECT_EQ(sheet().lblChildCare[0].foreColour(), grey);
+
   sheet().cmdInstructions[2].userEnter();
   EXPECT_EQ(sheet().cmdInstructions[2].foreColour(), Colour(0, 0, 192));
   sheet().cmdInstructions[2].userLeave();
