@@ -106,6 +106,8 @@ class SentenceWithButton::Words : public QLabel {
   };
   std::vector<Word> words;
 
+  QSize minimumSizeHint() const override { return {}; }  // the sentence asks for their room
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 };

@@ -118,6 +118,8 @@ QFont figures() {
   return font;
 }
 
+int atFont(int pixels) { return qRound(pixels * QApplication::font().pointSizeF() / 8.5); }
+
 QColor colour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
 QIcon picture(const QString& name) { return QIcon(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg")); }

@@ -40,18 +40,27 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-class W4ViewsTest : public testing::Test {
- protected:
-  static void SetUpTestSuite() {
+/// The one application of all tests, gone before the program ends.
+class Application : public testing::Environment {
+ public:
+  void SetUp() override {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "w4views_test";
-    static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
-    look::apply(application);
+    application = std::make_unique<QApplication>(argc, argv);
+    look::apply(*application);
     QApplication::setQuitOnLastWindowClosed(false);
   }
+  void TearDown() override { application.reset(); }
 
+ private:
+  int argc = 1;
+  char name[13] = "w4views_test";
+  char* argv[2] = {name, nullptr};
+  std::unique_ptr<QApplication> application;
+};
+const testing::Environment* const application = testing::AddGlobalTestEnvironment(new Application);
+
+class W4ViewsTest : public testing::Test {
+ protected:
   W4ViewsTest() {
     useSettingsStore(store);
     desktop.start();
@@ -142,6 +151,46 @@ TEST_F(W4ViewsTest, WorksheetsFitTheDocumentArea) {
   EXPECT_TRUE(fits(twoWorkers));
   click(twoWorkers, "cmdW4Back(0)");
   EXPECT_TRUE(fits(twoWorkers));
+}
+
+/// Sets the font of the program for the time of a test.
+struct LargeLetters {
+  QFont before = QApplication::font();
+  LargeLetters() {
+    QFont large = before;
+    large.setPointSizeF(14);
+    QApplication::setFont(large);
+  }
+  ~LargeLetters() { QApplication::setFont(before); }
+  LargeLetters(const LargeLetters&) = delete;
+  LargeLetters& operator=(const LargeLetters&) = delete;
+};
+
+TEST_F(W4ViewsTest, AtLargeLettersPagesScrollAndNothingIsCutOff) {
+  const LargeLetters large;
+  const auto whole = [](const View& sheet) {
+    for (const Control* control : sheet.screen()->controls()) {
+      const QWidget* widget = sheet.widgetOf(*control);
+      if (!widget->isVisible() || widget->property("text").toString().isEmpty()) continue;
+      EXPECT_GE(widget->height(), widget->fontMetrics().height()) << control->address();
+      EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << control->address();
+      if (widget->hasHeightForWidth()) {
+        EXPECT_GE(widget->height(), widget->heightForWidth(widget->width())) << control->address();
+      }
+    }
+  };
+  for (const auto& openSheet : std::vector<std::function<View*()>>{[this] { return &open<frmPersWkSht>(); },
+                                                                   [this] { return &open<frmDednAdj>(); },
+                                                                   [this] { return &open<frm2Workers>(); }}) {
+    View& sheet = *openSheet();
+    EXPECT_EQ(find<QLabel>(sheet, "lblPage1").font().pointSizeF(), 14);
+    whole(sheet);
+    click(sheet, "cmdW4Back(0)");
+    whole(sheet);
+  }
+  desk.show<frmW4>();
+  QApplication::processEvents();
+  whole(view<frmW4>());
 }
 
 TEST_F(W4ViewsTest, TabFollowsTheLines) {

@@ -1,5 +1,3 @@
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include "ui/qt/views/views.h"
@@ -10,6 +8,7 @@ namespace tallyfin::qt {
 
 namespace {
 
+/// Two pages: the comparison with Table 1, and the additional amount of a paycheck.
 class frm2WorkersView : public WorksheetView {
  public:
   explicit frm2WorkersView(frm2Workers& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
@@ -20,12 +19,12 @@ class frm2WorkersView : public WorksheetView {
  private:
   void firstPage() {
     QBoxLayout* sheet = page(screen_.pnl2Workers[0], screen_.lblPersWorkpt1, screen_.lblPage1);
-    line(sheet, {caption(screen_.lblTwoNote)});
+    line(sheet, caption(screen_.lblTwoNote));
     comesOut(sheet, screen_.lblTwo1, screen_.lblDedFromG);
     QWidget* line2 = sentence(screen_.lblItem2, screen_.cmdTable1Show[0], screen_.lblTwo2);
-    line(sheet, {line2}, result(screen_.lbl2WkerT1, screen_.lblItem2));
+    line(sheet, line2, result(screen_.lbl2WkerT1, screen_.lblItem2));
     comesOut(sheet, screen_.lblTwo3, screen_.lbl2Wker3);
-    line(sheet, {caption(screen_.lblTwoNote2)});
+    line(sheet, caption(screen_.lblTwoNote2));
     foot(sheet, {pictureButton(screen_.cmdPersWrkCalc[2], "formw4-dark", "Form W4"),
                  pictureButton(screen_.cmdW4Back[0], "forward", "Page 2")});
   }
@@ -36,7 +35,7 @@ class frm2WorkersView : public WorksheetView {
     comesOut(sheet, screen_.lbl2WkerLine5, screen_.lbl2WkerResult5);
     comesOut(sheet, screen_.lbl2WkerLine6, screen_.lbl2WkerResult6);
     QWidget* line7 = sentence(screen_.lbl2WkerLine7, screen_.cmdTable1Show[1], screen_.lbl2WkerLine7a);
-    line(sheet, {line7}, entry(screen_.lblTable2, screen_.lbl2WkerLine7));
+    line(sheet, line7, entry(screen_.lblTable2, screen_.lbl2WkerLine7));
     enter(sheet, screen_.lbl2WkerLine8, screen_.lblMultiply8);
     enter(sheet, screen_.lbl2WkerLine9, screen_.lblDollarAmt);
     enter(sheet, screen_.lblNoPaydays, screen_.txtNumPayDays);

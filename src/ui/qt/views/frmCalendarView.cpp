@@ -12,6 +12,7 @@ namespace tallyfin::qt {
 
 namespace {
 
+/// A month to look at, in the colours of the worksheets.
 class frmCalendarView : public View {
  public:
   explicit frmCalendarView(frmCalendar& screen) : View(screen) {

@@ -1,10 +1,5 @@
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QVBoxLayout>
 
-#include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/views/worksheet.h"
 #include "w4/frmDednAdj.h"
@@ -13,6 +8,7 @@ namespace tallyfin::qt {
 
 namespace {
 
+/// Two pages: deductions, then adjustments and the total.
 class frmDednAdjView : public WorksheetView {
  public:
   explicit frmDednAdjView(frmDednAdj& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
@@ -23,14 +19,10 @@ class frmDednAdjView : public WorksheetView {
  private:
   void firstPage() {
     QBoxLayout* sheet = page(screen_.pnlDednAdj[0], screen_.lblPersWorkpt1, screen_.lblPage1);
-    line(sheet, {caption(screen_.lblNote)});
+    line(sheet, caption(screen_.lblNote));
     enter(sheet, screen_.lblItem1, screen_.txtGetItemized);
     comesOut(sheet, screen_.lblItem2, screen_.lblGetPersDed);
-    auto* choices = new QVBoxLayout;
-    choices->setContentsMargins(margin, 0, 0, 0);
-    choices->setSpacing(1);
-    for (QRadioButton* option : options(screen_.optDedCategory)) choices->addWidget(option);
-    sheet->addLayout(choices);
+    optionLines(sheet, screen_.optDedCategory);
     comesOut(sheet, screen_.lblItem3, screen_.lblSubTotal);
     foot(sheet, {pictureButton(screen_.cmdW4Back[0], "forward", "Page 2")});
   }

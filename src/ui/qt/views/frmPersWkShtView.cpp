@@ -14,6 +14,7 @@ namespace tallyfin::qt {
 
 namespace {
 
+/// Two pages: lines A to E, then F to H with the ways on.
 class frmPersWkShtView : public WorksheetView {
  public:
   explicit frmPersWkShtView(frmPersWkSht& screen) : WorksheetView(screen, countWidth), screen_(screen) {
@@ -60,7 +61,7 @@ class frmPersWkShtView : public WorksheetView {
   /// A line to tick, with the words that explain it under it.
   void explained(QBoxLayout* sheet, CheckBox& control, std::initializer_list<Label*> explanation) {
     QCheckBox* box = checkLine(control);
-    line(sheet, {box});
+    line(sheet, box);
     QStringList words;
     for (Label* part : explanation) {
       QLabel* text = caption(*part);

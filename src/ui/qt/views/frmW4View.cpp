@@ -118,6 +118,7 @@ class FormBox : public QLineEdit {
   }
 };
 
+/// The form as it looks on paper: black rules on white, small print, and what is entered in its boxes.
 class frmW4View : public View {
  public:
   explicit frmW4View(frmW4& screen) : View(screen), screen_(screen) {
@@ -151,7 +152,7 @@ class frmW4View : public View {
     layout->addLayout(foot());
   }
 
-  QSize sizeHint() const override { return {width, heightForWidth(width)}; }
+  QSize sizeHint() const override { return {look::atFont(width), heightForWidth(look::atFont(width))}; }
 
  protected:
   /// A double click on the paper prints. Labels without handlers let it through to the paper.
@@ -182,7 +183,7 @@ class frmW4View : public View {
     row->addWidget(upright(this));
     auto* number = new QWidget(this);
     number->setLayout(entry(screen_.Label5, screen_.txtSSN));
-    number->setFixedWidth(numberColumn);
+    number->setFixedWidth(look::atFont(numberColumn));
     row->addWidget(number);
     return row;
   }
@@ -194,7 +195,7 @@ class frmW4View : public View {
     status->setHorizontalSpacing(look::row);
     status->setVerticalSpacing(0);
     QLabel* number = bold(screen_.Label9);
-    number->setFixedWidth(margin - 2);
+    number->setFixedWidth(look::atFont(margin - 2));
     auto* group = new QButtonGroup(this);
     status->addWidget(number, 0, 0);
     status->addWidget(option(screen_.optSingle, *group), 0, 1);
@@ -209,7 +210,7 @@ class frmW4View : public View {
     QLayout* city = entry(screen_.Label7, screen_.txtCity);
     auto* card = new QHBoxLayout;
     card->setContentsMargins(0, space, 0, space);
-    QLabel* words = small(screen_.Label8, margin);
+    QLabel* words = small(screen_.Label8, look::atFont(margin));
     auto* tick = new FormTick<QCheckBox>(this, false);
     name(words, tick);
     card->addWidget(words, 1);
@@ -222,15 +223,15 @@ class frmW4View : public View {
     auto* grid = new QGridLayout;
     grid->setSpacing(0);
     grid->setColumnStretch(0, 1);
-    boxedLine(*grid, small(screen_.lblFive, margin), screen_.Label12, figure(screen_.lblW4Line5));
+    boxedLine(*grid, small(screen_.lblFive, look::atFont(margin)), screen_.Label12, figure(screen_.lblW4Line5));
     grid->setRowMinimumHeight(grid->rowCount() - 1, 2 * QFontMetrics(smallPrint()).height() + space);
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     boxedLine(*grid, padded(screen_.Label11), screen_.Label13, figure(screen_.lblW4Line6));
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     for (Label* condition : {&screen_.Label16, &screen_.Label17, &screen_.Label18}) {
       const bool first = condition == &screen_.Label16;
-      QLabel* words = small(*condition, first ? margin : look::row);
-      grid->addWidget(indented(words, first ? 0 : margin), grid->rowCount(), 0, 1, 5);
+      QLabel* words = small(*condition, look::atFont(first ? margin : look::row));
+      grid->addWidget(indented(words, first ? 0 : look::atFont(margin)), grid->rowCount(), 0, 1, 5);
     }
     QLabel* exempt = label(screen_.Label27);
     exempt->setAlignment(Qt::AlignCenter);
@@ -246,8 +247,8 @@ class frmW4View : public View {
     const int row = grid.rowCount();
     QLabel* numberLabel = bold(number);
     numberLabel->setAlignment(Qt::AlignCenter);
-    numberLabel->setFixedWidth(lineNumber);
-    figure->setFixedWidth(lineFigure);
+    numberLabel->setFixedWidth(look::atFont(lineNumber));
+    figure->setFixedWidth(look::atFont(lineFigure));
     figure->setMargin(2);
     figure->setContentsMargins(0, 0, look::tight, 0);
     figure->setAccessibleDescription(words->text());
@@ -296,7 +297,7 @@ class frmW4View : public View {
     QLabel* words = padded(caption);
     auto* edit = new FormBox(this);
     name(words, edit);
-    edit->setTextMargins(margin - 2, 0, 0, 0);
+    edit->setTextMargins(look::atFont(margin - 2), 0, 0, 0);
     column->addWidget(words);
     column->addStretch(1);
     column->addWidget(tied(edit, bind(*edit, control)));
@@ -308,7 +309,7 @@ class frmW4View : public View {
     row->setSpacing(space);
     auto* half = new QWidget(this);
     half->setLayout(right);
-    half->setFixedWidth(rightColumn);
+    half->setFixedWidth(look::atFont(rightColumn));
     row->addLayout(left, 1);
     row->addWidget(upright(this));
     row->addWidget(half);
@@ -324,7 +325,7 @@ class frmW4View : public View {
   }
 
   QLabel* small(Label& control, int hanging) { return inSmallPrint(new HangingLabel(this, hanging), control); }
-  QLabel* padded(Label& control) { return inSmallPrint(new PaddedLabel(this, margin), control); }
+  QLabel* padded(Label& control) { return inSmallPrint(new PaddedLabel(this, look::atFont(margin)), control); }
   QLabel* inSmallPrint(QLabel* widget, Label& control) {
     widget->setFont(smallPrint());
     return tied(widget, bind(*widget, control));

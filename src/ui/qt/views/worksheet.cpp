@@ -1,8 +1,10 @@
 #include "ui/qt/views/worksheet.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QVBoxLayout>
 
 #include "ui/qt/captions.h"
@@ -42,7 +44,7 @@ class Result : public QLabel {
 }  // namespace
 
 WorksheetView::WorksheetView(Screen& screen, int entryWidth)
-    : View(screen), entryWidth_(entryWidth), pages_(new QVBoxLayout(this)) {
+    : View(screen), margin_(look::atFont(26)), entryWidth_(look::atFont(entryWidth)), pages_(new QVBoxLayout(this)) {
   look::setGround(*this, look::onPaper());
   pages_->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
 }
@@ -56,7 +58,7 @@ QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNum
   binding.show = [this, sheet, &panel] {
     const bool inSight = panel.left >= 0;
     // The focus stays with the worksheet when its page goes.
-    if (!inSight && sheet->isAncestorOf(focusWidget())) setFocus();
+    if (!inSight && sheet->isAncestorOf(QApplication::focusWidget())) setFocus();
     sheet->setVisible(inSight);
   };
   binding.refresh();
@@ -72,14 +74,11 @@ QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNum
   return column;
 }
 
-void WorksheetView::line(QBoxLayout* page, std::initializer_list<QWidget*> texts, QWidget* entry) {
+void WorksheetView::line(QBoxLayout* page, QWidget* words, QWidget* entry) {
   page->addWidget(hairline(this));
   auto* row = new QHBoxLayout;
   row->setSpacing(look::row);
-  auto* words = new QVBoxLayout;
-  words->setSpacing(1);
-  for (QWidget* text : texts) words->addWidget(text);
-  row->addLayout(words, 1);
+  row->addWidget(words, 1);
   if (entry != nullptr) row->addWidget(entry, 0, Qt::AlignBottom);
   page->addLayout(row);
 }
@@ -94,13 +93,20 @@ void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictu
   page->addLayout(row);
 }
 
+void WorksheetView::addIndented(QBoxLayout* page, QRadioButton* option) {
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(margin_, 0, 0, 0);
+  row->addWidget(option);
+  page->addLayout(row);
+}
+
 QLabel* WorksheetView::caption(Label& control) {
-  auto* widget = new HangingLabel(this, margin);
+  auto* widget = new HangingLabel(this, margin_);
   return tied(widget, bind(*widget, control));
 }
 
 QCheckBox* WorksheetView::checkLine(CheckBox& control) {
-  auto* widget = new HangingCheckBox(this, margin, entryWidth_ + look::row);
+  auto* widget = new HangingCheckBox(this, margin_, entryWidth_ + look::row);
   return tied(widget, bind(*widget, control));
 }
 
@@ -131,7 +137,7 @@ QPushButton* WorksheetView::pictureButton(CommandButton& control, const char* pi
 }
 
 QWidget* WorksheetView::sentence(Label& first, CommandButton& button, Label& second) {
-  auto* widget = new SentenceWithButton(this, margin);
+  auto* widget = new SentenceWithButton(this, margin_);
   tied(widget->first(), bind(*widget->first(), first));
   tied(widget->second(), bind(*widget->second(), second));
   widget->setButton(this->button(button));

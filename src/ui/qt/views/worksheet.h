@@ -18,33 +18,40 @@ class WorksheetView : public View {
   QSize sizeHint() const override;
 
  protected:
-  static constexpr int margin = 26;       ///< For the line numbers.
+  // Pixels at the normal size of letters.
   static constexpr int countWidth = 48;   ///< Of the column at the right where it holds counts,
   static constexpr int amountWidth = 92;  ///< and where it holds amounts.
 
-  /// The column at the right is as wide as what stands in it, in pixels.
   WorksheetView(Screen& screen, int entryWidth);
 
   /// A page with its heading; it is shown while its panel is in sight. The lines go below each other on it.
   QBoxLayout* page(Panel& panel, Label& heading, Label& pageNumber);
-  /// A line of the page, a hairline above it: its texts below each other, and the entry at the right if it has one.
-  void line(QBoxLayout* page, std::initializer_list<QWidget*> texts, QWidget* entry = nullptr);
+  /// A line of the page, a hairline above it: its words, and the entry at the right if it has one.
+  void line(QBoxLayout* page, QWidget* words, QWidget* entry = nullptr);
   /// The foot of the page: pictures at its right end.
   void foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures);
 
   QLabel* caption(Label& control);
+  /// Options below each other, as far in as the words of a line.
+  template <int count>
+  void optionLines(QBoxLayout* page, ControlArray<OptionButton, count>& controls) {
+    for (QRadioButton* option : options(controls)) addIndented(page, option);
+  }
   QCheckBox* checkLine(CheckBox& control);
   /// A box or a figure in the column at the right, named by the words of its line.
   QLineEdit* entry(TextBox& control, const Label& words);
   QLabel* result(Label& control, const Label& words);
   /// A line with its box, and one with its figure.
-  void enter(QBoxLayout* page, Label& words, TextBox& box) { line(page, {caption(words)}, entry(box, words)); }
-  void comesOut(QBoxLayout* page, Label& words, Label& figure) { line(page, {caption(words)}, result(figure, words)); }
+  void enter(QBoxLayout* page, Label& words, TextBox& box) { line(page, caption(words), entry(box, words)); }
+  void comesOut(QBoxLayout* page, Label& words, Label& figure) { line(page, caption(words), result(figure, words)); }
   QPushButton* pictureButton(CommandButton& control, const char* picture, const char* accessibleName);
   /// A line whose words surround a button.
   QWidget* sentence(Label& first, CommandButton& button, Label& second);
 
  private:
+  void addIndented(QBoxLayout* page, QRadioButton* option);
+
+  int margin_;  ///< For the line numbers.
   int entryWidth_;
   QLayout* pages_;
 };
