@@ -281,9 +281,9 @@ std::string percentage(double fraction) {
 
 std::string wholeNumber(std::string_view text) {
   const auto decimal = readDecimal(text);
-  const auto digits = decimal ? roundedDigits(*decimal, 0, Half::awayFromZero) : std::nullopt;
-  if (!digits) return std::string(text);
-  return (decimal->negative && *digits != "0" ? "-" : "") + *digits;
+  if (!decimal || !nearestDouble(*decimal)) return std::string(text);
+  const std::string digits = orFail(roundedDigits(*decimal, 0, Half::awayFromZero));
+  return (decimal->negative && digits != "0" ? "-" : "") + digits;
 }
 
 std::string socialSecurityNumber(std::string_view text) {

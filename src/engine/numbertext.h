@@ -41,7 +41,8 @@ std::string currency(std::string_view text);
 /// that always stands: `14.%`, `30.2%`, `.5%`, `.%`.
 std::string percentage(double fraction);
 
-/// The format "0" of a text that is a number: whole, half away from zero. Any other text stays as it is.
+/// The format "0" of a text that is a number within a double's range: whole, half away from zero. Any other text stays
+/// as it is.
 std::string wholeNumber(std::string_view text);
 
 /// The format "###-##-####": nine digits become 123-45-6789; any other text stays as it is.

@@ -33,7 +33,6 @@ class Worksheet : public WorksheetFields {
   virtual ~Worksheet() = default;
 
   virtual const std::string& incomeText() const = 0;
-  virtual const std::string& hoursText() const = 0;
   virtual const std::string& rate401kText() const = 0;
   virtual const std::string& preTaxText() const = 0;
   virtual const std::string& preFicaText() const = 0;

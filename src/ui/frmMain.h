@@ -54,7 +54,6 @@ class frmMain final : public Screen, public Worksheet {
   std::array<MaskedBox*, 5> boxes() { return {&txtIncome, &txtHours, &txt401k, &txtPreTax, &txtPreFICA}; }
 
   const std::string& incomeText() const override { return txtIncome.text(); }
-  const std::string& hoursText() const override { return txtHours.text(); }
   const std::string& rate401kText() const override { return txt401k.text(); }
   const std::string& preTaxText() const override { return txtPreTax.text(); }
   const std::string& preFicaText() const override { return txtPreFICA.text(); }

@@ -241,6 +241,7 @@ TEST(WholeNumber, RoundsHalfAwayFromZero) {
   EXPECT_EQ(wholeNumber("-0.4"), "0");
   EXPECT_EQ(wholeNumber("$1,234.5"), "1235");
   EXPECT_EQ(wholeNumber("forty"), "forty");
+  EXPECT_EQ(wholeNumber("1E400"), "1E400") << "beyond a double";
   EXPECT_EQ(wholeNumber(""), "");
 }
 

@@ -17,7 +17,6 @@ namespace tallyfin {
 class WorksheetStandIn : public Worksheet {
  public:
   std::string income;
-  std::string hours = "40";
   std::string rate401k;
   std::string preTax;
   std::string preFica;
@@ -27,7 +26,6 @@ class WorksheetStandIn : public Worksheet {
   std::array<std::string, 9> figures;  ///< By label number; 0 stays empty.
 
   const std::string& incomeText() const override { return income; }
-  const std::string& hoursText() const override { return hours; }
   const std::string& rate401kText() const override { return rate401k; }
   const std::string& preTaxText() const override { return preTax; }
   const std::string& preFicaText() const override { return preFica; }
