@@ -246,13 +246,17 @@ class PickFilter : public QObject {
       : QObject(&binding), binding_(binding), widget_(widget), list_(list), choose_(choose) {
     widget.installEventFilter(this);
     QObject::connect(&widget, &QListWidget::currentRowChanged, this, [this](int row) {
-      if (choose_ == Choose::byMoving && QApplication::mouseButtons() == Qt::NoButton) pick(row);
+      const bool moved = row >= 0 && widget_.item(row)->isSelected();
+      if (moved && choose_ == Choose::byMoving && QApplication::mouseButtons() == Qt::NoButton) pick(row);
     });
     QObject::connect(&widget, &QListWidget::itemClicked, this,
                      [this](QListWidgetItem* item) { pick(widget_.row(item)); });
   }
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    // The toolkit marks the first row of a list that gets the focus with nothing chosen; there is no mark here until
+    // the user moves.
+    if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, &binding_, [this] { binding_.refresh(); });
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;

@@ -120,7 +120,7 @@ class frmMiscView : public View {
     if (!accessibleName.isEmpty()) widget->setAccessibleName(accessibleName);
     colour(widget, look::lightFace());
     widget->setIconSize({20, 20});
-    widget->setFixedSize(64, 28);
+    widget->setFixedSize(80, 28);
     return widget;
   }
 
