@@ -49,6 +49,27 @@ class Accessibility : public DesktopTest {
     }
   }
 
+  /// Every caption, figure, box and button has the room that it needs, on a page that may scroll.
+  void expectNothingCutOff(const Screen& screen) const {
+    for (const Control* control : screen.controls()) {
+      const QWidget& widget = widgetOf(*control);
+      const auto* label = qobject_cast<const QLabel*>(&widget);
+      const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+      if (const auto* list = qobject_cast<const QListWidget*>(&widget)) {
+        const QRect last = list->visualItemRect(list->item(list->count() - 1));
+        EXPECT_TRUE(list->viewport()->rect().contains(last)) << control->address();
+        continue;
+      }
+      if (!widget.isVisible() || (button != nullptr && button->text().isEmpty())) continue;
+      if (label != nullptr && label->wordWrap()) {
+        EXPECT_GE(widget.height(), widget.heightForWidth(widget.width())) << control->address();
+        continue;
+      }
+      EXPECT_GE(widget.width(), widget.minimumSizeHint().width()) << control->address();
+      EXPECT_GE(widget.height(), widget.minimumSizeHint().height()) << control->address();
+    }
+  }
+
   QWidget& widgetOf(const Control& control) const {
     return find(control.screen().name().c_str(), QString::fromStdString(control.address()));
   }
@@ -137,15 +158,17 @@ TEST_F(Accessibility, APageFitsWithoutScrollingAndCutsNothingOff) {
       EXPECT_FALSE(area->verticalScrollBar()->isVisible());
       EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
     }
-    for (const Control* control : screen.controls()) {
-      const QWidget& widget = widgetOf(*control);
-      const auto* label = qobject_cast<const QLabel*>(&widget);
-      if (!widget.isVisible() || (label != nullptr && label->wordWrap())) continue;
-      if (label == nullptr && qobject_cast<const QAbstractButton*>(&widget) == nullptr) continue;
-      if (label == nullptr && static_cast<const QAbstractButton&>(widget).text().isEmpty()) continue;
-      EXPECT_GE(widget.width(), widget.minimumSizeHint().width()) << control->address();
-    }
+    expectNothingCutOff(screen);
   });
+}
+
+TEST_F(Accessibility, ALargerFontCutsNothingOff) {
+  const QFont normal = QApplication::font();
+  QFont large = normal;
+  large.setPointSizeF(1.5 * normal.pointSizeF());
+  QApplication::setFont(large);
+  onEachScreen([this](const Screen& screen) { expectNothingCutOff(screen); });
+  QApplication::setFont(normal);
 }
 
 }  // namespace

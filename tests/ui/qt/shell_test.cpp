@@ -3,7 +3,7 @@
 
 #include "controls/desk.h"
 #include "desktoptest.h"
-#include "engine/paydata.h"
+#include "ui/qt/look.h"
 
 /// The frame: its list bar, its boxes, its size.
 
@@ -81,6 +81,37 @@ TEST_F(ShellDesktop, TabPassesOverTheDocumentsBeneath) {
     EXPECT_FALSE(beneath.isAncestorOf(QApplication::focusWidget())) << focused();
   }
   EXPECT_EQ(front(), "Local Tax and Raise");
+}
+
+TEST_F(ShellDesktop, TheActiveDocumentHasTheLighterStrip) {
+  startOnMain();
+  const auto strip = [this](const char* title) {
+    for (const auto* label : frame().findChildren<QLabel*>()) {
+      if (label->text() == title && label->parentWidget()->autoFillBackground()) {
+        return label->parentWidget()->palette().color(QPalette::Window);
+      }
+    }
+    return QColor();
+  };
+  click("frmMain", "cmdAdditional(0)");
+  EXPECT_EQ(strip("Local Tax and Raise"), look::deepLighter);
+  EXPECT_EQ(strip("Calculations"), look::deep);
+  EXPECT_TRUE(find("frmMain", "txtIncome").isVisible());
+  click("frmMisc", "imgSeal");
+  EXPECT_EQ(strip("Calculations"), look::deepLighter);
+}
+
+TEST_F(ShellDesktop, APageThatIsCoveredIsOutOfReach) {
+  startOnMain();
+  choose("frmMain", "cboState", "California");
+  ASSERT_EQ(front(), "State Options");
+  QTest::keyClick(&frame(), Qt::Key_I, Qt::AltModifier);
+  settle();
+  EXPECT_EQ(front(), "State Options");
+  click("frmState", "cmdAccept");
+  QTest::keyClick(&frame(), Qt::Key_I, Qt::AltModifier);
+  settle();
+  EXPECT_EQ(focused(), "txtIncome");
 }
 
 TEST_F(ShellDesktop, AnItemIsHighlightedWhileThePointerIsOverIt) {

@@ -163,6 +163,7 @@ class frmMainView : public View {
     table->verticalHeader()->setMinimumSectionSize(rowHeight);
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
     table->setFixedHeight((1 + resultRows) * rowHeight + 2 * table->frameWidth());
+    table->setMinimumWidth(QFontMetrics(look::figures()).horizontalAdvance("Social Security  ($1,000,000.00)"));
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -90,7 +90,7 @@ class frmMultiCheckView : public View {
          {&screen_.lblMultiWeekly, &screen_.lblMultiETW, &screen_.lblMulti2aMon, &screen_.lblMultimonthly}) {
       QLabel* widget = paragraph(*control);
       widget->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-      widget->setFixedWidth(periodWidth);
+      widget->setFixedWidth(look::scaled(periodWidth));
       widget->setMinimumHeight(2 * fontMetrics().lineSpacing());
       row->addWidget(widget);
     }
