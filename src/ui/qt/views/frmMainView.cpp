@@ -155,7 +155,8 @@ class frmMainView : public View {
     table->setHorizontalHeaderItem(1, value);
     QHeaderView* header = table->horizontalHeader();
     header->setPalette(look::lightFace());
-    header->setSectionResizeMode(QHeaderView::Stretch);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    header->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     header->setHighlightSections(false);
     const int rowHeight = fontMetrics().height() + 6;
     header->setFixedHeight(rowHeight);

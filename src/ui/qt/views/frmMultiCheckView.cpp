@@ -55,6 +55,7 @@ class frmMultiCheckView : public View {
 
  private:
   static constexpr int checks = 4;
+  static constexpr int boxWidth = 92;
   static constexpr int periodWidth = 56;
 
   QLayout* table() {
@@ -104,6 +105,7 @@ class frmMultiCheckView : public View {
     const QString title = QStringLiteral("Check %1").arg(check + 1);
     QLineEdit* amount = amountBox(*boxes.at(place));
     amount->setAccessibleName(title);
+    amount->setMinimumWidth(look::scaled(boxWidth));
     QLabel* result = figure(*results.at(place));
     result->setAccessibleName(title + QStringLiteral(", monthly amount"));
     grid.addWidget(amount, line, 0);
