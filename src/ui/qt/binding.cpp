@@ -27,15 +27,26 @@ QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 /// A caption as a widget shows it: an ampersand is a character, not a mark for the keyboard.
 QString plain(const std::string& caption) { return text(caption).replace(QLatin1String("&"), QLatin1String("&&")); }
 
-/// A wheel that turns over a box without the focus scrolls the page; it chooses nothing.
-class WheelGuard : public QObject {
+/// Keeps a drop-down from choosing what the user only passes over, for a choice may open another screen. A wheel that
+/// turns over it without the focus scrolls the page; the arrow keys open its list, where Enter chooses.
+class PassingGuard : public QObject {
  public:
-  using QObject::QObject;
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) return false;
-    event->ignore();
+  explicit PassingGuard(QComboBox& box, QObject* parent) : QObject(parent), box_(box) { box.installEventFilter(this); }
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Wheel && !box_.hasFocus()) {
+      event->ignore();
+      return true;
+    }
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
+    box_.showPopup();
     return true;
   }
+
+ private:
+  QComboBox& box_;
 };
 
 }  // namespace
@@ -314,7 +325,7 @@ namespace {
 
 Binding& bindCombo(QComboBox& widget, DropDown& dropDown) {
   auto* binding = new Binding(widget, dropDown);
-  widget.installEventFilter(new WheelGuard(binding));
+  new PassingGuard(widget, binding);
   widget.setFocusPolicy(Qt::StrongFocus);
   QObject::connect(&widget, &QComboBox::activated, binding,
                    [binding, &dropDown](int row) { binding->act([&] { dropDown.userPick(row); }); });

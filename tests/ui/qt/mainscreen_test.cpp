@@ -1,5 +1,4 @@
-#include <QScrollArea>
-#include <QScrollBar>
+#include <QAbstractItemView>
 
 #include "controls/desk.h"
 #include "desktoptest.h"
@@ -212,6 +211,20 @@ TEST_F(MainScreen, AWheelChoosesNothingInABoxWithoutTheFocus) {
   EXPECT_EQ(turn(), "3");
   box.setFocus();
   EXPECT_EQ(turn(), "4");
+}
+
+TEST_F(MainScreen, TheArrowKeysPassOverStatesWithoutOpeningTheirOptions) {
+  startOnMain();
+  auto& box = find<QComboBox>("frmMain", "cboState");
+  box.setFocus();
+  press(Qt::Key_Down);
+  ASSERT_TRUE(box.view()->isVisible());
+  for (int i = 0; i < 5; ++i) QTest::keyClick(box.view(), Qt::Key_Down);
+  EXPECT_EQ(front(), "Calculations");
+  QTest::keyClick(box.view(), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(text("frmMain", "cboState"), "Colorado");
+  EXPECT_EQ(front(), "Calculations");
 }
 
 TEST_F(MainScreen, TheLongestStateNamesAreNotCutOff) {
