@@ -28,15 +28,26 @@ QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 /// A caption as a widget shows it: an ampersand is a character, not a mark for the keyboard.
 QString plain(const std::string& caption) { return text(caption).replace(QLatin1String("&"), QLatin1String("&&")); }
 
-/// A wheel that turns over a box without the focus scrolls the page; it chooses nothing.
-class WheelGuard : public QObject {
+/// Keeps a drop-down from choosing what the user only passes over, for a choice may open another screen. A wheel that
+/// turns over it without the focus scrolls the page; the arrow keys open its list, where Enter chooses.
+class PassingGuard : public QObject {
  public:
-  using QObject::QObject;
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) return false;
-    event->ignore();
+  explicit PassingGuard(QComboBox& box, QObject* parent) : QObject(parent), box_(box) { box.installEventFilter(this); }
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Wheel && !box_.hasFocus()) {
+      event->ignore();
+      return true;
+    }
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
+    box_.showPopup();
     return true;
   }
+
+ private:
+  QComboBox& box_;
 };
 
 }  // namespace
@@ -247,13 +258,17 @@ class PickFilter : public QObject {
       : QObject(&binding), binding_(binding), widget_(widget), list_(list), choose_(choose) {
     widget.installEventFilter(this);
     QObject::connect(&widget, &QListWidget::currentRowChanged, this, [this](int row) {
-      if (choose_ == Choose::byMoving && QApplication::mouseButtons() == Qt::NoButton) pick(row);
+      const bool moved = row >= 0 && widget_.item(row)->isSelected();
+      if (moved && choose_ == Choose::byMoving && QApplication::mouseButtons() == Qt::NoButton) pick(row);
     });
     QObject::connect(&widget, &QListWidget::itemClicked, this,
                      [this](QListWidgetItem* item) { pick(widget_.row(item)); });
   }
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    // The toolkit marks the first row of a list that gets the focus with nothing chosen; there is no mark here until
+    // the user moves.
+    if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, &binding_, [this] { binding_.refresh(); });
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
@@ -311,7 +326,7 @@ namespace {
 
 Binding& bindCombo(QComboBox& widget, DropDown& dropDown) {
   auto* binding = new Binding(widget, dropDown);
-  widget.installEventFilter(new WheelGuard(binding));
+  new PassingGuard(widget, binding);
   widget.setFocusPolicy(Qt::StrongFocus);
   QObject::connect(&widget, &QComboBox::activated, binding,
                    [binding, &dropDown](int row) { binding->act([&] { dropDown.userPick(row); }); });

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "ui/MDIOpen.h"
@@ -57,11 +58,17 @@ void Desktop::showDocument(Screen& screen) {
     views_[&screen] = view;
     frame_->area().add(*view);
   }
+  arrange();
+}
+
+/// Brings the active document to the front; the next Tab goes to its first control.
+void Desktop::arrange() {
+  if (frame_ == nullptr) return;
   frame_->area().arrange();
-  // The next Tab goes to the first control of the page.
-  View& view = *views_[&screen];
+  const auto active = views_.find(desk.activeDocument());
+  if (active == views_.end()) return;
   const QWidget* focused = QApplication::focusWidget();
-  if (focused == nullptr || !view.isAncestorOf(focused)) view.setFocus(Qt::OtherFocusReason);
+  if (focused == nullptr || !active->second->isAncestorOf(focused)) active->second->setFocus(Qt::OtherFocusReason);
 }
 
 void Desktop::showBox(Screen& screen) {
@@ -111,6 +118,7 @@ void Desktop::discard(Screen& screen) {
     hideQuietly(*holder);
     holder->deleteLater();
   }
+  QTimer::singleShot(0, this, &Desktop::arrange);  // once the next document is the active one
 }
 
 void Desktop::followFocus() {

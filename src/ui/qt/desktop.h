@@ -37,6 +37,7 @@ class Desktop : public QObject {
   void show(Screen& screen);
   void showDocument(Screen& screen);
   void showBox(Screen& screen);
+  void arrange();
   void discard(Screen& screen);
   void followFocus();
 

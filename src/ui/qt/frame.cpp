@@ -19,8 +19,8 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr int listBarWidth = 116;
-constexpr int titleHeight = 20;
+int listBarWidth() { return look::scaled(116); }
+int titleHeight() { return look::scaled(20); }
 
 /// The pictures of the list bar's items by key.
 const std::map<QString, QString> itemPictures{
@@ -45,12 +45,12 @@ QString keyOf(const ListBarItem& item) {
 Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), strip_(new QWidget(this)) {
   look::setGround(*this, look::onDeep());
   strip_->setAutoFillBackground(true);
-  strip_->setFixedHeight(titleHeight);
+  strip_->setFixedHeight(titleHeight());
   title_ = new QLabel(strip_);
   auto* close = new QToolButton(strip_);
   close->setText(QStringLiteral("×"));
   close->setAutoRaise(true);
-  close->setFixedSize(titleHeight, titleHeight - 2);
+  close->setFixedSize(titleHeight(), titleHeight() - 2);
   close->setFocusPolicy(Qt::NoFocus);
   close->setToolTip(QStringLiteral("Close this page"));
   close->setAccessibleName(QStringLiteral("Close"));
@@ -95,7 +95,7 @@ void Document::place(const QSize& area) {
   }
   QSize wanted = view_.sizeHint().expandedTo(view_.minimumSize()).boundedTo(view_.maximumSize());
   if (view_.hasHeightForWidth()) wanted.setHeight(view_.heightForWidth(wanted.width()));
-  wanted += QSize(2, titleHeight + 2);
+  wanted += QSize(2, titleHeight() + 2);
   QRect place(QPoint(0, 0), wanted.boundedTo(area));
   place.moveCenter(QRect(QPoint(0, 0), area).center());
   setGeometry(place);
@@ -138,9 +138,15 @@ void DocumentArea::arrange() {
     for (const auto& document : documents_) {
       if (document->view().screen() != *screen) continue;
       document->place(size());
-      document->setActive(*screen == desk.activeDocument());
+      const Screen* front = desk.activeDocument();
+      document->setActive(*screen == front);
       document->raise();
-      document->show();
+      // What a full page covers is out of reach of the keyboard too.
+      if (*screen != front && front->maximized) {
+        hideQuietly(*document);
+      } else {
+        document->show();
+      }
     }
   }
 }
@@ -167,7 +173,7 @@ GroupHeader::GroupHeader(const QString& caption, QWidget* parent) : BarButton(pa
   setAttribute(Qt::WA_Hover);
 }
 
-QSize GroupHeader::sizeHint() const { return {listBarWidth, std::max(22, fontMetrics().height() + 8)}; }
+QSize GroupHeader::sizeHint() const { return {listBarWidth(), std::max(22, fontMetrics().height() + 8)}; }
 
 void GroupHeader::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -203,7 +209,7 @@ ListBarButton::ListBarButton(QWidget* parent, const QString& pictureName) : BarB
   setSizePolicy(policy);
 }
 
-QSize ListBarButton::sizeHint() const { return {listBarWidth, heightForWidth(listBarWidth)}; }
+QSize ListBarButton::sizeHint() const { return {listBarWidth(), heightForWidth(listBarWidth())}; }
 
 int ListBarButton::heightForWidth(int width) const {
   const QRect words =
@@ -284,7 +290,7 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
 
 QWidget* Frame::listBar(MDIOpen& screen) {
   auto* bar = new QWidget(this);
-  bar->setFixedWidth(listBarWidth);
+  bar->setFixedWidth(listBarWidth());
   bar->setAccessibleName(QStringLiteral("List bar"));
   auto* layout = new QVBoxLayout(bar);
   layout->setContentsMargins(0, 0, 0, 0);

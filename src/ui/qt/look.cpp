@@ -8,10 +8,13 @@
 #include <QToolTip>
 #include <QWidget>
 #include <algorithm>
+#include <cmath>
 
 namespace tallyfin::qt::look {
 
 namespace {
+
+constexpr double normalPoints = 8.5;
 
 QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& button, const QColor& buttonText) {
   QPalette palette(button, ground);  // edges and shadows come from these, not from the desktop's theme
@@ -50,12 +53,16 @@ bool hasTabularDigits(const QFont& font) {
 
 }  // namespace
 
+int scaled(int pixels) {
+  return static_cast<int>(std::ceil(pixels * QApplication::font().pointSizeF() / normalPoints));
+}
+
 void apply(QApplication& application) {
   application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   // Desktops come with sizes up to 11 points; whoever has set more wants larger letters here too.
   const QFontInfo system(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
   QFont font(system.family());
-  font.setPointSizeF(8.5 * std::max(1.0, system.pointSizeF() / 11.0));
+  font.setPointSizeF(normalPoints * std::max(1.0, system.pointSizeF() / 11.0));
   application.setFont(font);
   application.setPalette(onDeep());
   QToolTip::setFont(font);
@@ -105,7 +112,7 @@ QWidget* rule(const QColor& colour, QWidget* parent) {
 QFont heading() {
   QFont font = QApplication::font();
   font.setBold(true);
-  font.setPointSizeF(font.pointSizeF() * 10.0 / 8.5);
+  font.setPointSizeF(font.pointSizeF() * 10.0 / normalPoints);
   return font;
 }
 

@@ -31,6 +31,9 @@ inline constexpr int row = 8;
 inline constexpr int group = 12;
 inline constexpr int edge = 12;
 
+/// A measure of something that holds text: pixels at the normal font, more at a larger one.
+int scaled(int pixels);
+
 /// Sets style, font and palette of the whole program.
 void apply(QApplication& application);
 

@@ -16,11 +16,10 @@ namespace {
 void tellTrouble(const tallyfin::qt::Store& store, QWidget* frame) {
   const QString trouble = store.trouble();
   if (trouble.isEmpty()) return;
-  auto* box =
-      new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"),
-                      trouble + QStringLiteral("\n\nYou can work as usual, but what you enter will be forgotten "
-                                               "when the program ends."),
-                      QMessageBox::Ok, frame);
+  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"),
+                              trouble + QStringLiteral("\n\nYou can work as usual, but what you enter may be forgotten "
+                                                       "when the program ends."),
+                              QMessageBox::Ok, frame);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setModal(false);
   box->show();

@@ -155,7 +155,8 @@ class frmMainView : public View {
     table->setHorizontalHeaderItem(1, value);
     QHeaderView* header = table->horizontalHeader();
     header->setPalette(look::lightFace());
-    header->setSectionResizeMode(QHeaderView::Stretch);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    header->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     header->setHighlightSections(false);
     const int rowHeight = fontMetrics().height() + 6;
     header->setFixedHeight(rowHeight);
@@ -163,6 +164,7 @@ class frmMainView : public View {
     table->verticalHeader()->setMinimumSectionSize(rowHeight);
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
     table->setFixedHeight((1 + resultRows) * rowHeight + 2 * table->frameWidth());
+    table->setMinimumWidth(QFontMetrics(look::figures()).horizontalAdvance("Social Security  ($1,000,000.00)"));
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);

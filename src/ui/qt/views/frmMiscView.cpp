@@ -26,7 +26,7 @@ class frmMiscView : public View {
     layout->setVerticalSpacing(look::group);
     layout->addWidget(seal(), 0, 0, Qt::AlignTop);
     for (const int number : {0, 1}) layout->addWidget(page(number), 0, 1);
-    setFixedWidth(pageWidth);
+    setFixedWidth(look::scaled(pageWidth));
   }
 
  private:
@@ -66,7 +66,7 @@ class frmMiscView : public View {
   void fillLocalTax(QVBoxLayout& layout) {
     QLabel* percent = label(screen_.lblpercent);
     QLineEdit* rate = amountBox(screen_.txtTaxPerCnt);
-    rate->setFixedWidth(boxWidth);
+    rate->setFixedWidth(look::scaled(boxWidth));
     name(percent, rate);
     auto* row = new QHBoxLayout;
     row->setSpacing(look::row);
@@ -93,7 +93,7 @@ class frmMiscView : public View {
     grid->setColumnStretch(0, 1);
     const auto row = [&](int line, QLabel* title, QWidget* value, int columns = 2) {
       name(title, value);
-      value->setFixedWidth(boxWidth);
+      value->setFixedWidth(look::scaled(boxWidth));
       grid->addWidget(title, line, 0, 1, columns);
       grid->addWidget(value, line, 2);
     };
@@ -120,7 +120,7 @@ class frmMiscView : public View {
     if (!accessibleName.isEmpty()) widget->setAccessibleName(accessibleName);
     colour(widget, look::lightFace());
     widget->setIconSize({20, 20});
-    widget->setFixedSize(64, 28);
+    widget->setFixedSize(look::scaled(80), look::scaled(28));
     return widget;
   }
 

@@ -55,6 +55,7 @@ class frmMultiCheckView : public View {
 
  private:
   static constexpr int checks = 4;
+  static constexpr int boxWidth = 92;
   static constexpr int periodWidth = 56;
 
   QLayout* table() {
@@ -90,7 +91,7 @@ class frmMultiCheckView : public View {
          {&screen_.lblMultiWeekly, &screen_.lblMultiETW, &screen_.lblMulti2aMon, &screen_.lblMultimonthly}) {
       QLabel* widget = paragraph(*control);
       widget->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-      widget->setFixedWidth(periodWidth);
+      widget->setFixedWidth(look::scaled(periodWidth));
       widget->setMinimumHeight(2 * fontMetrics().lineSpacing());
       row->addWidget(widget);
     }
@@ -104,6 +105,7 @@ class frmMultiCheckView : public View {
     const QString title = QStringLiteral("Check %1").arg(check + 1);
     QLineEdit* amount = amountBox(*boxes.at(place));
     amount->setAccessibleName(title);
+    amount->setMinimumWidth(look::scaled(boxWidth));
     QLabel* result = figure(*results.at(place));
     result->setAccessibleName(title + QStringLiteral(", monthly amount"));
     grid.addWidget(amount, line, 0);

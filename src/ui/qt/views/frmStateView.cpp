@@ -56,11 +56,15 @@ class frmStateView : public View {
       grid->addWidget(title, line, 0, Qt::AlignRight | Qt::AlignVCenter);
       return widget;
     };
-    grid->addWidget(row(0, screen_.lblStateVariables[1], screen_.cboState), 0, 1, 1, 2);
+    grid->addWidget(row(0, screen_.lblStateVariables[1], screen_.cboState), 0, 1, 1, 3);
     grid->addWidget(row(1, screen_.lblStateVariables[0], screen_.cboDeps[0]), 1, 1);
-    grid->addWidget(narrow(screen_.cboDeps[1]), 1, 2);
+    auto* illinois = new QLabel(QStringLiteral("Illinois"), this);
+    QComboBox* second = narrow(screen_.cboDeps[1]);
+    name(illinois, second);
+    grid->addWidget(illinois, 1, 2, Qt::AlignRight | Qt::AlignVCenter);
+    grid->addWidget(second, 1, 3);
     grid->addWidget(row(2, screen_.lblSpecialDeps, screen_.cboSpecialDeps), 2, 1);
-    for (const int column : {1, 2}) grid->setColumnStretch(column, 1);
+    for (const int column : {1, 3}) grid->setColumnStretch(column, 1);
     // The caption of the special list changes with the state; the boxes stay where they are.
     grid->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(QStringLiteral("Select Withholding Percentage")));
     return grid;

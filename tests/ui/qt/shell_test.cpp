@@ -1,0 +1,216 @@
+#include <QDialog>
+#include <QToolButton>
+
+#include "controls/desk.h"
+#include "desktoptest.h"
+#include "ui/qt/look.h"
+
+/// The frame: its list bar, its boxes, its size.
+
+namespace tallyfin::qt {
+
+namespace {
+
+using ShellDesktop = DesktopTest;
+
+QDialog* boxAbove(const Frame& frame) {
+  for (QDialog* box : frame.findChildren<QDialog*>()) {
+    if (box->isVisible()) return box;
+  }
+  return nullptr;
+}
+
+TEST_F(ShellDesktop, PersonalInformationComesFirstOnAFreshStore) {
+  start();
+  EXPECT_EQ(front(), "Personal Information");
+  EXPECT_FALSE(shown("frmMain"));
+  type("frmName", "txtName", "Pat Q. Sample");
+  click("frmName", "cmdExit");
+  EXPECT_EQ(front(), "Calculations");
+  EXPECT_FALSE(shown("frmName"));
+}
+
+TEST_F(ShellDesktop, TheNameIsTheOneRequiredField) {
+  start();
+  type("frmName", "txtName", "");
+  click("frmName", "txtCity");
+  click("frmName", "cmdExit");
+  EXPECT_EQ(front(), "Personal Information");
+  EXPECT_EQ(focused(), "txtName");
+}
+
+TEST_F(ShellDesktop, WithoutShowMeTheNextStartOpensTheMainScreen) {
+  start();
+  click("frmName", "chkShow");
+  restart();
+  EXPECT_EQ(front(), "Calculations");
+}
+
+TEST_F(ShellDesktop, TheListBarMovesBetweenTheScreens) {
+  startOnMain();
+  clickItem("Multi");
+  EXPECT_EQ(front(), "Multiple Check Worksheet");
+  clickItem("StateInfo");
+  EXPECT_EQ(front(), "State Options");
+  clickItem("Personal");
+  EXPECT_EQ(front(), "Personal Information");
+  clickItem("Calc");
+  EXPECT_EQ(front(), "Calculations");
+  EXPECT_FALSE(shown("frmMultiCheck"));
+}
+
+TEST_F(ShellDesktop, TheListBarIsReachedByKeyboard) {
+  startOnMain();
+  find("MDIOpen", "group File").setFocus();
+  press(Qt::Key_Return);
+  EXPECT_TRUE(find("MDIOpen", "SSListBar1(StateInfo)").isVisible());
+  EXPECT_FALSE(find("MDIOpen", "SSListBar1(Calc)").isVisible());
+  press(Qt::Key_Tab);
+  EXPECT_EQ(focused(), "SSListBar1(NewFile)");
+  press(Qt::Key_Tab);
+  press(Qt::Key_Return);
+  EXPECT_EQ(front(), "State Options");
+}
+
+TEST_F(ShellDesktop, TabPassesOverTheDocumentsBeneath) {
+  startOnMain();
+  click("frmMain", "cmdAdditional(0)");
+  const View& beneath = view("frmMain");
+  for (int i = 0; i < 30; ++i) {
+    press(Qt::Key_Tab);
+    EXPECT_FALSE(beneath.isAncestorOf(QApplication::focusWidget())) << focused();
+  }
+  EXPECT_EQ(front(), "Local Tax and Raise");
+}
+
+TEST_F(ShellDesktop, TheActiveDocumentHasTheLighterStrip) {
+  startOnMain();
+  const auto strip = [this](const char* title) {
+    for (const auto* label : frame().findChildren<QLabel*>()) {
+      if (label->text() == title && label->parentWidget()->autoFillBackground()) {
+        return label->parentWidget()->palette().color(QPalette::Window);
+      }
+    }
+    return QColor();
+  };
+  click("frmMain", "cmdAdditional(0)");
+  EXPECT_EQ(strip("Local Tax and Raise"), look::deepLighter);
+  EXPECT_EQ(strip("Calculations"), look::deep);
+  EXPECT_TRUE(find("frmMain", "txtIncome").isVisible());
+  click("frmMisc", "imgSeal");
+  EXPECT_EQ(strip("Calculations"), look::deepLighter);
+}
+
+TEST_F(ShellDesktop, APageThatIsCoveredIsOutOfReach) {
+  startOnMain();
+  choose("frmMain", "cboState", "California");
+  ASSERT_EQ(front(), "State Options");
+  QTest::keyClick(&frame(), Qt::Key_I, Qt::AltModifier);
+  settle();
+  EXPECT_EQ(front(), "State Options");
+  click("frmState", "cmdAccept");
+  QTest::keyClick(&frame(), Qt::Key_I, Qt::AltModifier);
+  settle();
+  EXPECT_EQ(focused(), "txtIncome");
+}
+
+TEST_F(ShellDesktop, AnItemIsHighlightedWhileThePointerIsOverIt) {
+  startOnMain();
+  auto& item = static_cast<ListBarButton&>(find("MDIOpen", "SSListBar1(Multi)"));
+  QEnterEvent enter({5, 5}, {5, 5}, item.mapToGlobal(QPointF(5, 5)));
+  QApplication::sendEvent(&item, &enter);
+  EXPECT_TRUE(item.highlighted);
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&item, &leave);
+  EXPECT_FALSE(item.highlighted);
+}
+
+TEST_F(ShellDesktop, AnalysisWithoutACalculationWarnsAndMustBeAnswered) {
+  startOnMain();
+  clickItem("Analysis");
+  QDialog* box = boxAbove(frame());
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(box->windowTitle(), "Nothing to Work With!");
+  EXPECT_EQ(text("MsgBox", "Text"), "You have to make some calculations for me to analyze!");
+  EXPECT_TRUE(box->isModal());
+  clickItem("Multi");
+  EXPECT_EQ(front(), "Calculations");
+  click("MsgBox", "OK");
+  EXPECT_EQ(boxAbove(frame()), nullptr);
+  clickItem("Multi");
+  EXPECT_EQ(front(), "Multiple Check Worksheet");
+}
+
+TEST_F(ShellDesktop, EscapeAnswersTheWarning) {
+  startOnMain();
+  clickItem("Analysis");
+  QTest::keyClick(boxAbove(frame()), Qt::Key_Escape);
+  settle();
+  EXPECT_FALSE(shown("MsgBox"));
+  clickItem("Multi");
+  EXPECT_EQ(front(), "Multiple Check Worksheet");
+}
+
+TEST_F(ShellDesktop, AboutOpensAboveTheFrameAndStaysOpen) {
+  startOnMain();
+  clickItem("About");
+  QDialog* box = boxAbove(frame());
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(box->windowTitle(), "About Tallyfin 99");
+  clickItem("Multi");
+  EXPECT_EQ(front(), "Multiple Check Worksheet");
+  EXPECT_TRUE(shown("frmAbt"));
+  box->close();
+  settle();
+  EXPECT_FALSE(shown("frmAbt"));
+}
+
+TEST_F(ShellDesktop, TheFrameHasOneSizeAndSpringsBack) {
+  startOnMain();
+  EXPECT_EQ(frame().size(), QSize(586, 393));
+  EXPECT_EQ(frame().windowTitle(), "Tallyfin 99");
+  frame().showMaximized();
+  settle();
+  EXPECT_FALSE(frame().isMaximized());
+  EXPECT_EQ(frame().size(), QSize(586, 393));
+  frame().resize(900, 700);
+  EXPECT_EQ(frame().size(), QSize(586, 393));
+}
+
+TEST_F(ShellDesktop, ExitEndsTheProgram) {
+  startOnMain();
+  clickItem("ExitProgram");
+  EXPECT_FALSE(desk.running());
+}
+
+TEST_F(ShellDesktop, ClosingTheFrameEndsTheProgram) {
+  startOnMain();
+  frame().close();
+  settle();
+  EXPECT_FALSE(desk.running());
+}
+
+TEST_F(ShellDesktop, ADocumentClosesByItsOwnButton) {
+  startOnMain();
+  click("frmMain", "cmdAdditional(0)");
+  ASSERT_EQ(front(), "Local Tax and Raise");
+  const auto documents = frame().findChildren<QToolButton*>();
+  for (QToolButton* close : documents) {
+    if (close->parentWidget()->findChild<QLabel*>()->text() == "Local Tax and Raise") click(*close);
+  }
+  EXPECT_EQ(front(), "Calculations");
+}
+
+TEST_F(ShellDesktop, NewEmptiesTheBoxes) {
+  stored(section::settings, "IncAmt", "1000");
+  startOnMain();
+  clickItem("NewFile");
+  EXPECT_EQ(front(), "Calculations");
+  EXPECT_EQ(text("frmMain", "txtIncome"), "");
+  EXPECT_EQ(text("frmMain", "txtHours"), "");
+  EXPECT_EQ(text("frmMain", "cboState"), "No State");
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt
