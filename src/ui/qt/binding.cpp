@@ -371,7 +371,6 @@ Binding& bind(QComboBox& widget, EditableDropDown& dropDown) {
 
 Binding& bind(QSpinBox& widget, UpDown& upDown) {
   auto* binding = new Binding(widget, upDown);
-  widget.installEventFilter(new WheelGuard(binding));
   widget.setFocusPolicy(Qt::StrongFocus);
   widget.setRange(upDown.from(), upDown.to());
   widget.setKeyboardTracking(false);
