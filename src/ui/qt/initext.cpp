@@ -145,6 +145,8 @@ Line lineOf(std::string_view whole) {
   Line line;
   line.whole = whole;
   std::string_view text = whole;
+  constexpr std::string_view mark = "\xEF\xBB\xBF";  // some editors begin a file with it
+  if (text.starts_with(mark)) text.remove_prefix(mark.size());
   while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
   text = trimmed(text);
   if (text.empty() || text.front() == ';' || text.front() == '#') {
@@ -166,8 +168,6 @@ Line lineOf(std::string_view whole) {
 /// Calls visit(line) for each line of a text.
 template <class Visit>
 void forEachLine(std::string_view text, Visit visit) {
-  constexpr std::string_view mark = "\xEF\xBB\xBF";  // some editors begin a file with it
-  if (text.starts_with(mark)) text.remove_prefix(mark.size());
   while (!text.empty()) {
     const auto end = text.find('\n');
     const std::size_t length = end == std::string_view::npos ? text.size() : end + 1;

@@ -126,6 +126,13 @@ TEST_F(StoreTest, ReadsAFileWithTheLineEndsOfOtherSystems) {
   EXPECT_NO_TROUBLE(opened());
 }
 
+TEST_F(StoreTest, ReadsTheSameAfterAChangeHoweverOftenAFileIsMarkedAsUtf8) {
+  put(path, "\xEF\xBB\xBF\xEF\xBB\xBF[Settings]\nHours=40\n");
+  const auto before = opened().all();
+  opened().write(section::user, "UName", "Pat");
+  EXPECT_EQ(kept("Hours"), before.contains(section::settings) ? std::optional<std::string>("40") : std::nullopt);
+}
+
 TEST_F(StoreTest, ReadsAListWithoutQuotesAsItsText) {
   put(path, "[Settings]\nIncAmt=1,000.00\n");
   EXPECT_EQ(kept("IncAmt"), "1,000.00");
