@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -61,12 +62,12 @@ std::optional<Decimal> readDecimal(std::string_view text) {
     if (take(text, '$') && !signedInFront) takeSign(text, decimal.negative);
   }
 
-  const auto e = text.find_first_of("Ee");
-  if (e != std::string_view::npos) {
-    const auto exponent = readExponent(text.substr(e + 1));
+  const auto e = std::find_if(text.begin(), text.end(), [](char c) { return c == 'E' || c == 'e'; });
+  if (e != text.end()) {
+    const auto exponent = readExponent({e + 1, text.end()});
     if (!exponent) return std::nullopt;
     decimal.exponent = *exponent;
-    text = text.substr(0, e);
+    text = {text.begin(), e};
   }
 
   std::int64_t digits = 0;
@@ -114,11 +115,28 @@ Significant significant(const Decimal& decimal) {
   return {};
 }
 
-enum class Half { toEven, awayFromZero };
+/// How what is dropped compares with half a unit of the last digit that is kept.
+enum class Rest { belowHalf, half, aboveHalf };
 
-/// The digits of the number times 10^places, rounded to a whole number, without its sign. None where they would be more
-/// than any format or type can hold.
-std::optional<std::string> roundedDigits(const Decimal& decimal, int places, Half half) {
+/// Hands over the first so many digits, zeros where there are no more, and says what the others amount to.
+template <class Keep>
+Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
+  auto next = digits.begin();
+  for (; next != digits.end() && wanted > 0; ++next) {
+    if (!isDigit(*next)) continue;
+    keep(*next);
+    --wanted;
+  }
+  for (; wanted > 0; --wanted) keep('0');
+  next = std::find_if(next, digits.end(), isDigit);
+  if (next == digits.end() || *next < '5') return Rest::belowHalf;
+  const bool more = *next > '5' || std::any_of(next + 1, digits.end(), [](char c) { return isDigit(c) && c != '0'; });
+  return more ? Rest::aboveHalf : Rest::half;
+}
+
+/// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. None
+/// where they would be more than any format can hold.
+std::optional<std::string> roundedDigits(const Decimal& decimal, int places) {
   constexpr std::int64_t mostDigits = 400;
   const auto [digits, power] = significant(decimal);
   const std::int64_t wanted = power + 1 + places;  // how many of the digits stand before the rounding
@@ -126,24 +144,7 @@ std::optional<std::string> roundedDigits(const Decimal& decimal, int places, Hal
   if (wanted > mostDigits) return std::nullopt;
 
   std::string kept;
-  int roundDigit = -1;  // the first digit that is dropped
-  bool more = false;    // whether anything but zeros follows it
-  for (const char c : digits) {
-    if (!isDigit(c)) continue;
-    if (static_cast<std::int64_t>(kept.size()) < wanted) {
-      kept += c;
-    } else if (roundDigit < 0) {
-      roundDigit = c - '0';
-    } else if (c != '0') {
-      more = true;
-      break;
-    }
-  }
-  kept.append(static_cast<std::size_t>(wanted) - kept.size(), '0');
-
-  const bool odd = !kept.empty() && (kept.back() - '0') % 2 != 0;
-  const bool up = roundDigit > 5 || (roundDigit == 5 && (more || odd || half == Half::awayFromZero));
-  if (up) {
+  if (keepDigits(digits, wanted, [&](char digit) { kept += digit; }) != Rest::belowHalf) {
     auto digit = kept.rbegin();
     for (; digit != kept.rend() && *digit == '9'; ++digit) *digit = '0';
     if (digit == kept.rend()) {
@@ -155,12 +156,22 @@ std::optional<std::string> roundedDigits(const Decimal& decimal, int places, Hal
   return kept.empty() ? "0" : kept;
 }
 
+/// The number times 10^places, rounded half to even to a whole number.
 std::int64_t roundedInteger(const Decimal& decimal, int places) {
-  std::string digits = orFail(roundedDigits(decimal, places, Half::toEven));
-  if (decimal.negative) digits.insert(digits.begin(), '-');
-  std::int64_t number = 0;
-  if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ec != std::errc{}) throw FailedStatement{};
-  return number;
+  constexpr std::int64_t mostDigits = 19;  // of a 64-bit number; the sum of so many digits doesn't wrap
+  const auto [digits, power] = significant(decimal);
+  const std::int64_t wanted = power + 1 + places;
+  if (digits.empty() || wanted < 0) return 0;
+  if (wanted > mostDigits) throw FailedStatement{};
+
+  std::uint64_t number = 0;
+  const Rest rest =
+      keepDigits(digits, wanted, [&](char digit) { number = number * 10 + static_cast<std::uint64_t>(digit - '0'); });
+  if (rest == Rest::aboveHalf || (rest == Rest::half && number % 2 != 0)) ++number;
+
+  constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
+  if (number > largest + (decimal.negative ? 1 : 0)) throw FailedStatement{};
+  return static_cast<std::int64_t>(decimal.negative ? 0 - number : number);
 }
 
 /// The nearest double; none where the number is beyond every double, zero where it is too small for one.
@@ -172,11 +183,11 @@ std::optional<double> nearestDouble(const Decimal& decimal) {
   if (power > beyondEveryDouble) return std::nullopt;
 
   std::string plain = decimal.negative ? "-" : "";
-  plain.reserve(digits.size() + 8);
+  const std::size_t pointAfter = plain.size() + 1;
   for (const char c : digits) {
     if (!isDigit(c)) continue;
     plain += c;
-    if (plain.size() == (decimal.negative ? 2U : 1U)) plain += '.';
+    if (plain.size() == pointAfter) plain += '.';
   }
   plain += 'e';
   plain += std::to_string(power);
@@ -203,7 +214,7 @@ std::string currencyOfCents(std::string cents, bool negative) {
 }
 
 std::string currencyOf(const Decimal& decimal) {
-  return currencyOfCents(orFail(roundedDigits(decimal, 2, Half::awayFromZero)), decimal.negative);
+  return currencyOfCents(orFail(roundedDigits(decimal, 2)), decimal.negative);
 }
 
 std::uint64_t magnitude(std::int64_t number) {
@@ -270,7 +281,7 @@ std::string currency(std::string_view text) {
 std::string percentage(double fraction) {
   const std::string plain = toText(fraction);
   const Decimal decimal = decimalOf(plain);
-  std::string digits = orFail(roundedDigits(decimal, 4, Half::awayFromZero));
+  std::string digits = orFail(roundedDigits(decimal, 4));
   if (digits == "0") return ".%";
   if (digits.size() < 2) digits.insert(0, 2 - digits.size(), '0');
   std::string decimals = digits.substr(digits.size() - 2);
@@ -282,7 +293,7 @@ std::string percentage(double fraction) {
 std::string wholeNumber(std::string_view text) {
   const auto decimal = readDecimal(text);
   if (!decimal || !nearestDouble(*decimal)) return std::string(text);
-  const std::string digits = orFail(roundedDigits(*decimal, 0, Half::awayFromZero));
+  const std::string digits = orFail(roundedDigits(*decimal, 0));
   return (decimal->negative && digits != "0" ? "-" : "") + digits;
 }
 

@@ -1,0 +1,80 @@
+#include "engine/calculate.h"
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <string>
+
+#include "allocations.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+#include "engine/statelist.h"
+#include "engine/worksheet.h"
+
+/// A whole Calculate: four texts parsed, federal tax, FICA, the state, local tax, eight labels.
+
+namespace tallyfin::bench {
+
+namespace {
+
+class Sheet : public Worksheet {
+ public:
+  std::string income = "1,000.00";
+  std::string hours = "40";
+  std::string rate401k = "6";
+  std::string preTax = "25.50";
+  std::string preFica = "10";
+  std::string exemptionsEntry = "2";
+  int state = 0;
+  std::array<std::string, 9> figures;
+
+  const std::string& incomeText() const override { return income; }
+  const std::string& hoursText() const override { return hours; }
+  const std::string& rate401kText() const override { return rate401k; }
+  const std::string& preTaxText() const override { return preTax; }
+  const std::string& preFicaText() const override { return preFica; }
+  const std::string& exemptionsText() const override { return exemptionsEntry; }
+  int stateIndex() const override { return state; }
+  bool selfEmployed() const override { return false; }
+  void showFigure(int label, const std::string& text) override { figures.at(static_cast<std::size_t>(label)) = text; }
+};
+
+Sheet sheet;
+
+/// A weekly paycheck of a single person with two exemptions, 1 percent local tax and the options of a user who has
+/// been to the state's screen.
+void calculate(benchmark::State& rounds, int state) {
+  MemoryStore store;
+  store.write(section::stateInfo, "sta401", "Y");
+  store.write(section::stateInfo, "staPreTax", "N");
+  useSettingsStore(store);
+  provideWorksheet([]() -> Worksheet& { return sheet; });
+  sheet = Sheet{};
+  sheet.state = state;
+  payData = PayData{};
+  payData.maritalStat = 1;
+  payData.payPeriods = 52;
+  payData.depsDed = Money::ofUnits(1057600);
+  payData.localRate = 0.01;
+  payData.applyTo = 1;
+  payData.staMarried = 1;
+  payData.staExmp = 1;
+  const AllocationsPerRound allocations(rounds);
+  for (auto _ : rounds) {
+    Calculate();
+    benchmark::DoNotOptimize(payData);
+  }
+}
+
+/// One line for each entry of the state list, "No State" first.
+const bool registered = [] {
+  for (int state = 0; state < static_cast<int>(stateList.size()); ++state) {
+    const std::string name = std::string("Calculate/") + stateList[static_cast<std::size_t>(state)].caption;
+    benchmark::RegisterBenchmark(name.c_str(), calculate, state);
+  }
+  return true;
+}();
+
+}  // namespace
+
+}  // namespace tallyfin::bench

@@ -1,0 +1,119 @@
+#include "ui/screens.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "allocations.h"
+#include "engine/paydata.h"
+#include "engine/settingsstore.h"
+#include "ui/qt/store.h"
+
+/// The screens' models: opening and closing every one of them, and the toolbar's Calculate with the store on disk.
+
+namespace tallyfin::bench {
+
+namespace {
+
+/// A run of the program over a store.
+class Run {
+ public:
+  explicit Run(SettingsStore& store) {
+    payData = PayData{};
+    useSettingsStore(store);
+    MDIOpen::start();
+  }
+  ~Run() { desk.end(); }
+  Run(const Run&) = delete;
+  Run& operator=(const Run&) = delete;
+};
+
+template <class S>
+void openAndClose(benchmark::State& rounds) {
+  MemoryStore store;
+  const Run run(store);
+  const auto act = [] {
+    desk.show<S>();
+    desk.userClose(desk.use<S>());  // with the act its memory goes
+  };
+  act();  // what is made once and kept is made here
+  const std::uint64_t before = bytesInUse();
+  {
+    const AllocationsPerRound allocations(rounds);
+    for (auto _ : rounds) act();
+  }
+  rounds.counters["bytes left"] = static_cast<double>(bytesInUse()) - static_cast<double>(before);
+}
+
+template <class... Screens>
+struct OpenAndClose {
+  static bool registered() {
+    (benchmark::RegisterBenchmark(("open and close/" + std::string(Screens::screenName)).c_str(), openAndClose<Screens>)
+         ->Iterations(100'000)
+         ->Unit(benchmark::kMicrosecond),
+     ...);
+    return true;
+  }
+};
+
+/// Without the frame, which is there from the beginning to the end of a run.
+template <class Frame, class... Screens>
+struct WithoutFirst : OpenAndClose<Screens...> {};
+
+const bool registered = AllScreens<WithoutFirst>::registered();
+
+/// Each of the ten values that the command saves is another one than the round before.
+void toolbarCalculate(benchmark::State& rounds, SettingsStore& store) {
+  const Run run(store);
+  frmMain& screen = desk.use<frmMain>();
+  desk.show(screen);
+  payData.applyTo = 1;
+  int round = 0;
+  for (auto _ : rounds) {
+    rounds.PauseTiming();
+    const bool odd = ++round % 2 != 0;
+    screen.txtIncome.setText(std::to_string(1000 + round));
+    screen.txt401k.setText(odd ? "6" : "7");
+    screen.txtPreTax.setText(odd ? "10" : "20");
+    screen.txtPreFICA.setText(odd ? "30" : "40");
+    screen.lstFrequency.setIndex(odd ? 0 : 2);
+    screen.txtHours.setText(odd ? "41" : "79");
+    screen.cboState.setIndex(odd ? 1 : 2);
+    screen.cboExemptions.setIndex(odd ? 1 : 2);
+    screen.optStatus[odd ? 0 : 1].select();
+    desk.close<frmState>();
+    payData.localRate = odd ? 0.01 : 0.02;
+    rounds.ResumeTiming();
+    screen.cmdToolBar[0].click();
+  }
+}
+
+void inMemory(benchmark::State& rounds) {
+  MemoryStore store;
+  toolbarCalculate(rounds, store);
+}
+
+void onDisk(benchmark::State& rounds) {
+  std::string folder = (std::filesystem::current_path() / "benchXXXXXX").string();
+  if (::mkdtemp(folder.data()) == nullptr) return rounds.SkipWithError("no folder can be made here");
+  {
+    qt::Store store(QString::fromStdString(folder + "/Tallyfin99.ini"));
+    toolbarCalculate(rounds, store);
+    if (!store.trouble().isEmpty()) rounds.SkipWithError("the store couldn't be written");
+  }
+  std::filesystem::remove_all(folder);
+}
+
+BENCHMARK(inMemory)->Name("toolbar's Calculate/store in memory")->Unit(benchmark::kMicrosecond)->Iterations(200);
+BENCHMARK(onDisk)
+    ->Name("toolbar's Calculate/store on disk")
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(200)
+    ->UseRealTime();
+
+}  // namespace
+
+}  // namespace tallyfin::bench

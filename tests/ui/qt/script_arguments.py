@@ -1,0 +1,43 @@
+#!/usr/bin/env python3
+"""script_arguments.py SCRIPT_PROGRAM: the headless program's command line, and input of any bytes."""
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+program = sys.argv[1]
+
+
+def run(*arguments, text=b"store\n"):
+    return subprocess.run([program, *arguments], input=text, capture_output=True, timeout=60)
+
+
+with tempfile.TemporaryDirectory() as name:
+    folder = pathlib.Path(name)
+    usage = run("a", "b")
+    assert (usage.returncode, usage.stdout) == (2, b"") and usage.stderr.startswith(b"usage: tallyfin99-script")
+
+    memory = run()
+    assert (memory.returncode, memory.stdout, memory.stderr) == (0, b"= {}\n", b"")
+
+    # A store that survives the process, in a folder that was missing, under the loosest mask.
+    store = folder / "new" / "Tallyfin99.ini"
+    os.umask(0)
+    run(str(store), text=b'store put User UName "Pat Doe"\n')
+    assert run(str(store)).stdout == b'= {"User":{"UName":"Pat Doe"}}\n'
+    assert [path.stat().st_mode & 0o777 for path in (store, store.parent)] == [0o600, 0o700]
+
+    # One that can't be used is told once, and the run goes on.
+    broken = run(str(folder), text=b'store put User UName "Pat"\nstore\n')
+    assert broken.returncode == 0 and broken.stdout == b'ok\n= {"User":{"UName":"Pat"}}\n'
+    assert broken.stderr == b"tallyfin99-script: " + os.fsencode(folder) + b" is a folder.\n", broken.stderr
+
+    # Whatever the input is, each line has its answer.
+    long_line = b'type frmMain.txtIncome "' + b"9" * 5_000_000 + b'"\n'
+    assert run(text=b"start\n" + long_line).stdout.count(b"\n") == 2
+    noise = bytes(range(256)) * 4000
+    answers = run(text=noise)
+    lines = [line.strip(b" \t\r") for line in noise.split(b"\n")]
+    assert answers.returncode == 0
+    assert answers.stdout.count(b"\n") == sum(1 for line in lines if line and not line.startswith(b"#"))

@@ -1,0 +1,410 @@
+#include "ui/qt/store.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QSettings>
+#include <QStringList>
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "ui/qt/initext.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+void put(const fs::path& path, std::string_view bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+}
+
+std::string bytesOf(const fs::path& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+unsigned modeOf(const fs::path& path) { return static_cast<unsigned>(fs::status(path).permissions()); }
+
+/// An own folder, and nobody's privileges: to root no file is read-only.
+class StoreTest : public testing::Test {
+ protected:
+  StoreTest() {
+    std::string name = (fs::temp_directory_path() / "storeXXXXXX").string();
+    folder = ::mkdtemp(name.data());
+    if (::geteuid() == 0) {
+      EXPECT_EQ(::chown(folder.c_str(), nobody, nobody), 0);
+      EXPECT_EQ(::seteuid(nobody), 0);
+    }
+    path = folder / "Tallyfin99.ini";
+  }
+  ~StoreTest() override {
+    fs::permissions(folder, fs::perms::owner_all);
+    if (::getuid() == 0) {
+      EXPECT_EQ(::seteuid(0), 0);
+    }
+    fs::remove_all(folder);
+  }
+
+  Store opened() const { return Store(QString::fromStdString(path.string())); }
+  std::optional<std::string> kept(std::string_view key) const { return opened().read(section::settings, key); }
+  std::vector<std::string> names() const {
+    std::vector<std::string> all;
+    for (const auto& entry : fs::directory_iterator(folder)) all.push_back(entry.path().filename().string());
+    std::sort(all.begin(), all.end());
+    return all;
+  }
+
+  static constexpr unsigned nobody = 65534;
+  fs::path folder;
+  fs::path path;
+};
+
+#define EXPECT_TROUBLE(store, words) EXPECT_THAT((store).trouble().toStdString(), HasSubstr(words))
+#define EXPECT_NO_TROUBLE(store) EXPECT_THAT((store).trouble().toStdString(), IsEmpty())
+
+// --- What is kept ----------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, KeepsAValueAtOnce) {
+  Store store = opened();
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nIncAmt=\"1000\"\n");
+  EXPECT_EQ(kept("IncAmt"), "1000");
+  EXPECT_NO_TROUBLE(store);
+}
+
+TEST_F(StoreTest, ErasesAValue) {
+  Store store = opened();
+  store.write(section::settings, "IncAmt", "1000");
+  store.erase(section::settings, "IncAmt");
+  EXPECT_EQ(kept("IncAmt"), std::nullopt);
+  EXPECT_THAT(opened().all(), IsEmpty());
+}
+
+TEST_F(StoreTest, DoesNotWriteAnEqualValueAgain) {
+  Store store = opened();
+  store.write(section::settings, "IncAmt", "1000");
+  struct stat before {};
+  struct stat after {};
+  ASSERT_EQ(::stat(path.c_str(), &before), 0);
+  store.write(section::settings, "IncAmt", "1000");
+  ASSERT_EQ(::stat(path.c_str(), &after), 0);
+  EXPECT_EQ(before.st_ino, after.st_ino);
+  EXPECT_EQ(before.st_ctim.tv_nsec, after.st_ctim.tv_nsec);
+}
+
+TEST_F(StoreTest, KeepsWhatElseStandsInTheFile) {
+  put(path,
+      "; my notes\n[Window]\nplace = 10, 20\n\n[Settings]\nHours=40\n# more\nIncAmt=5\nforeign key=@Rect(1 "
+      "2)\n[Last]\nx=1");
+  opened().write(section::settings, "IncAmt", "7");
+  EXPECT_EQ(
+      bytesOf(path),
+      "; my notes\n[Window]\nplace = 10, 20\n\n[Settings]\nHours=40\n# more\nforeign key=@Rect(1 2)\nIncAmt=\"7\"\n"
+      "[Last]\nx=1");
+  EXPECT_EQ(kept("Hours"), "40");
+}
+
+TEST_F(StoreTest, ReadsAFileWithTheLineEndsOfOtherSystems) {
+  put(path, "\xEF\xBB\xBF[Settings]\r\nIncAmt = 1000 \r\nHours=\" 40 \"\r\n");
+  EXPECT_EQ(kept("IncAmt"), "1000");
+  EXPECT_EQ(kept("Hours"), " 40 ");
+  EXPECT_NO_TROUBLE(opened());
+}
+
+TEST_F(StoreTest, ReadsTheSameAfterAChangeHoweverOftenAFileIsMarkedAsUtf8) {
+  put(path, "\xEF\xBB\xBF\xEF\xBB\xBF[Settings]\nHours=40\n");
+  const auto before = opened().all();
+  opened().write(section::user, "UName", "Pat");
+  EXPECT_EQ(kept("Hours"), before.contains(section::settings) ? std::optional<std::string>("40") : std::nullopt);
+}
+
+TEST_F(StoreTest, ReadsAListWithoutQuotesAsItsText) {
+  put(path, "[Settings]\nIncAmt=1,000.00\n");
+  EXPECT_EQ(kept("IncAmt"), "1,000.00");
+}
+
+/// Texts that an INI file has its troubles with.
+rc::Gen<std::string> awkwardText() {
+  return rc::gen::container<std::string>(rc::gen::oneOf(
+      rc::gen::elementOf(std::string("@\\\"\n\r\t ;#=,[]%_/ax09\x7f") + '\0'), rc::gen::arbitrary<char>()));
+}
+
+RC_GTEST_FIXTURE_PROP(StoreTest, GivesBackEveryTextOfEveryName, ()) {
+  const std::string sectionName = *awkwardText();
+  const std::string key = *awkwardText();
+  const std::string text = *awkwardText();
+  const std::string other = *awkwardText();
+  Store store = opened();
+  store.write("Other", "key", other);
+  store.write(sectionName, key, "before");
+  store.write(sectionName, key, text);
+  const Store again = opened();
+  RC_ASSERT(again.read(sectionName, key) == text);
+  if (sectionName != "Other" || key != "key") RC_ASSERT(again.read("Other", "key") == other);
+  RC_ASSERT(again.trouble().isEmpty());
+}
+
+RC_GTEST_FIXTURE_PROP(StoreTest, WritesWhatQSettingsReads, (std::u32string characters)) {
+  // QSettings keeps no character that isn't one.
+  std::erase_if(characters, [](char32_t c) { return c > 0x10FFFF || (c >= 0xD800 && c < 0xE000); });
+  const QString text = QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
+  opened().write(section::user, "UName", text.toStdString());
+  RC_ASSERT(QSettings(QString::fromStdString(path.string()), QSettings::IniFormat).value("User/UName").toString() ==
+            text);
+}
+
+TEST_F(StoreTest, ReadsWhatQSettingsWrites) {
+  for (const char* text :
+       {"", "1000", " blank ", "a, b", "@x", "line\nline\r\n\t", "a \"quoted\" \\ text;", "\u00e9\u20ac\U0001f600",
+        "\x01"
+        "f"}) {
+    QSettings(QString::fromStdString(path.string()), QSettings::IniFormat).setValue("Settings/key", QString(text));
+    EXPECT_EQ(kept("key"), text);
+  }
+}
+
+// --- Whose it is -----------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, IsTheUsersAloneWhateverTheMask) {
+  path = folder / "config" / "Tallyfin99" / "Tallyfin99.ini";
+  for (const mode_t mask : {0U, 0777U}) {
+    const mode_t before = ::umask(mask);
+    if (mask == 0) opened().write(section::user, "USSN", "000-00-0000");
+    opened().write(section::user, "USSN", std::to_string(mask));
+    ::umask(before);
+    EXPECT_EQ(modeOf(path), 0600U);
+    EXPECT_EQ(modeOf(path.parent_path()), 0700U);
+    EXPECT_EQ(modeOf(folder / "config"), 0700U);
+  }
+}
+
+TEST_F(StoreTest, TakesAwayWhatOthersMayDo) {
+  put(path, "[User]\nUSSN=1\n");
+  fs::permissions(path, fs::perms(0666));
+  opened();
+  EXPECT_EQ(modeOf(path), 0600U);
+}
+
+TEST_F(StoreTest, IsWrittenThroughALink) {
+  fs::create_directory(folder / "elsewhere");
+  put(folder / "elsewhere" / "real.ini", "[Settings]\nHours=40\n");
+  fs::create_symlink("elsewhere/real.ini", path);
+  opened().write(section::settings, "IncAmt", "1000");
+  EXPECT_TRUE(fs::is_symlink(path));
+  EXPECT_EQ(bytesOf(folder / "elsewhere" / "real.ini"), "[Settings]\nHours=40\nIncAmt=\"1000\"\n");
+  EXPECT_EQ(names(), (std::vector<std::string>{"Tallyfin99.ini", "elsewhere"}));
+}
+
+TEST_F(StoreTest, TellsOfALinkThatLeadsNowhereAndLeavesIt) {
+  fs::create_symlink("nothing.ini", path);
+  Store store = opened();
+  EXPECT_TROUBLE(store, "is a link that leads nowhere");
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+  EXPECT_EQ(names(), std::vector<std::string>{"Tallyfin99.ini"});
+  EXPECT_TRUE(fs::is_symlink(path));
+}
+
+// --- What can't be used ----------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, WorksOnWhereAFolderStandsInThePlace) {
+  fs::create_directory(path);
+  Store store = opened();
+  EXPECT_TROUBLE(store, "is a folder");
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+}
+
+TEST_F(StoreTest, WorksOnWithAReadOnlyFile) {
+  put(path, "[Settings]\nHours=40\n");
+  fs::permissions(path, fs::perms::owner_read);
+  Store store = opened();
+  EXPECT_TROUBLE(store, "can't be written");
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\n");
+}
+
+TEST_F(StoreTest, SavesWhatItCouldNotAsSoonAsItCan) {
+  put(path, "[Settings]\nHours=40\n");
+  fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+  Store store = opened();
+  EXPECT_TROUBLE(store, "can't be written");
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\n");
+
+  fs::permissions(folder, fs::perms::owner_all);
+  store.write(section::settings, "State", "3");
+  EXPECT_NO_TROUBLE(store);
+  EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\nIncAmt=\"1000\"\nState=\"3\"\n");
+}
+
+TEST_F(StoreTest, TellsOfAFolderThatCantBeMade) {
+  path = "/proc/nobody/Tallyfin99/Tallyfin99.ini";
+  Store store = opened();
+  EXPECT_TROUBLE(store, "can't be made");
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+}
+
+TEST_F(StoreTest, LeavesTheOldFileWhereTheDiskIsFull) {
+  put(path, "[Settings]\nHours=40\n");
+  Store store = opened();
+  // A limit on the length of files fails a write as a full disk does.
+  struct rlimit limit {};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+  const rlim_t before = std::exchange(limit.rlim_cur, 10);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+  store.write(section::settings, "IncAmt", "1000");
+  limit.rlim_cur = before;
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+  std::signal(SIGXFSZ, handler);
+
+  EXPECT_TROUBLE(store, "can't be written");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\n");
+  EXPECT_EQ(names(), std::vector<std::string>{"Tallyfin99.ini"});
+}
+
+TEST_F(StoreTest, DoesNotTouchAFileOfFiftyMegabytes) {
+  put(path, "[Settings]\nHours=40\n");
+  fs::resize_file(path, 50'000'000);
+  Store store = opened();
+  EXPECT_TROUBLE(store, "too large to be a settings file");
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+  EXPECT_EQ(fs::file_size(path), 50'000'000U);
+}
+
+TEST_F(StoreTest, HasNoRoomForAValueOfTwentyMegabytesButForTheOthers) {
+  Store store = opened();
+  const std::string endless(20'000'000, 'x');
+  store.write(section::user, "UName", endless);
+  EXPECT_TROUBLE(store, "no room");
+  EXPECT_EQ(store.read(section::user, "UName"), endless);
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nIncAmt=\"1000\"\n");
+}
+
+TEST_F(StoreTest, IsNotHeldUpByAProgramThatHoldsTheFile) {
+  put(path, "");
+  const int other = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(::flock(other, LOCK_EX), 0);
+  Store store = opened();
+  EXPECT_TROUBLE(store, "held by another program");
+  ::close(other);
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_NO_TROUBLE(store);
+  EXPECT_EQ(kept("IncAmt"), "1000");
+}
+
+// --- Damage ----------------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, KeepsACopyOfADamagedFileAndGoesOnWithTheRest) {
+  const std::string damaged = "[Settings]\nHours=40\nno setting at all\n\x01\x02=\x03\nSta";
+  put(path, damaged);
+  Store store = opened();
+  EXPECT_TROUBLE(store, "was damaged; what it held is kept as " + path.string() + ".damaged");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\n");
+  EXPECT_EQ(bytesOf(path.string() + ".damaged"), damaged);
+  EXPECT_EQ(modeOf(path.string() + ".damaged"), 0600U);
+  EXPECT_NO_TROUBLE(opened());
+}
+
+TEST_F(StoreTest, DropsNothingWhereAnEarlierCopyStands) {
+  put(path.string() + ".damaged", "an earlier one");
+  put(path, "[Settings]\nHours=40\nno setting at all\n");
+  Store store = opened();
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_TROUBLE(store, "is damaged");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\nno setting at all\nIncAmt=\"1000\"\n");
+  EXPECT_EQ(bytesOf(path.string() + ".damaged"), "an earlier one");
+}
+
+RC_GTEST_FIXTURE_PROP(StoreTest, StartsAndWorksOnAnyBytes, (std::string bytes)) {
+  fs::remove(path.string() + ".damaged");
+  put(path, bytes);
+  opened().write(section::settings, "IncAmt", "1000");
+  RC_ASSERT(kept("IncAmt") == "1000");
+  RC_ASSERT(readIni(bytes).damaged == fs::exists(path.string() + ".damaged"));
+}
+
+TEST_F(StoreTest, StartsAndWorksOnMegabytesOfNoise) {
+  std::string noise(4'000'000, '\0');
+  unsigned seed = 1999;
+  for (char& c : noise) c = static_cast<char>((seed = seed * 1664525 + 1013904223) >> 24);
+  put(path, noise);
+  opened().write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(kept("IncAmt"), "1000");
+  EXPECT_EQ(bytesOf(path.string() + ".damaged"), noise);
+}
+
+TEST_F(StoreTest, CleansUpAfterAKilledProgram) {
+  put(path, "[Settings]\nHours=40\n");
+  put(path.string() + ".new", "[Settings]\nHo");
+  put(path.string() + ".mine", "");
+  opened();
+  EXPECT_EQ(names(), (std::vector<std::string>{"Tallyfin99.ini", "Tallyfin99.ini.mine"}));
+}
+
+// --- Two programs ----------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, LosesNothingOfAnotherProgram) {
+  Store one = opened();
+  Store two = opened();
+  one.write(section::settings, "IncAmt", "1");
+  two.write(section::settings, "Hours", "2");
+  one.write(section::settings, "State", "3");
+  EXPECT_EQ(bytesOf(path), "[Settings]\nIncAmt=\"1\"\nHours=\"2\"\nState=\"3\"\n");
+  EXPECT_EQ(one.read(section::settings, "Hours"), "2");
+}
+
+TEST_F(StoreTest, WritesAValueThatAnotherProgramHasReplaced) {
+  Store one = opened();
+  Store two = opened();
+  one.write(section::settings, "IncAmt", "1");
+  two.write(section::settings, "IncAmt", "20");
+  one.write(section::settings, "IncAmt", "1");
+  EXPECT_EQ(kept("IncAmt"), "1");
+}
+
+TEST_F(StoreTest, LosesNothingOfAnotherProgramAtTheSameMoment) {
+  constexpr int saves = 300;
+  const auto saveAll = [this](const std::string& key) {
+    Store store = opened();
+    for (int i = 1; i <= saves; ++i) store.write(section::settings, key + std::to_string(i % 7), std::to_string(i));
+    return store.trouble().isEmpty();
+  };
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(saveAll("child") ? 0 : 1);
+  EXPECT_TRUE(saveAll("parent"));
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  for (int i = saves - 6; i <= saves; ++i) {
+    EXPECT_EQ(kept("child" + std::to_string(i % 7)), std::to_string(i));
+    EXPECT_EQ(kept("parent" + std::to_string(i % 7)), std::to_string(i));
+  }
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt
