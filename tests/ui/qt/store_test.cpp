@@ -114,7 +114,7 @@ TEST_F(StoreTest, KeepsWhatElseStandsInTheFile) {
   opened().write(section::settings, "IncAmt", "7");
   EXPECT_EQ(
       bytesOf(path),
-      "; my notes\n[Window]\nplace = 10, 20\n\n[Settings]\nHours=40\n# more\nforeign key=@Rect(1 2)\nIncAmt=\"7\"\n"
+      "; my notes\n[Window]\nplace = 10, 20\n\n[Settings]\nHours=40\n# more\nIncAmt=\"7\"\nforeign key=@Rect(1 2)\n"
       "[Last]\nx=1");
   EXPECT_EQ(kept("Hours"), "40");
 }
