@@ -20,7 +20,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr std::size_t largestFile = 16 * 1024 * 1024;
+constexpr std::size_t largestFile = 16'777'216;
 constexpr mode_t ownersFile = S_IRUSR | S_IWUSR;
 constexpr mode_t ownersFolder = S_IRWXU;
 
