@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <utility>
 
 namespace tallyfin::qt {
 
@@ -208,16 +209,20 @@ std::string editedIni(std::string_view text, std::string_view section, std::stri
   std::string result;
   std::optional<std::size_t> place;  // where a new line of the section goes
   bool inSection = false;
+  bool done = !value;
   forEachLine(text, [&](const Line& line) {
     if (line.kind == Line::Kind::section) inSection = line.name == sectionName;
-    const bool old = inSection && line.kind == Line::Kind::setting && line.name == keyName;
-    if (!old) appendLine(result, line.whole);
+    if (inSection && line.kind == Line::Kind::setting && line.name == keyName) {
+      if (!std::exchange(done, true)) appendLine(result, wanted);
+    } else {
+      appendLine(result, line.whole);
+    }
     if (inSection && line.kind != Line::Kind::empty) place = result.size();
   });
-  if (!value) return result;
+  if (done) return result;
   if (!place) {
     appendLine(result, (result.empty() ? "[" : "\n[") + sectionName + "]\n" + wanted);
-  } else if (*place > 0 && result[*place - 1] != '\n') {
+  } else if (result[*place - 1] != '\n') {
     result.insert(*place, '\n' + wanted);
   } else {
     result.insert(*place, wanted);

@@ -20,7 +20,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr std::size_t largestFile = 16 * 1024 * 1024;
+constexpr std::size_t largestFile = 16'777'216;
 constexpr mode_t ownersFile = S_IRUSR | S_IWUSR;
 constexpr mode_t ownersFolder = S_IRWXU;
 
@@ -192,7 +192,7 @@ void Store::save() {
 std::optional<Store::OpenFile> Store::openLocked() {
   using namespace std::chrono_literals;
   if (!makeFolder(folderOf(path_))) return fail("can't be made"), std::nullopt;
-  const auto until = std::chrono::steady_clock::now() + 2s;
+  const auto until = std::chrono::steady_clock::now() + (held_ ? 0s : 2s);  // waited for once, not at every save
   do {
     OpenFile file(::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownersFile));
     if (file.number() < 0) return fail("can't be written"), std::nullopt;
@@ -205,10 +205,12 @@ std::optional<Store::OpenFile> Store::openLocked() {
     struct stat standing {};
     if (::fstat(file.number(), &opened) == 0 && ::stat(path_.c_str(), &standing) == 0 &&
         opened.st_dev == standing.st_dev && opened.st_ino == standing.st_ino) {
+      held_ = false;
       if ((opened.st_mode & ACCESSPERMS) != ownersFile) ::fchmod(file.number(), ownersFile);
       return file;
     }
   } while (std::chrono::steady_clock::now() < until);
+  held_ = true;
   errno = EBUSY;
   return fail("is held by another program"), std::nullopt;
 }

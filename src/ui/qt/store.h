@@ -56,6 +56,7 @@ class Store : public SettingsStore {
 
   std::string path_;
   bool refused_ = false;  ///< The file isn't touched at all.
+  bool held_ = false;     ///< Another program held the file when this one wanted it last.
   bool written_ = false;
   std::string failure_;  ///< Why the last save didn't succeed.
   std::string notice_;   ///< What was found when the file was read.
