@@ -9,7 +9,7 @@
 #include "support/paycheck.h"
 #include "support/published.h"
 
-/// Every row of every band table, at its bound, a cent below and a cent above, for every status and frequency, held
+/// Every row of every band table, at its bound, a cent and a dollar to both sides, for every status and frequency, held
 /// against the published figures. `staAdd` stands high enough to show a negative tax too.
 
 namespace tallyfin {

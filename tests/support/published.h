@@ -70,7 +70,10 @@ struct Table {
   /// Each bound, a cent below and a cent above, a wage below zero and one far above.
   std::vector<Units> probes() const {
     std::vector<Units> wages{units(-50), rows.back().bound + 123456700};
-    for (const Row& row : rows) wages.insert(wages.end(), {row.bound - 100, row.bound, row.bound + 100});
+    // A dollar off shows a moved bound where the rows join so well that a cent shows none.
+    for (const Row& row : rows) {
+      wages.insert(wages.end(), {row.bound - 10000, row.bound - 100, row.bound, row.bound + 100, row.bound + 10000});
+    }
     return wages;
   }
 };

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QHash>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QStyleFactory>
@@ -129,6 +130,14 @@ int atFont(int pixels) { return qRound(pixels * QApplication::font().pointSizeF(
 
 QColor colour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
-QIcon picture(const QString& name) { return QIcon(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg")); }
+const QIcon& picture(const QString& name) {
+  // One icon for each, so that its pixmaps are kept once; not destroyed, for it would outlive the application.
+  static auto& pictures = *new QHash<QString, QIcon>;
+  auto known = pictures.find(name);
+  if (known == pictures.end()) {
+    known = pictures.insert(name, QIcon(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg")));
+  }
+  return *known;
+}
 
 }  // namespace tallyfin::qt::look

@@ -65,6 +65,6 @@ int atFont(int pixels);
 QColor colour(Colour colour);
 
 /// A picture of the program by its file name without the ending.
-QIcon picture(const QString& name);
+const QIcon& picture(const QString& name);
 
 }  // namespace tallyfin::qt::look
