@@ -26,7 +26,7 @@ frmAnalysis::frmAnalysis() : Screen(screenName, "Analysis") {}
 
 void frmAnalysis::Load() {
   maximized = true;
-  const Money& gross = payData.grossPay;
+  const Money gross = payData.grossPay;
   const auto show = [this](int row, const std::string& figure) { lblOne[row].setCaption(figure); };
   // A figure that can't be worked out leaves its label empty.
   step([&] { show(0, currency(toReal(gross) / hours())); });
