@@ -10,7 +10,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <ranges>
 
 #include "controls/desk.h"
 #include "ui/MDIOpen.h"
@@ -134,15 +133,16 @@ void DocumentArea::add(View& view) {
 
 void DocumentArea::arrange() {
   std::erase_if(documents_, [](const QPointer<Document>& d) { return d == nullptr || d->view().screen() == nullptr; });
-  for (const Screen* screen : desk.documents() | std::views::reverse) {
+  const auto& order = desk.documents();
+  for (auto screen = order.rbegin(); screen != order.rend(); ++screen) {
     for (const auto& document : documents_) {
-      if (document->view().screen() != screen) continue;
+      if (document->view().screen() != *screen) continue;
       document->place(size());
       const Screen* front = desk.activeDocument();
-      document->setActive(screen == front);
+      document->setActive(*screen == front);
       document->raise();
       // What a full page covers is out of reach of the keyboard too.
-      if (screen != front && front->maximized) {
+      if (*screen != front && front->maximized) {
         hideQuietly(*document);
       } else {
         document->show();
