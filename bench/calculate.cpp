@@ -20,7 +20,6 @@ namespace {
 class Sheet : public Worksheet {
  public:
   std::string income = "1,000.00";
-  std::string hours = "40";
   std::string rate401k = "6";
   std::string preTax = "25.50";
   std::string preFica = "10";
@@ -29,7 +28,6 @@ class Sheet : public Worksheet {
   std::array<std::string, 9> figures;
 
   const std::string& incomeText() const override { return income; }
-  const std::string& hoursText() const override { return hours; }
   const std::string& rate401kText() const override { return rate401k; }
   const std::string& preTaxText() const override { return preTax; }
   const std::string& preFicaText() const override { return preFica; }

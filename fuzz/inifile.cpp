@@ -1,35 +1,49 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <cstdint>
 #include <cstdlib>
-#include <string_view>
 
-#include "ui/qt/initext.h"
+#include "ui/qt/store.h"
 
-/// Reads any bytes as a settings file. After a change the file holds the new value and every other one as before.
+/// Starts the store on a file of any bytes. After a change the file holds the new value
+/// and every other one as before, or a copy of what was damaged stands beside it.
 
 using namespace tallyfin;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  const qt::IniContent before = qt::readIni(bytes);
-  // The file is its own source of names and values: of the first half they are set in the whole.
-  for (const auto& [section, keys] : qt::readIni(bytes.substr(0, size / 2)).sections) {
-    for (const auto& [key, text] : keys) {
-      auto wanted = before.sections;
-      wanted[section][key] = text;
-      const std::string edited = qt::editedIni(bytes, section, key, text);
-      if (qt::readIni(edited).sections != wanted) std::abort();
-      if (qt::editedIni(edited, section, key, text) != edited) std::abort();
-    }
-  }
-  auto wanted = before.sections;
-  wanted["Settings"]["IncAmt"] = bytes;
-  if (qt::readIni(qt::editedIni(bytes, "Settings", "IncAmt", std::string(bytes))).sections != wanted) std::abort();
-  wanted = before.sections;
-  wanted["Settings"].erase("IncAmt");
-  if (wanted["Settings"].empty()) wanted.erase("Settings");
-  if (qt::readIni(qt::editedIni(bytes, "Settings", "IncAmt", std::nullopt)).sections != wanted) std::abort();
+namespace {
 
-  const std::string mended = qt::mendedIni(bytes);
-  if (qt::readIni(mended).damaged || qt::readIni(mended).sections != before.sections) std::abort();
+/// A folder in memory, since every save flushes the disk.
+QString folder() {
+  static const QTemporaryDir made(qEnvironmentVariable("TMPDIR", "/dev/shm") + "/inifileXXXXXX");
+  return made.path();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  // QSettings remembers files that it has read: a new name each time.
+  static unsigned count = 0;
+  const QString name = QString::number(++count) + ".ini";
+  const QString path = folder() + '/' + name;
+  const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+  {
+    QFile file(path);
+    if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size()) std::abort();
+  }
+  qt::Store before(path);
+  auto wanted = before.all();
+  const std::string text = bytes.toStdString();
+  before.write("Settings", "IncAmt", text);
+  wanted["Settings"]["IncAmt"] = text;
+  const qt::Store after(path);
+  if (before.read("Settings", "IncAmt") != text || after.read("Settings", "IncAmt") != text) std::abort();
+  // What didn't last stands in the copy.
+  QFile copy(path + ".damaged");
+  const bool damaged = copy.open(QFile::ReadOnly);
+  if (damaged ? copy.readAll() != bytes : before.all() != wanted || after.all() != wanted) std::abort();
+  if (!damaged && !after.trouble().isEmpty()) std::abort();
+
+  for (const QString& left : QDir(folder()).entryList({name + '*'}, QDir::Files)) QFile::remove(folder() + '/' + left);
   return 0;
 }

@@ -4,67 +4,90 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QScopeGuard>
+#include <QSettings>
 #include <QStandardPaths>
-#include <array>
+#include <QStringList>
+#include <QThread>
+#include <algorithm>
 #include <cerrno>
-#include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <thread>
-#include <utility>
-
-#include "ui/qt/initext.h"
 
 namespace tallyfin::qt {
 
 namespace {
 
-constexpr std::size_t largestFile = 16'777'216;
-constexpr mode_t ownersFile = S_IRUSR | S_IWUSR;
-constexpr mode_t ownersFolder = S_IRWXU;
+constexpr qint64 largestFile = 16 * 1024 * 1024;
 
-std::string folderOf(const std::string& path) {
-  const auto slash = path.rfind('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
+/// Sections and keys may be any text; in the file letters and digits stand as they are and every other byte as _XX. A
+/// lone _ is the empty name. QSettings has a meaning of its own for General, however it is spelt.
+QString encoded(std::string_view name) {
+  if (name.empty()) return QStringLiteral("_");
+  const QByteArray bytes(name.data(), static_cast<qsizetype>(name.size()));
+  const bool general = bytes.compare("general", Qt::CaseInsensitive) == 0;
+  return QString::fromLatin1(bytes.toPercentEncoding({}, general ? "~.-Gg" : "~.-", '_'));
 }
 
-/// Makes the folder and those above it, as far as they are missing; says whether it stands.
-bool makeFolder(const std::string& path) {
-  if (::mkdir(path.c_str(), ownersFolder) == 0 || errno == EEXIST) return true;
-  if (errno != ENOENT || folderOf(path) == path) return false;
-  return makeFolder(folderOf(path)) && (::mkdir(path.c_str(), ownersFolder) == 0 || errno == EEXIST);
+/// None for a name that this program wouldn't have written: it is someone else's.
+std::optional<std::string> decoded(const QString& text) {
+  const std::string name =
+      text == '_' ? std::string() : QByteArray::fromPercentEncoding(text.toLatin1(), '_').toStdString();
+  if (encoded(name) != text) return std::nullopt;
+  return name;
 }
 
-/// The file that a path leads to, through all links; the path itself where there is none.
-std::string throughLinks(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
-  return real ? std::string(real.get()) : path;
-}
-
-bool writeAll(int file, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t count = ::write(file, content.data(), content.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return false;
-    content.remove_prefix(static_cast<std::size_t>(count));
+/// Text as QSettings gives it back unchanged. It drops some byte order marks and keeps no bytes that are no UTF-8: a
+/// text with such goes as bytes.
+QVariant valueOf(const std::string& text) {
+  const QString characters = QString::fromStdString(text);
+  if (characters.contains(QChar::ByteOrderMark) || characters.toStdString() != text) {
+    return QByteArray::fromStdString(text);
   }
-  return true;
+  return characters;
 }
 
-/// Writes a new file of the owner's alone. Where that fails none is left, and errno says why.
-bool writeNew(const std::string& path, std::string_view content) {
-  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownersFile);
-  if (file < 0) return false;
-  const bool complete = ::fchmod(file, ownersFile) == 0 && writeAll(file, content);
-  int error = errno;
-  const bool closed = ::close(file) == 0;
-  if (complete && closed) return true;
-  if (complete) error = errno;
-  ::unlink(path.c_str());
-  errno = error;
+std::string textOf(const QVariant& value) {
+  if (value.typeId() == QMetaType::QByteArray) return value.toByteArray().toStdString();
+  return value.toStringList().join(',').toStdString();  // commas without quotes, written by hand, make a list
+}
+
+/// Whether QSettings would write every value as it read it.
+bool lasting(const QSettings& file) {
+  const QStringList names = file.allKeys();
+  return std::all_of(names.begin(), names.end(), [&](const QString& name) {
+    const QString text = file.value(name).toStringList().join(',');
+    return text.isValidUtf16() &&
+           (!text.contains(QChar::ByteOrderMark) || file.value(name).typeId() == QMetaType::QByteArray);
+  });
+}
+
+QByteArray native(const QString& path) { return QFile::encodeName(path); }
+
+std::optional<QByteArray> contentOf(const QString& path) {
+  QFile file(path);
+  if (!file.open(QFile::ReadOnly)) return std::nullopt;
+  return file.read(largestFile);
+}
+
+/// Writes a new file; where that fails none is left.
+bool writeNew(const QString& path, const QByteArray& content) {
+  QFile file(path);
+  if (!file.open(QFile::WriteOnly | QFile::NewOnly)) return false;
+  if (file.write(content) == content.size() && file.flush()) return true;
+  file.remove();
   return false;
+}
+
+bool may(const QByteArray& path, int what) { return ::faccessat(AT_FDCWD, path, what, AT_EACCESS) == 0; }
+
+/// While it lives, every file that is made is the user's alone.
+auto ownersAlone() {
+  return qScopeGuard([before = ::umask(S_IRWXG | S_IRWXO)] { ::umask(before); });
 }
 
 bool same(const struct stat& a, const struct stat& b) {
@@ -74,49 +97,17 @@ bool same(const struct stat& a, const struct stat& b) {
 
 }  // namespace
 
-/// An open file, closed, and with that unlocked, at the end of its life.
-class Store::OpenFile {
- public:
-  explicit OpenFile(int number) : number_(number) {}
-  OpenFile(OpenFile&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-  OpenFile& operator=(OpenFile&&) = delete;
-  ~OpenFile() {
-    if (number_ >= 0) ::close(number_);
-  }
-  int number() const { return number_; }
-
- private:
-  int number_;
-};
-
-Store::Store(const QString& path) : path_(path.toStdString()) { open(); }
+Store::Store(const QString& path) : path_(path) { open(); }
 
 void Store::open() {
-  struct stat entry {};
-  if (::lstat(path_.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode)) {
-    if (::stat(path_.c_str(), &entry) != 0) return refuse("is a link that leads nowhere");
-    path_ = throughLinks(path_);
-  }
-  if (::stat(path_.c_str(), &entry) != 0) {
-    if (!makeFolder(folderOf(path_)) || !writableFolder()) fail("can't be made");
+  if (const char* why = obstacle()) return refuse(why);
+  if (!QFileInfo::exists(path_)) {
+    const auto mask = ownersAlone();
+    if (!QDir().mkpath(folder()) || !may(native(folder()), W_OK | X_OK)) fail("can't be made");
     return;
   }
-  if (S_ISDIR(entry.st_mode)) return refuse("is a folder");
-  if (!S_ISREG(entry.st_mode)) return refuse("is no file");
-  if (static_cast<std::size_t>(entry.st_size) > largestFile) return refuse("is too large to be a settings file");
-
-  const OpenFile file(::open(path_.c_str(), O_RDONLY | O_CLOEXEC));
-  const auto content = contentOf(file);
-  if (!content) return fail("can't be read");
-  learn(*content);
-  if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0 || !writableFolder()) return fail("can't be written");
+  learn(QSettings(path_, QSettings::IniFormat));
   save();  // nothing to save yet, but perhaps something to put in order
-}
-
-Store::~Store() {
-  if (!written_) return;
-  const OpenFile file(::open(path_.c_str(), O_RDONLY | O_CLOEXEC));
-  if (file.number() >= 0) ::fdatasync(file.number());
 }
 
 std::optional<std::string> Store::read(std::string_view section, std::string_view key) const {
@@ -129,16 +120,14 @@ void Store::write(std::string_view section, std::string_view key, const std::str
 
 void Store::erase(std::string_view section, std::string_view key) { change(section, key, std::nullopt); }
 
-void Store::change(std::string_view section, std::string_view key, const std::optional<std::string>& text) {
-  const bool known = known_.read(section, key) == text;
-  if (known && unchangedOutside()) return;
+void Store::change(std::string_view section, std::string_view key, const Text& text) {
+  if (known_.read(section, key) == text && unsaved_.empty() && unchangedOutside()) return;
   apply(section, key, text);
-  if (refused_) return;
   unsaved_[{std::string(section), std::string(key)}] = text;
   save();
 }
 
-void Store::apply(std::string_view section, std::string_view key, const std::optional<std::string>& text) {
+void Store::apply(std::string_view section, std::string_view key, const Text& text) {
   if (text) {
     known_.write(section, key, *text);
   } else {
@@ -147,115 +136,155 @@ void Store::apply(std::string_view section, std::string_view key, const std::opt
 }
 
 /// Takes over what a file holds, under what this run has changed and couldn't save.
-void Store::learn(std::string_view content) {
+void Store::learn(const QSettings& file) {
   known_ = MemoryStore{};
-  for (const auto& [section, keys] : readIni(content).sections) {
-    for (const auto& [key, text] : keys) known_.write(section, key, text);
+  for (const QString& name : file.allKeys()) {
+    const QStringList parts = name.split('/');
+    if (parts.size() != 2) continue;
+    const auto section = decoded(parts[0]);
+    const auto key = decoded(parts[1]);
+    if (section && key) known_.write(*section, *key, textOf(file.value(name)));
   }
   for (const auto& [name, text] : unsaved_) apply(name.first, name.second, text);
-  if (::stat(path_.c_str(), &seen_) != 0) seen_ = {};
+  if (::stat(native(path_), &seen_) != 0) seen_ = {};
 }
 
-/// Brings the file to what this run knows: takes it as it stands, changes the lines of the changed keys, and replaces
-/// it. Where something fails the file stays as it was.
+/// Brings the file to what this run knows. Where something fails the file stays as it was.
 void Store::save() {
   failure_.clear();
-  const auto file = openLocked();
-  if (!file) return;
-  ::unlink(newPath().c_str());  // left by a program that was killed
-  const auto present = contentOf(*file);
-  if (!present) return fail("can't be read");
-  std::string content = readIni(*present).damaged && keptDamaged(*present) ? mendedIni(*present) : *present;
-  for (const auto& [name, text] : unsaved_) {
-    std::string edited = editedIni(content, name.first, name.second, text);
-    if (edited.size() <= largestFile) {
-      content = std::move(edited);
-    } else {
-      failure_ = path_ + " has no room for a value of that length.";
-    }
-  }
-  if (content != *present) {
-    if (!writeNew(newPath(), content)) return fail("can't be written");
-    if (::rename(newPath().c_str(), path_.c_str()) != 0) {
-      fail("can't be written");
-      ::unlink(newPath().c_str());
-      return;
-    }
-    written_ = true;
-  }
-  learn(content);
-  unsaved_.clear();
+  if (const char* why = obstacle()) return refuse(why);
+  const auto mask = ownersAlone();
+  if (!QDir().mkpath(folder())) return fail("can't be made");
+  const int opened = ::open(native(folder()), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (opened < 0) return fail("can't be written");
+  const auto turn = qScopeGuard([opened] { ::close(opened); });
+  if (!takenTurn(opened)) return fail("is held by another program");
+  if (!writable() || !keptIfDamaged()) return;
+  writeUnsaved();
 }
 
-/// The file that stands at the path, locked and the owner's alone. Another program may have put a new one there while
-/// this one was waiting.
-std::optional<Store::OpenFile> Store::openLocked() {
+/// Waits for this program's turn at the folder. QSettings locks by itself, but waits without end for a program that
+/// doesn't go on, and half a minute for a lock file that a killed program has not yet filled.
+bool Store::takenTurn(int folder) {
   using namespace std::chrono_literals;
-  if (!makeFolder(folderOf(path_))) return fail("can't be made"), std::nullopt;
-  const auto until = std::chrono::steady_clock::now() + (held_ ? 0s : 2s);  // waited for once, not at every save
-  do {
-    OpenFile file(::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownersFile));
-    if (file.number() < 0) return fail("can't be written"), std::nullopt;
-    // A file system that knows no locks is worked on without.
-    if (::flock(file.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-      std::this_thread::sleep_for(2ms);
-      continue;
-    }
-    struct stat opened {};
-    struct stat standing {};
-    if (::fstat(file.number(), &opened) == 0 && ::stat(path_.c_str(), &standing) == 0 &&
-        opened.st_dev == standing.st_dev && opened.st_ino == standing.st_ino) {
-      held_ = false;
-      if ((opened.st_mode & ACCESSPERMS) != ownersFile) ::fchmod(file.number(), ownersFile);
-      return file;
-    }
-  } while (std::chrono::steady_clock::now() < until);
-  held_ = true;
-  errno = EBUSY;
-  return fail("is held by another program"), std::nullopt;
-}
-
-/// All that an open file holds; none if it can't be read.
-std::optional<std::string> Store::contentOf(const OpenFile& file) {
-  std::string content;
-  std::array<char, 16384> part{};
+  const QDeadlineTimer until(2s);
   for (;;) {
-    const ssize_t count = ::read(file.number(), part.data(), part.size());
-    if (count == 0) return content;
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return std::nullopt;
-    content.append(part.data(), static_cast<std::size_t>(count));
-    if (content.size() > largestFile) return errno = EFBIG, std::nullopt;
+    // A file system that knows no locks is worked on without.
+    const bool mine = ::flock(folder, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+    if (mine && clearedAfterKilled()) return true;
+    if (until.hasExpired()) return errno = EBUSY, false;
+    // Shorter than the pause of a program that saves again and again.
+    QThread::usleep(100);
   }
 }
 
-/// Puts a damaged file's content beside it before anything of it is dropped; an earlier copy is never replaced.
-bool Store::keptDamaged(const std::string& content) {
-  const std::string copy = path_ + ".damaged";
-  const bool kept = writeNew(copy, content);
-  notice_ = path_ + (kept ? " was damaged; what it held is kept as " + copy + '.' : std::string(" is damaged."));
-  return kept;
+/// Removes QSettings' lock file and its new file where a killed program left them; false where the lock is held. A file
+/// of the user's may be named like the new one (such as .backup): only what is younger than the lock goes.
+bool Store::clearedAfterKilled() const {
+  const QString lockPath = path_ + QStringLiteral(".lock");
+  const int lock = ::open(native(lockPath), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+  if (lock < 0) return true;
+  const auto closing = qScopeGuard([lock] { ::close(lock); });
+  if (::flock(lock, LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
+  const QRegularExpression newFile(QRegularExpression::anchoredPattern(
+      QRegularExpression::escape(QFileInfo(path_).fileName()) + QStringLiteral("\\.[A-Za-z]{6}")));
+  for (const QFileInfo& left : QDir(folder()).entryInfoList(QDir::Files | QDir::Hidden | QDir::NoSymLinks)) {
+    if (newFile.match(left.fileName()).hasMatch() && left.lastModified() >= QFileInfo(lockPath).lastModified()) {
+      QFile::remove(left.filePath());
+    }
+  }
+  QFile::remove(lockPath);
+  return true;
+}
+
+/// Sees to it that the file stands there, the user's alone, and that QSettings can replace it.
+bool Store::writable() {
+  const QByteArray path = native(path_);
+  const int made = ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (made >= 0) {
+    ::close(made);
+  } else if (!may(path, R_OK)) {
+    return fail("can't be read"), false;
+  } else if (!may(path, W_OK) || !may(native(folder()), W_OK | X_OK)) {
+    return fail("can't be written"), false;
+  }
+  struct stat file {};
+  if (::stat(path, &file) == 0 && (file.st_mode & (S_IRWXG | S_IRWXO)) != 0) ::chmod(path, S_IRUSR | S_IWUSR);
+  return true;
+}
+
+/// Puts a damaged file's content beside it before QSettings drops anything of it; no earlier copy is replaced. Says
+/// whether the file may be written.
+bool Store::keptIfDamaged() {
+  // QSettings knows a changed file by its length and its millisecond: another program may have saved within the same.
+  struct stat file {};
+  if (::stat(native(path_), &file) == 0) {
+    file.st_mtim.tv_nsec += 1'000'000;
+    if (file.st_mtim.tv_nsec >= 1'000'000'000) ++file.st_mtim.tv_sec, file.st_mtim.tv_nsec -= 1'000'000'000;
+    const struct timespec times[] = {file.st_atim, file.st_mtim};
+    ::utimensat(AT_FDCWD, native(path_), times, 0);
+  }
+  const auto content = contentOf(path_);
+  if (!content) return fail("can't be read"), false;
+  const QSettings parsed(path_, QSettings::IniFormat);
+  learn(parsed);
+  if (parsed.status() != QSettings::FormatError && content->isValidUtf8() && lasting(parsed)) return true;
+  for (int number = 1; number < 10; ++number) {
+    const QString copy = path_ + QStringLiteral(".damaged") + (number == 1 ? QString() : QString::number(number));
+    if (contentOf(copy) != content && !writeNew(copy, *content)) continue;
+    notice_ = QStringLiteral("%1 was damaged; what it held is kept as %2.").arg(path_, copy);
+    return true;
+  }
+  notice_ = path_ + QStringLiteral(" is damaged.");
+  return refuse("is damaged, and what it holds can't be copied"), false;
+}
+
+void Store::writeUnsaved() {
+  QSettings file(path_, QSettings::IniFormat);
+  qint64 length = QFileInfo(path_).size();
+  for (const auto& [name, text] : unsaved_) {
+    const QString entry = encoded(name.first) + '/' + encoded(name.second);
+    // A byte takes four in the file at the most.
+    if (text && length + 4 * static_cast<qint64>(text->size()) > largestFile) {
+      refuse("has no room for a value of that length");
+    } else if (text) {
+      length += 4 * static_cast<qint64>(text->size());
+      file.setValue(entry, valueOf(*text));
+    } else {
+      file.remove(entry);
+    }
+  }
+  file.sync();
+  if (file.status() != QSettings::NoError) return refuse("can't be written");
+  learn(file);
+  if (failure_.isEmpty()) unsaved_.clear();
 }
 
 bool Store::unchangedOutside() const {
   struct stat now {};
-  return refused_ || (::stat(path_.c_str(), &now) == 0 && same(now, seen_));
+  if (::stat(native(path_), &now) != 0) now = {};
+  return same(now, seen_);
 }
 
-bool Store::writableFolder() const {
-  return ::faccessat(AT_FDCWD, folderOf(path_).c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+QString Store::folder() const { return QFileInfo(path_).absolutePath(); }
+
+/// Why the path can't be used at all; none if it can. A link is followed.
+const char* Store::obstacle() {
+  const QFileInfo entry(path_);
+  if (entry.isSymLink() && !entry.exists()) return "is a link that leads nowhere";
+  if (!entry.exists()) return nullptr;
+  if (entry.isSymLink()) path_ = entry.canonicalFilePath();
+  if (entry.isDir()) return "is a folder";
+  if (!entry.isFile()) return "is no file";
+  if (entry.size() > largestFile) return "is too large to be a settings file";
+  return nullptr;
 }
 
-std::string Store::newPath() const { return path_ + ".new"; }
+void Store::refuse(const char* why) { failure_ = path_ + ' ' + why + '.'; }
 
-void Store::refuse(const char* why) {
-  refused_ = true;
-  failure_ = path_ + ' ' + why + '.';
+void Store::fail(const char* what) {
+  failure_ = QStringLiteral("%1 %2 (%3).").arg(path_, QString(what), QString::fromLocal8Bit(std::strerror(errno)));
 }
-
-void Store::fail(const char* what) { failure_ = path_ + ' ' + what + " (" + std::strerror(errno) + ")."; }
-
-QString Store::trouble() const { return QString::fromStdString(failure_.empty() ? notice_ : failure_); }
 
 QString Store::usualPath() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +

@@ -10,21 +10,23 @@
 
 #include "engine/settingsstore.h"
 
+class QSettings;
+
 namespace tallyfin::qt {
 
 /// The settings store as an INI file of the user's own, mode 0600, written at once.
 ///
-/// Every change takes the file as it then stands, under a lock, and puts a whole new one in its place, so that a killed
-/// program leaves the old or the new one and two programs lose nothing of each other's. A file that can't be read or
-/// written stops nothing: what is saved then counts for this run, and is tried again with the next change; trouble()
-/// says why in words for the user. Nothing is flushed to the disk before the end of the run: a flush takes longer than
-/// all of a calculation's saves, and what a killed program wrote stands without it.
+/// QSettings reads and writes it: under its lock it takes the file as it then stands, merges the change into it,
+/// flushes a whole new file to the disk and puts it in the old one's place. A killed program leaves the old or the new
+/// one, and two programs lose nothing of each other's. Comments and the order of lines don't outlive a save.
+///
+/// Around QSettings stands what it doesn't do: everything it makes is the user's alone from the first instant; programs
+/// take turns, each waiting two seconds at the most; what a killed program left is removed; a damaged file is copied
+/// before QSettings drops what it can't read. A file that can't be read or written stops nothing: what is saved then
+/// counts for this run, and is tried again with the next change; trouble() says why in words for the user.
 class Store : public SettingsStore {
  public:
   explicit Store(const QString& path);
-  ~Store() override;
-  Store(const Store&) = delete;
-  Store& operator=(const Store&) = delete;
 
   std::optional<std::string> read(std::string_view section, std::string_view key) const override;
   void write(std::string_view section, std::string_view key, const std::string& text) override;
@@ -32,37 +34,36 @@ class Store : public SettingsStore {
   Sections all() const override { return known_.all(); }
 
   /// What keeps the settings from being kept, or what was found damaged; empty if nothing.
-  QString trouble() const;
+  QString trouble() const { return failure_.isEmpty() ? notice_ : failure_; }
 
   /// Where the desktop program keeps its settings.
   static QString usualPath();
 
  private:
-  class OpenFile;
+  using Text = std::optional<std::string>;
 
   void open();
-  void change(std::string_view section, std::string_view key, const std::optional<std::string>& text);
-  void apply(std::string_view section, std::string_view key, const std::optional<std::string>& text);
-  void learn(std::string_view content);
+  void change(std::string_view section, std::string_view key, const Text& text);
+  void apply(std::string_view section, std::string_view key, const Text& text);
+  void learn(const QSettings& file);
   void save();
-  std::optional<OpenFile> openLocked();
-  static std::optional<std::string> contentOf(const OpenFile& file);
-  bool keptDamaged(const std::string& content);
+  bool takenTurn(int folder);
+  bool clearedAfterKilled() const;
+  bool writable();
+  void writeUnsaved();
+  bool keptIfDamaged();
   bool unchangedOutside() const;
-  bool writableFolder() const;
-  std::string newPath() const;
+  QString folder() const;
+  const char* obstacle();
   void refuse(const char* why);
   void fail(const char* what);
 
-  std::string path_;
-  bool refused_ = false;  ///< The file isn't touched at all.
-  bool held_ = false;     ///< Another program held the file when this one wanted it last.
-  bool written_ = false;
-  std::string failure_;  ///< Why the last save didn't succeed.
-  std::string notice_;   ///< What was found when the file was read.
+  QString path_;
+  QString failure_;      ///< Why the last save didn't succeed.
+  QString notice_;       ///< What was found when the file was read.
   struct stat seen_ {};  ///< The file as this run knows it.
   MemoryStore known_;
-  std::map<std::pair<std::string, std::string>, std::optional<std::string>> unsaved_;
+  std::map<std::pair<std::string, std::string>, Text> unsaved_;
 };
 
 }  // namespace tallyfin::qt
