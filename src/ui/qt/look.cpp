@@ -2,9 +2,9 @@
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QHash>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QStyleFactory>
 #include <QToolTip>
 #include <QWidget>
