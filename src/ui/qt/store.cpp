@@ -22,7 +22,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr qint64 largestFile = 16 * 1024 * 1024;
+constexpr qint64 largestFile = qint64{16} * 1024 * 1024;
 
 /// Sections and keys may be any text; in the file letters and digits stand as they are and every other byte as _XX. A
 /// lone _ is the empty name. QSettings has a meaning of its own for General, however it is spelt.
