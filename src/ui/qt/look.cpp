@@ -126,8 +126,6 @@ QFont figures() {
   return font;
 }
 
-int atFont(int pixels) { return qRound(pixels * QApplication::font().pointSizeF() / 8.5); }
-
 QColor colour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
 const QIcon& picture(const QString& name) {

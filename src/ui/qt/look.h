@@ -59,9 +59,6 @@ QFont heading();
 /// A font with digits of one width: the program's own where it has them.
 QFont figures();
 
-/// A width of text, given in pixels at the program's normal size of letters, at the size that the system asks for.
-int atFont(int pixels);
-
 QColor colour(Colour colour);
 
 /// A picture of the program by its file name without the ending.

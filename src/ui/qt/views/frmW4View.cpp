@@ -152,7 +152,7 @@ class frmW4View : public View {
     layout->addLayout(foot());
   }
 
-  QSize sizeHint() const override { return {look::atFont(width), heightForWidth(look::atFont(width))}; }
+  QSize sizeHint() const override { return {look::scaled(width), heightForWidth(look::scaled(width))}; }
 
  protected:
   /// A double click on the paper prints. Labels without handlers let it through to the paper.
@@ -183,7 +183,7 @@ class frmW4View : public View {
     row->addWidget(upright(this));
     auto* number = new QWidget(this);
     number->setLayout(entry(screen_.Label5, screen_.txtSSN));
-    number->setFixedWidth(look::atFont(numberColumn));
+    number->setFixedWidth(look::scaled(numberColumn));
     row->addWidget(number);
     return row;
   }
@@ -195,7 +195,7 @@ class frmW4View : public View {
     status->setHorizontalSpacing(look::row);
     status->setVerticalSpacing(0);
     QLabel* number = bold(screen_.Label9);
-    number->setFixedWidth(look::atFont(margin - 2));
+    number->setFixedWidth(look::scaled(margin - 2));
     auto* group = new QButtonGroup(this);
     status->addWidget(number, 0, 0);
     status->addWidget(option(screen_.optSingle, *group), 0, 1);
@@ -210,7 +210,7 @@ class frmW4View : public View {
     QLayout* city = entry(screen_.Label7, screen_.txtCity);
     auto* card = new QHBoxLayout;
     card->setContentsMargins(0, space, 0, space);
-    QLabel* words = small(screen_.Label8, look::atFont(margin));
+    QLabel* words = small(screen_.Label8, look::scaled(margin));
     auto* tick = new FormTick<QCheckBox>(this, false);
     name(words, tick);
     card->addWidget(words, 1);
@@ -223,15 +223,15 @@ class frmW4View : public View {
     auto* grid = new QGridLayout;
     grid->setSpacing(0);
     grid->setColumnStretch(0, 1);
-    boxedLine(*grid, small(screen_.lblFive, look::atFont(margin)), screen_.Label12, figure(screen_.lblW4Line5));
+    boxedLine(*grid, small(screen_.lblFive, look::scaled(margin)), screen_.Label12, figure(screen_.lblW4Line5));
     grid->setRowMinimumHeight(grid->rowCount() - 1, 2 * QFontMetrics(smallPrint()).height() + space);
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     boxedLine(*grid, padded(screen_.Label11), screen_.Label13, figure(screen_.lblW4Line6));
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     for (Label* condition : {&screen_.Label16, &screen_.Label17, &screen_.Label18}) {
       const bool first = condition == &screen_.Label16;
-      QLabel* words = small(*condition, look::atFont(first ? margin : look::row));
-      grid->addWidget(indented(words, first ? 0 : look::atFont(margin)), grid->rowCount(), 0, 1, 5);
+      QLabel* words = small(*condition, look::scaled(first ? margin : look::row));
+      grid->addWidget(indented(words, first ? 0 : look::scaled(margin)), grid->rowCount(), 0, 1, 5);
     }
     QLabel* exempt = label(screen_.Label27);
     exempt->setAlignment(Qt::AlignCenter);
@@ -247,8 +247,8 @@ class frmW4View : public View {
     const int row = grid.rowCount();
     QLabel* numberLabel = bold(number);
     numberLabel->setAlignment(Qt::AlignCenter);
-    numberLabel->setFixedWidth(look::atFont(lineNumber));
-    figure->setFixedWidth(look::atFont(lineFigure));
+    numberLabel->setFixedWidth(look::scaled(lineNumber));
+    figure->setFixedWidth(look::scaled(lineFigure));
     figure->setMargin(2);
     figure->setContentsMargins(0, 0, look::tight, 0);
     figure->setAccessibleDescription(words->text());
@@ -297,7 +297,7 @@ class frmW4View : public View {
     QLabel* words = padded(caption);
     auto* edit = new FormBox(this);
     name(words, edit);
-    edit->setTextMargins(look::atFont(margin - 2), 0, 0, 0);
+    edit->setTextMargins(look::scaled(margin - 2), 0, 0, 0);
     column->addWidget(words);
     column->addStretch(1);
     column->addWidget(tied(edit, bind(*edit, control)));
@@ -309,7 +309,7 @@ class frmW4View : public View {
     row->setSpacing(space);
     auto* half = new QWidget(this);
     half->setLayout(right);
-    half->setFixedWidth(look::atFont(rightColumn));
+    half->setFixedWidth(look::scaled(rightColumn));
     row->addLayout(left, 1);
     row->addWidget(upright(this));
     row->addWidget(half);
@@ -325,7 +325,7 @@ class frmW4View : public View {
   }
 
   QLabel* small(Label& control, int hanging) { return inSmallPrint(new HangingLabel(this, hanging), control); }
-  QLabel* padded(Label& control) { return inSmallPrint(new PaddedLabel(this, look::atFont(margin)), control); }
+  QLabel* padded(Label& control) { return inSmallPrint(new PaddedLabel(this, look::scaled(margin)), control); }
   QLabel* inSmallPrint(QLabel* widget, Label& control) {
     widget->setFont(smallPrint());
     return tied(widget, bind(*widget, control));

@@ -44,7 +44,7 @@ class Result : public QLabel {
 }  // namespace
 
 WorksheetView::WorksheetView(Screen& screen, int entryWidth)
-    : View(screen), margin_(look::atFont(26)), entryWidth_(look::atFont(entryWidth)), pages_(new QVBoxLayout(this)) {
+    : View(screen), margin_(look::scaled(26)), entryWidth_(look::scaled(entryWidth)), pages_(new QVBoxLayout(this)) {
   look::setGround(*this, look::onPaper());
   pages_->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
 }
