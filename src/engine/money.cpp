@@ -1,6 +1,7 @@
 #include "engine/money.h"
 
 #include <cmath>
+#include <cstdlib>
 
 #include "engine/numbertext.h"
 
@@ -12,7 +13,7 @@ namespace {
 std::int64_t nearestEven(Money amount, std::int64_t step) {
   std::int64_t steps = amount.units() / step;
   const std::int64_t rest = amount.units() % step;
-  const std::int64_t twice = 2 * (rest < 0 ? -rest : rest);
+  const std::int64_t twice = 2 * std::abs(rest);
   if (twice > step || (twice == step && steps % 2 != 0)) steps += rest < 0 ? -1 : 1;
   return steps;
 }
@@ -54,11 +55,6 @@ Money roundedToDollars(Money amount) {
 
 Int16 integerRounded(Money amount) { return nearestEven(amount, Money::unitsPerDollar); }
 
-Int16 integerRounded(double value) {
-  const double whole = std::nearbyint(value);
-  constexpr double limit = 32768;
-  if (!(whole >= -limit && whole < limit)) throw FailedStatement{};
-  return static_cast<int>(whole);
-}
+Int16 integerRounded(double value) { return integerRounded(fromReal(std::nearbyint(value))); }
 
 }  // namespace tallyfin

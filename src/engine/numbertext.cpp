@@ -53,7 +53,7 @@ std::optional<Decimal> readDecimal(std::string_view text) {
   text = text.substr(first, text.find_last_not_of(blanks) - first + 1);
 
   Decimal decimal;
-  if (text.size() >= 2 && text.front() == '(' && text.back() == ')') {
+  if (text.front() == '(' && text.back() == ')') {
     decimal.negative = true;
     text = text.substr(1, text.size() - 2);
     take(text, '$');
@@ -105,14 +105,11 @@ struct Significant {
 };
 
 Significant significant(const Decimal& decimal) {
-  std::int64_t power = decimal.wholeDigits - 1 + decimal.exponent;
-  for (std::size_t i = 0; i < decimal.mantissa.size(); ++i) {
-    const char c = decimal.mantissa[i];
-    if (!isDigit(c)) continue;
-    if (c != '0') return {decimal.mantissa.substr(i), power};
-    --power;
-  }
-  return {};
+  const std::size_t first = decimal.mantissa.find_first_not_of("0,.");
+  if (first == std::string_view::npos) return {};
+  const std::string_view before = decimal.mantissa.substr(0, first);
+  const std::int64_t zeros = std::count(before.begin(), before.end(), '0');
+  return {decimal.mantissa.substr(first), decimal.wholeDigits - 1 + decimal.exponent - zeros};
 }
 
 /// How what is dropped compares with half a unit of the last digit that is kept.
@@ -134,14 +131,12 @@ Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
   return more ? Rest::aboveHalf : Rest::half;
 }
 
-/// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. None
-/// where they would be more than any format can hold.
-std::optional<std::string> roundedDigits(const Decimal& decimal, int places) {
-  constexpr std::int64_t mostDigits = 400;
+/// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. The number
+/// is one that a double can hold: they don't become more than some hundreds.
+std::string roundedDigits(const Decimal& decimal, int places) {
   const auto [digits, power] = significant(decimal);
   const std::int64_t wanted = power + 1 + places;  // how many of the digits stand before the rounding
   if (digits.empty() || wanted < 0) return "0";
-  if (wanted > mostDigits) return std::nullopt;
 
   std::string kept;
   if (keepDigits(digits, wanted, [&](char digit) { kept += digit; }) != Rest::belowHalf) {
@@ -176,11 +171,8 @@ std::int64_t roundedInteger(const Decimal& decimal, int places) {
 
 /// The nearest double; none where the number is beyond every double, zero where it is too small for one.
 std::optional<double> nearestDouble(const Decimal& decimal) {
-  constexpr std::int64_t beyondEveryDouble = 400;
   const auto [digits, power] = significant(decimal);
-  const double zero = decimal.negative ? -0.0 : 0.0;
-  if (digits.empty() || power < -beyondEveryDouble) return zero;
-  if (power > beyondEveryDouble) return std::nullopt;
+  if (digits.empty()) return 0;
 
   std::string plain = decimal.negative ? "-" : "";
   const std::size_t pointAfter = plain.size() + 1;
@@ -191,16 +183,16 @@ std::optional<double> nearestDouble(const Decimal& decimal) {
   }
   plain += 'e';
   plain += std::to_string(power);
-  double value = zero;
+  double value = 0;
   const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
-  return power > 0 ? std::nullopt : std::optional(zero);
+  return power > 0 ? std::nullopt : std::optional(0.0);
 }
 
 /// "$1,234.50" of the digits of a number of cents.
 std::string currencyOfCents(std::string cents, bool negative) {
   if (cents == "0") negative = false;
-  if (cents.size() < 3) cents.insert(0, 3 - cents.size(), '0');
+  while (cents.size() < 3) cents.insert(0, 1, '0');
   const std::size_t whole = cents.size() - 2;
   std::string text = negative ? "($" : "$";
   for (std::size_t i = 0; i < whole; ++i) {
@@ -214,7 +206,7 @@ std::string currencyOfCents(std::string cents, bool negative) {
 }
 
 std::string currencyOf(const Decimal& decimal) {
-  return currencyOfCents(orFail(roundedDigits(decimal, 2)), decimal.negative);
+  return currencyOfCents(roundedDigits(decimal, 2), decimal.negative);
 }
 
 std::uint64_t magnitude(std::int64_t number) {
@@ -281,9 +273,9 @@ std::string currency(std::string_view text) {
 std::string percentage(double fraction) {
   const std::string plain = toText(fraction);
   const Decimal decimal = decimalOf(plain);
-  std::string digits = orFail(roundedDigits(decimal, 4));
+  std::string digits = roundedDigits(decimal, 4);
   if (digits == "0") return ".%";
-  if (digits.size() < 2) digits.insert(0, 2 - digits.size(), '0');
+  while (digits.size() < 2) digits.insert(0, 1, '0');
   std::string decimals = digits.substr(digits.size() - 2);
   while (!decimals.empty() && decimals.back() == '0') decimals.pop_back();
   digits.resize(digits.size() - 2);
@@ -293,7 +285,7 @@ std::string percentage(double fraction) {
 std::string wholeNumber(std::string_view text) {
   const auto decimal = readDecimal(text);
   if (!decimal || !nearestDouble(*decimal)) return std::string(text);
-  const std::string digits = orFail(roundedDigits(*decimal, 0));
+  const std::string digits = roundedDigits(*decimal, 0);
   return (decimal->negative && digits != "0" ? "-" : "") + digits;
 }
 

@@ -51,10 +51,11 @@ TEST_F(FedTaxTest, FollowsEveryRowOfEveryTableAtItsBounds) {
     std::vector<std::int64_t> bases{-5000, 0, 1};
     for (const Row& row : rows) {
       const std::int64_t bound = row.at("upTo") == "above" ? scaled("1000000", 2) : scaled(row.at("upTo"), 2);
-      for (const int step : {-10000, -1, 0, 1, 12345}) bases.push_back(bound + step);
+      for (const int step : {-10000, -100, -1, 0, 1, 100, 12345}) bases.push_back(bound + step);
     }
     for (const std::int64_t cents : bases) {
       payData.fedBase = Money::ofUnits(cents * 100);
+      payData.fedTax = 1999;
       FedTax();
       EXPECT_EQ(payData.fedTax, Money::ofUnits(taxOn(rows, cents) * 100))
           << "frequency " << key.first << " status " << key.second << " base " << toText(payData.fedBase);

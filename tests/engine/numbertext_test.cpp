@@ -98,12 +98,16 @@ TEST(TextToMoney, RefusesWhatIsNoNumber) {
 TEST(TextToMoney, RoundsTheDigitsHalfToEvenAtTheFourthDecimal) {
   EXPECT_EQ(toMoney("0.00005").units(), 0);
   EXPECT_EQ(toMoney("0.00015").units(), 2);
+  EXPECT_EQ(toMoney("0.000051").units(), 1);
+  EXPECT_EQ(toMoney("0.000050").units(), 0);
   EXPECT_EQ(toMoney("0.000050000000000000000000001").units(), 1);
   EXPECT_EQ(toMoney("-0.00015").units(), -2);
   EXPECT_EQ(toMoney("9.99995").units(), 100000);
   EXPECT_EQ(toMoney("922337203685477.58065").units(), 9223372036854775806);
   EXPECT_THROW(toMoney("922337203685477.58075"), FailedStatement);  // the even unit lies beyond the range
   EXPECT_EQ(toMoney("-922337203685477.58085").units(), -9223372036854775807 - 1);
+  EXPECT_THROW(toMoney("-922337203685477.5809"), FailedStatement);
+  EXPECT_THROW(toMoney("1844674407370955.1621"), FailedStatement);  // would be 5 units in 64 bits
 }
 
 TEST(TextToMoney, LosesNoDigitOfALongText) {
@@ -130,10 +134,13 @@ TEST(TextToDouble, IsTheNearestDouble) {
   EXPECT_EQ(realOf("9007199254740993"), 9007199254740992.0);  // halfway: the even one
   EXPECT_EQ(realOf("9007199254740993.0000001"), 9007199254740994.0);
   EXPECT_EQ(realOf("1E-400"), 0);
+  EXPECT_EQ(realOf("-1E-999999999999999999999"), 0);
+  EXPECT_EQ(realOf("0E999999999999999999999"), 0);
   EXPECT_EQ(realOf("4.9E-324"), 4.9E-324);
   EXPECT_EQ(realOf("1.7976931348623157E308"), 1.7976931348623157E308);
   EXPECT_THROW(realOf("1.8E308"), FailedStatement);
   EXPECT_THROW(realOf("1E400"), FailedStatement);
+  EXPECT_THROW(realOf("1E999999999999999999999"), FailedStatement);
   EXPECT_THROW(realOf(""), FailedStatement);
 }
 
