@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <optional>
@@ -45,6 +46,19 @@ struct Row {
   bool holds(Units x) const {
     return test == "<=" ? x <= bound : test == "<" ? x < bound : test == ">" ? x > bound : x >= bound;
   }
+
+  /// The first wages between the two at which the tax is half a dollar more than a whole one.
+  std::vector<Units> halfDollars(Units from, Units to) const {
+    std::vector<Units> wages;
+    if (rate <= 0) return wages;
+    const double first = std::ceil(real(from - lower) * rate + plus - 0.5) + 0.5;
+    for (double tax = first; wages.size() < 3; ++tax) {
+      const Units wage = lower + rounded((tax - plus) / rate);
+      if (wage > to) break;
+      wages.push_back(wage);
+    }
+    return wages;
+  }
 };
 
 struct Table {
@@ -67,12 +81,19 @@ struct Table {
     return rounded(real(x - row->lower) * row->rate + row->plus - row->extra * exemptions);
   }
 
-  /// Each bound, a cent below and a cent above, a wage below zero and one far above.
+  /// Wages that tell each row from one with any other figure: a wage below zero and one far above, each bound with what
+  /// lies closely, a cent and a dollar around it, and where the tax of the row passes half a dollar, since rounding hides
+  /// the rest.
   std::vector<Units> probes() const {
     std::vector<Units> wages{units(-50), rows.back().bound + 123456700};
-    // A dollar off shows a moved bound where the rows join so well that a cent shows none.
+    Units from = 0;
     for (const Row& row : rows) {
-      wages.insert(wages.end(), {row.bound - 10000, row.bound - 100, row.bound, row.bound + 100, row.bound + 10000});
+      for (const Units off : {-10000, -100, 0, 99, 100, 9900, 10000}) wages.push_back(row.bound + off);
+      const Units to = &row == &rows.back() ? row.bound + 10000000 : row.bound;
+      for (const Units half : row.halfDollars(std::max(from, row.lower), to)) {
+        wages.insert(wages.end(), {half - 100, half, half + 100});
+      }
+      from = row.bound;
     }
     return wages;
   }
