@@ -65,9 +65,9 @@ void Desk::show(Screen& screen) {
 /// Runs Activate of the document that has come to the front, after its Load.
 void Desk::activateFront() {
   Screen* front = activeDocument();
-  if (front == activated_ || (front != nullptr && seatOf(*front)->loading)) return;
+  if (front == activated_ || seatOf(*front)->loading) return;  // no document is at the front before one was
   activated_ = front;
-  if (front != nullptr) front->Activate();
+  front->Activate();
 }
 
 void Desk::close(Screen& screen) {

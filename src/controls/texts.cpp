@@ -46,11 +46,8 @@ MaskedBox::MaskedBox(Screen& screen, std::string name, Format format, std::strin
 }
 
 std::string MaskedBox::shown() const {
-  switch (format_) {
-    case Format::currency: return currency(text());
-    case Format::whole: return typed() ? wholeNumber(text()) : text();
-    case Format::none: break;
-  }
+  if (format_ == Format::currency) return currency(text());
+  if (format_ == Format::whole && typed()) return wholeNumber(text());
   return text();
 }
 

@@ -22,13 +22,10 @@ struct Dollars {
 enum class Test { atMost, below, above, atLeast };
 
 constexpr bool holds(Test test, Money bound, Money x) {
-  switch (test) {
-    case Test::atMost: return x <= bound;
-    case Test::below: return x < bound;
-    case Test::above: return x > bound;
-    case Test::atLeast: return x >= bound;
-  }
-  return false;
+  if (test == Test::atMost) return x <= bound;
+  if (test == Test::below) return x < bound;
+  if (test == Test::above) return x > bound;
+  return x >= bound;
 }
 
 /// One row of a band table: where its test holds for x, the tax is (x - lower) * rate + plus.

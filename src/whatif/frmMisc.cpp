@@ -47,12 +47,11 @@ void frmMisc::Load() {
     const double income = realOf(main.txtIncome.text());
     if (income != 0) lblOldShow.setCaption(toText(income / realOf(main.txtHours.text())));
   });
-  if (pnlContainerMisc[0].left > 1) {
-    // As stored, not normalised, also when the Raise page was asked for.
-    step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
-    step([&] { payData.applyTo = toInt16(lastEntries.get("ApplyTo", "0")); });
-    step([&] { lstGrossPay.setIndex(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
-  }
+  // As stored, not normalised. The page of the local tax is in sight while the screen loads, even if the page of the
+  // raise was asked for.
+  step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
+  step([&] { payData.applyTo = toInt16(lastEntries.get("ApplyTo", "0")); });
+  step([&] { lstGrossPay.setIndex(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
 }
 
 void frmMisc::Unload() {
@@ -97,7 +96,7 @@ void frmMisc::raise() {
 
   if (percent.text().empty() && newWage.text().empty()) percent.setText("0");
   payData.incomeSource = 1;
-  if (percent.text().empty() && !newWage.text().empty()) {
+  if (percent.text().empty()) {
     // The divisor is the new wage: from 10 to 11 is 9.09%.
     step([&] {
       const double wage = realOf(newWage.text());

@@ -104,9 +104,18 @@ TEST_F(EditableDropDowns, AreEmptyWhenTheirListIsEmptied) {
   EXPECT_EQ(screen.combo.index(), -1);
 }
 
+TEST_F(ControlTest, AListWithoutAChoiceHasTheNumberZero) {
+  screen.list.add("d", 7);
+  EXPECT_EQ(screen.list.itemData(), 0);
+  screen.list.setIndex(3);
+  EXPECT_EQ(screen.list.itemData(), 7);
+}
+
 using UpDowns = ControlTest;
 
 TEST_F(UpDowns, ReachTheirLimitsAndNoFurther) {
+  EXPECT_EQ(screen.upDown.from(), 10);
+  EXPECT_EQ(screen.upDown.to(), 400);
   EXPECT_EQ(screen.upDown.userPick(10), Refusal::none);
   EXPECT_EQ(screen.upDown.userPick(400), Refusal::none);
   EXPECT_EQ(screen.upDown.userPick(9), Refusal::noEntry);

@@ -129,6 +129,33 @@ TEST_F(ScreenLife, TwoScreensMayNeedEachOtherWhileTheyLoad) {
   EXPECT_THAT(happened(), ElementsAre("First Load", "Second Load", "Second Activate", "Second Unload"));
 }
 
+TEST_F(ScreenLife, EndsOnce) {
+  First& first = desk.use<First>();
+  desk.show(first);
+  happened();
+  hooks["First button Click"] = [&] {
+    desk.close(first);
+    desk.close(first);
+    desk.show(first);
+  };
+  first.button.userClick();
+  EXPECT_THAT(happened(), ElementsAre("First button Click", "First Unload"));
+  EXPECT_THAT(stack(), IsEmpty());
+}
+
+TEST_F(ScreenLife, LastsUntilTheOutermostActIsOver) {
+  First& first = desk.use<First>();
+  desk.show(first);
+  hooks["First check Click"] = [] { desk.close<First>(); };
+  hooks["First button Click"] = [&] {
+    first.check.userClick();
+    first.box.setText("still here");
+    EXPECT_EQ(first.box.text(), "still here");
+  };
+  first.button.userClick();
+  EXPECT_EQ(desk.find<First>(), nullptr);
+}
+
 using TheUsualOpening = DeskTest;
 
 TEST_F(TheUsualOpening, ClosesThenLoadsMaximisesAndShows) {
@@ -379,6 +406,13 @@ TEST_F(ProgramRun, MayEndFromWithinAHandler) {
   EXPECT_THAT(desk.loaded(), IsEmpty());
 }
 
+TEST_F(ProgramRun, MayEndWhileAScreenLoads) {
+  hooks["Shell Load"] = [] { desk.end(); };
+  desk.start<ShellFrame>();
+  EXPECT_FALSE(desk.running());
+  EXPECT_THAT(desk.loaded(), IsEmpty());
+}
+
 TEST_F(ProgramRun, EndsWhereTheUserClosesTheFrame) {
   desk.show<First>();
   happened();
@@ -415,6 +449,11 @@ TEST_F(WhatABindingIsTold, ComesBeforeActivateAndAfterUnload) {
   desk.close<First>();
   EXPECT_THAT(happened(), ElementsAre("First Load", "told of First shown", "First Activate", "First box GotFocus",
                                       "told of the focus", "First Unload", "told of First discarded"));
+}
+
+TEST_F(WhatABindingIsTold, ComesBeforeTheLoadOfTheFrame) {
+  desk.start<ShellFrame>();
+  EXPECT_THAT(happened(), ElementsAre("told of Shell discarded", "told of Shell shown", "Shell Load"));
 }
 
 TEST_F(WhatABindingIsTold, IsEveryChangeOfAControl) {

@@ -122,6 +122,8 @@ TEST(TextToMoney, LosesNoDigitOfALongText) {
 TEST(TextToInt16, RoundsHalfToEvenWithinSixteenBits) {
   EXPECT_EQ(toInt16("2.5"), 2);
   EXPECT_EQ(toInt16("3.5"), 4);
+  EXPECT_EQ(toInt16("25.0E-1"), 2);
+  EXPECT_EQ(toInt16("25.1E-1"), 3);
   EXPECT_EQ(toInt16("32767.4"), 32767);
   EXPECT_EQ(toInt16("-32768.5"), -32768);
   EXPECT_THROW(toInt16("32767.5"), FailedStatement);

@@ -80,7 +80,7 @@ TEST_F(StateOptions, TakeTheShapeOfEachState) {
         EXPECT_FALSE(option.value());
         if (!option.enabled()) continue;
         enabled.push_back(splitAt(splitAt(option.address(), '(').back(), ')').front());
-        EXPECT_EQ(option.foreColour(), Colour(255, 128, 128));
+        EXPECT_EQ(option.foreColour(), (Colour{255, 128, 128}));
       }
       EXPECT_THAT(enabled, ElementsAreArray(wanted));
     };
@@ -147,6 +147,18 @@ TEST_F(StateOptions, ReachTheRecordAndTheStoreAtClosing) {
   EXPECT_EQ(storedState("sta401"), "N");
   EXPECT_EQ(storedState("staPreTax"), "N");
   EXPECT_EQ(storedState("MMethod"), "(none)");
+}
+
+TEST_F(StateOptions, SetNoOptionForAStoredNumberThatHasNone) {
+  for (const char* number : {"-1", "10"}) {
+    putState("staMarried", number);
+    putState("staRate", number);
+    open();
+    EXPECT_EQ(setOption(screen().op3Marital), -1) << number;
+    EXPECT_EQ(setOption(screen().optRateSelect), -1) << number;
+    EXPECT_EQ(toText(payData.staMarried), number);
+    desk.end();
+  }
 }
 
 TEST_F(StateOptions, ReplaceTheStateOfTheMainScreen) {

@@ -53,6 +53,9 @@ class ProgramTest : public testing::Test {
     surroundings = realMachine;
   }
 
+  /// What the program has around it where nobody provides anything.
+  const Surroundings realMachine = surroundings;
+
   /// Starts the program; it opens the main screen.
   void start() {
     store.write(section::user, "DontShow", "1");
@@ -88,9 +91,6 @@ class ProgramTest : public testing::Test {
 
   MemoryStore store;
   MachineStandIn machine;
-
- private:
-  const Surroundings realMachine = surroundings;
 };
 
 }  // namespace tallyfin

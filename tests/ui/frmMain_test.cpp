@@ -284,10 +284,12 @@ TEST_F(MainScreen, TurnsAStoredStatusOfTwoIntoOne) {
 }
 
 TEST_F(MainScreen, SelectsNoOptionForAStatusThatHasNone) {
-  put("MaritalStat", "7");
-  start();
-  EXPECT_EQ(payData.maritalStat, 7);
-  for (const OptionButton& option : main().optStatus) EXPECT_FALSE(option.value());
+  for (const char* status : {"7", "-1"}) {
+    put("MaritalStat", status);
+    start();
+    EXPECT_EQ(toText(payData.maritalStat), status);
+    for (const OptionButton& option : main().optStatus) EXPECT_FALSE(option.value());
+  }
 }
 
 TEST_F(MainScreen, ListsSponsorsWithoutTouchingTheRecord) {
@@ -360,14 +362,14 @@ TEST_F(MainScreen, SelectsTheWholeTextOfABoxThatGainsTheFocus) {
 TEST_F(MainScreen, ColoursOptionsAndButtonsByTheFocus) {
   start();
   main().optStatus[0].userFocus();
-  EXPECT_EQ(main().optStatus[0].foreColour(), Colour(192, 192, 255));
+  EXPECT_EQ(main().optStatus[0].foreColour(), (Colour{192, 192, 255}));
   main().optStatus[1].userFocus();
-  EXPECT_EQ(main().optStatus[0].foreColour(), Colour(192, 192, 255));  // still set
+  EXPECT_EQ(main().optStatus[0].foreColour(), (Colour{192, 192, 255}));  // still set
   main().cmdAdditional[0].userFocus();
-  EXPECT_EQ(main().optStatus[1].foreColour(), Colour(255, 255, 128));
-  EXPECT_EQ(main().cmdAdditional[0].foreColour(), Colour(192, 192, 255));
+  EXPECT_EQ(main().optStatus[1].foreColour(), (Colour{255, 255, 128}));
+  EXPECT_EQ(main().cmdAdditional[0].foreColour(), (Colour{192, 192, 255}));
   main().txtIncome.userFocus();
-  EXPECT_EQ(main().cmdAdditional[0].foreColour(), Colour(255, 255, 128));
+  EXPECT_EQ(main().cmdAdditional[0].foreColour(), (Colour{255, 255, 128}));
 }
 
 TEST_F(MainScreen, LeavesWhatAStoredTextThatIsNoNumberWouldSet) {

@@ -245,6 +245,14 @@ TEST_F(PersonalInformation, SavesWhatWasEntered) {
   EXPECT_EQ(desk.use<frmName>().txtSSN.text(), "123-45-6789");
 }
 
+TEST_F(PersonalInformation, SetsNoOptionForAStoredStatusThatHasNone) {
+  for (const char* status : {"-1", "3"}) {
+    put("MaritalStat", status);
+    MDIOpen::start();
+    for (const OptionButton& option : desk.use<frmName>().optMaritalStatus) EXPECT_FALSE(option.value()) << status;
+  }
+}
+
 TEST_F(PersonalInformation, ShowsAtStartUntilTheBoxIsCleared) {
   MDIOpen::start();
   desk.use<frmName>().chkShow.userClick();
@@ -340,6 +348,14 @@ TEST_F(Report, BeepsAndStaysWhereNoDocumentCanBeStarted) {
   EXPECT_EQ(machine.beeps, 1);
   EXPECT_THAT(machine.pointer, IsEmpty());
   EXPECT_EQ(activeDocument(), "frmPrint");
+}
+
+TEST_F(Report, IsQuietlyMissingWithoutAMachineAround) {
+  start();
+  machine.printerWorks = false;
+  Beeper none;
+  surroundings.beeper = &none;
+  EXPECT_EQ(print().vsPrinter1.table(), "");
 }
 
 TEST_F(Report, ShowsTheHourglassMeanwhile) {

@@ -147,7 +147,7 @@ TEST_F(PersonalAllowances, HighlightWhatThePointerIsOver) {
   EXPECT_EQ(sheet().lblChildCare[0].foreColour(), grey);
 
   sheet().cmdInstructions[2].userEnter();
-  EXPECT_EQ(sheet().cmdInstructions[2].foreColour(), Colour(0, 0, 192));
+  EXPECT_EQ(sheet().cmdInstructions[2].foreColour(), (Colour{0, 0, 192}));
   sheet().cmdInstructions[2].userLeave();
   EXPECT_EQ(sheet().cmdInstructions[2].foreColour(), grey);
 }
@@ -537,6 +537,31 @@ TEST_F(TwoEarners, TakeTheAllowancesOfTheTableValueAfterTableTwoAsWell) {
   EXPECT_EQ(payData.w4Allowances, 2);
 }
 
+TEST_F(TwoEarners, LightUpUnderThePointer) {
+  openWith(5);
+  sheet().cmdTable1Show[0].userClick();
+  CommandButton& back = sheet().cmdW4Back[0];
+  OptionButton& option = desk.use<frmTableOne>().optTableOne[1];
+  for (Control* control : std::initializer_list<Control*>{&back, &option}) {
+    control->userEnter();
+    EXPECT_EQ(control->foreColour(), highlight) << control->address();
+    control->userLeave();
+    EXPECT_EQ(control->foreColour(), grey) << control->address();
+  }
+}
+
+TEST_F(TwoEarners, HaveNoTableButTheirTwo) {
+  openWith(5);
+  payData.w4TableMode = 3;
+  frmTableOne& screen = desk.use<frmTableOne>();
+  desk.show(screen);
+  EXPECT_EQ(screen.title(), "");
+  EXPECT_EQ(screen.optTableOne[1].userClick(), Refusal::none);
+  EXPECT_EQ(screen.lstTableOne.userPick(0), Refusal::none);
+  EXPECT_EQ(sheet().lbl2WkerT1.caption(), "0");
+  EXPECT_EQ(sheet().lblTable2.text(), "");
+}
+
 TEST_F(TwoEarners, ChangeNothingWhereATableIsClosedWithoutAChoice) {
   openWith(5);
   sheet().cmdTable1Show[0].userClick();
@@ -581,6 +606,13 @@ TEST_F(FormW4, ShowsTheUserAsSaved) {
   form().txtName.userType("Somebody Else");
   form().cmdW4Exit.userClick();
   EXPECT_EQ(storedUser("UName"), "Ann Lee");
+}
+
+TEST_F(FormW4, IsUsableWithoutAMachineAround) {
+  surroundings = realMachine;
+  open();
+  EXPECT_EQ(form().userDblClick(), Refusal::none);
+  EXPECT_TRUE(form().cmdW4Exit.visible());
 }
 
 TEST_F(FormW4, PrintsItselfWithoutTheButtonAndTheHint) {

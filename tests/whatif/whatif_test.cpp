@@ -308,9 +308,9 @@ TEST_F(LocalTaxPage, IsColouredByTheFocus) {
   EXPECT_EQ(misc().lblOldShow.backColour(), boxes);
   EXPECT_EQ(misc().lstGrossPay.backColour(), boxes);
   misc().cmdExit[0].userFocus();
-  EXPECT_EQ(misc().cmdExit[0].foreColour(), Colour(128, 128, 255));
+  EXPECT_EQ(misc().cmdExit[0].foreColour(), (Colour{128, 128, 255}));
   misc().txtTaxPerCnt.userFocus();
-  EXPECT_EQ(misc().cmdExit[0].foreColour(), Colour(64, 64, 64));
+  EXPECT_EQ(misc().cmdExit[0].foreColour(), (Colour{64, 64, 64}));
 }
 
 class MultipleChecks : public ProgramTest {
@@ -412,10 +412,10 @@ TEST_F(MultipleChecks, GoToTheMainScreenAsAMonthlyIncome) {
 
 TEST_F(MultipleChecks, ColourTheHeadingOfTheFocusedColumn) {
   screen().optSelectETW[2].userFocus();
-  EXPECT_EQ(screen().lblMultiETW.foreColour(), Colour(128, 128, 255));
+  EXPECT_EQ(screen().lblMultiETW.foreColour(), (Colour{128, 128, 255}));
   screen().optSelectWeek[2].userFocus();
-  EXPECT_EQ(screen().lblMultiETW.foreColour(), Colour(64, 64, 64));
-  EXPECT_EQ(screen().lblMultiWeekly.foreColour(), Colour(128, 128, 255));
+  EXPECT_EQ(screen().lblMultiETW.foreColour(), (Colour{64, 64, 64}));
+  EXPECT_EQ(screen().lblMultiWeekly.foreColour(), (Colour{128, 128, 255}));
 }
 
 class Analysis : public ProgramTest {
