@@ -380,6 +380,31 @@ TEST_F(StoreTest, KeepsACopyOfBytesThatAreNoText) {
   }
 }
 
+TEST_F(StoreTest, KeepsACopyWhereANameWontLast) {
+  // QSettings reads these names without a word and writes others in their places, or a line that it can't read again.
+  for (const std::string other :
+       {"=Pat\n", "[Other]\n=Pat\n", "[Other]\nUName/=Pat\n", "[Other]\n//=Pat\n", "[Other]\n/UName=Pat\n",
+        "[]\nUName=Pat\n", "[////]\nUName=Pat\n", "[%general]\nUName=Pat\n", "[%GENERAL]\nUName=Pat\n"}) {
+    const std::string content = other + "[Settings]\nHours=40\n";
+    fs::remove(path.string() + ".damaged");
+    put(path, content);
+    opened().write(section::settings, "IncAmt", "1000");
+    EXPECT_EQ(bytesOf(path.string() + ".damaged"), content);
+    EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\nIncAmt=1000\n");
+    EXPECT_NO_TROUBLE(opened());
+  }
+}
+
+TEST_F(StoreTest, TakesNoNameThatLastsForDamage) {
+  const std::string content = "[%General]\nUName=1\n\n[General]\nUName=2\n\n[Other]\na\\b=3\ngeneral=4\n";
+  put(path, content);
+  opened().write(section::settings, "IncAmt", "1000");
+  EXPECT_THAT(names(), testing::ElementsAre("Tallyfin99.ini"));
+  for (const char* part : {"[%General]\nUName=1\n", "[General]\nUName=2\n", "[Other]\na\\b=3\ngeneral=4\n"}) {
+    EXPECT_THAT(bytesOf(path), HasSubstr(part));
+  }
+}
+
 TEST_F(StoreTest, KeepsACopyOfAFileThatIsDamagedDuringTheRun) {
   put(path, "[Settings]\nHours=40\n");
   Store store = opened();
