@@ -92,8 +92,8 @@ QByteArray native(const QString& path) { return QFile::encodeName(path); }
 
 std::optional<QByteArray> contentOf(const QString& path) {
   QFile file(path);
-  if (!file.open(QFile::ReadOnly)) return std::nullopt;
-  return file.read(largestFile);
+  if (!file.open(QFile::ReadOnly) || file.size() > largestFile) return std::nullopt;
+  return file.readAll();
 }
 
 /// Writes a new file; where that fails none is left.
