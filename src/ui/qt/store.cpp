@@ -142,11 +142,16 @@ void Store::write(std::string_view section, std::string_view key, const std::str
 
 void Store::erase(std::string_view section, std::string_view key) { change(section, key, std::nullopt); }
 
+void Store::saveTogether() {
+  putOff_ = false;
+  if (!unsaved_.empty()) save();
+}
+
 void Store::change(std::string_view section, std::string_view key, const Text& text) {
   if (known_.read(section, key) == text && unsaved_.empty() && unchangedOutside()) return;
   apply(section, key, text);
   unsaved_[{std::string(section), std::string(key)}] = text;
-  save();
+  if (!putOff_) save();
 }
 
 void Store::apply(std::string_view section, std::string_view key, const Text& text) {
