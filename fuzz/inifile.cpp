@@ -1,8 +1,10 @@
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <cstdint>
 #include <cstdlib>
+#include <map>
 
 #include "ui/qt/store.h"
 
@@ -19,6 +21,16 @@ QString folder() {
   return made.path();
 }
 
+/// The other settings of a file as QSettings reads them, also those that are no setting of this program's.
+std::map<QString, QStringList> othersIn(const QString& path) {
+  std::map<QString, QStringList> others;
+  const QSettings file(path, QSettings::IniFormat);
+  for (const QString& name : file.allKeys())
+    others[name] = name.isEmpty() ? QStringList() : file.value(name).toStringList();
+  others.erase("Settings/IncAmt");
+  return others;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -31,6 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QFile file(path);
     if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size()) std::abort();
   }
+  const auto others = othersIn(path);
   qt::Store before(path);
   auto wanted = before.all();
   const std::string text = bytes.toStdString();
@@ -42,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   QFile copy(path + ".damaged");
   const bool damaged = copy.open(QFile::ReadOnly);
   if (damaged ? copy.readAll() != bytes : before.all() != wanted || after.all() != wanted) std::abort();
-  if (!damaged && !after.trouble().isEmpty()) std::abort();
+  if (!damaged && (!after.trouble().isEmpty() || othersIn(path) != others)) std::abort();
 
   for (const QString& left : QDir(folder()).entryList({name + '*'}, QDir::Files)) QFile::remove(folder() + '/' + left);
   return 0;

@@ -17,7 +17,8 @@ inline constexpr std::string_view stateInfo = "StateInfo";  ///< The state optio
 inline constexpr std::string_view user = "User";            ///< Personal details.
 }  // namespace section
 
-/// The user's last entries between runs: texts by application, section and key. A value is written at once.
+/// The user's last entries between runs: texts by application, section and key. A value is written at once,
+/// several together at the end of a SavedTogether.
 class SettingsStore {
  public:
   using Section = std::map<std::string, std::string, std::less<>>;
@@ -30,6 +31,9 @@ class SettingsStore {
   /// Stores a text at once. Where that is impossible the text still counts for this run.
   virtual void write(std::string_view section, std::string_view key, const std::string& text) = 0;
   virtual void erase(std::string_view section, std::string_view key) = 0;
+  /// What is written from here to saveTogether() counts at once, but need not be stored before.
+  virtual void putOffSaving() {}
+  virtual void saveTogether() {}
   /// Everything that is stored; a section without keys doesn't stand there.
   virtual Sections all() const = 0;
 };
@@ -53,8 +57,17 @@ void useSettingsStore(SettingsStore& store);
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultText);
 
-/// Writes at once.
+/// Writes at once, or with others at the end of a SavedTogether.
 void saveSetting(std::string_view application, std::string_view section, std::string_view key, const std::string& text);
+
+/// While it lives, values are written as ever and stored together at its end, so that the disk is waited for once.
+class SavedTogether {
+ public:
+  SavedTogether();
+  ~SavedTogether();
+  SavedTogether(const SavedTogether&) = delete;
+  SavedTogether& operator=(const SavedTogether&) = delete;
+};
 
 /// One section of the program's own settings.
 class SettingsSection {

@@ -148,6 +148,7 @@ void frmMain::calculateCommand() {
 }
 
 void frmMain::saveEntries() {
+  const SavedTogether together;
   lastEntries.save("IncAmt", toText(payData.grossPay));
   lastEntries.save("401k", toText(payData.rate401k));  // the fraction: a typed 6 comes back as 0.06
   lastEntries.save("NotTax", toText(payData.preTax));

@@ -41,6 +41,26 @@ TEST_F(MainScreen, ShowsDefaultsOnAFirstRun) {
   EXPECT_EQ(store.read(section::settings, "Frequency"), std::nullopt);
 }
 
+TEST_F(MainScreen, SavesTheEntriesOfACalculationTogether) {
+  struct : MemoryStore {
+    void write(std::string_view section, std::string_view key, const std::string& text) override {
+      log.push_back(std::string(key) + '=' + text);
+      MemoryStore::write(section, key, text);
+    }
+    void putOffSaving() override { log.emplace_back("put off"); }
+    void saveTogether() override { log.emplace_back("save"); }
+    std::vector<std::string> log;
+  } watched;
+  startWithAWeek();
+  main().txtIncome.userType("1000");
+  main().txt401k.userType("6");
+  useSettingsStore(watched);
+  calculate();
+  useSettingsStore(store);
+  EXPECT_THAT(watched.log, ElementsAre("put off", "IncAmt=1000", "401k=0.06", "NotTax=0", "SSExmp=0", "Hours=40",
+                                       "State=0", "Deps=1", "Frequency=0", "MaritalStat=1", "LocalAmt=0", "save"));
+}
+
 TEST_F(MainScreen, AppliesNoTableWithoutAFrequency) {
   start();
   main().txtIncome.userType("5000");

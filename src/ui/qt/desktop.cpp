@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QMessageBox>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -10,6 +11,7 @@
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/printer.h"
+#include "ui/qt/store.h"
 #include "ui/qt/view.h"
 
 namespace tallyfin::qt {
@@ -33,6 +35,18 @@ Desktop::~Desktop() {
 }
 
 void Desktop::start() { MDIOpen::start(); }
+
+void Desktop::tellTrouble(const Store& store) const {
+  const QString trouble = store.trouble();
+  if (trouble.isEmpty()) return;
+  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"),
+                              trouble + QStringLiteral("\n\nYou can work as usual, but what you enter may be forgotten "
+                                                       "when the program ends."),
+                              QMessageBox::Ok, frame());
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setModal(false);
+  box->show();
+}
 
 View* Desktop::view(std::string_view screenName) const {
   const Screen* screen = desk.find(screenName);

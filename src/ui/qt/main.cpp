@@ -1,7 +1,6 @@
 #include <sys/stat.h>
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QPixmap>
 #include <QSplashScreen>
 
@@ -9,23 +8,6 @@
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/store.h"
-
-namespace {
-
-/// Said once, at start; the program works on.
-void tellTrouble(const tallyfin::qt::Store& store, QWidget* frame) {
-  const QString trouble = store.trouble();
-  if (trouble.isEmpty()) return;
-  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"),
-                              trouble + QStringLiteral("\n\nYou can work as usual, but what you enter may be forgotten "
-                                                       "when the program ends."),
-                              QMessageBox::Ok, frame);
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setModal(false);
-  box->show();
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
   umask(S_IRWXG | S_IRWXO);  // whatever the program writes is the user's alone
@@ -43,6 +25,6 @@ int main(int argc, char** argv) {
   tallyfin::qt::Desktop desktop;
   desktop.start();
   splash.finish(desktop.frame());
-  tellTrouble(store, desktop.frame());
+  desktop.tellTrouble(store);
   return QApplication::exec();
 }

@@ -56,22 +56,44 @@ std::string textOf(const QVariant& value) {
   return value.toStringList().join(',').toStdString();  // commas without quotes, written by hand, make a list
 }
 
-/// Whether QSettings would write every value as it read it.
+/// Whether QSettings can hold a name that it has read: it knows none with nothing before, between or after slashes,
+/// though it reads them, and writes the section General in one spelling only.
+bool lastingName(const QString& name) {
+  const QStringList parts = name.split('/');
+  const bool general = parts.size() > 1 && parts[0].compare(QStringLiteral("General"), Qt::CaseInsensitive) == 0;
+  return !parts.contains(QString()) && (!general || parts[0] == QStringLiteral("General"));
+}
+
+bool lastingValue(const QVariant& value) {
+  const QString text = value.toStringList().join(',');
+  return text.isValidUtf16() && (!text.contains(QChar::ByteOrderMark) || value.typeId() == QMetaType::QByteArray);
+}
+
+/// Whether QSettings would write everything as it read it.
 bool lasting(const QSettings& file) {
   const QStringList names = file.allKeys();
-  return std::all_of(names.begin(), names.end(), [&](const QString& name) {
-    const QString text = file.value(name).toStringList().join(',');
-    return text.isValidUtf16() &&
-           (!text.contains(QChar::ByteOrderMark) || file.value(name).typeId() == QMetaType::QByteArray);
-  });
+  return std::all_of(names.begin(), names.end(),
+                     [&](const QString& name) { return lastingName(name) && lastingValue(file.value(name)); });
+}
+
+/// Drops the names that QSettings can't hold. It can't find them to remove them one by one.
+void dropPassingNames(QSettings& file) {
+  std::map<QString, QVariant> kept;
+  const QStringList names = file.allKeys();
+  for (const QString& name : names) {
+    if (lastingName(name)) kept[name] = file.value(name);
+  }
+  if (kept.size() == static_cast<std::size_t>(names.size())) return;
+  file.clear();
+  for (const auto& [name, value] : kept) file.setValue(name, value);
 }
 
 QByteArray native(const QString& path) { return QFile::encodeName(path); }
 
 std::optional<QByteArray> contentOf(const QString& path) {
   QFile file(path);
-  if (!file.open(QFile::ReadOnly)) return std::nullopt;
-  return file.read(largestFile);
+  if (!file.open(QFile::ReadOnly) || file.size() > largestFile) return std::nullopt;
+  return file.readAll();
 }
 
 /// Writes a new file; where that fails none is left.
@@ -120,11 +142,16 @@ void Store::write(std::string_view section, std::string_view key, const std::str
 
 void Store::erase(std::string_view section, std::string_view key) { change(section, key, std::nullopt); }
 
+void Store::saveTogether() {
+  putOff_ = false;
+  if (!unsaved_.empty()) save();
+}
+
 void Store::change(std::string_view section, std::string_view key, const Text& text) {
   if (known_.read(section, key) == text && unsaved_.empty() && unchangedOutside()) return;
   apply(section, key, text);
   unsaved_[{std::string(section), std::string(key)}] = text;
-  save();
+  if (!putOff_) save();
 }
 
 void Store::apply(std::string_view section, std::string_view key, const Text& text) {
@@ -241,6 +268,7 @@ bool Store::keptIfDamaged() {
 
 void Store::writeUnsaved() {
   QSettings file(path_, QSettings::IniFormat);
+  if (!unsaved_.empty()) dropPassingNames(file);
   qint64 length = QFileInfo(path_).size();
   for (const auto& [name, text] : unsaved_) {
     const QString entry = encoded(name.first) + '/' + encoded(name.second);

@@ -31,6 +31,8 @@ class Store : public SettingsStore {
   std::optional<std::string> read(std::string_view section, std::string_view key) const override;
   void write(std::string_view section, std::string_view key, const std::string& text) override;
   void erase(std::string_view section, std::string_view key) override;
+  void putOffSaving() override { putOff_ = true; }
+  void saveTogether() override;
   Sections all() const override { return known_.all(); }
 
   /// What keeps the settings from being kept, or what was found damaged; empty if nothing.
@@ -62,6 +64,7 @@ class Store : public SettingsStore {
   QString failure_;      ///< Why the last save didn't succeed.
   QString notice_;       ///< What was found when the file was read.
   struct stat seen_ {};  ///< The file as this run knows it.
+  bool putOff_ = false;
   MemoryStore known_;
   std::map<std::pair<std::string, std::string>, Text> unsaved_;
 };

@@ -1,5 +1,6 @@
 #include <QAbstractItemView>
 #include <QEvent>
+#include <QFile>
 #include <QRegularExpression>
 
 #include "controls/desk.h"
@@ -9,7 +10,7 @@
 namespace tallyfin::qt {
 
 DesktopTest::DesktopTest() {
-  store_.emplace(folder_.filePath("settings.ini"));
+  store_.emplace(storePath());
   useSettingsStore(*store_);
 }
 
@@ -22,11 +23,18 @@ void DesktopTest::stored(std::string_view section, std::string_view key, const s
   store_->write(section, key, text);
 }
 
+void DesktopTest::putFile(const QByteArray& content) const {
+  QFile file(storePath());
+  if (!file.open(QFile::WriteOnly) || file.write(content) != content.size()) throw std::runtime_error("can't write");
+}
+
 void DesktopTest::start() {
   desktop_ = std::make_unique<Desktop>();
   desktop_->start();
   frame().activateWindow();
   if (!QTest::qWaitForWindowActive(&frame())) throw std::runtime_error("the frame doesn't become the active window");
+  settle();
+  desktop_->tellTrouble(*store_);
   settle();
 }
 
@@ -38,7 +46,7 @@ void DesktopTest::startOnMain() {
 void DesktopTest::restart() {
   desktop_.reset();
   settle();
-  store_.emplace(folder_.filePath("settings.ini"));
+  store_.emplace(storePath());
   useSettingsStore(*store_);
   start();
 }

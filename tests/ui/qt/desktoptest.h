@@ -37,6 +37,9 @@ class DesktopTest : public ::testing::Test {
   void start();
   /// As start, where the personal information isn't asked for: the main screen comes first.
   void startOnMain();
+  /// What stands in the store's file at the next start.
+  void putFile(const QByteArray& content) const;
+  QString storePath() const { return folder_.filePath("settings.ini"); }
   /// Ends the program and starts it again on the same store file.
   void restart();
   /// Lets the program do what it has put off.

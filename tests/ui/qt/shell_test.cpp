@@ -1,4 +1,6 @@
 #include <QDialog>
+#include <QMessageBox>
+#include <QPointer>
 #include <QToolButton>
 
 #include "controls/desk.h"
@@ -28,6 +30,27 @@ TEST_F(ShellDesktop, PersonalInformationComesFirstOnAFreshStore) {
   click("frmName", "cmdExit");
   EXPECT_EQ(front(), "Calculations");
   EXPECT_FALSE(shown("frmName"));
+}
+
+TEST_F(ShellDesktop, TellsOfADamagedStoreAndWorksOn) {
+  putFile("[User]\nDontShow=1\nno setting at all\n");
+  restart();
+  const QPointer<QDialog> box = boxAbove(frame());
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).text(),
+            storePath() + " was damaged; what it held is kept as " + storePath() +
+                ".damaged.\n\nYou can work as usual, but what you enter may be forgotten when the program ends.");
+  EXPECT_FALSE(box->isModal());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(box));
+  press(Qt::Key_Return);
+  EXPECT_EQ(box, nullptr);
+  EXPECT_EQ(front(), "Calculations");
+}
+
+TEST_F(ShellDesktop, TellsNothingOfASoundStore) {
+  putFile("[User]\nDontShow=1\n");
+  restart();
+  EXPECT_EQ(boxAbove(frame()), nullptr);
 }
 
 TEST_F(ShellDesktop, TheNameIsTheOneRequiredField) {

@@ -16,8 +16,12 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <set>
 #include <sstream>
+
+#include "engine/failure.h"
+#include "engine/numbertext.h"
 
 namespace tallyfin::qt {
 
@@ -105,6 +109,47 @@ TEST_F(StoreTest, DoesNotWriteAnEqualValueAgain) {
   ASSERT_EQ(::stat(path.c_str(), &after), 0);
   EXPECT_EQ(before.st_ino, after.st_ino);
   EXPECT_EQ(before.st_ctim.tv_nsec, after.st_ctim.tv_nsec);
+}
+
+TEST_F(StoreTest, SavesTogetherAtTheEnd) {
+  Store store = opened();
+  useSettingsStore(store);
+  {
+    const SavedTogether together;
+    lastEntries.save("IncAmt", "1000");
+    user.save("UName", "Pat");
+    store.erase(section::settings, "IncAmt");
+    lastEntries.save("Hours", "40");
+    EXPECT_EQ(lastEntries.get("Hours", "80"), "40");
+    EXPECT_EQ(bytesOf(path), "");
+  }
+  EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\n\n[User]\nUName=Pat\n");
+  store.write(section::settings, "Hours", "41");
+  EXPECT_EQ(kept("Hours"), "41");
+}
+
+TEST_F(StoreTest, SavesTogetherWhatWasWrittenBeforeAFailure) {
+  Store store = opened();
+  useSettingsStore(store);
+  step([] {
+    const SavedTogether together;
+    lastEntries.save("IncAmt", "1000");
+    lastEntries.save("401k", toText(std::numeric_limits<double>::infinity()));
+    lastEntries.save("Hours", "40");
+  });
+  EXPECT_EQ(bytesOf(path), "[Settings]\nIncAmt=1000\n");
+}
+
+TEST_F(StoreTest, WritesNoEqualValuesAgainTogether) {
+  Store store = opened();
+  useSettingsStore(store);
+  lastEntries.save("IncAmt", "1000");
+  const auto before = fs::last_write_time(path);
+  {
+    const SavedTogether together;
+    lastEntries.save("IncAmt", "1000");
+  }
+  EXPECT_EQ(fs::last_write_time(path), before);
 }
 
 TEST_F(StoreTest, KeepsTheOtherSettingsOfTheFile) {
@@ -377,6 +422,31 @@ TEST_F(StoreTest, KeepsACopyOfBytesThatAreNoText) {
     opened().write(section::settings, "IncAmt", "1000");
     EXPECT_EQ(bytesOf(path.string() + ".damaged"), content);
     EXPECT_EQ(kept("Hours"), "40");
+  }
+}
+
+TEST_F(StoreTest, KeepsACopyWhereANameWontLast) {
+  // QSettings reads these names without a word and writes others in their places, or a line that it can't read again.
+  for (const std::string other :
+       {"=Pat\n", "[Other]\n=Pat\n", "[Other]\nUName/=Pat\n", "[Other]\n//=Pat\n", "[Other]\n/UName=Pat\n",
+        "[]\nUName=Pat\n", "[////]\nUName=Pat\n", "[%general]\nUName=Pat\n", "[%GENERAL]\nUName=Pat\n"}) {
+    const std::string content = other + "[Settings]\nHours=40\n";
+    fs::remove(path.string() + ".damaged");
+    put(path, content);
+    opened().write(section::settings, "IncAmt", "1000");
+    EXPECT_EQ(bytesOf(path.string() + ".damaged"), content);
+    EXPECT_EQ(bytesOf(path), "[Settings]\nHours=40\nIncAmt=1000\n");
+    EXPECT_NO_TROUBLE(opened());
+  }
+}
+
+TEST_F(StoreTest, TakesNoNameThatLastsForDamage) {
+  const std::string content = "[%General]\nUName=1\n\n[General]\nUName=2\n\n[Other]\na\\b=3\ngeneral=4\n";
+  put(path, content);
+  opened().write(section::settings, "IncAmt", "1000");
+  EXPECT_THAT(names(), testing::ElementsAre("Tallyfin99.ini"));
+  for (const char* part : {"[%General]\nUName=1\n", "[General]\nUName=2\n", "[Other]\na\\b=3\ngeneral=4\n"}) {
+    EXPECT_THAT(bytesOf(path), HasSubstr(part));
   }
 }
 
