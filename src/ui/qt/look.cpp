@@ -5,6 +5,7 @@
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QHash>
+#include <QPixmapCache>
 #include <QStyleFactory>
 #include <QToolTip>
 #include <QWidget>
@@ -68,6 +69,9 @@ void apply(QApplication& application) {
   application.setPalette(onDeep());
   QToolTip::setFont(font);
   QToolTip::setPalette(onPaper());
+  // The toolkit would keep what it has drawn by a name that counts palettes. The widgets of a screen take new palettes
+  // each time they are made, so nothing would be found again, and the names would never be let go.
+  QPixmapCache::setCacheLimit(0);
 }
 
 QPalette onDeep() { return paletteOf(deep, light, deepLighter, light); }
