@@ -4,7 +4,6 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
-#include <QHash>
 #include <QPixmapCache>
 #include <QStyleFactory>
 #include <QToolTip>
@@ -132,14 +131,6 @@ QFont figures() {
 
 QColor colour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
-const QIcon& picture(const QString& name) {
-  // One icon for each, so that its pixmaps are kept once; not destroyed, for it would outlive the application.
-  static auto& pictures = *new QHash<QString, QIcon>;
-  auto known = pictures.find(name);
-  if (known == pictures.end()) {
-    known = pictures.insert(name, QIcon(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg")));
-  }
-  return *known;
-}
+QIcon picture(const QString& name) { return QIcon(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg")); }
 
 }  // namespace tallyfin::qt::look

@@ -62,6 +62,6 @@ QFont figures();
 QColor colour(Colour colour);
 
 /// A picture of the program by its file name without the ending.
-const QIcon& picture(const QString& name);
+QIcon picture(const QString& name);
 
 }  // namespace tallyfin::qt::look
