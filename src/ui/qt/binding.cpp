@@ -102,8 +102,7 @@ void Binding::applyColours() {
       widget_.setAutoFillBackground(true);
     }
   }
-  // A palette that says nothing new is no palette: the toolkit would draw and keep everything once more for it.
-  if (widget_.testAttribute(Qt::WA_SetPalette) || palette.resolveMask() != 0) widget_.setPalette(palette);
+  widget_.setPalette(palette);
 }
 
 bool Binding::eventFilter(QObject* /*watched*/, QEvent* event) {

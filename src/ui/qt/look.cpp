@@ -4,7 +4,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
-#include <QHash>
+#include <QPixmapCache>
 #include <QStyleFactory>
 #include <QToolTip>
 #include <QWidget>
@@ -68,6 +68,9 @@ void apply(QApplication& application) {
   application.setPalette(onDeep());
   QToolTip::setFont(font);
   QToolTip::setPalette(onPaper());
+  // The toolkit would keep what it has drawn by a name that counts palettes. The widgets of a screen take new palettes
+  // each time they are made, so nothing would be found again, and the names would never be let go.
+  QPixmapCache::setCacheLimit(0);
 }
 
 QPalette onDeep() { return paletteOf(deep, light, deepLighter, light); }
@@ -128,14 +131,6 @@ QFont figures() {
 
 QColor colour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
-const QIcon& picture(const QString& name) {
-  // One icon for each, so that its pixmaps are kept once; not destroyed, for it would outlive the application.
-  static auto& pictures = *new QHash<QString, QIcon>;
-  auto known = pictures.find(name);
-  if (known == pictures.end()) {
-    known = pictures.insert(name, QIcon(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg")));
-  }
-  return *known;
-}
+QIcon picture(const QString& name) { return QIcon(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg")); }
 
 }  // namespace tallyfin::qt::look

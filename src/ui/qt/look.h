@@ -34,7 +34,7 @@ inline constexpr int edge = 12;
 /// A measure of something that holds text: pixels at the normal font, more at a larger one.
 int scaled(int pixels);
 
-/// Sets style, font and palette of the whole program.
+/// Sets style, font and palette of the whole program, and that the toolkit keeps no drawn pixmaps.
 void apply(QApplication& application);
 
 /// Palettes for the three grounds.
@@ -62,6 +62,6 @@ QFont figures();
 QColor colour(Colour colour);
 
 /// A picture of the program by its file name without the ending.
-const QIcon& picture(const QString& name);
+QIcon picture(const QString& name);
 
 }  // namespace tallyfin::qt::look
