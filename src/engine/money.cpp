@@ -11,11 +11,12 @@ namespace {
 
 /// The multiple of `step` units nearest to the amount, an exact half to the even multiple; counted in steps.
 std::int64_t nearestEven(Money amount, std::int64_t step) {
-  std::int64_t steps = amount.units() / step;
+  const std::int64_t steps = amount.units() / step;
   const std::int64_t rest = amount.units() % step;
   const std::int64_t twice = 2 * std::abs(rest);
-  if (twice > step || (twice == step && steps % 2 != 0)) steps += rest < 0 ? -1 : 1;
-  return steps;
+  const bool farther = twice > step || (twice == step && steps % 2 != 0);
+  if (!farther) return steps;
+  return rest < 0 ? steps - 1 : steps + 1;
 }
 
 Money ofSteps(std::int64_t steps, std::int64_t step) {

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "states/northcarolinatables.h"
 #include "states/oregontables.h"
 #include "states/states.h"
@@ -22,10 +24,7 @@ static const PerFrequency<CreditedBands>* chosenTables() {
 void Oregon() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([] {
-    const Money cap = oregon::federalCap.now();
-    payData.stateDepsDed = payData.fedTax > cap ? cap : payData.fedTax;
-  });
+  step([] { payData.stateDepsDed = std::min<Money>(payData.fedTax, oregon::federalCap.now()); });
   // Monthly has no such step: its allowance is the capped tax once, however many exemptions.
   step([&] {
     if (frequencyKnown() && payData.frequency != 3) payData.stateDepsDed = payData.stateDepsDed * work.exemptions;

@@ -27,6 +27,14 @@ TEST_F(AnnualScheduleStates, VirginiaJoinsItsRows) {
   }
 }
 
+TEST_F(AnnualScheduleStates, VirginiaEndsItsTwoPercentAtThreeThousand) {
+  payData.payPeriods = 24;
+  payData.grossPay = dollars("229.1685");
+  Virginia();
+  EXPECT_EQ(sheet.stateWage, dollars("3000.044"));
+  EXPECT_EQ(payData.stateTax, 3);  // 60.0013 / 24 is 2.5001
+}
+
 TEST_F(AnnualScheduleStates, VirginiaRoundsANegativeTax) {
   payData.payPeriods = 52;
   payData.grossPay = 10;
@@ -59,6 +67,15 @@ TEST_F(AnnualScheduleStates, SouthCarolinaCapsTheStandardDeduction) {
   EXPECT_EQ(payData.stateTax, dollars("21.2548"));
   EXPECT_EQ(payData.staDeps, 2);
   EXPECT_EQ(sheet.exemptions, 5);
+}
+
+TEST_F(AnnualScheduleStates, SouthCarolinaCapsTheStandardDeductionFromTheFirstCentOn) {
+  payData.payPeriods = 1;
+  payData.grossPay = 21255;
+  sheet.exemptionsEntry = "1";
+  SCarolina();
+  EXPECT_EQ(sheet.stateStdDed, 2125);  // 2,125.50 otherwise
+  EXPECT_EQ(sheet.stateWage, 17230);
 }
 
 TEST_F(AnnualScheduleStates, SouthCarolinaTaxesTheWholeWageWithoutExemptions) {

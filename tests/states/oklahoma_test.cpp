@@ -96,6 +96,12 @@ TEST_F(OklahomaTest, LetsTheLastTaxShrinkForAStatusOfAnotherState) {
   payData.stateTax = 1200;
   Oklahoma();
   EXPECT_EQ(payData.stateTax, 165);  // (1,200 + 12,000 at 6.5 percent) / 12
+  payData.payPeriods = 1;
+  payData.grossPay = 22561;
+  payData.stateTax = dollars("164.44");
+  Oklahoma();
+  EXPECT_EQ(payData.stateTax, 165);  // 0.065 more
+  payData.payPeriods = 12;
   payData.grossPay = 1880;
   Oklahoma();
   EXPECT_EQ(payData.stateTax, 14);  // 13.75

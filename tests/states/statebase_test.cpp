@@ -121,6 +121,17 @@ TEST_F(StateSequence, ATextThatIsNoNumberLeavesTheExemptions) {
   EXPECT_EQ(payData.stateDepsDed, dollars("85.8"));
 }
 
+TEST_F(StateSequence, FourFrequenciesAreKnown) {
+  for (const int frequency : {0, 1, 2, 3}) {
+    payData.frequency = frequency;
+    EXPECT_TRUE(frequencyKnown()) << frequency;
+  }
+  for (const int frequency : {-1, 4}) {
+    payData.frequency = frequency;
+    EXPECT_FALSE(frequencyKnown()) << frequency;
+  }
+}
+
 TEST_F(StateSequence, WithoutAFrequencyTheTableIsSkipped) {
   payData.frequency = -1;
   payData.grossPay = 1000;

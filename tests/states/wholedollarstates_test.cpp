@@ -75,9 +75,12 @@ TEST_F(WholeDollarStates, MaineForgivesAnAnnualTaxOfForty) {
   payData.grossPay = 3500;
   MaineTax();
   EXPECT_EQ(payData.stateTax, 0);
-  payData.grossPay = dollars("3500.01");
-  MaineTax();
-  EXPECT_EQ(payData.stateTax, 40);
+  for (const auto& [status, wage] : {std::pair{0, "6350.01"}, {1, "3500.01"}, {2, "4175.01"}}) {
+    payData.maritalStat = status;
+    payData.grossPay = dollars(wage);
+    MaineTax();
+    EXPECT_EQ(payData.stateTax, 40) << wage;  // 40.0002
+  }
 }
 
 TEST_F(WholeDollarStates, MaineKeepsTheLastTaxInItsGaps) {
@@ -138,6 +141,28 @@ TEST_F(WholeDollarStates, MinnesotaRoundsTheAdditionalAmountToo) {
   EXPECT_EQ(payData.stateTax, 11);
 }
 
+TEST_F(WholeDollarStates, MinnesotaShowsInTheSumWhereItsRowsJoin) {
+  struct Join {
+    int maritalStat;
+    const char* wage;
+    const char* additional;
+    int sum;
+  };
+  payData.payPeriods = 1;
+  for (const Join& join : {Join{0, "4450.99", "0.45", 1},     // 0.0594
+                           {0, "29670", "0.40", 1514},        // 1,513.20
+                           {0, "29670.99", "0.30", 1513},     // 1,513.0792
+                           {1, "1550.99", "0.45", 1},         // 0.0594
+                           {1, "18800.99", "0.43", 1036},     // 1,035.0792
+                           {1, "58220.99", "0.45", 4190}}) {  // 4,189.0842
+    payData.maritalStat = join.maritalStat;
+    payData.grossPay = dollars(join.wage);
+    payData.staAdd = dollars(join.additional);
+    Minnesota();
+    EXPECT_EQ(payData.stateTax, join.sum) << join.wage;
+  }
+}
+
 TEST_F(WholeDollarStates, MinnesotaKeepsTheLastDeductionFromTwelveExemptionsOn) {
   payData.payPeriods = 1;
   payData.grossPay = 40000;
@@ -166,6 +191,14 @@ TEST_F(WholeDollarStates, MississippiUsesTheAdditionalAmountTwice) {
   Mississippi();
   EXPECT_EQ(sheet.stateWage, 10000);  // less 2,300 and 100
   EXPECT_EQ(payData.stateTax, 450);
+}
+
+TEST_F(WholeDollarStates, MississippiEndsItsThreePercentAtFiveThousand) {
+  payData.payPeriods = 12;
+  payData.grossPay = dollars("608.3347");
+  Mississippi();
+  EXPECT_EQ(sheet.stateWage, dollars("5000.0164"));
+  EXPECT_EQ(payData.stateTax, 13);  // 150.0007 / 12 is 12.5001
 }
 
 TEST_F(WholeDollarStates, MississippiChoosesTheStandardDeductionByTheButton) {

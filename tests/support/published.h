@@ -47,13 +47,16 @@ struct Row {
     return test == "<=" ? x <= bound : test == "<" ? x < bound : test == ">" ? x > bound : x >= bound;
   }
 
-  /// The first wages between the two at which the tax is half a dollar more than a whole one.
-  std::vector<Units> halfDollars(Units from, Units to) const {
+  Units taxOn(Units x) const { return rounded(real(x - lower) * rate + plus); }
+
+  /// The first wages between the two from which on the tax is a whole dollar more, to the nearest.
+  std::vector<Units> risesOfADollar(Units from, Units to) const {
     std::vector<Units> wages;
     if (rate <= 0) return wages;
-    const double first = std::ceil(real(from - lower) * rate + plus - 0.5) + 0.5;
-    for (double tax = first; wages.size() < 3; ++tax) {
-      const Units wage = lower + rounded((tax - plus) / rate);
+    for (double tax = std::ceil(real(taxOn(from)) - 0.5) + 0.5; wages.size() < 3; ++tax) {
+      Units wage = lower + rounded((tax - plus) / rate);
+      while (real(wholeDollars(taxOn(wage))) < tax) ++wage;
+      while (real(wholeDollars(taxOn(wage - 1))) > tax) --wage;
       if (wage > to) break;
       wages.push_back(wage);
     }
@@ -82,16 +85,15 @@ struct Table {
   }
 
   /// Wages that tell each row from one with any other figure: a wage below zero and one far above, each bound with what
-  /// lies closely, a cent and a dollar around it, and where the tax of the row passes half a dollar, since rounding hides
-  /// the rest.
+  /// lies closely, a cent and a dollar around it, and, since rounding hides the rest, where the rounded tax rises.
   std::vector<Units> probes() const {
     std::vector<Units> wages{units(-50), rows.back().bound + 123456700};
     Units from = 0;
     for (const Row& row : rows) {
-      for (const Units off : {-10000, -100, 0, 99, 100, 9900, 10000}) wages.push_back(row.bound + off);
+      for (const Units off : {-10000, -100, 0, 50, 99, 100, 9900, 10000}) wages.push_back(row.bound + off);
       const Units to = &row == &rows.back() ? row.bound + 10000000 : row.bound;
-      for (const Units half : row.halfDollars(std::max(from, row.lower), to)) {
-        wages.insert(wages.end(), {half - 100, half, half + 100});
+      for (const Units wage : row.risesOfADollar(std::max(from, row.lower), to)) {
+        wages.insert(wages.end(), {wage - 100, wage - 1, wage});
       }
       from = row.bound;
     }

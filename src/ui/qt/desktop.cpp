@@ -39,9 +39,10 @@ void Desktop::start() { MDIOpen::start(); }
 void Desktop::tellTrouble(const Store& store) const {
   const QString trouble = store.trouble();
   if (trouble.isEmpty()) return;
-  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"),
-                              trouble + QStringLiteral("\n\nYou can work as usual, but what you enter may be forgotten "
-                                                       "when the program ends."),
+  const QString consequence = store.keeps() ? QString()
+                                            : QStringLiteral("\n\nYou can work as usual, but what you enter may be "
+                                                             "forgotten when the program ends.");
+  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"), trouble + consequence,
                               QMessageBox::Ok, frame());
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setModal(false);

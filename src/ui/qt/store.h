@@ -38,6 +38,9 @@ class Store : public SettingsStore {
   /// What keeps the settings from being kept, or what was found damaged; empty if nothing.
   QString trouble() const { return failure_.isEmpty() ? notice_ : failure_; }
 
+  /// Whether the last change was kept.
+  bool keeps() const { return failure_.isEmpty(); }
+
   /// Where the desktop program keeps its settings.
   static QString usualPath();
 

@@ -1,4 +1,5 @@
 #include <QDialog>
+#include <QDir>
 #include <QMessageBox>
 #include <QPointer>
 #include <QToolButton>
@@ -38,13 +39,22 @@ TEST_F(ShellDesktop, TellsOfADamagedStoreAndWorksOn) {
   const QPointer<QDialog> box = boxAbove(frame());
   ASSERT_NE(box, nullptr);
   EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).text(),
-            storePath() + " was damaged; what it held is kept as " + storePath() +
-                ".damaged.\n\nYou can work as usual, but what you enter may be forgotten when the program ends.");
+            storePath() + " was damaged; what it held is kept as " + storePath() + ".damaged.");
   EXPECT_FALSE(box->isModal());
   ASSERT_TRUE(QTest::qWaitForWindowActive(box));
   press(Qt::Key_Return);
   EXPECT_EQ(box, nullptr);
   EXPECT_EQ(front(), "Calculations");
+}
+
+TEST_F(ShellDesktop, TellsWhatWillBeForgotten) {
+  ASSERT_TRUE(QDir().mkpath(storePath()));
+  restart();
+  const QPointer<QDialog> box = boxAbove(frame());
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).text(),
+            storePath() + " is a folder.\n\nYou can work as usual, but what you enter may be forgotten when the program "
+                          "ends.");
 }
 
 TEST_F(ShellDesktop, TellsNothingOfASoundStore) {
