@@ -131,8 +131,8 @@ Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
   return more ? Rest::aboveHalf : Rest::half;
 }
 
-/// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. The number
-/// is one that a double can hold: they don't become more than some hundreds.
+/// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. The
+/// number is one that a double can hold: they don't become more than some hundreds.
 std::string roundedDigits(const Decimal& decimal, int places) {
   const auto [digits, power] = significant(decimal);
   const std::int64_t wanted = power + 1 + places;  // how many of the digits stand before the rounding
@@ -205,9 +205,7 @@ std::string currencyOfCents(std::string cents, bool negative) {
   return text;
 }
 
-std::string currencyOf(const Decimal& decimal) {
-  return currencyOfCents(roundedDigits(decimal, 2), decimal.negative);
-}
+std::string currencyOf(const Decimal& decimal) { return currencyOfCents(roundedDigits(decimal, 2), decimal.negative); }
 
 std::uint64_t magnitude(std::int64_t number) {
   return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);

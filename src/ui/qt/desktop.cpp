@@ -40,8 +40,9 @@ void Desktop::tellTrouble(const Store& store) const {
   const QString trouble = store.trouble();
   if (trouble.isEmpty()) return;
   const QString consequence = store.keeps() ? QString()
-                                            : QStringLiteral("\n\nYou can work as usual, but what you enter may be "
-                                                             "forgotten when the program ends.");
+                                            : QStringLiteral(
+                                                  "\n\nYou can work as usual, but what you enter may be "
+                                                  "forgotten when the program ends.");
   auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"), trouble + consequence,
                               QMessageBox::Ok, frame());
   box->setAttribute(Qt::WA_DeleteOnClose);

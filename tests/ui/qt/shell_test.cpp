@@ -53,8 +53,9 @@ TEST_F(ShellDesktop, TellsWhatWillBeForgotten) {
   const QPointer<QDialog> box = boxAbove(frame());
   ASSERT_NE(box, nullptr);
   EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).text(),
-            storePath() + " is a folder.\n\nYou can work as usual, but what you enter may be forgotten when the program "
-                          "ends.");
+            storePath() +
+                " is a folder.\n\nYou can work as usual, but what you enter may be forgotten when the program "
+                "ends.");
 }
 
 TEST_F(ShellDesktop, TellsNothingOfASoundStore) {
