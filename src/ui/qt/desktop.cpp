@@ -37,14 +37,12 @@ Desktop::~Desktop() {
 void Desktop::start() { MDIOpen::start(); }
 
 void Desktop::tellTrouble(const Store& store) const {
-  const QString trouble = store.trouble();
-  if (trouble.isEmpty()) return;
-  const QString consequence = store.keeps() ? QString()
-                                            : QStringLiteral(
-                                                  "\n\nYou can work as usual, but what you enter may be "
-                                                  "forgotten when the program ends.");
-  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"), trouble + consequence,
-                              QMessageBox::Ok, frame());
+  QString text = store.trouble();
+  if (text.isEmpty()) return;
+  if (!store.keeps()) {
+    text += QStringLiteral("\n\nYou can work as usual, but what you enter may be forgotten when the program ends.");
+  }
+  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"), text, QMessageBox::Ok, frame());
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setModal(false);
   box->show();
