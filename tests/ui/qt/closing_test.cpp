@@ -36,6 +36,17 @@ class ClosedScreen : public DesktopTest {
       ASSERT_FALSE(shown(S::screenName));
     }
   }
+
+  /// Whether twenty openings leave less than a hundred bytes each, now or after some more: a table of the toolkit may
+  /// grow once, but what is lost at each opening grows every time.
+  bool settlesInMemory() {
+    for (int round = 0; round < 5; ++round) {
+      const std::size_t bytes = bytesInUse();
+      openAndClose(20);
+      if (bytesInUse() < bytes + 2000) return true;
+    }
+    return false;
+  }
 };
 
 /// Without the frame, which is there from the beginning to the end of a run.
@@ -57,10 +68,8 @@ TYPED_TEST(ClosedScreen, LeavesNoWidgetAndNoMemory) {
   this->startOnMain();
   this->openAndClose(10);  // what is made once and kept is made here
   const auto widgets = QApplication::allWidgets().size();
-  const std::size_t bytes = bytesInUse();
-  this->openAndClose(20);
+  EXPECT_TRUE(this->settlesInMemory());
   EXPECT_EQ(QApplication::allWidgets().size(), widgets);
-  EXPECT_LT(bytesInUse(), bytes + 2000);  // a hundred bytes an opening would be too much
 
   // The toolkit would keep what it draws by ever new names.
   EXPECT_FALSE(QPixmapCache::insert("drawn", QPixmap(1, 1)));
