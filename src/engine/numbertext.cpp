@@ -14,6 +14,7 @@ namespace tallyfin {
 namespace {
 
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isDigitButZero(char c) { return c >= '1' && c <= '9'; }
 
 /// A number as it stands in a text, exactly: no digit is lost, however long the text.
 struct Decimal {
@@ -105,11 +106,11 @@ struct Significant {
 };
 
 Significant significant(const Decimal& decimal) {
-  const std::size_t first = decimal.mantissa.find_first_not_of("0,.");
-  if (first == std::string_view::npos) return {};
-  const std::string_view before = decimal.mantissa.substr(0, first);
-  const std::int64_t zeros = std::count(before.begin(), before.end(), '0');
-  return {decimal.mantissa.substr(first), decimal.wholeDigits - 1 + decimal.exponent - zeros};
+  const std::string_view mantissa = decimal.mantissa;
+  const auto first = std::find_if(mantissa.begin(), mantissa.end(), isDigitButZero);
+  if (first == mantissa.end()) return {};
+  const std::int64_t zeros = std::count(mantissa.begin(), first, '0');
+  return {{first, mantissa.end()}, decimal.wholeDigits - 1 + decimal.exponent - zeros};
 }
 
 /// How what is dropped compares with half a unit of the last digit that is kept.
@@ -127,7 +128,7 @@ Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
   for (; wanted > 0; --wanted) keep('0');
   next = std::find_if(next, digits.end(), isDigit);
   if (next == digits.end() || *next < '5') return Rest::belowHalf;
-  const bool more = *next > '5' || std::any_of(next + 1, digits.end(), [](char c) { return isDigit(c) && c != '0'; });
+  const bool more = *next > '5' || std::any_of(next + 1, digits.end(), isDigitButZero);
   return more ? Rest::aboveHalf : Rest::half;
 }
 
