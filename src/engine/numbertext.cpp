@@ -14,7 +14,7 @@ namespace tallyfin {
 namespace {
 
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-constexpr bool isDigitButZero(char c) { return c >= '1' && c <= '9'; }
+constexpr bool isDigitButZero(char c) { return isDigit(c) && c != '0'; }
 
 /// A number as it stands in a text, exactly: no digit is lost, however long the text.
 struct Decimal {
