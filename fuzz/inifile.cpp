@@ -8,8 +8,8 @@
 
 #include "ui/qt/store.h"
 
-/// Starts the store on a file of any bytes. After a change the file holds the new value
-/// and every other one as before, or a copy of what was damaged stands beside it.
+/// Starts the store on a file of any bytes. After a change the file holds the new value and every other one as before,
+/// or a copy of what was damaged stands beside it.
 
 using namespace tallyfin;
 
@@ -25,8 +25,9 @@ QString folder() {
 std::map<QString, QStringList> othersIn(const QString& path) {
   std::map<QString, QStringList> others;
   const QSettings file(path, QSettings::IniFormat);
-  for (const QString& name : file.allKeys())
+  for (const QString& name : file.allKeys()) {
     others[name] = name.isEmpty() ? QStringList() : file.value(name).toStringList();
+  }
   others.erase("Settings/IncAmt");
   return others;
 }

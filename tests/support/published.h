@@ -47,16 +47,16 @@ struct Row {
     return test == "<=" ? x <= bound : test == "<" ? x < bound : test == ">" ? x > bound : x >= bound;
   }
 
-  Units taxOn(Units x) const { return rounded(real(x - lower) * rate + plus); }
+  Units tax(Units x, int exemptions = 0) const { return rounded(real(x - lower) * rate + plus - extra * exemptions); }
 
   /// The first wages between the two from which on the tax is a whole dollar more, to the nearest.
   std::vector<Units> risesOfADollar(Units from, Units to) const {
     std::vector<Units> wages;
     if (rate <= 0) return wages;
-    for (double tax = std::ceil(real(taxOn(from)) - 0.5) + 0.5; wages.size() < 3; ++tax) {
-      Units wage = lower + rounded((tax - plus) / rate);
-      while (real(wholeDollars(taxOn(wage))) < tax) ++wage;
-      while (real(wholeDollars(taxOn(wage - 1))) > tax) --wage;
+    for (double half = std::ceil(real(tax(from)) - 0.5) + 0.5; wages.size() < 3; ++half) {
+      Units wage = lower + rounded((half - plus) / rate);
+      while (real(wholeDollars(tax(wage))) < half) ++wage;
+      while (real(wholeDollars(tax(wage - 1))) > half) --wage;
       if (wage > to) break;
       wages.push_back(wage);
     }
@@ -80,8 +80,7 @@ struct Table {
   /// The tax on x; none in a gap.
   std::optional<Units> tax(Units x, int exemptions = 0) const {
     const Row* row = rowOf(x);
-    if (!row) return std::nullopt;
-    return rounded(real(x - row->lower) * row->rate + row->plus - row->extra * exemptions);
+    return row ? std::optional(row->tax(x, exemptions)) : std::nullopt;
   }
 
   /// Wages that tell each row from one with any other figure: a wage below zero and one far above, each bound with what
