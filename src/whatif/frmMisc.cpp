@@ -111,12 +111,10 @@ void frmMisc::raise() {
     step([&] { payData.taxableWage = fromReal(realOf(percent.text()) * toReal(payData.grossPay)) + payData.grossPay; });
   }
   // By a new wage, taxableWage is still the reduced base of the last calculation, and Calculate takes that for income.
-  step([&] {
-    frmMain& main = desk.use<frmMain>();
-    const double income = realOf(newWage.text()) * realOf(main.txtHours.text());
-    main.txtIncome.setText(toText(income));
-    main.txtIncome.setText(toText(roundedForDisplay(income)));
-  });
+  frmMain& main = desk.use<frmMain>();
+  step([&] { main.txtIncome.setText(toText(realOf(newWage.text()) * realOf(main.txtHours.text()))); });
+  // Rounds the text that stands there, with its 15 digits, and not the product: 3553.265 becomes 3553.26.
+  step([&] { main.txtIncome.setText(toText(roundedForDisplay(realOf(main.txtIncome.text())))); });
   Calculate();
   step([&] { newWage.setText(currency(roundedForDisplay(realOf(newWage.text())))); });
 }

@@ -129,6 +129,31 @@ TEST_F(RaiseCalculator, RoundsTheIncomeToCents) {
   EXPECT_EQ(payData.grossPay, dollars("826.664"));
 }
 
+TEST_F(RaiseCalculator, RoundsTheIncomeThatStandsInTheBox) {
+  misc().imgSeal.userClick();
+  main().lstFrequency.userPick(3);
+  main().txtIncome.userType("3466.60");
+  main().cmdAdditional[1].userClick();
+  EXPECT_EQ(misc().lblOldShow.caption(), "$20.00");
+  percent().userType("2.5");
+  press();
+  EXPECT_EQ(main().txtIncome.text(), "3553.26");  // 20.5 times 173.33 stands there as 3553.265
+}
+
+TEST_F(RaiseCalculator, RoundsATieThatTheProductMisses) {
+  main().txtHours.userType("37.5");
+  newWage().userType("6.77");
+  press();
+  EXPECT_EQ(main().txtIncome.text(), "253.88");  // 253.875 as a text, a shade less as a product
+}
+
+TEST_F(RaiseCalculator, RoundsTheOldIncomeWhereTheProductFails) {
+  main().txtIncome.userType("$1,000.126");
+  newWage().userType("ten");
+  press();
+  EXPECT_EQ(main().txtIncome.text(), "1000.13");
+}
+
 TEST_F(RaiseCalculator, RunsNoneOfTheToolbarsSteps) {
   const auto rows = main().dbgDisplay.rows();
   const auto settings = store.all();
