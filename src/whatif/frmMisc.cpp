@@ -23,8 +23,6 @@ frmMisc::frmMisc() : Screen(screenName, "Local Tax and Raise") {
   pnlContainerMisc[1].moveTo(Panel::outOfSight, pageTop);
   imgSeal.tooltip = "Click to Unload Page";
 
-  txtTaxPerCnt.onGotFocus = [this] { txtTaxPerCnt.selectAll(); };
-  txtRaise.on(&TextBox::onGotFocus, [this](int i) { txtRaise[i].selectAll(); });
   cmdExit.on(&CommandButton::onGotFocus, [this](int i) { cmdExit[i].foreColour = colours::highlight; });
   cmdExit.on(&CommandButton::onLostFocus, [this](int i) { cmdExit[i].foreColour = colours::greyText; });
 
@@ -51,7 +49,7 @@ void frmMisc::Load() {
   // raise was asked for.
   step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
   step([&] { payData.applyTo = toInt16(lastEntries.get("ApplyTo", "0")); });
-  step([&] { lstGrossPay.setIndex(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
+  step([&] { lstGrossPay.setEntry(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
 }
 
 void frmMisc::Unload() {

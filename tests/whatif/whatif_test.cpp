@@ -323,6 +323,15 @@ TEST_F(LocalTaxPage, KeepsTheStoredBaseWhereTheListHasNoSuchEntry) {
   EXPECT_EQ(payData.localTax, 0);
 }
 
+TEST_F(LocalTaxPage, KeepsTheStoredBaseWhereNoEntryIsStored) {
+  put("ApplyTo", "3");
+  put("ApplyToDisp", "-1");
+  start();
+  EXPECT_EQ(misc().lstGrossPay.index(), -1);
+  EXPECT_EQ(payData.applyTo, 3);
+  EXPECT_EQ(stored("ApplyTo"), "3");
+}
+
 TEST_F(LocalTaxPage, IsColouredByTheFocus) {
   start();
   open();
@@ -433,6 +442,13 @@ TEST_F(MultipleChecks, GoToTheMainScreenAsAMonthlyIncome) {
   EXPECT_EQ(screen().lblCheck1.caption(), "");
   screen().cmdGoBack.userClick();
   EXPECT_EQ(main().txtIncome.text(), "433.33");  // the earlier total
+}
+
+TEST_F(MultipleChecks, StandOnPaperInTheNormalTextColour) {
+  EXPECT_EQ(screen().backColour(), (Colour{255, 255, 204}));
+  for (const Control* control : screen().controls()) {
+    EXPECT_EQ(control->foreColour(), (Colour{64, 64, 64})) << control->address();
+  }
 }
 
 TEST_F(MultipleChecks, ColourTheHeadingOfTheFocusedColumn) {
