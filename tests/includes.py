@@ -8,6 +8,7 @@ SCREENS = {"stateoptions", "w4", "whatif", "ui"}  # reach each other through the
 MAY_INCLUDE = {
     "engine": {"engine"},
     "states": {"engine", "states"},
+    "batch": {"batch", "engine", "states"},
     "controls": {"controls", "engine"},
     **{folder: SCREENS | {"controls", "engine", "states"} for folder in SCREENS},
     "ui/qt": SCREENS | {"controls", "engine", "states", "ui/qt"},

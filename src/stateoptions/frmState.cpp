@@ -5,7 +5,8 @@
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
 #include "engine/statelist.h"
-#include "stateoptions/shapes.h"
+#include "states/handover.h"
+#include "states/shapes.h"
 #include "ui/frmMain.h"
 
 namespace tallyfin {
@@ -91,12 +92,8 @@ void frmState::Activate() {
 }
 
 void frmState::Unload() {
-  step([&] { payData.mMethod = toInt16(cboSpecialDeps.text()); });
   if (mskAdditional.text().empty()) mskAdditional.setText("0");
-  step([&] { payData.staDeps = toInt16(cboDeps[0].text()); });
-  step([&] { payData.illDeps = toInt16(cboDeps[1].text()); });
-  step([&] { payData.staExmp = toInt16(cboSpecialDeps.text()); });
-  step([&] { payData.staAdd = toMoney(mskAdditional.text()); });
+  takeStateOptions({cboDeps[0].text(), cboDeps[1].text(), cboSpecialDeps.text(), mskAdditional.text()});
   stateInfo.save("staDeps", toText(payData.staDeps));
   stateInfo.save("IllDeps", toText(payData.illDeps));
   stateInfo.save("staExmp", toText(payData.staExmp));
@@ -160,20 +157,13 @@ void frmState::op3Marital_Click(int index) {
   payData.staMarried = index;
   if (cboState.index() != state::mississippi) return;
 
-  // Under Mississippi the box carries the personal exemption, whatever was saved.
-  const auto exemption = [this](const char* amount, const char* caption = "Your Personal Exemption") {
-    mskAdditional.setText(amount);
-    lblStateVariables[2].setCaption(caption);
-  };
-  switch (index) {
-    case 0: return exemption("6000");
-    case 7: return exemption("10000");
-    case 8:
-      exemption("", "Enter that part of $10,000 claimed by you, in multiples of $500.");
-      return mskAdditional.setFocus();
-    case 9: return exemption("9500");
-    default: return;
-  }
+  const char* exemption = mississippiExemption(index);
+  if (exemption == nullptr) return;
+  mskAdditional.setText(exemption);
+  const bool toBeEntered = mskAdditional.text().empty();
+  lblStateVariables[2].setCaption(toBeEntered ? "Enter that part of $10,000 claimed by you, in multiples of $500."
+                                              : "Your Personal Exemption");
+  if (toBeEntered) mskAdditional.setFocus();
 }
 
 void frmState::optRateSelect_Click(int index) {

@@ -2,23 +2,19 @@
 
 #include "controls/colours.h"
 #include "controls/desk.h"
-#include "engine/calculate.h"
-#include "engine/frequency.h"
+#include "engine/entries.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
 #include "engine/statelist.h"
 #include "stateoptions/frmState.h"
-#include "stateoptions/shapes.h"
+#include "states/shapes.h"
 #include "ui/frmPrint.h"
 #include "whatif/frmMisc.h"
 
 namespace tallyfin {
 
 namespace {
-
-/// Federal withholding allowance, 1999: dollars a pay period for each exemption.
-constexpr PerFrequency<double> allowance{52.88, 114.58, 105.77, 229.17};
 
 /// The hours of a full-time job in the pay period.
 constexpr std::array fullTimeHours{"40", "86.66", "80", "173.33"};
@@ -84,7 +80,7 @@ void frmMain::Load() {
   step([&] { exemptions = toInt16(cboExemptions.text()); });
   // Selecting runs the click, which replaces the hours by those of the frequency.
   step([&] { lstFrequency.setEntry(payData.frequency.value()); });
-  step([&] { payData.depsDed = fromReal(toReal(exemptions) * allowance.now()); });
+  takeAllowance(exemptions);
   if (payData.maritalStat >= 0 && payData.maritalStat <= 2) optStatus[payData.maritalStat.value()].select();
   desk.close<frmState>();  // its closing brings the saved state options into the record
 }
@@ -102,8 +98,7 @@ void frmMain::lstFrequency_Click() {
 
 void frmMain::optStatus_Click(int index) {
   // The caption decides about the third option; as it stands, that option yields the single tables.
-  const bool twoIncomes = optStatus[2].caption() == "Married, Two Incomes";
-  payData.maritalStat = index == 2 && !twoIncomes ? 1 : index;
+  takeStatus(index, optStatus[2].caption() == "Married, Two Incomes");
 }
 
 void frmMain::chkSelfEmployed_Click() { lastEntries.save("Self", chkSelfEmployed.value() ? "-1" : "0"); }
@@ -135,9 +130,7 @@ void frmMain::cmdToolBar_Click(int index) {
 }
 
 void frmMain::calculateCommand() {
-  payData.incomeSource = 0;
-  step([] { payData.payPeriods = periodsPerYear.now(); });
-  Calculate();
+  calculatePaycheck();
   cmdAdditional[1].visible = true;
   saveEntries();
   dbgDisplay.removeAll();
@@ -180,25 +173,10 @@ void frmMain::sponsorInfoCommand() {
 void frmMain::GridPrint() {
   dbgDisplay.setFieldDelimiter('!');
   dbgDisplay.setFieldSeparator(',');
-  const auto deductions = [] {
-    return payData.amt401k + payData.fica + payData.fedTax + payData.stateTax + payData.localTax;
-  };
-  step([&] { payData.totalDed = deductions(); });
-  step([&] { payData.checkAmt = payData.grossPay - deductions(); });
-
-  const auto add = [this](const char* front, Money amount) { dbgDisplay.addRow(front + toText(amount)); };
-  add("!Gross Pay!,", payData.grossPay);
-  add("!401k Deduction!,", payData.amt401k);
-  add("!Non-Taxable!,", payData.preTax);
-  add("!Pre-FICA!,", payData.preFica);
-  add("!Federal Tax!,", payData.fedTax);
-  add("!State Tax!,", payData.stateTax);
-  add("!Local Tax!,", payData.localTax);
-  add("!FICA!,", payData.fica);
-  add("!Social Security!,", payData.socSec);
-  add("!Medicare!,", payData.medicare);
-  add("!Total Ded!,", payData.totalDed);
-  add("!Check Amt!,", payData.checkAmt);
+  makeTotals();
+  for (const ResultRow& row : resultRows) {
+    dbgDisplay.addRow("!" + std::string(row.title) + "!," + toText(payData.*row.amount));
+  }
 }
 
 }  // namespace tallyfin

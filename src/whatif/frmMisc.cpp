@@ -3,6 +3,7 @@
 #include "controls/colours.h"
 #include "controls/desk.h"
 #include "engine/calculate.h"
+#include "engine/entries.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
@@ -81,8 +82,7 @@ void frmMisc::lstGrossPay_Click() {
 }
 
 void frmMisc::takeLocalTax() {
-  step([&] { payData.localRate = txtTaxPerCnt.text().empty() ? 0 : realOf(txtTaxPerCnt.text()); });
-  payData.localRate = normalisedRate(payData.localRate);
+  takeLocalRate(txtTaxPerCnt.text());
   lastEntries.save("Local", txtTaxPerCnt.text());  // as typed
   desk.close(*this);
 }

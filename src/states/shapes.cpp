@@ -1,4 +1,4 @@
-#include "stateoptions/shapes.h"
+#include "states/shapes.h"
 
 namespace tallyfin {
 

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "batch/csv.h"
+#include "engine/settingsstore.h"
+#include "engine/worksheet.h"
+
+/// One row, one paycheck: what the cells mean, and what comes of them.
+
+namespace tallyfin::batch {
+
+/// The columns that a row is worked from. Every other one is carried through.
+enum Column : std::size_t {
+  income,
+  rate401k,
+  preTax,
+  preFica,
+  frequency,
+  status,
+  exemptionCount,
+  state,
+  selfEmployed,
+  state401k,
+  statePreTax,
+  localRate,
+  localBase,
+  stateDependents,
+  illinoisDependents,
+  stateExemptions,
+  stateMarital,
+  stateMethod,
+  stateAdditional,
+  columnCount
+};
+
+/// Which column stands where in the rows of a file.
+class Header {
+ public:
+  /// Refuses a row that is no header: gives the reason.
+  std::optional<std::string> take(const Row& row);
+
+  std::size_t size() const { return size_; }
+  /// The column's cell in a row; nullptr where the row has none.
+  const Cell* cell(Column column, const Row& row) const {
+    return places_[column] < row.cells.size() ? &row.cells[places_[column]] : nullptr;
+  }
+
+ private:
+  std::size_t size_ = 0;
+  std::array<std::size_t, columnCount> places_{};
+};
+
+/// The columns that are added to the header: ",gross_pay" and so on.
+const std::string& resultColumns();
+
+/// Works one paycheck after the other, none of which knows of another. It is the worksheet of the engine and sets the
+/// options that a state routine reads.
+class Paycheck : public Worksheet {
+ public:
+  Paycheck();
+  ~Paycheck() override;
+  Paycheck(const Paycheck&) = delete;
+  Paycheck& operator=(const Paycheck&) = delete;
+
+  /// Works the row and adds its results to a text, each behind a comma, then the problem. Gives whether there is one.
+  bool work(const Header& header, const Row& row, std::string& out);
+
+  const std::string& incomeText() const override { return texts_[income]; }
+  const std::string& rate401kText() const override { return texts_[rate401k]; }
+  const std::string& preTaxText() const override { return texts_[preTax]; }
+  const std::string& preFicaText() const override { return texts_[preFica]; }
+  const std::string& exemptionsText() const override;
+  int stateIndex() const override { return numbers_[state]; }
+  bool selfEmployed() const override { return numbers_[batch::selfEmployed] != 0; }
+  void showFigure(int /*label*/, const std::string& /*text*/) override {}
+
+ private:
+  /// Takes the cells; false where one of them names nothing.
+  bool take(const Header& header, const Row& row);
+  void takeCell(Column column, std::string_view text);
+  void calculate();
+  /// The boxes whose text the program could make nothing of.
+  void nameUnreadTexts();
+  void problem(Column column, const char* why);
+  void setOption(const char* key, bool chosen, bool& stored);
+
+  MemoryStore store_;
+  bool stored401k_ = false;
+  bool storedPreTax_ = false;
+  std::array<std::string, columnCount> texts_;  ///< Of the boxes.
+  std::array<int, columnCount> numbers_{};      ///< Of the choices and counts.
+  std::string storage_;
+  std::string problem_;
+};
+
+}  // namespace tallyfin::batch

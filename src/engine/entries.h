@@ -1,0 +1,51 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "engine/paydata.h"
+
+/// What the entries of a paycheck become in the record, and what the record shows as its results: all that the screens
+/// do with a paycheck beside showing it.
+
+namespace tallyfin {
+
+/// Makes `depsDed`, dollars a pay period, of a number of exemptions. Without a frequency it keeps its value.
+void takeAllowance(Int16 exemptions);
+
+/// Makes `maritalStat` of the status option chosen. The third option stands for a status of its own only where its
+/// caption says two incomes; else it yields the single tables.
+void takeStatus(int option, bool twoIncomes);
+
+/// Makes `localRate` of the text of the Local Tax page when its OK is pressed.
+void takeLocalRate(const std::string& text);
+
+/// The Calculate command: `payPeriods`, where a frequency is known, and the calculation on the income of the worksheet.
+void calculatePaycheck();
+
+/// Makes `totalDed` and `checkAmt`.
+void makeTotals();
+
+/// One row of the results.
+struct ResultRow {
+  const char* title;
+  Money PayData::*amount;
+};
+
+/// The results in the order in which they are shown.
+inline constexpr std::array<ResultRow, 12> resultRows{{
+    {"Gross Pay", &PayData::grossPay},
+    {"401k Deduction", &PayData::amt401k},
+    {"Non-Taxable", &PayData::preTax},
+    {"Pre-FICA", &PayData::preFica},
+    {"Federal Tax", &PayData::fedTax},
+    {"State Tax", &PayData::stateTax},
+    {"Local Tax", &PayData::localTax},
+    {"FICA", &PayData::fica},
+    {"Social Security", &PayData::socSec},
+    {"Medicare", &PayData::medicare},
+    {"Total Ded", &PayData::totalDed},
+    {"Check Amt", &PayData::checkAmt},
+}};
+
+}  // namespace tallyfin

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "batch/run.h"
+
+namespace tallyfin::batch {
+
+/// A source that gives a text, so many bytes at a time.
+inline CsvReader::Source sourceOf(std::string_view text, std::size_t atOnce = std::string_view::npos) {
+  return [text, atOnce](char* place, std::size_t size) mutable {
+    const std::size_t count = std::min({size, atOnce, text.size()});
+    std::memcpy(place, text.data(), count);
+    text.remove_prefix(count);
+    return count;
+  };
+}
+
+/// What a whole run gives.
+struct Outcome {
+  std::string out;
+  std::string trouble;
+  Account account;
+};
+
+inline Outcome outcomeOf(std::string_view in, const Choices& choices = {},
+                         std::size_t atOnce = std::string_view::npos) {
+  Outcome outcome;
+  try {
+    outcome.account = run(
+        sourceOf(in, atOnce), [&](std::string_view text) { outcome.out += text; }, choices, [](std::uint64_t) {});
+  } catch (const Trouble& trouble) {
+    outcome.trouble = trouble.what();
+  }
+  return outcome;
+}
+
+}  // namespace tallyfin::batch

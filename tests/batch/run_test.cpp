@@ -1,0 +1,240 @@
+#include "batch/run.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+
+#include "batchrun.h"
+
+namespace tallyfin::batch {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::string results =
+    ",gross_pay,amt_401k,non_taxable,pre_fica_pay,federal_tax,state_tax,local_tax,fica,social_security,medicare,"
+    "total_deductions,check_amount,problem";
+const std::string noResults(12, ',');
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+/// What is behind the input's own columns in the one row of a file.
+std::string resultOf(const std::string& header, const std::string& row) {
+  const std::string out = outcomeOf(header + "\n" + row + "\n").out;
+  const std::vector<std::string> lines = linesOf(out);
+  if (lines.size() != 2 || lines[0] != header + results || !lines[1].starts_with(row)) return "not one row: " + out;
+  return lines[1].substr(row.size());
+}
+
+TEST(Batch, WorksAWeeklyPaycheck) {
+  // Married, weekly: (1000 - 60 - 2 * 52.88 - 124) * 0.15 is 106.536.
+  EXPECT_EQ(resultOf("income,rate_401k,frequency,exemptions", "1000,6,Weekly,2"),
+            ",1000,60,0,0,106.54,0,0,76.5,62,14.5,243.04,756.96,");
+}
+
+TEST(Batch, TakesTheProgramsDefaults) {
+  EXPECT_EQ(resultOf("income,pre_tax", ","), ",0,0,0,0,0,0,0,0,0,0,0,0,");
+  EXPECT_EQ(resultOf("id", "7"), ",0,0,0,0,0,0,0,0,0,0,0,0,");
+  // No frequency: no federal table.
+  EXPECT_EQ(resultOf("income,status", "100,Single"), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,");
+}
+
+TEST(Batch, FillsInARowThatIsTooShort) {
+  EXPECT_THAT(linesOf(outcomeOf("id,income,pre_tax\n7,100\n8\n").out),
+              ElementsAre("id,income,pre_tax" + results, "7,100,,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,",
+                          "8,,,0,0,0,0,0,0,0,0,0,0,0,0,"));
+}
+
+TEST(Batch, CarriesOtherColumnsThroughAsTheyStand) {
+  EXPECT_EQ(resultOf("name,income,note", "\"Doe, \"\"J\"\"\",100, x "), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,");
+}
+
+TEST(Batch, KnowsColumnsAndCaptionsInAnyCaseAndWithBlanks) {
+  const std::string plain = resultOf("income,frequency,status,state", "1000,Monthly,Single,Utah");
+  EXPECT_THAT(plain, StartsWith(",1000,"));
+  EXPECT_EQ(resultOf(" Income,FREQUENCY ,Status,\" state\"", "1000, monthly ,SINGLE,\"\tutah\""), plain);
+  EXPECT_EQ(resultOf("state,status,frequency,income", "37,1,3,1000"), plain);
+}
+
+TEST(Batch, RowsDoNotKnowOfEachOther) {
+  const std::string header = "income,frequency,state,local_rate,state_401k,rate_401k\n";
+  const std::string first = "3000,Weekly,Maryland,2,Y,10\n";
+  const std::string second = "10,,No State,,,\n";
+  const std::string both = outcomeOf(header + first + second).out;
+  EXPECT_THAT(both, StartsWith(outcomeOf(header + first).out));
+  EXPECT_EQ(linesOf(both)[2], linesOf(outcomeOf(header + second).out)[1]);
+}
+
+TEST(Batch, HandsTheStateOptionsOverWhereTheStateOpensThem) {
+  // Pennsylvania doesn't open the options: 1000 * 0.028. Kentucky does: (0 * 52 - 650) * 0.02 / 52 + 5.
+  EXPECT_THAT(resultOf("income,state,state_additional", "1000,Pennsylvania,5"), StartsWith(",1000,0,0,0,0,28,"));
+  EXPECT_THAT(resultOf("frequency,state,state_additional", "0,Kentucky,5"), StartsWith(",0,0,0,0,0,4.75,"));
+}
+
+TEST(Batch, TakesTheStoredOptionsIntoTheStatesBase) {
+  // (1000 - 60) * 0.028 and (1000 - 25) * 0.028
+  EXPECT_THAT(resultOf("income,rate_401k,state,state_401k", "1000,6,Pennsylvania,y"),
+              StartsWith(",1000,60,0,0,0,26.32,"));
+  EXPECT_THAT(resultOf("income,pre_tax,state,state_pre_tax", "1000,25,Pennsylvania,Y"),
+              StartsWith(",1000,0,25,0,0,27.3,"));
+}
+
+TEST(Batch, TakesTheLocalTaxByRateAndBase) {
+  EXPECT_THAT(resultOf("income,local_rate", "1000,2"), StartsWith(",1000,0,0,0,0,0,20,"));
+  EXPECT_THAT(resultOf("income,local_rate,local_base,pre_tax", "1000,0.02,3,100"), StartsWith(",1000,0,100,0,0,0,18,"));
+  EXPECT_THAT(resultOf("income,local_base", "1000,3"), StartsWith(",1000,0,0,0,0,0,0,"));
+}
+
+// --- What goes wrong -------------------------------------------------------------------------------------------------
+
+/// A cell that names nothing: its column, the cell, why.
+struct BadCell {
+  const char* column;
+  const char* cell;
+  const char* why;
+};
+class BatchBadCell : public testing::TestWithParam<BadCell> {};
+INSTANTIATE_TEST_SUITE_P(
+    All, BatchBadCell,
+    testing::Values(BadCell{"state", "Atlantis", "no such entry"}, BadCell{"state", "42", "no such entry"},
+                    BadCell{"state", "-1", "no such entry"}, BadCell{"frequency", "4", "no such entry"},
+                    BadCell{"frequency", "Daily", "no such entry"}, BadCell{"frequency", " ", "no such entry"},
+                    BadCell{"status", "3", "no such entry"}, BadCell{"exemptions", "16", "no such entry"},
+                    BadCell{"exemptions", "two", "no such entry"}, BadCell{"exemptions", "2.5", "no such entry"},
+                    BadCell{"local_base", "0", "no such entry"}, BadCell{"local_base", "6", "no such entry"},
+                    BadCell{"self_employed", "Maybe", "neither Y nor N"}, BadCell{"state_401k", "1", "neither Y nor N"},
+                    BadCell{"state_pre_tax", "Yes", "neither Y nor N"},
+                    BadCell{"state_dependents", "32768", "no 16-bit number"},
+                    BadCell{"illinois_dependents", "-32769", "no 16-bit number"},
+                    BadCell{"state_exemptions", "x", "no 16-bit number"},
+                    BadCell{"state_marital", "1E5", "no 16-bit number"},
+                    BadCell{"state_method", "40000", "no 16-bit number"}));
+
+TEST_P(BatchBadCell, EmptiesTheResultsOfItsRowAlone) {
+  const auto& [column, cell, why] = GetParam();
+  const std::string good = "7,100,,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,";
+  const Outcome outcome = outcomeOf(std::string("id,income,") + column + "\n7,100,\n8,100," + cell + "\n7,100,\n");
+  EXPECT_THAT(linesOf(outcome.out),
+              ElementsAre(std::string("id,income,") + column + results, good,
+                          std::string("8,100,") + cell + noResults + "," + column + ": " + why, good));
+  EXPECT_EQ(outcome.account.rows, 3U);
+  EXPECT_EQ(outcome.account.problems, 1U);
+  EXPECT_EQ(outcome.trouble, "");
+}
+
+TEST(Batch, TakesTheLimitsOfA16BitNumber) {
+  EXPECT_THAT(resultOf("state,state_dependents,state_marital", "Hawaii,32767,-32768"), StartsWith(",0,0,0,0,0,0,"));
+}
+
+TEST(Batch, NamesAllBadCellsOfARow) {
+  EXPECT_EQ(resultOf("state,exemptions", "Atlantis,16"),
+            noResults + ",exemptions: no such entry; state: no such entry");
+}
+
+TEST(Batch, RefusesARowWithMoreCellsThanTheHeader) {
+  const Outcome outcome = outcomeOf("id,income\n1,2,3,4\n1,\"2\",\n5,100\n");
+  EXPECT_THAT(linesOf(outcome.out),
+              ElementsAre("id,income" + results, "1,2" + noResults + ",more cells than the header has columns",
+                          "1,\"2\"" + noResults + ",more cells than the header has columns",
+                          "5,100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,"));
+  EXPECT_EQ(outcome.account.problems, 2U);
+}
+
+TEST(Batch, SkipsTheStatementOfATextThatIsNoNumber) {
+  EXPECT_EQ(resultOf("income,frequency", "abc,0"), ",0,0,0,0,0,0,0,0,0,0,0,0,income: not a number");
+  EXPECT_EQ(resultOf("income,rate_401k", "100,x"), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,rate_401k: not a number");
+  EXPECT_EQ(resultOf("income,pre_tax,pre_fica,local_rate", "100,x, ,1%"),
+            ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,"
+            "pre_tax: not a number; pre_fica: not a number; local_rate: not a number");
+  EXPECT_EQ(resultOf("income,state,state_additional", "0,Kentucky,x"),
+            ",0,0,0,0,0,0,0,0,0,0,0,0,state_additional: not a number");
+}
+
+TEST(Batch, NamesATextThatIsBeyondAnAmount) {
+  EXPECT_EQ(resultOf("income", "1E30"), ",0,0,0,0,0,0,0,0,0,0,0,0,income: not a number");
+}
+
+TEST(Batch, FindsNoFaultWithAZero) {
+  for (const char* zero : {"0", "0.00", "$0", "(0)", "-0", " 0 ", "\"\""}) {
+    EXPECT_EQ(
+        resultOf("income,pre_tax,rate_401k,state_additional", std::string(zero) + "," + zero + "," + zero + "," + zero),
+        ",0,0,0,0,0,0,0,0,0,0,0,0,");
+  }
+}
+
+TEST(Batch, WantsAHeader) {
+  for (const char* in : {"", "\xEF\xBB\xBF", "\n", "\r\n1000\n"}) {
+    const Outcome outcome = outcomeOf(in);
+    EXPECT_EQ(outcome.trouble, "there is no header");
+    EXPECT_EQ(outcome.out, "");
+  }
+}
+
+TEST(Batch, RefusesAnUnclearHeaderAtOnce) {
+  for (const char* in : {"income,id,income\n1,2,3\n", "Income, income\n", "a,b,\"a\"\n"}) {
+    EXPECT_THAT(outcomeOf(in).trouble, StartsWith("two columns are named "));
+    EXPECT_EQ(outcomeOf(in).out, "");
+  }
+  for (const char* in : {"problem\n1\n", "id,Fica\n", "check_amount\n"}) {
+    EXPECT_THAT(outcomeOf(in).trouble, StartsWith("a column is named like a result: "));
+    EXPECT_EQ(outcomeOf(in).out, "");
+  }
+}
+
+TEST(Batch, WritesTheRowsBeforeAQuoteThatDoesNotEnd) {
+  const Outcome outcome = outcomeOf("income,note\n100,\"a\nb\"\n100,\"c\n100,d\n");
+  EXPECT_EQ(outcome.out, "income,note" + results + "\n100,\"a\nb\",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,\n");
+  EXPECT_EQ(outcome.trouble, "line 4: a quoted cell doesn't end");
+}
+
+TEST(Batch, EndsLinesAsTheInputDoes) {
+  EXPECT_EQ(outcomeOf("id\r\n1\r\n2\n3").out, "id" + results + "\r\n1,0,0,0,0,0,0,0,0,0,0,0,0,\r\n" +
+                                                  "2,0,0,0,0,0,0,0,0,0,0,0,0,\n3,0,0,0,0,0,0,0,0,0,0,0,0,\r\n");
+  EXPECT_EQ(outcomeOf("id").out, "id" + results + "\n");
+}
+
+TEST(Batch, AcceptsAByteOrderMark) {
+  EXPECT_EQ(outcomeOf("\xEF\xBB\xBFincome\n100\n").out,
+            "income" + results + "\n100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,\n");
+}
+
+TEST(Batch, CarriesAnEmptyLineThrough) {
+  EXPECT_EQ(outcomeOf("id,x\n\n1,2\n\n").out, "id,x" + results + "\n\n1,2,0,0,0,0,0,0,0,0,0,0,0,0,\n\n");
+}
+
+TEST(Batch, LeavesTheHeaderOutWhereToldSo) {
+  EXPECT_EQ(outcomeOf("id\n1\n", {.writeHeader = false}).out, "1,0,0,0,0,0,0,0,0,0,0,0,0,\n");
+}
+
+TEST(Batch, WritesWhatIsWorkedBeforeItWaitsForMore) {
+  std::vector<std::string> events;
+  int call = 0;
+  run(
+      [&](char* place, std::size_t) {
+        const std::string_view part =
+            std::array<std::string_view, 3>{"id\n", "1\n", ""}[static_cast<std::size_t>(call++)];
+        events.push_back("read");
+        std::memcpy(place, part.data(), part.size());
+        return part.size();
+      },
+      [&](std::string_view) { events.push_back("write"); }, {},
+      [&](std::uint64_t rows) { events.push_back("told " + std::to_string(rows)); });
+  EXPECT_THAT(events, ElementsAre("told 0", "read", "write", "told 0", "read", "write", "told 1", "read"));
+}
+
+TEST(Batch, GivesTheSameHoweverTheBytesArrive) {
+  const std::string in = "id,income,state,frequency\n1,100,Utah,0\n2,\"1,000\",\"Ohio\",1\r\n3,x,Atlantis,9\n";
+  const std::string out = outcomeOf(in).out;
+  EXPECT_THAT(out, HasSubstr("state: no such entry"));
+  for (const std::size_t atOnce : {1U, 2U, 5U}) EXPECT_EQ(outcomeOf(in, {}, atOnce).out, out);
+}
+
+}  // namespace
+}  // namespace tallyfin::batch
