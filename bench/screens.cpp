@@ -10,7 +10,7 @@
 #include "allocations.h"
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
-#include "ui/qt/store.h"
+#include "store/store.h"
 
 /// The screens' models: opening and closing every one of them, and the toolbar's Calculate with the store on disk.
 
@@ -100,9 +100,9 @@ void onDisk(benchmark::State& rounds) {
   std::string folder = (std::filesystem::current_path() / "benchXXXXXX").string();
   if (::mkdtemp(folder.data()) == nullptr) return rounds.SkipWithError("no folder can be made here");
   {
-    qt::Store store(QString::fromStdString(folder + "/Tallyfin99.ini"));
+    FileStore store(folder + "/Tallyfin99.sqlite");
     toolbarCalculate(rounds, store);
-    if (!store.trouble().isEmpty()) rounds.SkipWithError("the store couldn't be written");
+    if (!store.read(section::settings, "IncAmt")) rounds.SkipWithError("the store couldn't be written");
   }
   std::filesystem::remove_all(folder);
 }

@@ -39,8 +39,4 @@ void saveSetting(std::string_view application, std::string_view section, std::st
   if (application == applicationKey) theStore->write(section, key, text);
 }
 
-SavedTogether::SavedTogether() { theStore->putOffSaving(); }
-
-SavedTogether::~SavedTogether() { theStore->saveTogether(); }
-
 }  // namespace tallyfin

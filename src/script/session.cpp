@@ -6,6 +6,7 @@
 #include "controls/buttons.h"
 #include "controls/lists.h"
 #include "controls/texts.h"
+#include "engine/failure.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "script/properties.h"
@@ -356,11 +357,11 @@ std::string Session::storeCommand(const Words& words) {
   }
   if (what == "put" && words.size() == 4) {
     if (!words[3].quoted) return "! syntax a text stands as a JSON string";
-    store_.write(words[1].text, words[2].text, words[3].text);
+    step([&] { store_.write(words[1].text, words[2].text, words[3].text); });
     return ok;
   }
   if (what == "erase" && words.size() == 3) {
-    store_.erase(words[1].text, words[2].text);
+    step([&] { store_.erase(words[1].text, words[2].text); });
     return ok;
   }
   return what == "get" || what == "put" || what == "erase" ? missing : "! unknown command";

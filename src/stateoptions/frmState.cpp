@@ -3,7 +3,7 @@
 #include "controls/desk.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 #include "engine/statelist.h"
 #include "states/handover.h"
 #include "states/shapes.h"
@@ -72,14 +72,14 @@ void frmState::Load() {
   cboSpecialDeps.setText(cboSpecialDeps.entries().front());  // the saved value, not the state's default, is what counts
   sta401 = "N";
   staPreTax = "N";
-  cboDeps[0].setText(stateInfo.get("staDeps", "0"));
-  cboDeps[1].setText(stateInfo.get("IllDeps", "0"));
-  cboSpecialDeps.setText(stateInfo.get("staExmp", "0"));
-  mskAdditional.setText(stateInfo.get("staAdd", "0"));
-  step([&] { payData.staMarried = toInt16(stateInfo.get("staMarried", "0")); });
-  step([&] { staRate = toInt16(stateInfo.get("staRate", "0")); });
-  sta401 = stateInfo.get("sta401", "N");
-  staPreTax = stateInfo.get("staPreTax", "N");
+  cboDeps[0].setText(settings::staDeps.text());
+  cboDeps[1].setText(settings::illDeps.text());
+  cboSpecialDeps.setText(settings::staExmp.text());
+  mskAdditional.setText(settings::staAdd.text());
+  step([&] { payData.staMarried = settings::staMarried.number(); });
+  step([&] { staRate = settings::staRate.number(); });
+  sta401 = settings::sta401.text();
+  staPreTax = settings::staPreTax.text();
   chkExemp[0].setValue(sta401 != "N");
   chkExemp[1].setValue(staPreTax != "N");
   if (payData.staMarried >= 0 && payData.staMarried <= 9) op3Marital[payData.staMarried.value()].select();
@@ -94,16 +94,16 @@ void frmState::Activate() {
 void frmState::Unload() {
   if (mskAdditional.text().empty()) mskAdditional.setText("0");
   takeStateOptions({cboDeps[0].text(), cboDeps[1].text(), cboSpecialDeps.text(), mskAdditional.text()});
-  stateInfo.save("staDeps", toText(payData.staDeps));
-  stateInfo.save("IllDeps", toText(payData.illDeps));
-  stateInfo.save("staExmp", toText(payData.staExmp));
-  stateInfo.save("staAdd", toText(payData.staAdd));
-  stateInfo.save("staMarried", toText(payData.staMarried));
-  stateInfo.save("staRate", toText(staRate));
-  stateInfo.save("staMethod", std::to_string(cboSpecialDeps.index()));  // nothing reads it
+  settings::staDeps.save(payData.staDeps);
+  settings::illDeps.save(payData.illDeps);
+  settings::staExmp.save(payData.staExmp);
+  settings::staAdd.save(payData.staAdd);
+  settings::staMarried.save(payData.staMarried);
+  settings::staRate.save(staRate);
+  settings::staMethod.save(cboSpecialDeps.index());  // nothing reads it
   step([&] { desk.use<frmMain>().cboState.setIndex(cboState.index()); });
-  stateInfo.save("sta401", sta401);
-  stateInfo.save("staPreTax", staPreTax);
+  settings::sta401.save(sta401);
+  settings::staPreTax.save(staPreTax);
 }
 
 void frmState::cboState_Click() {
@@ -148,7 +148,7 @@ void frmState::cboSpecialDeps_Click() {
     step([&] { payData.mMethod = toInt16(cboSpecialDeps.text()); });
   } else if (cboState.index() == state::michigan) {
     payData.mMethod = cboSpecialDeps.index();
-    stateInfo.save("MMethod", toText(payData.mMethod));
+    settings::mMethod.save(payData.mMethod);
   }
 }
 

@@ -1,20 +1,14 @@
 #include "states/statebase.h"
 
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 
 namespace tallyfin {
-
-namespace {
-
-bool chosen(std::string_view key) { return stateInfo.get(key, "N") == "Y"; }
-
-}  // namespace
 
 void StateBase() {
   payData.state401k = 0;
   payData.statePreTax = 0;
-  if (chosen("sta401")) payData.state401k = payData.amt401k;
-  if (chosen("staPreTax")) payData.statePreTax = payData.preTax;
+  if (settings::sta401.text() == "Y") payData.state401k = payData.amt401k;
+  if (settings::staPreTax.text() == "Y") payData.statePreTax = payData.preTax;
 }
 
 Money stateGross() { return payData.grossPay - (payData.statePreTax + payData.state401k); }

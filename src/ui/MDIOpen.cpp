@@ -4,7 +4,7 @@
 #include "controls/surroundings.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 #include "stateoptions/frmState.h"
 #include "ui/MsgBox.h"
 #include "ui/frmAbt.h"
@@ -58,7 +58,7 @@ void MDIOpen::start() {
 }
 
 void MDIOpen::Load() {
-  step([] { payData.dontShow = toInt16(user.get("DontShow", "0")); });
+  step([] { payData.dontShow = settings::dontShow.number(); });
   title = "Tallyfin 99";
   if (payData.dontShow == 0) desk.openInstead<frmName>();
   if (payData.dontShow == 1) desk.openInstead<frmMain>();

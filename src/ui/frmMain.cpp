@@ -5,7 +5,7 @@
 #include "engine/entries.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 #include "engine/statelist.h"
 #include "stateoptions/frmState.h"
 #include "states/shapes.h"
@@ -63,20 +63,20 @@ frmMain::frmMain() : Screen(screenName, "Calculations") {
 }
 
 void frmMain::Load() {
-  txtIncome.setText(lastEntries.get("IncAmt", "0"));
-  txt401k.setText(lastEntries.get("401k", "0"));
-  txtPreTax.setText(lastEntries.get("NotTax", "0"));
-  txtPreFICA.setText(lastEntries.get("SSExmp", "0"));
-  txtHours.setText(lastEntries.get("Hours", "80"));
-  step([&] { cboState.setEntry(toInt16(lastEntries.get("State", "0")).value()); });  // may open the state options
-  step([&] { cboExemptions.setEntry(toInt16(lastEntries.get("Deps", "0")).value()); });
-  step([&] { payData.frequency = toInt16(lastEntries.get("Frequency", std::to_string(lstFrequency.index()))); });
-  step([&] { payData.maritalStat = toInt16(lastEntries.get("MaritalStat", "0")); });
+  txtIncome.setText(settings::incAmt.text());
+  txt401k.setText(settings::rate401k.text());
+  txtPreTax.setText(settings::notTax.text());
+  txtPreFICA.setText(settings::ssExmp.text());
+  txtHours.setText(settings::hours.text());
+  step([&] { cboState.setEntry(settings::state.number().value()); });  // may open the state options
+  step([&] { cboExemptions.setEntry(settings::deps.number().value()); });
+  step([&] { payData.frequency = settings::frequency.numberOr(lstFrequency.index()); });
+  step([&] { payData.maritalStat = settings::maritalStat.number(); });
   // As stored, not normalised: a rate typed as 2 is 200 percent from here on.
-  step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
+  step([&] { payData.localRate = realOf(settings::local.text()); });
   desk.use<frmMisc>().txtTaxPerCnt.setText(toText(payData.localRate));
-  step([&] { payData.mMethod = toInt16(stateInfo.get("MMethod", "0")); });
-  step([&] { chkSelfEmployed.setValue(toInt16(lastEntries.get("Self", "0")) != 0); });
+  step([&] { payData.mMethod = settings::mMethod.number(); });
+  step([&] { chkSelfEmployed.setValue(settings::self.number() != 0); });
   step([&] { exemptions = toInt16(cboExemptions.text()); });
   // Selecting runs the click, which replaces the hours by those of the frequency.
   step([&] { lstFrequency.setEntry(payData.frequency.value()); });
@@ -93,7 +93,7 @@ void frmMain::showFigure(int label, const std::string& text) {
 void frmMain::lstFrequency_Click() {
   payData.frequency = lstFrequency.index();
   txtHours.setText(fullTimeHours.at(static_cast<std::size_t>(lstFrequency.index())));
-  lastEntries.save("Frequency", toText(payData.frequency));
+  settings::frequency.save(payData.frequency);
 }
 
 void frmMain::optStatus_Click(int index) {
@@ -101,7 +101,7 @@ void frmMain::optStatus_Click(int index) {
   takeStatus(index, optStatus[2].caption() == "Married, Two Incomes");
 }
 
-void frmMain::chkSelfEmployed_Click() { lastEntries.save("Self", chkSelfEmployed.value() ? "-1" : "0"); }
+void frmMain::chkSelfEmployed_Click() { settings::self.save(chkSelfEmployed.value() ? -1 : 0); }
 
 void frmMain::cboState_Click() {
   if (!opensStateOptions(cboState.index())) return;
@@ -138,17 +138,16 @@ void frmMain::calculateCommand() {
 }
 
 void frmMain::saveEntries() {
-  const SavedTogether together;
-  lastEntries.save("IncAmt", toText(payData.grossPay));
-  lastEntries.save("401k", toText(payData.rate401k));  // the fraction: a typed 6 comes back as 0.06
-  lastEntries.save("NotTax", toText(payData.preTax));
-  lastEntries.save("SSExmp", toText(payData.preFica));
-  lastEntries.save("Hours", txtHours.text());
-  lastEntries.save("State", std::to_string(cboState.index()));
-  lastEntries.save("Deps", std::to_string(cboExemptions.index()));
-  lastEntries.save("Frequency", toText(payData.frequency));
-  lastEntries.save("MaritalStat", toText(payData.maritalStat));
-  lastEntries.save("LocalAmt", toText(payData.localTax));
+  settings::incAmt.save(payData.grossPay);
+  settings::rate401k.save(payData.rate401k);  // the fraction: a typed 6 comes back as 0.06
+  settings::notTax.save(payData.preTax);
+  settings::ssExmp.save(payData.preFica);
+  settings::hours.save(txtHours.text());
+  settings::state.save(cboState.index());
+  settings::deps.save(cboExemptions.index());
+  settings::frequency.save(payData.frequency);
+  settings::maritalStat.save(payData.maritalStat);
+  settings::localAmt.save(payData.localTax);
 }
 
 void frmMain::printCommand() {

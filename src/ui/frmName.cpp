@@ -3,7 +3,7 @@
 #include "controls/desk.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 #include "ui/frmMain.h"
 
 namespace tallyfin {
@@ -15,13 +15,13 @@ frmName::frmName() : Screen(screenName, "Personal Information") {
 }
 
 void frmName::Load() {
-  txtName.setText(user.get("UName", "-"));
-  txtSSN.setText(user.get("USSN", "-"));
-  txtAddress.setText(user.get("UAdd", "-"));
-  txtCity.setText(user.get("UCity", "-"));
-  step([] { payData.maritalStat = toInt16(lastEntries.get("MaritalStat", "0")); });
+  txtName.setText(settings::uName.text());
+  txtSSN.setText(settings::uSSN.text());
+  txtAddress.setText(settings::uAdd.text());
+  txtCity.setText(settings::uCity.text());
+  step([] { payData.maritalStat = settings::maritalStat.number(); });
   txtSSN.setText(socialSecurityNumber(txtSSN.text()));
-  step([] { payData.dontShow = toInt16(user.get("DontShow", "0")); });
+  step([] { payData.dontShow = settings::dontShow.number(); });
   if (payData.maritalStat >= 0 && payData.maritalStat <= 2) optMaritalStatus[payData.maritalStat.value()].select();
   if (payData.dontShow == 0) chkShow.setValue(true);
   if (payData.dontShow == 1) chkShow.setValue(false);
@@ -29,16 +29,16 @@ void frmName::Load() {
 
 void frmName::chkShow_Click() {
   payData.dontShow = chkShow.value() ? 0 : 1;
-  user.save("DontShow", toText(payData.dontShow));
+  settings::dontShow.save(payData.dontShow);
 }
 
 void frmName::cmdExit_Click() {
   if (txtName.text().empty()) return txtName.setFocus();  // the one required field
-  user.save("UName", txtName.text());
-  user.save("UAdd", txtAddress.text());
-  user.save("UCity", txtCity.text());
-  user.save("USSN", txtSSN.text());
-  lastEntries.save("MaritalStat", toText(payData.maritalStat));
+  settings::uName.save(txtName.text());
+  settings::uAdd.save(txtAddress.text());
+  settings::uCity.save(txtCity.text());
+  settings::uSSN.save(txtSSN.text());
+  settings::maritalStat.save(payData.maritalStat);
   desk.show<frmMain>();
   desk.close(*this);
 }

@@ -5,7 +5,7 @@
 #include "controls/surroundings.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 
 namespace tallyfin {
 
@@ -38,7 +38,7 @@ frmPrint::frmPrint() : Screen(screenName, "Print Preview") {
 void frmPrint::buildReport() {
   if (!vsPrinter1.startDocument()) return surroundings.beeper->beep();
   surroundings.pointer->setBusy(true);
-  vsPrinter1.setHeader(" Prepared for " + user.get("UName", "-") + " on " + longDate(surroundings.clock->now()));
+  vsPrinter1.setHeader(" Prepared for " + settings::uName.text() + " on " + longDate(surroundings.clock->now()));
   vsPrinter1.setFont(12, false, false);
   vsPrinter1.addTable(reportTable());
   vsPrinter1.endDocument();

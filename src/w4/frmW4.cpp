@@ -7,7 +7,7 @@
 #include "controls/desk.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 
 namespace tallyfin {
 
@@ -37,14 +37,14 @@ frmW4::frmW4() : Screen(screenName, "Form W-4") {
 }
 
 void frmW4::Load() {
-  txtName.setText(user.get("UName", "-"));
-  txtAddress.setText(user.get("UAdd", "-"));
-  txtCity.setText(user.get("UCity", "-"));
-  txtSSN.setText(user.get("USSN", "-"));
+  txtName.setText(settings::uName.text());
+  txtAddress.setText(settings::uAdd.text());
+  txtCity.setText(settings::uCity.text());
+  txtSSN.setText(settings::uSSN.text());
   lblDate.setCaption(dateAndTime(surroundings.clock->now()));
   // The program itself never writes these two keys.
-  setAs(optSingle, user.get("Marital1", "0"));
-  setAs(optMarried, user.get("Marital0", "0"));
+  setAs(optSingle, settings::marital1.text());
+  setAs(optMarried, settings::marital0.text());
   lblW4Line5.setCaption(toText(payData.w4Allowances));
 }
 

@@ -6,7 +6,7 @@
 #include "engine/entries.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 #include "ui/frmMain.h"
 
 namespace tallyfin {
@@ -48,9 +48,9 @@ void frmMisc::Load() {
   });
   // As stored, not normalised. The page of the local tax is in sight while the screen loads, even if the page of the
   // raise was asked for.
-  step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
-  step([&] { payData.applyTo = toInt16(lastEntries.get("ApplyTo", "0")); });
-  step([&] { lstGrossPay.setEntry(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
+  step([&] { payData.localRate = realOf(settings::local.text()); });
+  step([&] { payData.applyTo = settings::applyTo.number(); });
+  step([&] { lstGrossPay.setEntry(settings::applyToDisp.number().value()); });
 }
 
 void frmMisc::Unload() {
@@ -77,13 +77,13 @@ void frmMisc::showRaisePage() {
 
 void frmMisc::lstGrossPay_Click() {
   payData.applyTo = lstGrossPay.index() + 1;
-  lastEntries.save("ApplyTo", toText(payData.applyTo));
-  lastEntries.save("ApplyToDisp", std::to_string(lstGrossPay.index()));
+  settings::applyTo.save(payData.applyTo);
+  settings::applyToDisp.save(lstGrossPay.index());
 }
 
 void frmMisc::takeLocalTax() {
   takeLocalRate(txtTaxPerCnt.text());
-  lastEntries.save("Local", txtTaxPerCnt.text());  // as typed
+  settings::local.save(txtTaxPerCnt.text());  // as typed
   desk.close(*this);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QMessageBox>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -11,7 +10,6 @@
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/printer.h"
-#include "ui/qt/store.h"
 #include "ui/qt/view.h"
 
 namespace tallyfin::qt {
@@ -35,18 +33,6 @@ Desktop::~Desktop() {
 }
 
 void Desktop::start() { MDIOpen::start(); }
-
-void Desktop::tellTrouble(const Store& store) const {
-  QString text = store.trouble();
-  if (text.isEmpty()) return;
-  if (!store.keeps()) {
-    text += QStringLiteral("\n\nYou can work as usual, but what you enter may be forgotten when the program ends.");
-  }
-  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"), text, QMessageBox::Ok, frame());
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setModal(false);
-  box->show();
-}
 
 View* Desktop::view(std::string_view screenName) const {
   const Screen* screen = desk.find(screenName);

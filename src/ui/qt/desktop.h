@@ -16,7 +16,6 @@ namespace tallyfin::qt {
 
 class Frame;
 class ScreenPrinter;
-class Store;
 class View;
 
 /// The desktop binding as a whole: shows what the desk holds. A shown screen has a view; documents stand in the frame,
@@ -28,8 +27,6 @@ class Desktop : public QObject {
 
   /// Begins a run: the frame, then its first screen.
   void start();
-  /// Says in a box above the frame what the store is in trouble with, if it is; the program works on.
-  void tellTrouble(const Store& store) const;
   Frame* frame() const { return frame_.get(); }
   /// The view of a shown screen; none if it isn't shown.
   View* view(std::string_view screenName) const;

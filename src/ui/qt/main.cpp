@@ -1,13 +1,15 @@
 #include <sys/stat.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QPixmap>
 #include <QSplashScreen>
+#include <QStandardPaths>
 
+#include "store/store.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
-#include "ui/qt/store.h"
 
 int main(int argc, char** argv) {
   umask(S_IRWXG | S_IRWXO);  // whatever the program writes is the user's alone
@@ -20,11 +22,11 @@ int main(int argc, char** argv) {
   QSplashScreen splash(tallyfin::qt::look::picture(QStringLiteral("splash")).pixmap(360, 200));
   splash.show();
 
-  tallyfin::qt::Store store(tallyfin::qt::Store::usualPath());
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  tallyfin::FileStore store(QFile::encodeName(folder + QStringLiteral("/Tallyfin99/Tallyfin99.sqlite")).toStdString());
   tallyfin::useSettingsStore(store);
   tallyfin::qt::Desktop desktop;
   desktop.start();
   splash.finish(desktop.frame());
-  desktop.tellTrouble(store);
   return QApplication::exec();
 }

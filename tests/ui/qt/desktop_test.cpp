@@ -10,7 +10,7 @@
 namespace tallyfin::qt {
 
 DesktopTest::DesktopTest() {
-  store_.emplace(storePath());
+  store_.emplace(storePath().toStdString());
   useSettingsStore(*store_);
 }
 
@@ -34,8 +34,6 @@ void DesktopTest::start() {
   frame().activateWindow();
   if (!QTest::qWaitForWindowActive(&frame())) throw std::runtime_error("the frame doesn't become the active window");
   settle();
-  desktop_->tellTrouble(*store_);
-  settle();
 }
 
 void DesktopTest::startOnMain() {
@@ -46,7 +44,7 @@ void DesktopTest::startOnMain() {
 void DesktopTest::restart() {
   desktop_.reset();
   settle();
-  store_.emplace(storePath());
+  store_.emplace(storePath().toStdString());
   useSettingsStore(*store_);
   start();
 }

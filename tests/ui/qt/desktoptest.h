@@ -18,9 +18,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "store/store.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame.h"
-#include "ui/qt/store.h"
 
 /// The ground of the desktop's tests: the whole program without a display, on a store file of the test's own, worked by
 /// clicks and keys on widgets found by their names.
@@ -39,7 +39,7 @@ class DesktopTest : public ::testing::Test {
   void startOnMain();
   /// What stands in the store's file at the next start.
   void putFile(const QByteArray& content) const;
-  QString storePath() const { return folder_.filePath("settings.ini"); }
+  QString storePath() const { return folder_.filePath("settings.sqlite"); }
   /// Ends the program and starts it again on the same store file.
   void restart();
   /// Lets the program do what it has put off.
@@ -74,7 +74,7 @@ class DesktopTest : public ::testing::Test {
 
  private:
   QTemporaryDir folder_;
-  std::optional<Store> store_;
+  std::optional<FileStore> store_;
   std::unique_ptr<Desktop> desktop_;
 };
 

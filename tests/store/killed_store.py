@@ -2,9 +2,10 @@
 """killed_store.py SCRIPT_PROGRAM [SECONDS]: kills the program at random moments of thousands of saves.
 
 Afterwards the store holds every save that was answered, perhaps the one that was under way, and nothing else; its file
-is the user's alone, and the next start leaves nothing beside it. A second part does the same to the entries that a
-calculation saves together: all of them are of one calculation. A third has two programs save side by side, one of them
-being killed again and again: neither loses anything of the other's."""
+is the user's alone, and the next start leaves nothing beside it. A second part does the same to calculations, which save
+their entries one by one in their order. In a third two programs save side by side, and each is killed at a moment of its
+own: neither loses anything of the other's."""
+import concurrent.futures
 import json
 import os
 import pathlib
@@ -17,6 +18,7 @@ import threading
 import time
 
 program = sys.argv[1]
+name = "Tallyfin99.sqlite"
 seconds = float(sys.argv[2]) if len(sys.argv) > 2 else 24
 values = ["", "0", " blank ", "1,000.00", "@x", "line\nline\r\n", 'a "quoted" \\ text;', "\u00e9\U0001f600", "x" * 500, "\x00\x01f"]
 
@@ -61,18 +63,18 @@ def feed(process, commands):
 
 
 def check_folder(folder):
-    assert os.listdir(folder) == ["Tallyfin99.ini"], os.listdir(folder)
-    mode = stat.S_IMODE(os.stat(folder / "Tallyfin99.ini").st_mode)
+    assert os.listdir(folder) == [name], os.listdir(folder)
+    mode = stat.S_IMODE(os.stat(folder / name).st_mode)
     assert mode == 0o600, oct(mode)
 
 
 def alone(folder, chance):
     """Every answered save is there, at most one more is."""
-    store = str(folder / "Tallyfin99.ini")
+    store = str(folder / name)
     state, saves, runs = {}, 0, 0
     end = time.monotonic() + seconds / 3
     while time.monotonic() < end:
-        lines = [(f"key{chance.randrange(6)}", chance.choice(values) + str(saves + i)) for i in range(4000)]
+        lines = [(f"key{chance.randrange(6)}", chance.choice(values) + str(saves + i)) for i in range(12000)]
         count = killed_run(store, [command(*line) for line in lines], chance)
         state.update(lines[:count])
         found = dump(store).get("Settings", {})
@@ -84,51 +86,51 @@ def alone(folder, chance):
 
 
 def calculated(folder, chance):
-    """All entries are those of the last calculation that was answered, or of the one that was under way."""
-    store = str(folder / "Tallyfin99.ini")
+    """The income, saved first, is that of the last calculation that was answered or of the one that was under way; the
+    hours, saved later, are of the same or of the one before."""
+    store = str(folder / name)
     last, runs = 0, 0
     end = time.monotonic() + seconds / 3
     while time.monotonic() < end:
         rounds = [f'type frmMain.txtIncome "{i}"\ntype frmMain.txtHours "{i}"\nclick frmMain.cmdToolBar(0)\n'.encode()
-                  for i in range(last + 1, last + 2000)]
+                  for i in range(last + 1, last + 5000)]
         answered = max(0, killed_run(store, [b"start\n"] + rounds, chance) - 1) // 3
-        found = {"IncAmt": "0", "Hours": "0", **dump(store).get("Settings", {})}
-        assert found["IncAmt"] == found["Hours"], found
-        assert int(found["IncAmt"]) in (last + answered, last + answered + 1), (answered, last, found)
-        last, runs = int(found["IncAmt"]), runs + 1
+        entries = {"IncAmt": "0", "Hours": "0", **dump(store).get("Settings", {})}
+        income, hours = int(entries["IncAmt"]), int(entries["Hours"])
+        assert income in (last + answered, last + answered + 1), (answered, last, entries)
+        assert hours in (income, income - 1), entries
+        last, runs = income, runs + 1
         check_folder(folder)
     return last, runs
 
 
 def together(folder, chance):
-    """Two programs on one store: one goes on and on, the other is killed again and again."""
-    store = str(folder / "Tallyfin99.ini")
-    steady = [(f"steady{i % 3}", str(i)) for i in range(2000)]
-    process = start(store)
-    writer = threading.Thread(target=feed, args=(process, [command(*line) for line in steady]))
-    writer.start()
-    state, saves = {}, 0
+    """Two programs on one store, each killed at a moment of its own."""
+    store = str(folder / name)
+    states, saves, runs = [{}, {}], [0, 0], 0
     end = time.monotonic() + seconds / 3
     while time.monotonic() < end:
-        lines = [(f"other{i % 3}", f"{saves}-{i}") for i in range(4000)]
-        count = killed_run(store, [command(*line) for line in lines], chance)
-        found = {key: value for key, value in dump(store)["Settings"].items() if key.startswith("other")}
-        state.update(lines[:count])
-        assert found in (state, {**state, **dict(lines[count:count + 1])}), (count, found, state)
-        state, saves = found, saves + count
-    answers = process.stdout.read().count(b"ok\n")
-    writer.join()
-    process.wait()
-    assert answers == len(steady), answers
-    assert {**state, **dict(steady)} == dump(store)["Settings"]
-    check_folder(folder)
-    return saves + answers
+        lines = [[(f"program{who}-{chance.randrange(5)}", f"{saves[who]}-{i}") for i in range(12000)] for who in (0, 1)]
+        moments = [random.Random(chance.random()) for _ in (0, 1)]
+        with concurrent.futures.ThreadPoolExecutor(2) as pool:
+            counts = list(pool.map(lambda who: killed_run(store, [command(*line) for line in lines[who]], moments[who]),
+                                   (0, 1)))
+        found = dump(store).get("Settings", {})
+        for who, count in enumerate(counts):
+            mine = {key: value for key, value in found.items() if key.startswith(f"program{who}-")}
+            states[who].update(lines[who][:count])
+            under_way = {**states[who], **dict(lines[who][count:count + 1])}
+            assert mine in (states[who], under_way), (who, count, mine, states[who])
+            states[who], saves[who] = mine, saves[who] + count
+        runs += 1
+        check_folder(folder)
+    return saves, runs
 
 
 chance = random.Random(1999)
 for part in (alone, calculated, together):
     with tempfile.TemporaryDirectory() as folder:
         folder = pathlib.Path(folder)
-        subprocess.run([program, folder / "Tallyfin99.ini"], input=b'store put User DontShow "1"\n', check=True,
+        subprocess.run([program, folder / name], input=b'store put User DontShow "1"\n', check=True,
                        stdout=subprocess.DEVNULL)
         print(part.__name__, part(folder, chance))

@@ -1,0 +1,567 @@
+#include "store/store.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <sqlite3.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <thread>
+
+#include "engine/failure.h"
+
+namespace tallyfin {
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+void put(const fs::path& path, std::string_view bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+}
+
+std::string bytesOf(const fs::path& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+unsigned modeOf(const fs::path& path) { return static_cast<unsigned>(fs::status(path).permissions()); }
+
+/// The file by SQLite alone, as its own command shows and changes it.
+class Sql {
+ public:
+  explicit Sql(const fs::path& path) { EXPECT_EQ(sqlite3_open(path.c_str(), &connection_), SQLITE_OK); }
+  ~Sql() { sqlite3_close(connection_); }
+  Sql(const Sql&) = delete;
+  Sql& operator=(const Sql&) = delete;
+
+  void operator()(const std::string& sql) const {
+    EXPECT_EQ(sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(connection_);
+  }
+
+ private:
+  sqlite3* connection_ = nullptr;
+};
+
+/// An own folder, and nobody's privileges: to root no file is read-only.
+class StoreTest : public testing::Test {
+ protected:
+  StoreTest() {
+    std::string name = (fs::temp_directory_path() / "storeXXXXXX").string();
+    folder = ::mkdtemp(name.data());
+    if (::geteuid() == 0) {
+      EXPECT_EQ(::chown(folder.c_str(), nobody, nobody), 0);
+      EXPECT_EQ(::seteuid(nobody), 0);
+    }
+    path = folder / "Tallyfin99.sqlite";
+  }
+  ~StoreTest() override {
+    fs::permissions(folder, fs::perms::owner_all);
+    if (::getuid() == 0) {
+      EXPECT_EQ(::seteuid(0), 0);
+    }
+    fs::remove_all(folder);
+  }
+
+  FileStore opened() const { return FileStore(path); }
+  std::optional<std::string> kept(std::string_view key) const { return opened().read(section::settings, key); }
+  std::vector<std::string> names() const {
+    std::vector<std::string> all;
+    for (const auto& entry : fs::directory_iterator(folder)) all.push_back(entry.path().filename().string());
+    std::sort(all.begin(), all.end());
+    return all;
+  }
+
+  /// What stands in the store's place is no store: nothing is read, no save succeeds, and it stays as it is.
+  void expectLeftAlone() const {
+    const bool file = fs::is_regular_file(path);
+    const std::string before = file ? bytesOf(path) : "";
+    const auto beside = names();
+    {
+      FileStore store = opened();
+      EXPECT_EQ(store.read(section::settings, "IncAmt"), std::nullopt);
+      EXPECT_THROW(store.write(section::settings, "IncAmt", "1000"), FailedStatement);
+      store.erase(section::settings, "IncAmt");
+      EXPECT_EQ(store.read(section::settings, "IncAmt"), std::nullopt);
+      EXPECT_THAT(store.all(), IsEmpty());
+    }
+    if (file) {
+      EXPECT_TRUE(bytesOf(path) == before);
+    }
+    EXPECT_EQ(names(), beside);
+  }
+
+  static constexpr unsigned nobody = 65534;
+  fs::path folder;
+  fs::path path;
+};
+
+// --- What is kept ----------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, KeepsATextAtOnce) {
+  FileStore store = opened();
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(kept("IncAmt"), "1000");
+  store.write(section::settings, "IncAmt", "2000");
+  EXPECT_EQ(kept("IncAmt"), "2000");
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "2000");
+}
+
+TEST_F(StoreTest, ErasesAText) {
+  FileStore store = opened();
+  store.write(section::settings, "IncAmt", "1000");
+  store.write(section::user, "IncAmt", "Pat");
+  store.erase(section::settings, "IncAmt");
+  EXPECT_EQ(kept("IncAmt"), std::nullopt);
+  EXPECT_EQ(opened().all(), (SettingsStore::Sections{{"User", {{"IncAmt", "Pat"}}}}));
+}
+
+TEST_F(StoreTest, MakesNothingByReading) {
+  path = folder / "config" / "Tallyfin99.sqlite";
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), std::nullopt);
+  store.erase(section::settings, "IncAmt");
+  EXPECT_THAT(store.all(), IsEmpty());
+  EXPECT_THAT(names(), IsEmpty());
+}
+
+TEST_F(StoreTest, TakesAnEmptyFileForItsOwnWhenItSaves) {
+  put(path, "");
+  EXPECT_EQ(kept("IncAmt"), std::nullopt);
+  EXPECT_EQ(bytesOf(path), "");
+  opened().write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(kept("IncAmt"), "1000");
+}
+
+TEST_F(StoreTest, LeavesOneFileBehind) {
+  opened().write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(kept("IncAmt"), "1000");
+  EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite"));
+}
+
+TEST_F(StoreTest, KeepsNothingOfATextThatWasReplaced) {
+  opened().write(section::user, "USSN", "123-45-6789");
+  opened().write(section::user, "USSN", "-");
+  EXPECT_EQ(bytesOf(path).find("123-45-6789"), std::string::npos);
+}
+
+RC_GTEST_FIXTURE_PROP(StoreTest, GivesBackAnyBytesOfAnyName, ()) {
+  const auto bytes = rc::gen::arbitrary<std::string>();
+  const std::string sectionName = *bytes;
+  const std::string key = *bytes;
+  const std::string text = *bytes;
+  FileStore store = opened();
+  store.write("Other", "key", "other");
+  store.write(sectionName, key, "before");
+  store.write(sectionName, key, text);
+  FileStore again = opened();
+  RC_ASSERT(again.read(sectionName, key) == text);
+  RC_ASSERT(again.all().at(sectionName).at(key) == text);
+  if (sectionName != "Other" || key != "key") RC_ASSERT(again.read("Other", "key") == "other");
+  again.erase(sectionName, key);
+  RC_ASSERT(again.read(sectionName, key) == std::nullopt);
+}
+
+TEST_F(StoreTest, GivesBackAwkwardTexts) {
+  const std::string megabyte(1'000'000, '\xFF');
+  for (const std::string& text :
+       {std::string(), std::string(1, '\0'), std::string("a\0b", 3), std::string("'; DROP TABLE setting; --"),
+        std::string("\"?1\""), std::string("P\xFFt\xC3"), std::string("\xEF\xBB\xBFx"), std::string("\r\n\t "),
+        megabyte}) {
+    opened().write(text, text, text);
+    EXPECT_EQ(opened().read(text, text), text);
+    opened().erase(text, text);
+  }
+  EXPECT_EQ(opened().read(std::string_view{}, std::string_view{}), std::nullopt);
+  opened().write(std::string_view{}, std::string_view{}, "x");
+  EXPECT_EQ(opened().read("", ""), "x");
+}
+
+TEST_F(StoreTest, TellsKeysApartByEveryByte) {
+  FileStore store = opened();
+  for (const std::string& key : {std::string("a"), std::string("A"), std::string("a\0", 2), std::string("a ")}) {
+    store.write(section::settings, key, key);
+  }
+  EXPECT_EQ(store.read(section::settings, "a"), "a");
+  EXPECT_EQ(store.read(section::settings, std::string_view("a\0", 2)), std::string_view("a\0", 2));
+  EXPECT_EQ(store.all().at("Settings").size(), 4U);
+}
+
+TEST_F(StoreTest, RefusesATextOfTwentyMegabytesAndKeepsTheOldOne) {
+  FileStore store = opened();
+  store.write(section::user, "UName", "Pat");
+  EXPECT_THROW(store.write(section::user, "UName", std::string(20'000'000, 'x')), FailedStatement);
+  EXPECT_EQ(store.read(section::user, "UName"), "Pat");
+  store.write(section::user, "UName", "Ann");
+  EXPECT_EQ(store.read(section::user, "UName"), "Ann");
+}
+
+TEST_F(StoreTest, GrowsNoFurtherThanItMay) {
+  FileStore store = opened();
+  const std::string large(7'000'000, 'x');
+  int fitting = 0;
+  EXPECT_THROW(
+      for (;; ++fitting) { store.write(section::user, std::to_string(fitting), large); }, FailedStatement);
+  EXPECT_EQ(fitting, 9);
+  EXPECT_EQ(store.read(section::user, "8"), large);
+  store.erase(section::user, "0");
+  store.write(section::user, "9", large);
+}
+
+// --- Whose it is -----------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, IsTheUsersAloneWhateverTheMask) {
+  for (const mode_t mask : {0U, 0777U}) {
+    path = folder / std::to_string(mask) / "config" / "Tallyfin99.sqlite";
+    const mode_t before = ::umask(mask);
+    FileStore store = opened();
+    store.write(section::user, "USSN", "000-00-0000");
+    EXPECT_EQ(::umask(before), mask);
+    for (const char* ending : {"", "-wal", "-shm"}) EXPECT_EQ(modeOf(path.string() + ending), 0600U) << ending;
+    EXPECT_EQ(modeOf(path.parent_path()), 0700U);
+    EXPECT_EQ(modeOf(path.parent_path().parent_path()), 0700U);
+  }
+}
+
+TEST_F(StoreTest, TakesAwayWhatOthersMayDo) {
+  opened().write(section::user, "USSN", "1");
+  fs::permissions(path, fs::perms(0666));
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::user, "USSN"), "1");
+  for (const char* ending : {"", "-wal", "-shm"}) EXPECT_EQ(modeOf(path.string() + ending), 0600U) << ending;
+}
+
+TEST_F(StoreTest, ChangesNoModeOfAnothersFile) {
+  put(path, "some text");
+  fs::permissions(path, fs::perms(0644));
+  expectLeftAlone();
+  EXPECT_EQ(modeOf(path), 0644U);
+}
+
+TEST_F(StoreTest, FollowsALink) {
+  fs::create_directory(folder / "elsewhere");
+  const fs::path real = folder / "elsewhere" / "real #1?.db";
+  FileStore(real).write(section::settings, "Hours", "40");
+  fs::create_symlink("elsewhere/real #1?.db", path);
+  opened().write(section::settings, "IncAmt", "1000");
+  EXPECT_TRUE(fs::is_symlink(path));
+  EXPECT_EQ(FileStore(real).read(section::settings, "IncAmt"), "1000");
+  EXPECT_EQ(kept("Hours"), "40");
+  EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite", "elsewhere"));
+}
+
+TEST_F(StoreTest, DoesNotReplaceALinkThatLeadsNowhere) {
+  fs::create_symlink("nothing", path);
+  expectLeftAlone();
+  EXPECT_EQ(fs::read_symlink(path), "nothing");
+}
+
+// --- What is no store ------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, LeavesAFolderAlone) {
+  fs::create_directory(path);
+  expectLeftAlone();
+}
+
+TEST_F(StoreTest, LeavesATextAlone) {
+  for (const char* text : {"x", "[Settings]\nHours=40\n", "SQLite format 3"}) {
+    put(path, text);
+    expectLeftAlone();
+  }
+  put(path, std::string("SQLite format 3\0", 16) + std::string(5000, 'x'));
+  expectLeftAlone();
+}
+
+TEST_F(StoreTest, LeavesAPipeAlone) {
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  expectLeftAlone();
+}
+
+TEST_F(StoreTest, LeavesWhatIsTooLargeAlone) {
+  opened().write(section::settings, "IncAmt", "1000");
+  fs::resize_file(path, 100'000'000);
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), std::nullopt);
+  EXPECT_THROW(store.write(section::settings, "IncAmt", "2"), FailedStatement);
+  EXPECT_EQ(fs::file_size(path), 100'000'000U);
+}
+
+TEST_F(StoreTest, LeavesATruncatedStoreAlone) {
+  {
+    FileStore store = opened();
+    for (int i = 0; i < 300; ++i) store.write(section::settings, std::to_string(i), std::string(100, 'x'));
+  }
+  const std::string whole = bytesOf(path);
+  for (const std::size_t length :
+       {2UL, 100UL, 4095UL, 4096UL, 8192UL, whole.size() - 4096, whole.size() - 1000, whole.size() - 1}) {
+    put(path, whole.substr(0, length));
+    expectLeftAlone();
+  }
+}
+
+TEST_F(StoreTest, LeavesADatabaseOfAnotherFormAlone) {
+  const std::string ours =
+      "CREATE TABLE setting(section TEXT NOT NULL, key TEXT NOT NULL, text TEXT NOT NULL, PRIMARY KEY(section, key)) "
+      "STRICT, WITHOUT ROWID;";
+  for (const std::string& form :
+       {std::string("CREATE TABLE other(a, b); INSERT INTO other VALUES(1, 2);"),
+        std::string("CREATE TABLE setting(section, key, text); INSERT INTO setting VALUES('Settings', 'IncAmt', 'x');"),
+        ours + "CREATE TRIGGER t AFTER INSERT ON setting BEGIN DELETE FROM setting; END;",
+        ours + "CREATE VIEW v AS SELECT 1;", ours + "CREATE INDEX i ON setting(text);",
+        "PRAGMA encoding = 'UTF-16'; " + ours}) {
+    for (const char* mode : {"PRAGMA journal_mode = DELETE;", "PRAGMA journal_mode = WAL;"}) {
+      fs::remove(path);
+      Sql{path}(mode + form);
+      expectLeftAlone();
+    }
+  }
+}
+
+TEST_F(StoreTest, LeavesAnUnfinishedDatabaseOfAnotherFormAlone) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    sqlite3* other = nullptr;
+    sqlite3_open(path.c_str(), &other);
+    sqlite3_exec(other, "PRAGMA journal_mode = WAL; CREATE TABLE other(a); INSERT INTO other VALUES(1)", nullptr,
+                 nullptr, nullptr);
+    ::_exit(0);  // without closing it
+  }
+  ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+  ASSERT_GT(fs::file_size(path.string() + "-wal"), 0U);
+  const std::string log = bytesOf(path.string() + "-wal");
+  expectLeftAlone();
+  EXPECT_EQ(bytesOf(path.string() + "-wal"), log);
+}
+
+RC_GTEST_FIXTURE_PROP(StoreTest, LeavesAnyBytesAlone, (const std::string& bytes)) {
+  RC_PRE(!bytes.empty());
+  put(path, bytes);
+  expectLeftAlone();
+}
+
+/// A page of a store with some bytes changed is a store with other texts or none; never more than an answer.
+RC_GTEST_FIXTURE_PROP(StoreTest, AnswersWhateverIsDamaged, ()) {
+  opened().write(section::settings, "IncAmt", "1000");
+  std::string bytes = bytesOf(path);
+  for (const auto& [place, byte] : *rc::gen::container<std::map<std::size_t, char>>(
+           rc::gen::inRange<std::size_t>(0, bytes.size()), rc::gen::arbitrary<char>())) {
+    bytes[place] = byte;
+  }
+  put(path, bytes);
+  FileStore store = opened();
+  bool saved = true;
+  try {
+    store.write(section::settings, "IncAmt", "2000");
+  } catch (const FailedStatement&) {
+    saved = false;
+  }
+  if (saved) {
+    RC_ASSERT(opened().read(section::settings, "IncAmt") == "2000");
+  } else {
+    RC_ASSERT(bytesOf(path) == bytes);
+  }
+}
+
+// --- Where nothing can be written ------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, ReadsAFileThatMayNotBeWritten) {
+  opened().write(section::settings, "Hours", "40");
+  fs::permissions(path, fs::perms::owner_read);
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  EXPECT_THROW(store.write(section::settings, "Hours", "41"), FailedStatement);
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+}
+
+TEST_F(StoreTest, ReadsInAFolderThatMayNotBeWrittenAndSavesAsSoonAsItMay) {
+  opened().write(section::settings, "Hours", "40");
+  fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  EXPECT_THROW(store.write(section::settings, "Hours", "41"), FailedStatement);
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  EXPECT_EQ(store.all(), (SettingsStore::Sections{{"Settings", {{"Hours", "40"}}}}));
+
+  fs::permissions(folder, fs::perms::owner_all);
+  store.write(section::settings, "Hours", "41");
+  EXPECT_EQ(store.read(section::settings, "Hours"), "41");
+}
+
+TEST_F(StoreTest, FailsWhereTheFolderCantBeMade) {
+  path = "/proc/nobody/Tallyfin99/Tallyfin99.sqlite";
+  FileStore store = opened();
+  EXPECT_THROW(store.write(section::settings, "IncAmt", "1000"), FailedStatement);
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), std::nullopt);
+}
+
+/// While it lives no file grows beyond a length: a write fails as it does on a full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t length) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &before_), 0);
+    const struct rlimit limit { length, before_.rlim_max };
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+  }
+  ~FullDisk() {
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &before_), 0);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  struct rlimit before_ {};
+  void (*handler_)(int);
+};
+
+TEST_F(StoreTest, KeepsTheOldTextsWhereTheDiskIsFull) {
+  FileStore store = opened();
+  store.write(section::settings, "Hours", "40");
+  for (const rlim_t room : {0UL, 100UL, 5000UL, 10'000UL}) {
+    {
+      const FullDisk full(room);
+      EXPECT_THROW(
+          for (int i = 0; i < 10; ++i) { store.write(section::settings, "IncAmt", std::string(3000, 'x')); },
+          FailedStatement);
+      EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+    }
+    store.write(section::settings, "IncAmt", "1000");
+    EXPECT_EQ(kept("IncAmt"), "1000");
+  }
+  EXPECT_EQ(kept("Hours"), "40");
+}
+
+TEST_F(StoreTest, ReadsAtAStartOnAFullDisk) {
+  opened().write(section::settings, "Hours", "40");
+  const FullDisk full(0);
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  EXPECT_THROW(store.write(section::settings, "Hours", "41"), FailedStatement);
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+}
+
+TEST_F(StoreTest, BecomesAStoreOnceTheDiskHasRoom) {
+  FileStore store = opened();
+  for (const rlim_t room : {0UL, 1000UL, 4096UL, 6000UL}) {
+    const FullDisk full(room);
+    EXPECT_THROW(store.write(section::settings, "Hours", "40"), FailedStatement);
+    EXPECT_EQ(store.read(section::settings, "Hours"), std::nullopt);
+  }
+  store.write(section::settings, "Hours", "40");
+  EXPECT_EQ(kept("Hours"), "40");
+}
+
+// --- Other programs --------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, ReadsWhatAnotherProgramHasJustStored) {
+  FileStore one = opened();
+  FileStore two = opened();
+  EXPECT_EQ(one.read(section::settings, "IncAmt"), std::nullopt);
+  two.write(section::settings, "IncAmt", "1");
+  EXPECT_EQ(one.read(section::settings, "IncAmt"), "1");
+  one.write(section::settings, "IncAmt", "2");
+  EXPECT_EQ(two.read(section::settings, "IncAmt"), "2");
+  two.erase(section::settings, "IncAmt");
+  EXPECT_EQ(one.read(section::settings, "IncAmt"), std::nullopt);
+}
+
+TEST_F(StoreTest, ReadsWhatTheUserHasChangedByHand) {
+  FileStore store = opened();
+  store.write(section::settings, "Hours", "40");
+  Sql{path}("UPDATE setting SET text = 80");
+  EXPECT_EQ(store.read(section::settings, "Hours"), "80");
+}
+
+TEST_F(StoreTest, WorksOnInAnotherJournalMode) {
+  opened().write(section::settings, "Hours", "40");
+  Sql{path}("PRAGMA journal_mode = DELETE");
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  store.write(section::settings, "Hours", "41");
+  EXPECT_EQ(kept("Hours"), "41");
+}
+
+TEST_F(StoreTest, WaitsForABusyStoreLessThanASecond) {
+  opened().write(section::settings, "Hours", "40");
+  FileStore store = opened();
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  const Sql other(path);
+  other("BEGIN IMMEDIATE; UPDATE setting SET text = '41'");
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THROW(store.write(section::settings, "Hours", "42"), FailedStatement);
+  const auto waited = std::chrono::steady_clock::now() - start;
+  EXPECT_GE(waited, std::chrono::milliseconds(400));
+  EXPECT_LT(waited, std::chrono::seconds(1));
+  EXPECT_EQ(store.read(section::settings, "Hours"), "40");
+  other("COMMIT");
+  EXPECT_EQ(store.read(section::settings, "Hours"), "41");
+  store.write(section::settings, "Hours", "42");
+  EXPECT_EQ(kept("Hours"), "42");
+}
+
+TEST_F(StoreTest, BeginsAnewWhereTheFileHasBeenRemoved) {
+  FileStore store = opened();
+  store.write(section::settings, "Hours", "40");
+  fs::remove(path);
+  EXPECT_EQ(store.read(section::settings, "Hours"), std::nullopt);
+  store.write(section::settings, "IncAmt", "1000");
+  EXPECT_EQ(opened().all(), (SettingsStore::Sections{{"Settings", {{"IncAmt", "1000"}}}}));
+}
+
+TEST_F(StoreTest, GoesOverToAFileThatHasTakenThePlace) {
+  FileStore store = opened();
+  store.write(section::settings, "Hours", "40");
+  FileStore(folder / "other").write(section::settings, "Hours", "80");
+  fs::rename(folder / "other", path);
+  for (const char* ending : {"-wal", "-shm"}) fs::remove(path.string() + ending);
+  EXPECT_EQ(store.read(section::settings, "Hours"), "80");
+  put(path.string() + ".new", "no store");
+  fs::rename(path.string() + ".new", path);
+  EXPECT_EQ(store.read(section::settings, "Hours"), std::nullopt);
+  EXPECT_THROW(store.write(section::settings, "Hours", "1"), FailedStatement);
+  EXPECT_EQ(bytesOf(path), "no store");
+}
+
+TEST_F(StoreTest, LosesNothingOfAnotherProgramAtTheSameMoment) {
+  constexpr int saves = 1000;
+  const auto saveAll = [this](const std::string& key) {
+    FileStore store = opened();
+    for (int i = 1; i <= saves; ++i) store.write(section::settings, key + std::to_string(i % 7), std::to_string(i));
+  };
+  const pid_t child = ::fork();
+  if (child == 0) {
+    try {
+      saveAll("child");
+      ::_exit(0);
+    } catch (const FailedStatement&) {
+      ::_exit(1);
+    }
+  }
+  saveAll("parent");
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  for (int i = saves - 6; i <= saves; ++i) {
+    EXPECT_EQ(kept("child" + std::to_string(i % 7)), std::to_string(i));
+    EXPECT_EQ(kept("parent" + std::to_string(i % 7)), std::to_string(i));
+  }
+}
+
+}  // namespace
+
+}  // namespace tallyfin
