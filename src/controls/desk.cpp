@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/paydata.h"
+#include "engine/trace.h"
 
 namespace tallyfin {
 
@@ -148,6 +149,7 @@ void Desk::begin() {
   end();
   discarded_.clear();
   payData = PayData{};
+  forgetTraces();
   running_ = true;
 }
 

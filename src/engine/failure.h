@@ -8,15 +8,9 @@
 namespace tallyfin {
 
 /// What a statement throws that can't be carried out. Only step() catches it.
-struct FailedStatement {};
-
-/// Runs one statement; where it fails, whatever it had not assigned yet stays as it was.
-template <class Statement>
-void step(Statement&& statement) {
-  try {
-    statement();
-  } catch (const FailedStatement&) {
-  }
-}
+struct FailedStatement {
+  /// Why, in words that follow "because".
+  const char* why = "it can't be carried out";
+};
 
 }  // namespace tallyfin

@@ -1,5 +1,7 @@
 #include "states/statebase.h"
 
+#include <algorithm>
+
 #include "engine/settingsstore.h"
 
 namespace tallyfin {
@@ -11,10 +13,10 @@ bool chosen(std::string_view key) { return stateInfo.get(key, "N") == "Y"; }
 }  // namespace
 
 void StateBase() {
-  payData.state401k = 0;
-  payData.statePreTax = 0;
-  if (chosen("sta401")) payData.state401k = payData.amt401k;
-  if (chosen("staPreTax")) payData.statePreTax = payData.preTax;
+  step("401(k) that the state leaves untaxed", payData.state401k,
+       [] { return chosen("sta401") ? payData.amt401k : Money{}; });
+  step("Pre-tax amount that the state leaves untaxed", payData.statePreTax,
+       [] { return chosen("staPreTax") ? payData.preTax : Money{}; });
 }
 
 Money stateGross() { return payData.grossPay - (payData.statePreTax + payData.state401k); }
@@ -22,22 +24,28 @@ Money stateGross() { return payData.grossPay - (payData.statePreTax + payData.st
 bool frequencyKnown() { return payData.frequency >= 0 && payData.frequency <= 3; }
 
 void parseExemptions() {
-  step([] { worksheet().exemptions = toInt16(worksheet().exemptionsText()); });
+  step("Number of exemptions", worksheet().exemptions, [] { return toInt16(worksheet().exemptionsText()); });
 }
 
-void applyBands(Bands table) { payData.stateTax = taxOf(table, worksheet().stateWage); }
+Money taxBy(Bands table) { return taxOf(table, worksheet().stateWage); }
+
+std::optional<Money> taxByStatus(const PerFrequency<Bands>& married, const PerFrequency<Bands>& single) {
+  if (payData.maritalStat == 0) return taxBy(married.now());
+  if (payData.maritalStat == 1) return taxBy(single.now());
+  return std::nullopt;
+}
 
 Money perPeriod(Money annual) { return fromReal(toReal(annual) / toReal(payData.payPeriods)); }
 
+Money atLeastZero(Money amount) { return std::max(amount, Money{}); }
+
 void finish() {
-  step([] {
-    const Money withholding = payData.stateTax + payData.staAdd;
-    payData.stateTax = withholding <= 0 ? Money{} : withholding;
-  });
+  step("Plus the additional amount asked for, and at least 0", payData.stateTax,
+       [] { return atLeastZero(payData.stateTax + payData.staAdd); });
 }
 
 void floorAtZero() {
-  if (payData.stateTax <= 0) payData.stateTax = 0;
+  step("At least 0", payData.stateTax, [] { return atLeastZero(payData.stateTax); });
 }
 
 }  // namespace tallyfin

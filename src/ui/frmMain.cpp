@@ -8,6 +8,7 @@
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
 #include "engine/statelist.h"
+#include "engine/trace.h"
 #include "stateoptions/frmState.h"
 #include "stateoptions/shapes.h"
 #include "ui/frmPrint.h"
@@ -138,8 +139,12 @@ void frmMain::cmdToolBar_Click(int index) {
 }
 
 void frmMain::calculateCommand() {
-  payData.incomeSource = 0;
-  step([] { payData.payPeriods = periodsPerYear.now(); });
+  Recorder recording;
+  step([&] { recording.trace().allowance = fromReal(allowance.now()); });
+  step([&] { recording.trace().exemptions = toInt16(cboExemptions.text()); });
+
+  step("The income is the one entered", payData.incomeSource, [] { return 0; });
+  step("Pay periods a year", payData.payPeriods, [] { return periodsPerYear.now(); });
   Calculate();
   cmdAdditional[1].visible = true;
   saveEntries();
@@ -186,8 +191,8 @@ void frmMain::GridPrint() {
   const auto deductions = [] {
     return payData.amt401k + payData.fica + payData.fedTax + payData.stateTax + payData.localTax;
   };
-  step([&] { payData.totalDed = deductions(); });
-  step([&] { payData.checkAmt = payData.grossPay - deductions(); });
+  step("Total of 401(k), FICA, federal, state and local tax", payData.totalDed, deductions);
+  step("Gross pay less that total", payData.checkAmt, [&] { return payData.grossPay - deductions(); });
 
   const auto add = [this](const char* front, Money amount) { dbgDisplay.addRow(front + toText(amount)); };
   add("!Gross Pay!,", payData.grossPay);

@@ -20,7 +20,7 @@
 #include <set>
 #include <sstream>
 
-#include "engine/failure.h"
+#include "controls/step.h"
 #include "engine/numbertext.h"
 
 namespace tallyfin::qt {
