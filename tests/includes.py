@@ -9,9 +9,10 @@ MAY_INCLUDE = {
     "engine": {"engine"},
     "states": {"engine", "states"},
     "controls": {"controls", "engine"},
+    "explain": {"engine", "explain"},
     **{folder: SCREENS | {"controls", "engine", "states"} for folder in SCREENS},
-    "ui/qt": SCREENS | {"controls", "engine", "states", "ui/qt"},
-    "script": SCREENS | {"controls", "engine", "states", "script"},
+    "ui/qt": SCREENS | {"controls", "engine", "explain", "states", "ui/qt"},
+    "script": SCREENS | {"controls", "engine", "explain", "states", "script"},
 }
 THE_STORE = "ui/qt/store.h"  # one store for both bindings
 

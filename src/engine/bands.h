@@ -76,8 +76,9 @@ inline void rowApplied(const AppliedRow& row) {
 /// The tax on x: the subtraction in Money, the rest in one real step.
 inline Money taxOf(Bands table, Money x) {
   const Band& band = bandOf(table, x);
+  const Money tax = fromReal(toReal(x - band.lower.amount) * band.rate + band.plus);
   rowApplied({band.test, band.bound.amount, band.lower.amount, band.rate, band.plus, x});
-  return fromReal(toReal(x - band.lower.amount) * band.rate + band.plus);
+  return tax;
 }
 
 }  // namespace tallyfin

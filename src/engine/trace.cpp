@@ -69,6 +69,7 @@ Recorder::Recorder() {
   trace.allowance.reset();
   trace.exemptions.reset();
   trace.afterLast = trace.after;
+  trace.touchedBefore = trace.touchedBy;
   ++trace.number;
   trace.before = trace.after = fieldsNow();
   recorder = this;
@@ -91,7 +92,7 @@ void Recorder::record(const char* title, std::span<const Target> targets, RunSta
   const bool outer = !within_;
   within_ = true;
   const auto rowSoFar = std::exchange(row_, std::nullopt);
-  badText_.clear();
+  badText_.reset();
 
   const Fields before = fieldsNow();
   bool done = true;
@@ -129,7 +130,7 @@ void Recorder::record(const char* title, std::span<const Target> targets, RunSta
 
 void Recorder::rowApplied(const AppliedRow& row) { row_ = row; }
 
-void Recorder::notANumber(std::string_view text) { badText_ = text; }
+void Recorder::notANumber(std::string_view text) { badText_ = std::string(text); }
 
 void Recorder::stateBegins(const char* caption) {
   last->state = caption;

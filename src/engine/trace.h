@@ -53,11 +53,11 @@ struct Outcome {
 /// One statement. Its changes and outcomes stand in the trace.
 struct TracedStatement {
   const char* title = "";
-  bool done = true;      ///< False: it failed and was skipped.
-  bool assigned = true;  ///< False: none of its cases held.
-  bool part = false;     ///< A part of the statement before it that is none.
-  const char* why = "";  ///< Of the failure, in words that follow "because".
-  std::string badText;   ///< The text that isn't a number, if that was the reason.
+  bool done = true;                    ///< False: it failed and was skipped.
+  bool assigned = true;                ///< False: none of its cases held.
+  bool part = false;                   ///< A part of the statement before it that is none.
+  const char* why = "";                ///< Of the failure, in words that follow "because".
+  std::optional<std::string> badText;  ///< The text that isn't a number, if that was the reason.
   std::size_t firstChange = 0, changes = 0;
   std::size_t firstOutcome = 0, outcomes = 0;
   std::optional<AppliedRow> row;
@@ -78,9 +78,10 @@ struct Trace {
   std::optional<Money> allowance;   ///< Federal allowance for each exemption, if the frequency has one.
   std::optional<Int16> exemptions;  ///< As chosen on the main screen, where they are a number.
 
-  int number = 0;                           ///< Counts the calculations of a run from 1.
-  std::array<int, fieldCount> touchedBy{};  ///< The calculation that assigned a field last; 0 if none did.
-  Fields afterLast;                         ///< As the calculation before this one left them.
+  int number = 0;                               ///< Counts the calculations of a run from 1.
+  std::array<int, fieldCount> touchedBy{};      ///< The calculation that assigned a field last; 0 if none did.
+  std::array<int, fieldCount> touchedBefore{};  ///< The same before this calculation.
+  Fields afterLast;                             ///< As the calculation before this one left them.
 };
 
 /// Records all statements while it lives. One at a time.
@@ -102,7 +103,7 @@ class Recorder {
 
  private:
   std::optional<AppliedRow> row_;
-  std::string badText_;
+  std::optional<std::string> badText_;
   bool within_ = false;
 };
 

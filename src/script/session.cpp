@@ -9,6 +9,7 @@
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/trace.h"
+#include "explain/explain.h"
 #include "script/properties.h"
 #include "script/words.h"
 #include "ui/screens.h"
@@ -127,7 +128,8 @@ const std::vector<Session::Entry>& Session::commands() {
       {"get", 2, 2, &Session::get},         {"pay", 0, 1, &Session::pay},
       {"poke", 2, 2, &Session::poke},       {"store", 0, 4, &Session::storeCommand},
       {"screens", 0, 0, &Session::screens}, {"controls", 1, 1, &Session::controls},
-      {"trace", 0, 0, &Session::trace},     {"printed", 0, 0, &Session::printed},
+      {"trace", 0, 0, &Session::trace},     {"explain", 0, 0, &Session::explain},
+      {"printed", 0, 0, &Session::printed},
   };
   return all;
 }
@@ -427,6 +429,17 @@ std::string Session::trace(const Words& /*words*/) {
     if (!statement.part) list += (list.empty() ? "" : ",") + written(*trace, statement);
   }
   return value("[" + list + "]");
+}
+
+std::string Session::explain(const Words& /*words*/) {
+  if (!desk.running()) return notRunning;
+  const Trace* trace = lastTrace();
+  if (trace == nullptr) return value("null");
+  std::string rows;
+  for (const Explanation& row : tallyfin::explain(*trace)) {
+    rows += (rows.empty() ? "{" : ",") + json(row.title) + ":" + json(row.lines);
+  }
+  return value(rows + "}");
 }
 
 std::string Session::printed(const Words& /*words*/) {

@@ -81,6 +81,7 @@ class Session {
   std::string screens(const Words& words);
   std::string controls(const Words& words);
   std::string trace(const Words& words);
+  std::string explain(const Words& words);
   std::string printed(const Words& words);
 
   std::optional<Target> find(const std::string& address) const;

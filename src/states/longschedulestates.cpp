@@ -43,7 +43,7 @@ void Connecticut() {
         if (frequencyKnown()) work.stateWage = work.stateWage * periodsPerYear.now();
         annualBase = work.stateWage;
       },
-      work.stateWage, annualBase);
+      work.stateWage);
   step("Exemption by its table", exemption, [&]() -> std::optional<Money> {
     if (!schedule) return std::nullopt;
     const connecticut::Exemption& row = bandOf(schedule->exemptions, work.stateWage);

@@ -62,13 +62,13 @@ void Oklahoma() {
   StateBase();
   step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
   step(
-      "What is over the ceiling of 22,560, and the wage up to it",
+      "The wage up to the ceiling of 22,560, and what is over it",
       [&] {
         if (work.stateWage <= 22560) return;
         overCap = work.stateWage - 22560;
         work.stateWage = 22560;
       },
-      overCap, work.stateWage);
+      work.stateWage, overCap);
   step("Standard deduction, 15% of it", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * 0.15); });
   step("Standard deduction of at least 1,000 and at most 2,000", work.stateStdDed,
        [&] { return std::clamp<Money>(work.stateStdDed, 1000, 2000); });

@@ -38,8 +38,9 @@ void Oregon() {
     if (!tables) return std::nullopt;
     const oregon::CreditedBand& band = bandOf(tables->now(), work.stateWage);
     const double credit = band.credit * toReal(work.exemptions);
+    const Money tax = fromReal(toReal(work.stateWage - band.lower.amount) * band.rate + band.plus - credit);
     rowApplied({band.test, band.bound.amount, band.lower.amount, band.rate, band.plus, work.stateWage, credit});
-    return fromReal(toReal(work.stateWage - band.lower.amount) * band.rate + band.plus - credit);
+    return tax;
   });
   finish();
 }

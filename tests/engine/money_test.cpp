@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "engine/numbertext.h"
+#include "engine/step.h"
 
 namespace tallyfin {
 namespace {
