@@ -11,9 +11,10 @@ MAY_INCLUDE = {
     "batch": {"batch", "engine", "states"},
     "controls": {"controls", "engine"},
     "store": {"store", "engine"},
+    "explain": {"engine", "explain"},
     **{folder: SCREENS | {"controls", "engine", "states"} for folder in SCREENS},
-    "ui/qt": SCREENS | {"controls", "engine", "states", "ui/qt"},
-    "script": SCREENS | {"controls", "engine", "states", "script"},
+    "ui/qt": SCREENS | {"controls", "engine", "explain", "states", "ui/qt"},
+    "script": SCREENS | {"controls", "engine", "explain", "states", "script"},
 }
 THE_STORE = "store/store.h"  # what a program opens; the rest knows the interface alone
 

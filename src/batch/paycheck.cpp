@@ -120,14 +120,14 @@ std::optional<int> entryOf(Column column, std::string_view cell) {
 
 std::optional<int> countOf(std::string_view text) {
   std::optional<int> count;
-  step([&] { count = toInt16(text).value(); });
+  unlessItFails([&] { count = toInt16(text).value(); });
   return count;
 }
 
 template <class Read>
 bool can(Read read) {
   bool done = false;
-  step([&] {
+  unlessItFails([&] {
     read();
     done = true;
   });

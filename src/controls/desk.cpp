@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/paydata.h"
+#include "engine/trace.h"
 
 namespace tallyfin {
 
@@ -152,6 +153,7 @@ void Desk::begin() {
   end();
   discarded_.clear();
   payData = PayData{};
+  forgetTraces();
   running_ = true;
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "controls/desk.h"
-#include "engine/failure.h"
+#include "controls/step.h"
 
 namespace tallyfin {
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/property.h"
+#include "controls/step.h"
 
 namespace tallyfin {
 

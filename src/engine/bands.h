@@ -4,6 +4,7 @@
 
 #include "engine/failure.h"
 #include "engine/money.h"
+#include "engine/step.h"
 
 namespace tallyfin {
 
@@ -47,13 +48,37 @@ const Row& bandOf(std::span<const Row> table, Money x) {
   for (const Row& row : table) {
     if (holds(row.test, row.bound.amount, x)) return row;
   }
-  throw FailedStatement{};
+  throw FailedStatement{"no row of the table holds for that amount"};
+}
+
+/// The row of a table that a statement applied to x.
+struct AppliedRow {
+  enum class Gives { tax, amount, fraction };
+
+  Test test;
+  Money bound;
+  Money lower;
+  double rate;  ///< Fraction.
+  double plus;  ///< Dollars; of a table of amounts the amount.
+  Money x;
+  double credit = 0;  ///< Dollars that come off.
+  Gives gives = Gives::tax;
+};
+
+[[gnu::cold]] void reportRow(const AppliedRow& row);
+
+/// Whoever applies a row says so to the recorder, if there is one.
+inline void rowApplied(const AppliedRow& row) {
+  if (recorder != nullptr) [[unlikely]]
+    reportRow(row);
 }
 
 /// The tax on x: the subtraction in Money, the rest in one real step.
 inline Money taxOf(Bands table, Money x) {
   const Band& band = bandOf(table, x);
-  return fromReal(toReal(x - band.lower.amount) * band.rate + band.plus);
+  const Money tax = fromReal(toReal(x - band.lower.amount) * band.rate + band.plus);
+  rowApplied({band.test, band.bound.amount, band.lower.amount, band.rate, band.plus, x});
+  return tax;
 }
 
 }  // namespace tallyfin

@@ -1,9 +1,12 @@
 #include "engine/calculate.h"
 
+#include <algorithm>
+
 #include "engine/fedtax.h"
 #include "engine/localtax.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
+#include "engine/step.h"
 #include "engine/worksheet.h"
 
 namespace tallyfin {
@@ -14,18 +17,19 @@ namespace {
 Money amountIn(const std::string& text) { return text.empty() ? Money{} : toMoney(text); }
 
 void takeIncome() {
+  const auto wage = [] { return payData.taxableWage; };
   if (payData.incomeSource == 0) {
     const std::string& income = worksheet().incomeText();
     if (income.empty()) {
       // grossPay stays: FICA is still worked out on the income of the last calculation.
-      payData.taxableWage = 0;
+      step("No income is entered: the wage is nothing, the gross pay stays", payData.taxableWage, [] { return 0; });
       return;
     }
     // Where the text is no number, grossPay takes the reduced wage that the last calculation left.
-    step([&] { payData.taxableWage = toMoney(income); });
-    payData.grossPay = payData.taxableWage;
+    step("The income entered", payData.taxableWage, [&] { return toMoney(income); });
+    step("Gross pay", payData.grossPay, wage);
   } else if (payData.incomeSource == 1) {
-    payData.grossPay = payData.taxableWage;
+    step("Gross pay, as raised", payData.grossPay, wage);
   }
 }
 
@@ -35,26 +39,35 @@ double normalisedRate(double typed) { return typed < 1 ? typed : typed / 100; }
 
 void GetPreTax() {
   const Worksheet& boxes = worksheet();
-  step([&] { payData.preFica = amountIn(boxes.preFicaText()); });
-  step([&] { payData.preTax = amountIn(boxes.preTaxText()); });
-  step([] { payData.amt401k = fromReal(toReal(payData.taxableWage) * payData.rate401k); });
+  step("Pre-FICA amount entered", payData.preFica, [&] { return amountIn(boxes.preFicaText()); });
+  step("Pre-tax amount entered", payData.preTax, [&] { return amountIn(boxes.preTaxText()); });
+  Money income;
+  step(
+      "401(k) contribution, at that rate of the whole income",
+      [&] {
+        income = payData.taxableWage;
+        payData.amt401k = fromReal(toReal(income) * payData.rate401k);
+      },
+      income, payData.amt401k);
 }
 
 void Calculate() {
   takeIncome();
 
   const std::string& rate = worksheet().rate401kText();
-  step([&] { payData.rate401k = rate.empty() ? 0 : realOf(rate); });
-  payData.rate401k = normalisedRate(payData.rate401k);
+  step("401(k) rate entered", payData.rate401k, [&] { return rate.empty() ? 0 : realOf(rate); });
+  step("A rate of 1 or more is a percentage", payData.rate401k, [] { return normalisedRate(payData.rate401k); });
 
   GetPreTax();
 
   // A pre-FICA amount that includes the pre-tax amount takes that amount off twice.
-  step([] { payData.taxableWage = payData.taxableWage - (payData.amt401k + payData.preFica + payData.preTax); });
-  if (payData.taxableWage < 0) payData.taxableWage = 0;
+  step("Less the 401(k), pre-FICA and pre-tax amounts", payData.taxableWage,
+       [] { return payData.taxableWage - (payData.amt401k + payData.preFica + payData.preTax); });
+  step("The taxable wage is at least 0", payData.taxableWage, [] { return std::max(payData.taxableWage, Money{}); });
 
   // No floor here: a negative base is taxed as the lowest bracket.
-  step([] { payData.fedBase = payData.taxableWage - payData.depsDed; });
+  step("Less the federal allowance for exemptions", payData.fedBase,
+       [] { return payData.taxableWage - payData.depsDed; });
 
   FedTax();
   LocalTaxCalc();

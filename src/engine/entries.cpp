@@ -3,6 +3,7 @@
 #include "engine/calculate.h"
 #include "engine/frequency.h"
 #include "engine/numbertext.h"
+#include "engine/step.h"
 
 namespace tallyfin {
 
@@ -15,26 +16,29 @@ Money deductions() { return payData.amt401k + payData.fica + payData.fedTax + pa
 
 }  // namespace
 
+double allowancePerExemption() { return allowance.now(); }
+
 void takeAllowance(Int16 exemptions) {
-  step([&] { payData.depsDed = fromReal(toReal(exemptions) * allowance.now()); });
+  step("Federal allowance for the exemptions", payData.depsDed,
+       [&] { return fromReal(toReal(exemptions) * allowance.now()); });
 }
 
 void takeStatus(int option, bool twoIncomes) { payData.maritalStat = option == 2 && !twoIncomes ? 1 : option; }
 
 void takeLocalRate(const std::string& text) {
-  step([&] { payData.localRate = text.empty() ? 0 : realOf(text); });
+  step("Local rate as typed", payData.localRate, [&] { return text.empty() ? 0 : realOf(text); });
   payData.localRate = normalisedRate(payData.localRate);
 }
 
 void calculatePaycheck() {
-  payData.incomeSource = 0;
-  step([] { payData.payPeriods = periodsPerYear.now(); });
+  step("The income is the one entered", payData.incomeSource, [] { return 0; });
+  step("Pay periods a year", payData.payPeriods, [] { return periodsPerYear.now(); });
   Calculate();
 }
 
 void makeTotals() {
-  step([] { payData.totalDed = deductions(); });
-  step([] { payData.checkAmt = payData.grossPay - deductions(); });
+  step("Total of 401(k), FICA, federal, state and local tax", payData.totalDed, deductions);
+  step("Gross pay less that total", payData.checkAmt, [] { return payData.grossPay - deductions(); });
 }
 
 }  // namespace tallyfin

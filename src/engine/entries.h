@@ -10,6 +10,9 @@
 
 namespace tallyfin {
 
+/// Federal withholding allowance, 1999: dollars a pay period for each exemption. Fails without a frequency.
+double allowancePerExemption();
+
 /// Makes `depsDed`, dollars a pay period, of a number of exemptions. Without a frequency it keeps its value.
 void takeAllowance(Int16 exemptions);
 

@@ -7,12 +7,16 @@
 
 namespace tallyfin {
 
-/// What a statement throws that can't be carried out. Only step() catches it.
-struct FailedStatement {};
+/// What a statement throws that can't be carried out. Only a statement that runs as one catches it: step() or
+/// unlessItFails().
+struct FailedStatement {
+  /// Why, in words that follow "because".
+  const char* why = "it can't be carried out";
+};
 
-/// Runs one statement; where it fails, whatever it had not assigned yet stays as it was.
+/// Runs a statement that is none of a calculation; where it fails, whatever it had not assigned yet stays as it was.
 template <class Statement>
-void step(Statement&& statement) {
+void unlessItFails(Statement&& statement) {
   try {
     statement();
   } catch (const FailedStatement&) {

@@ -1,5 +1,6 @@
 #include "engine/fedtax.h"
 
+#include <algorithm>
 #include <array>
 
 #include "engine/bands.h"
@@ -7,6 +8,7 @@
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/statelist.h"
+#include "engine/step.h"
 #include "engine/worksheet.h"
 
 namespace tallyfin {
@@ -88,38 +90,73 @@ constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, married
 const Bands& federalTable() {
   if (payData.maritalStat == 0) return married.now();
   if (payData.maritalStat == 1) return single.now();
-  throw FailedStatement{};
+  throw FailedStatement{"there are federal tables for Married and for Single only"};
 }
 
-/// FICA at these rates, on the gross less the pre-FICA amount. The three are products of their own, so that the total
-/// can differ from its parts in the last decimal; there is no wage base and no floor.
-void fica(double total, double socialSecurity, double medicare) {
-  const auto share = [](double rate) { return fromReal(toReal(payData.grossPay - payData.preFica) * rate); };
-  step([&] { payData.fica = share(total); });
-  step([&] { payData.socSec = share(socialSecurity); });
-  step([&] { payData.medicare = share(medicare); });
+/// A part of FICA at a rate.
+struct Share {
+  const char* title;
+  Money PayData::*field;
+  double rate;
+};
+constexpr Share employee[] = {
+    {"FICA, 7.65% of the gross pay less the pre-FICA amount", &PayData::fica, 0.0765},
+    {"Social Security, 6.2% of the gross pay less the pre-FICA amount", &PayData::socSec, 0.062},
+    {"Medicare, 1.45% of the gross pay less the pre-FICA amount", &PayData::medicare, 0.0145},
+};
+constexpr Share selfEmployed[] = {
+    {"FICA of the self-employed, 15.3% instead", &PayData::fica, 0.153},
+    {"Social Security of the self-employed, 12.4% instead", &PayData::socSec, 0.124},
+    {"Medicare of the self-employed, 2.9% instead", &PayData::medicare, 0.029},
+};
+
+/// The three are products of their own, so that the total can differ from its parts in the last decimal; there is no
+/// wage base and no floor.
+void fica(std::span<const Share> shares) {
+  for (const Share& share : shares) {
+    Money base;
+    step(
+        share.title,
+        [&] {
+          base = payData.grossPay - payData.preFica;
+          payData.*share.field = fromReal(toReal(base) * share.rate);
+        },
+        base, payData.*share.field);
+  }
 }
 
 void showFigures() {
   // lbl8 shows the local tax of the calculation before: LocalTaxCalc runs after this.
-  const std::array figures{payData.fedTax,  payData.stateTax, payData.amt401k,  payData.fica,
-                           payData.preFica, payData.socSec,   payData.medicare, payData.localTax};
+  struct Shown {
+    const char* title;
+    Money PayData::*figure;
+  };
+  static constexpr Shown shown[] = {
+      {"Show the federal tax", &PayData::fedTax},
+      {"Show the state tax", &PayData::stateTax},
+      {"Show the 401(k) contribution", &PayData::amt401k},
+      {"Show FICA", &PayData::fica},
+      {"Show the pre-FICA amount", &PayData::preFica},
+      {"Show Social Security", &PayData::socSec},
+      {"Show Medicare", &PayData::medicare},
+      {"Show the local tax", &PayData::localTax},
+  };
   int label = 0;
-  for (const Money figure : figures) {
+  for (const auto& [title, figure] : shown) {
     ++label;
-    step([&] { worksheet().showFigure(label, toText(roundedForDisplay(figure))); });
+    step(title, [&] { worksheet().showFigure(label, toText(roundedForDisplay(payData.*figure))); });
   }
 }
 
 }  // namespace
 
 void FedTax() {
-  step([] { payData.fedTax = taxOf(federalTable(), payData.fedBase); });
-  step([] { payData.fedTax = roundCents(payData.fedTax); });
-  if (payData.fedTax <= 0) payData.fedTax = 0;
+  step("Federal tax by the table", payData.fedTax, [] { return taxOf(federalTable(), payData.fedBase); });
+  step("To whole cents", payData.fedTax, [] { return roundCents(payData.fedTax); });
+  step("At least 0", payData.fedTax, [] { return std::max(payData.fedTax, Money{}); });
 
-  fica(0.0765, 0.062, 0.0145);
-  if (worksheet().selfEmployed()) fica(0.153, 0.124, 0.029);
+  fica(employee);
+  if (worksheet().selfEmployed()) fica(selfEmployed);
 
   callStateRoutine();
   showFigures();

@@ -20,7 +20,7 @@ struct PerFrequency {
       case 1: return twiceAMonth;
       case 2: return everyTwoWeeks;
       case 3: return monthly;
-      default: throw FailedStatement{};
+      default: throw FailedStatement{"no pay period is chosen"};
     }
   }
 };

@@ -1,7 +1,7 @@
 #include "engine/localtax.h"
 
-#include "engine/failure.h"
 #include "engine/paydata.h"
+#include "engine/step.h"
 
 namespace tallyfin {
 
@@ -15,14 +15,21 @@ Money localBase() {
     case 3: return payData.grossPay - payData.preTax;
     case 4: return payData.grossPay - (payData.amt401k + payData.preTax);
     case 5: return payData.grossPay - payData.stateDepsDed;  // the state's deduction, not the federal one
-    default: throw FailedStatement{};
+    default: throw FailedStatement{"no base is chosen for the local tax"};
   }
 }
 
 }  // namespace
 
 void LocalTaxCalc() {
-  step([] { payData.localTax = fromReal(toReal(localBase()) * payData.localRate); });
+  Money base;
+  step(
+      "The local rate of the base chosen on the Local Tax page",
+      [&] {
+        base = localBase();
+        payData.localTax = fromReal(toReal(base) * payData.localRate);
+      },
+      base, payData.localTax);
 }
 
 }  // namespace tallyfin

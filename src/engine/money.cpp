@@ -21,7 +21,7 @@ std::int64_t nearestEven(Money amount, std::int64_t step) {
 
 Money ofSteps(std::int64_t steps, std::int64_t step) {
   std::int64_t units = 0;
-  if (__builtin_mul_overflow(steps, step, &units)) throw FailedStatement{};
+  if (__builtin_mul_overflow(steps, step, &units)) throw FailedStatement{"the amount is too large"};
   return Money::ofUnits(units);
 }
 
@@ -36,7 +36,7 @@ double toReal(Int16 count) { return count.value(); }
 Money fromReal(double dollars) {
   const double units = std::nearbyint(dollars * static_cast<double>(Money::unitsPerDollar));
   constexpr double limit = 9223372036854775808.0;  // 2^63; the comparison is false for what is not a number
-  if (!(units >= -limit && units < limit)) throw FailedStatement{};
+  if (!(units >= -limit && units < limit)) throw FailedStatement{"the amount is too large, or divided by 0"};
   return Money::ofUnits(static_cast<std::int64_t>(units));
 }
 
@@ -46,7 +46,7 @@ Money roundedForDisplay(Money amount) { return ofSteps(nearestEven(amount, cent)
 
 double roundedForDisplay(double value) {
   const double rounded = std::nearbyint(value * 100) / 100;
-  if (!std::isfinite(rounded)) throw FailedStatement{};
+  if (!std::isfinite(rounded)) throw FailedStatement{"the amount is too large"};
   return rounded;
 }
 

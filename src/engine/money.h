@@ -37,12 +37,12 @@ class Money {
 
   friend constexpr Money operator+(Money a, Money b) {
     std::int64_t sum = 0;
-    if (__builtin_add_overflow(a.units_, b.units_, &sum)) throw FailedStatement{};
+    if (__builtin_add_overflow(a.units_, b.units_, &sum)) throw FailedStatement{"the amount is too large"};
     return ofUnits(sum);
   }
   friend constexpr Money operator-(Money a, Money b) {
     std::int64_t difference = 0;
-    if (__builtin_sub_overflow(a.units_, b.units_, &difference)) throw FailedStatement{};
+    if (__builtin_sub_overflow(a.units_, b.units_, &difference)) throw FailedStatement{"the amount is too large"};
     return ofUnits(difference);
   }
   friend constexpr Money operator*(Money amount, Int16 count) { return ofUnits(times(amount.units_, count.value())); }
@@ -53,7 +53,7 @@ class Money {
  private:
   static constexpr std::int64_t times(std::int64_t a, std::int64_t b) {
     std::int64_t product = 0;
-    if (__builtin_mul_overflow(a, b, &product)) throw FailedStatement{};
+    if (__builtin_mul_overflow(a, b, &product)) throw FailedStatement{"the amount is too large"};
     return product;
   }
 

@@ -9,6 +9,8 @@
 #include <optional>
 #include <utility>
 
+#include "engine/trace.h"
+
 namespace tallyfin {
 
 namespace {
@@ -91,13 +93,16 @@ std::optional<Decimal> readDecimal(std::string_view text) {
   return decimal;
 }
 
-template <class T>
-T orFail(std::optional<T> result) {
-  if (!result) throw FailedStatement{};
-  return *std::move(result);
+[[noreturn, gnu::cold]] void failFor(std::string_view text) {
+  if (recorder != nullptr) recorder->notANumber(text);
+  throw FailedStatement{"the text isn't a number"};
 }
 
-Decimal decimalOf(std::string_view text) { return orFail(readDecimal(text)); }
+Decimal decimalOf(std::string_view text) {
+  auto decimal = readDecimal(text);
+  if (!decimal) failFor(text);
+  return *std::move(decimal);
+}
 
 /// What is left of a mantissa from its first digit that isn't zero, and that digit's power of ten.
 struct Significant {
@@ -158,7 +163,7 @@ std::int64_t roundedInteger(const Decimal& decimal, int places) {
   const auto [digits, power] = significant(decimal);
   const std::int64_t wanted = power + 1 + places;
   if (digits.empty() || wanted < 0) return 0;
-  if (wanted > mostDigits) throw FailedStatement{};
+  if (wanted > mostDigits) throw FailedStatement{"the number is too large"};
 
   std::uint64_t number = 0;
   const Rest rest =
@@ -166,7 +171,7 @@ std::int64_t roundedInteger(const Decimal& decimal, int places) {
   if (rest == Rest::aboveHalf || (rest == Rest::half && number % 2 != 0)) ++number;
 
   constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
-  if (number > largest + (decimal.negative ? 1 : 0)) throw FailedStatement{};
+  if (number > largest + (decimal.negative ? 1 : 0)) throw FailedStatement{"the number is too large"};
   return static_cast<std::int64_t>(decimal.negative ? 0 - number : number);
 }
 
@@ -216,7 +221,11 @@ std::uint64_t magnitude(std::int64_t number) {
 
 Money toMoney(std::string_view text) { return Money::ofUnits(roundedInteger(decimalOf(text), 4)); }
 
-double realOf(std::string_view text) { return orFail(nearestDouble(decimalOf(text))); }
+double realOf(std::string_view text) {
+  const auto number = nearestDouble(decimalOf(text));
+  if (!number) throw FailedStatement{"the number is too large"};
+  return *number;
+}
 
 Int16 toInt16(std::string_view text) { return roundedInteger(decimalOf(text), 0); }
 
@@ -243,7 +252,7 @@ std::string toText(Money amount) {
 }
 
 std::string toText(double value) {
-  if (!std::isfinite(value)) throw FailedStatement{};
+  if (!std::isfinite(value)) throw FailedStatement{"the number is too large"};
   if (value == 0) return "0";  // minus zero too
   constexpr int significantDigits = 15;
   std::array<char, 32> buffer{};

@@ -31,7 +31,7 @@ struct Setting {
   }
 
   void save(const Held& value) const {
-    step([&] {
+    unlessItFails([&] {
       if constexpr (std::is_same_v<Held, std::string>) {
         saveSetting(applicationKey, section, key, value);
       } else {

@@ -1,5 +1,6 @@
 #include "engine/statelist.h"
 
+#include "engine/trace.h"
 #include "engine/worksheet.h"
 
 namespace tallyfin {
@@ -7,7 +8,10 @@ namespace tallyfin {
 void callStateRoutine() {
   const int routine = worksheet().stateIndex() - 1;
   if (routine < 0 || routine > 40) return;
-  stateList[static_cast<std::size_t>(routine) + 1].routine();
+  const State& state = stateList[static_cast<std::size_t>(routine) + 1];
+  if (recorder != nullptr) recorder->stateBegins(state.caption);
+  state.routine();
+  if (recorder != nullptr) recorder->stateEnds();
 }
 
 }  // namespace tallyfin

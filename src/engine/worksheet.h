@@ -15,6 +15,8 @@ struct WorksheetFields {
   Money stateWage;    ///< The base that a state routine works on, a period's or a year's.
   Money stateStdDed;  ///< A second state deduction.
   Int16 staRate;      ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
+
+  bool operator==(const WorksheetFields&) const = default;
 };
 
 /// Calls visit(name, field) for each working field.

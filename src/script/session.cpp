@@ -9,6 +9,8 @@
 #include "engine/failure.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
+#include "engine/trace.h"
+#include "explain/explain.h"
 #include "script/properties.h"
 #include "script/words.h"
 #include "ui/screens.h"
@@ -66,6 +68,37 @@ void assign(Money& field, const std::string& text) { field = toMoney(text); }
 void assign(Int16& field, const std::string& text) { field = toInt16(text); }
 void assign(double& field, const std::string& text) { field = realOf(text); }
 
+const std::vector<std::string>& fieldNames() {
+  static const std::vector<std::string> all = [] {
+    std::vector<std::string> names;
+    Fields::each(Fields{}, [&](const char* name, const auto& /*field*/) { names.emplace_back(name); });
+    return names;
+  }();
+  return all;
+}
+
+std::string written(const Figure& figure) {
+  return json(std::visit([](const auto& number) { return toText(number); }, figure));
+}
+
+std::string written(const AppliedRow& row) {
+  constexpr std::array tests{"at most", "below", "above", "at least"};
+  return "{\"test\":" + json(tests.at(static_cast<std::size_t>(row.test))) + ",\"bound\":" + json(toText(row.bound)) +
+         ",\"lower\":" + json(toText(row.lower)) + ",\"rate\":" + json(toText(row.rate)) +
+         ",\"plus\":" + json(toText(row.plus)) + "}";
+}
+
+std::string written(const Trace& trace, const TracedStatement& statement) {
+  std::string changes;
+  for (std::size_t i = 0; i < statement.changes; ++i) {
+    const Change& change = trace.changes[statement.firstChange + i];
+    changes += std::string(changes.empty() ? "" : ",") + "{\"field\":" + json(fieldNames()[change.field]) +
+               ",\"from\":" + written(change.from) + ",\"to\":" + written(change.to) + "}";
+  }
+  return "{\"step\":" + json(statement.title) + ",\"done\":" + (statement.done ? "true" : "false") + ",\"changes\":[" +
+         changes + "]" + (statement.row ? ",\"row\":" + written(*statement.row) : "") + "}";
+}
+
 template <class... Screens>
 struct Designs {
   static std::vector<std::unique_ptr<Screen>> all() {
@@ -96,6 +129,7 @@ const std::vector<Session::Entry>& Session::commands() {
       {"get", 2, 2, &Session::get},         {"pay", 0, 1, &Session::pay},
       {"poke", 2, 2, &Session::poke},       {"store", 0, 4, &Session::storeCommand},
       {"screens", 0, 0, &Session::screens}, {"controls", 1, 1, &Session::controls},
+      {"trace", 0, 0, &Session::trace},     {"explain", 0, 0, &Session::explain},
       {"printed", 0, 0, &Session::printed},
   };
   return all;
@@ -391,6 +425,28 @@ std::string Session::controls(const Words& words) {
   std::vector<std::string> addresses;
   for (const Control* control : screen->controls()) addresses.push_back(screen->name() + "." + control->address());
   return value(json(addresses));
+}
+
+std::string Session::trace(const Words& /*words*/) {
+  if (!desk.running()) return notRunning;
+  const Trace* trace = lastTrace();
+  if (trace == nullptr) return value("null");
+  std::string list;
+  for (const TracedStatement& statement : trace->statements) {
+    if (!statement.part) list += (list.empty() ? "" : ",") + written(*trace, statement);
+  }
+  return value("[" + list + "]");
+}
+
+std::string Session::explain(const Words& /*words*/) {
+  if (!desk.running()) return notRunning;
+  const Trace* trace = lastTrace();
+  if (trace == nullptr) return value("null");
+  std::string rows;
+  for (const Explanation& row : tallyfin::explain(*trace)) {
+    rows += (rows.empty() ? "{" : ",") + json(row.title) + ":" + json(row.lines);
+  }
+  return value(rows + "}");
 }
 
 std::string Session::printed(const Words& /*words*/) {

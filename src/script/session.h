@@ -80,6 +80,8 @@ class Session {
   std::string storeCommand(const Words& words);
   std::string screens(const Words& words);
   std::string controls(const Words& words);
+  std::string trace(const Words& words);
+  std::string explain(const Words& words);
   std::string printed(const Words& words);
 
   std::optional<Target> find(const std::string& address) const;

@@ -50,22 +50,26 @@ void Alabama() {
   Money annualFedTax;
   Int16 dependentDeduction;
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] { payData.staExmp = integerRounded(toReal(work.stateWage) * 0.2); });
-  step([&] {
-    if (!option) return;
-    if (payData.staExmp > option->cap) payData.staExmp = option->cap;
-    payData.stateDepsDed = option->personalExemption;
-  });
-  step([&] { annualFedTax = payData.fedTax * payData.payPeriods; });
-  step([&] { dependentDeduction = payData.staDeps * 300; });
-  step([&] {
-    work.stateWage = work.stateWage - (annualFedTax + payData.stateDepsDed + payData.staExmp + dependentDeduction);
-  });
-  step([&] {
-    if (option) applyBands(option->bands);
-  });
-  step([] { payData.stateTax = perPeriod(payData.stateTax) + payData.staAdd; });
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("Standard deduction, 20% of it to a whole dollar", payData.staExmp,
+       [&] { return integerRounded(toReal(work.stateWage) * 0.2); });
+  step(
+      "Standard deduction up to its cap, and the personal exemption of the option",
+      [&] {
+        if (!option) return false;
+        if (payData.staExmp > option->cap) payData.staExmp = option->cap;
+        payData.stateDepsDed = option->personalExemption;
+        return true;
+      },
+      payData.staExmp, payData.stateDepsDed);
+  step("The year's federal tax", annualFedTax, [] { return payData.fedTax * payData.payPeriods; });
+  step("Deduction of 300 for each dependent", dependentDeduction, [] { return payData.staDeps * 300; });
+  step("Less federal tax, personal exemption, standard deduction and dependents", work.stateWage,
+       [&] { return work.stateWage - (annualFedTax + payData.stateDepsDed + payData.staExmp + dependentDeduction); });
+  step("The year's tax by the table of the option", payData.stateTax,
+       [&] { return option ? std::optional(taxBy(option->bands)) : std::nullopt; });
+  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
+       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
   floorAtZero();
 }
 
@@ -90,13 +94,15 @@ void Arkansas() {
   Int16 credit;
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross(); });
-  step([&] { work.stateWage = work.stateWage * periodsPerYear.now(); });
-  step([&] { work.stateWage = work.stateWage - 2000; });
-  step([] { applyBands(arkansas::bands); });
-  step([&] { credit = work.exemptions * 20; });
-  step([&] { payData.stateTax = payData.stateTax - (work.stateStdDed + credit); });
-  step([] { payData.stateTax = perPeriod(payData.stateTax) + payData.staAdd; });
+  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step("The year's wage", work.stateWage, [&] { return work.stateWage * periodsPerYear.now(); });
+  step("Less the standard deduction of 2,000", work.stateWage, [&] { return work.stateWage - 2000; });
+  step("The year's tax by the table", payData.stateTax, [] { return taxBy(arkansas::bands); });
+  step("Credit of 20 for each exemption", credit, [&] { return work.exemptions * 20; });
+  step("Less the credit, and the second deduction that another state has left", payData.stateTax,
+       [&] { return payData.stateTax - (work.stateStdDed + credit); });
+  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
+       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
   floorAtZero();
 }
 
@@ -130,13 +136,14 @@ void Delaware() {
   Worksheet& work = worksheet();
   Money standardDeduction;
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] { standardDeduction = delaware::standardDeduction(); });
-  step([&] { work.stateWage = work.stateWage - standardDeduction; });
-  step([] { applyBands(delaware::bands); });
-  step([] { payData.stateDepsDed = payData.staDeps * 100; });
-  step([] { payData.stateTax = payData.stateTax - payData.stateDepsDed; });
-  step([] { payData.stateTax = perPeriod(payData.stateTax) + payData.staAdd; });
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("Standard deduction of the filing status", standardDeduction, delaware::standardDeduction);
+  step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - standardDeduction; });
+  step("The year's tax by the table", payData.stateTax, [] { return taxBy(delaware::bands); });
+  step("Credit of 100 for each dependent", payData.stateDepsDed, [] { return payData.staDeps * 100; });
+  step("Less the credit", payData.stateTax, [] { return payData.stateTax - payData.stateDepsDed; });
+  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
+       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
   floorAtZero();
 }
 
@@ -159,9 +166,11 @@ void Kentucky() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods - 650; });
-  step([] { applyBands(kentucky::bands); });
-  step([&] { payData.stateTax = perPeriod(payData.stateTax - work.exemptions * 20); });
+  step("The year's wage less the standard deduction of 650", work.stateWage,
+       [] { return stateGross() * payData.payPeriods - 650; });
+  step("The year's tax by the table", payData.stateTax, [] { return taxBy(kentucky::bands); });
+  step("The pay period's share, after a credit of 20 for each exemption", payData.stateTax,
+       [&] { return perPeriod(payData.stateTax - work.exemptions * 20); });
   finish();
 }
 

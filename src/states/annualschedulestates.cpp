@@ -23,10 +23,11 @@ void Virginia() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods - (work.exemptions * 800 + 2500); });
-  step([] { applyBands(virginia::bands); });
-  step([] { payData.stateTax = perPeriod(payData.stateTax); });
-  step([] { payData.stateTax = integerRounded(payData.stateTax); });
+  step("The year's wage less 800 for each exemption and the standard deduction of 2,500", work.stateWage,
+       [&] { return stateGross() * payData.payPeriods - (work.exemptions * 800 + 2500); });
+  step("The year's tax by the table", payData.stateTax, [] { return taxBy(virginia::bands); });
+  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
 
@@ -49,22 +50,26 @@ constexpr Band bands[] = {
 /// Without exemptions the standard deduction vanishes too. `stateDepsDed`: dollars a year.
 void SCarolina() {
   Worksheet& work = worksheet();
-  step([&] { payData.staDeps = toInt16(work.exemptionsText()); });
+  step("Number of exemptions", payData.staDeps, [&] { return toInt16(work.exemptionsText()); });
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] { work.stateStdDed = fromReal(toReal(work.stateWage) * 0.1); });
-  step([&] {
-    if (payData.staDeps == 0) {
-      payData.stateDepsDed = 0;
-      work.stateStdDed = 0;
-    } else if (payData.staDeps >= 1) {
-      payData.stateDepsDed = payData.staDeps * 1900;
-      if (work.stateStdDed > 2125) work.stateStdDed = 2125;
-    }
-  });
-  step([&] { work.stateWage = work.stateWage - (work.stateStdDed + payData.stateDepsDed); });
-  step([] { applyBands(southcarolina::bands); });
-  step([] { payData.stateTax = perPeriod(payData.stateTax); });
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("Standard deduction, 10% of it", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * 0.1); });
+  step(
+      "1,900 for each exemption, and the standard deduction up to 2,125; without exemptions neither",
+      [&] {
+        if (payData.staDeps == 0) {
+          payData.stateDepsDed = 0;
+          work.stateStdDed = 0;
+        } else if (payData.staDeps >= 1) {
+          payData.stateDepsDed = payData.staDeps * 1900;
+          if (work.stateStdDed > 2125) work.stateStdDed = 2125;
+        }
+        return payData.staDeps >= 0;
+      },
+      payData.stateDepsDed, work.stateStdDed);
+  step("Less both", work.stateWage, [&] { return work.stateWage - (work.stateStdDed + payData.stateDepsDed); });
+  step("The year's tax by the table", payData.stateTax, [] { return taxBy(southcarolina::bands); });
+  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
   finish();
 }
 

@@ -20,11 +20,10 @@ static const Group* chosenGroup() {
 static void applyGroup(const Group& group) {
   Worksheet& work = worksheet();
   // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
-  step([&] {
-    if (work.stateWage <= group.gate.now()) payData.stateTax = 0;
-  });
-  step([&] { work.stateWage = work.stateWage - group.deduction.now(); });
-  step([&] { applyBands(group.bands.now()); });
+  step("Low-income test: no tax up to its amount", payData.stateTax,
+       [&] { return work.stateWage <= group.gate.now() ? Money{} : payData.stateTax; });
+  step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - group.deduction.now(); });
+  step("Tax by the table of filing status and pay period", payData.stateTax, [&] { return taxBy(group.bands.now()); });
 }
 }  // namespace california
 
@@ -33,28 +32,30 @@ static void applyGroup(const Group& group) {
 void CalifTax() {
   Worksheet& work = worksheet();
   StateBase();
-  step([] {
+  step("Estimated deduction", payData.stateDepsDed, []() -> std::optional<Money> {
     const int deductions = payData.staExmp.value();
-    if (deductions > 10) payData.stateDepsDed = payData.staExmp * california::estimatedDeductionAboveTen.now();
-    if (deductions >= 0 && deductions <= 10) payData.stateDepsDed = california::estimatedDeduction[deductions].now();
+    if (deductions > 10) return payData.staExmp * california::estimatedDeductionAboveTen.now();
+    if (deductions >= 0) return california::estimatedDeduction[deductions].now();
+    return std::nullopt;
   });
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
+  step("The pay period's wage less the estimated deduction", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   const california::Group* group = california::chosenGroup();
   // The one gate that counts: Head of Family, Weekly, ends here, with neither credit nor `staAdd`.
   if (group == &california::groupCSchedule && payData.frequency == 0 && work.stateWage <= group->gate.weekly) {
-    payData.stateTax = 0;
+    step("Head of Family with a low weekly income: no tax", payData.stateTax, [] { return 0; });
     return;
   }
   if (group) california::applyGroup(*group);
-  step([] {
+  step("Credit for the dependents", payData.stateDepsDed, []() -> std::optional<Money> {
     const int dependents = payData.staDeps.value();
     const Money one = california::exemptionCredit[1].now().amount;
-    if (dependents > 10) payData.stateDepsDed = fromReal(toReal(payData.staDeps) * toReal(one));
-    if (dependents >= 0 && dependents <= 10) {
-      payData.stateDepsDed = california::exemptionCredit[dependents].now().amount;
-    }
+    if (dependents > 10) return fromReal(toReal(payData.staDeps) * toReal(one));
+    if (dependents >= 0) return california::exemptionCredit[dependents].now().amount;
+    return std::nullopt;
   });
-  step([] { payData.stateTax = (payData.stateTax - payData.stateDepsDed) + payData.staAdd; });
+  step("Less the credit, plus the additional amount asked for", payData.stateTax,
+       [] { return (payData.stateTax - payData.stateDepsDed) + payData.staAdd; });
   floorAtZero();
 }
 

@@ -14,13 +14,12 @@ constexpr PerFrequency<PerHead> perExemption{28.6, 62.08, 57.31, 124.17};
 void NebraskaTax() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * nebraska::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * nebraska::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(nebraska::married.now());
-    if (payData.maritalStat == 1) applyBands(nebraska::single.now());
-  });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax,
+       [] { return taxByStatus(nebraska::married, nebraska::single); });
   finish();
 }
 
@@ -32,13 +31,12 @@ constexpr PerFrequency<PerHead> perExemption{51.92, 112.5, 103.85, 225};
 void NewMexico() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * newmexico::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * newmexico::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(newmexico::married.now());
-    if (payData.maritalStat == 1) applyBands(newmexico::single.now());
-  });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax,
+       [] { return taxByStatus(newmexico::married, newmexico::single); });
   finish();
 }
 

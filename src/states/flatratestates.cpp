@@ -6,7 +6,8 @@ namespace tallyfin {
 
 /// Arizona, 1999: `staExmp` percent of the federal withholding. StateBase isn't called.
 void Arizona() {
-  step([] { payData.stateTax = fromReal(toReal(payData.fedTax) * (toReal(payData.staExmp) / 100)); });
+  step("Arizona tax, the chosen percentage of the federal tax", payData.stateTax,
+       [] { return fromReal(toReal(payData.fedTax) * (toReal(payData.staExmp) / 100)); });
   finish();
 }
 
@@ -18,10 +19,12 @@ constexpr PerFrequency<PerHead> perDependent{19.23, 41.67, 38.46, 83.33};
 /// Indiana, 1999. `staDeps` is the only count. `stateDepsDed`: dollars a pay period.
 void IndianaTax() {
   Worksheet& work = worksheet();
-  step([] { payData.stateDepsDed = payData.staDeps * indiana::perDependent.now(); });
+  step("Allowance for the dependents", payData.stateDepsDed,
+       [] { return payData.staDeps * indiana::perDependent.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross(); });
-  step([&] { payData.stateTax = fromReal(toReal(work.stateWage - payData.stateDepsDed) * 0.034); });
+  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step("Indiana tax, 3.4% of the wage less the allowance", payData.stateTax,
+       [&] { return fromReal(toReal(work.stateWage - payData.stateDepsDed) * 0.034); });
   finish();
 }
 
@@ -35,14 +38,13 @@ constexpr PerFrequency<PerHead> second{19.23, 41.67, 38.46, 83.33};
 void Illinois() {
   Worksheet& work = worksheet();
   Money secondDeduction;
-  step([] { payData.stateDepsDed = payData.staDeps * illinois::first.now(); });
-  step([&] { secondDeduction = payData.illDeps * illinois::second.now(); });
+  step("Allowance for the first count", payData.stateDepsDed, [] { return payData.staDeps * illinois::first.now(); });
+  step("Allowance for the second count", secondDeduction, [] { return payData.illDeps * illinois::second.now(); });
   StateBase();
-  step([&] {
-    work.stateWage =
-        payData.grossPay - ((payData.statePreTax + payData.state401k) + (payData.stateDepsDed + secondDeduction));
+  step("The pay period's wage less both allowances", work.stateWage, [&] {
+    return payData.grossPay - ((payData.statePreTax + payData.state401k) + (payData.stateDepsDed + secondDeduction));
   });
-  step([&] { payData.stateTax = fromReal(toReal(work.stateWage) * 0.03); });
+  step("Illinois tax, 3% of it", payData.stateTax, [&] { return fromReal(toReal(work.stateWage) * 0.03); });
   finish();
 }
 
@@ -59,17 +61,28 @@ constexpr PerFrequency<Dollars> claimedByAnother{19.23, 41.67, 38.46, 83.33};
 void MichiganTax() {
   Money specialDeduction;
   Money dependentDeduction;
-  step([] { payData.stateDepsDed = worksheet().exemptions * michigan::perExemption.now(); });
-  step([&] { specialDeduction = payData.mMethod * michigan::perSpecialExemption.now(); });
-  step([&] { dependentDeduction = michigan::claimedByAnother.now().amount; });
-  if (payData.staMarried != 9) dependentDeduction = 0;
-  if (payData.staMarried == 9) payData.stateDepsDed = 0;
+  Money wage;
+  step("Allowance for the exemptions counted last", payData.stateDepsDed,
+       [] { return worksheet().exemptions * michigan::perExemption.now(); });
+  step("Allowance for the special exemptions", specialDeduction,
+       [] { return payData.mMethod * michigan::perSpecialExemption.now(); });
+  step("Allowance of one whom another claims as dependent", dependentDeduction,
+       [] { return michigan::claimedByAnother.now().amount; });
+  if (payData.staMarried != 9) {
+    step("Not claimed by another: that allowance is 0", dependentDeduction, [] { return 0; });
+  } else {
+    step("Claimed by another: the exemptions count nothing", payData.stateDepsDed, [] { return 0; });
+  }
   StateBase();
-  step([&] {
-    const Money deductions =
-        payData.statePreTax + payData.state401k + payData.stateDepsDed + dependentDeduction + specialDeduction;
-    payData.stateTax = fromReal(toReal(payData.grossPay - deductions) * 0.044);
-  });
+  step(
+      "Michigan tax, 4.4% of the wage less all allowances",
+      [&] {
+        const Money deductions =
+            payData.statePreTax + payData.state401k + payData.stateDepsDed + dependentDeduction + specialDeduction;
+        wage = payData.grossPay - deductions;
+        payData.stateTax = fromReal(toReal(wage) * 0.044);
+      },
+      wage, payData.stateTax);
   finish();
 }
 
@@ -84,20 +97,22 @@ void Massachusetts() {
   Worksheet& work = worksheet();
   Money credit;
   parseExemptions();
-  step([&] {
+  step("Allowance for the exemptions, and its constant part", payData.stateDepsDed, [&]() -> std::optional<Money> {
     switch (payData.frequency.value()) {
-      case 0: payData.stateDepsDed = fromReal(19.5 * toReal(work.exemptions) + 65); break;
-      case 1: payData.stateDepsDed = work.exemptions * 42 + 141; break;
-      case 2: payData.stateDepsDed = work.exemptions * 39 + 130; break;
-      case 3: payData.stateDepsDed = work.exemptions * 83 + 284; break;
-      default: break;
+      case 0: return fromReal(19.5 * toReal(work.exemptions) + 65);
+      case 1: return work.exemptions * 42 + 141;
+      case 2: return work.exemptions * 39 + 130;
+      case 3: return work.exemptions * 83 + 284;
+      default: return std::nullopt;
     }
   });
-  step([&] { credit = massachusetts::headOfFamilyCredit.now().amount; });
+  step("Credit of a Head of Family", credit, [] { return massachusetts::headOfFamilyCredit.now().amount; });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.fica - payData.stateDepsDed; });
-  if (payData.staMarried != 9) credit = 0;
-  step([&] { payData.stateTax = fromReal(toReal(work.stateWage) * 0.0595) - credit; });
+  step("The pay period's wage less FICA and the allowance", work.stateWage,
+       [] { return stateGross() - payData.fica - payData.stateDepsDed; });
+  if (payData.staMarried != 9) step("Not Head of Family: no credit", credit, [] { return 0; });
+  step("Massachusetts tax, 5.95% of it less the credit", payData.stateTax,
+       [&] { return fromReal(toReal(work.stateWage) * 0.0595) - credit; });
   finish();
 }
 
@@ -113,21 +128,25 @@ void Louisiana() {
   Worksheet& work = worksheet();
   Money firstTax;
   Money secondTax;
-  step([] { payData.stateDepsDed = payData.staExmp * louisiana::perExemption.now(); });
-  step([&] { work.stateStdDed = payData.staDeps * louisiana::perDependent.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [] { return payData.staExmp * louisiana::perExemption.now(); });
+  step("Allowance for the dependents", work.stateStdDed,
+       [] { return payData.staDeps * louisiana::perDependent.now(); });
   StateBase();
-  step([&] {
-    work.stateWage =
-        payData.grossPay - (payData.statePreTax + payData.state401k + payData.stateDepsDed + work.stateStdDed);
+  step("The pay period's wage less both allowances", work.stateWage, [&] {
+    return payData.grossPay - (payData.statePreTax + payData.state401k + payData.stateDepsDed + work.stateStdDed);
   });
-  step([&] { firstTax = fromReal(toReal(work.stateWage) * 0.02); });
-  step([] {
-    if (payData.staExmp == 0 || payData.staExmp == 1) payData.stateDepsDed = perPeriod(5000);
-    if (payData.staExmp == 2) payData.stateDepsDed = perPeriod(15000);
-  });
-  step([&] { secondTax = fromReal(toReal(work.stateWage - payData.stateDepsDed) * 0.01); });
-  if (secondTax < 0) secondTax = 0;
-  step([&] { payData.stateTax = firstTax + secondTax; });
+  step("First tax, 2% of it", firstTax, [&] { return fromReal(toReal(work.stateWage) * 0.02); });
+  step("The pay period's share of the bracket, 5,000 or 15,000 a year", payData.stateDepsDed,
+       []() -> std::optional<Money> {
+         if (payData.staExmp == 0 || payData.staExmp == 1) return perPeriod(5000);
+         if (payData.staExmp == 2) return perPeriod(15000);
+         return std::nullopt;
+       });
+  step("Second tax, 1% of the wage over the bracket", secondTax,
+       [&] { return fromReal(toReal(work.stateWage - payData.stateDepsDed) * 0.01); });
+  step("The second tax is at least 0", secondTax, [&] { return atLeastZero(secondTax); });
+  step("Louisiana tax, both together", payData.stateTax, [&] { return firstTax + secondTax; });
   finish();
 }
 

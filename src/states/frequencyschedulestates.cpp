@@ -48,10 +48,11 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 void WestVirginia() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * westvirginia::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * westvirginia::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] { applyBands(westvirginia::bands.now()); });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(westvirginia::bands.now()); });
   finish();
 }
 
@@ -110,10 +111,11 @@ void Ohio() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross(); });
-  step([&] { payData.stateDepsDed = work.exemptions * ohio::perExemption.now(); });
-  step([&] { work.stateWage = work.stateWage - payData.stateDepsDed; });
-  step([] { applyBands(ohio::bands.now()); });
+  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * ohio::perExemption.now(); });
+  step("Less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
+  step("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(ohio::bands.now()); });
   finish();
 }
 

@@ -1,17 +1,17 @@
 #include "states/handover.h"
 
-#include "engine/failure.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
+#include "engine/step.h"
 
 namespace tallyfin {
 
 void takeStateOptions(const StateOptionTexts& texts) {
-  step([&] { payData.mMethod = toInt16(texts.special); });
-  step([&] { payData.staDeps = toInt16(texts.dependents); });
-  step([&] { payData.illDeps = toInt16(texts.illinoisDependents); });
-  step([&] { payData.staExmp = toInt16(texts.special); });
-  step([&] { payData.staAdd = toMoney(texts.additional); });
+  step("State special selection", payData.mMethod, [&] { return toInt16(texts.special); });
+  step("State dependents", payData.staDeps, [&] { return toInt16(texts.dependents); });
+  step("Second allowances", payData.illDeps, [&] { return toInt16(texts.illinoisDependents); });
+  step("State exemptions", payData.staExmp, [&] { return toInt16(texts.special); });
+  step("Additional state withholding", payData.staAdd, [&] { return toMoney(texts.additional); });
 }
 
 const char* mississippiExemption(int maritalOption) {

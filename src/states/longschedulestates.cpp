@@ -36,23 +36,34 @@ void Connecticut() {
   Money exemption;
   float creditFraction = 0;
   StateBase();
-  step([&] { work.stateWage = stateGross(); });
-  step([&] {
-    if (frequencyKnown()) work.stateWage = work.stateWage * periodsPerYear.now();
-    annualBase = work.stateWage;
+  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step(
+      "The year's wage",
+      [&] {
+        if (frequencyKnown()) work.stateWage = work.stateWage * periodsPerYear.now();
+        annualBase = work.stateWage;
+      },
+      work.stateWage);
+  step("Exemption by its table", exemption, [&]() -> std::optional<Money> {
+    if (!schedule) return std::nullopt;
+    const connecticut::Exemption& row = bandOf(schedule->exemptions, work.stateWage);
+    rowApplied(
+        {row.test, row.bound.amount, 0, 0, toReal(row.amount.amount), work.stateWage, 0, AppliedRow::Gives::amount});
+    return row.amount.amount;
   });
-  step([&] {
-    if (schedule) exemption = bandOf(schedule->exemptions, work.stateWage).amount.amount;
+  step("Less the exemption", work.stateWage, [&] { return work.stateWage - exemption; });
+  step("The year's tax by the table", payData.stateTax,
+       [&] { return schedule ? std::optional(taxBy(schedule->bands)) : std::nullopt; });
+  step("Part of the tax that is credited, by its table", creditFraction, [&]() -> std::optional<float> {
+    if (!schedule || schedule->credits.empty()) return std::nullopt;
+    const connecticut::Credit& row = bandOf(schedule->credits, annualBase);
+    rowApplied({row.test, row.bound.amount, 0, row.fraction, 0, annualBase, 0, AppliedRow::Gives::fraction});
+    return row.fraction;
   });
-  step([&] { work.stateWage = work.stateWage - exemption; });
-  step([&] {
-    if (schedule) applyBands(schedule->bands);
-  });
-  step([&] {
-    if (schedule && !schedule->credits.empty()) creditFraction = bandOf(schedule->credits, annualBase).fraction;
-  });
-  step([&] { payData.stateTax = fromReal(toReal(payData.stateTax) * (1 - static_cast<double>(creditFraction))); });
-  step([] { payData.stateTax = perPeriod(payData.stateTax) + payData.staAdd; });
+  step("Less that part", payData.stateTax,
+       [&] { return fromReal(toReal(payData.stateTax) * (1 - static_cast<double>(creditFraction))); });
+  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
+       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
   floorAtZero();
 }
 
@@ -70,25 +81,30 @@ constexpr PerFrequency<int> perDependent{48, 104, 96, 208};
 void Georgia() {
   Worksheet& work = worksheet();
   Money dependentAllowance;
-  step([&] {
-    switch (payData.staMarried.value()) {
-      case 0: work.stateStdDed = georgia::singleDeduction.now().amount; break;
-      case 3: work.stateStdDed = georgia::marriedDeduction.now().amount; break;
-      case 6: work.stateStdDed = georgia::separatelyDeduction.now().amount; break;
-      default: return;
-    }
-    payData.stateDepsDed = payData.staMarried == 6 ? work.stateStdDed * 2 : work.stateStdDed;
-  });
+  step(
+      "Standard deduction of the filing status, and as much for oneself",
+      [&] {
+        switch (payData.staMarried.value()) {
+          case 0: work.stateStdDed = georgia::singleDeduction.now().amount; break;
+          case 3: work.stateStdDed = georgia::marriedDeduction.now().amount; break;
+          case 6: work.stateStdDed = georgia::separatelyDeduction.now().amount; break;
+          default: return false;
+        }
+        payData.stateDepsDed = payData.staMarried == 6 ? work.stateStdDed * 2 : work.stateStdDed;
+        return true;
+      },
+      work.stateStdDed, payData.stateDepsDed);
   StateBase();
-  step([&] { work.stateWage = stateGross() - work.stateStdDed - payData.stateDepsDed; });
-  step([&] { dependentAllowance = Money(georgia::perDependent.now()) * payData.staDeps; });
-  step([&] {
-    work.stateWage = payData.staDeps == 0 ? work.stateWage + payData.stateDepsDed : work.stateWage - dependentAllowance;
+  step("The pay period's wage less both deductions", work.stateWage,
+       [&] { return stateGross() - work.stateStdDed - payData.stateDepsDed; });
+  step("Allowance for the dependents", dependentAllowance,
+       [] { return Money(georgia::perDependent.now()) * payData.staDeps; });
+  step("Less the allowance; without dependents the second deduction is given back", work.stateWage, [&] {
+    return payData.staDeps == 0 ? work.stateWage + payData.stateDepsDed : work.stateWage - dependentAllowance;
   });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(georgia::married.now());
-    if (payData.maritalStat == 1) applyBands(georgia::single.now());
-    if (payData.maritalStat == 2) applyBands(georgia::marriedClaimingSingle.now());
+  step("Tax by the table of status and pay period", payData.stateTax, []() -> std::optional<Money> {
+    if (payData.maritalStat == 2) return taxBy(georgia::marriedClaimingSingle.now());
+    return taxByStatus(georgia::married, georgia::single);
   });
   finish();
 }
@@ -101,13 +117,12 @@ constexpr PerFrequency<PerHead> perExemption{48.08, 104.17, 96.15, 208.33};
 void Idaho() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * idaho::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * idaho::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(idaho::married.now());
-    if (payData.maritalStat == 1) applyBands(idaho::single.now());
-  });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax,
+       [] { return taxByStatus(idaho::married, idaho::single); });
   finish();
 }
 

@@ -41,29 +41,39 @@ void Maryland() {
   Money localResult;
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross(); });
-  localBase = work.stateWage;
-  step([&] { deduction = fromReal(toReal(work.stateWage) * 0.15); });
-  step([&] {
-    payData.stateDepsDed = work.exemptions * maryland::perExemption.now();
-    deduction = maryland::clamped(deduction);
+  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step("The county starts from the same wage", localBase, [&] { return work.stateWage; });
+  step("Standard deduction, 15% of the wage", deduction, [&] { return fromReal(toReal(work.stateWage) * 0.15); });
+  step(
+      "Allowance for the exemptions, and the standard deduction within its limits",
+      [&] {
+        payData.stateDepsDed = work.exemptions * maryland::perExemption.now();
+        deduction = maryland::clamped(deduction);
+      },
+      payData.stateDepsDed, deduction);
+  step("Less the standard deduction and the allowance", work.stateWage,
+       [&] { return work.stateWage - (deduction + payData.stateDepsDed); });
+  step("State tax by the table of the pay period", payData.stateTax, [] { return taxBy(maryland::bands.now()); });
+  step("The county's standard deduction, 15% of the wage", localDeduction,
+       [&] { return fromReal(toReal(localBase) * 0.15); });
+  step(
+      "The county's allowance for the exemptions, and its standard deduction within the limits",
+      [&] {
+        localExemption = work.exemptions * maryland::perLocalExemption.now();
+        localDeduction = maryland::clamped(localDeduction);
+      },
+      localExemption, localDeduction);
+  step("The county's wage less both", localBase, [&] { return localBase - (localDeduction + localExemption); });
+  step("The county's tax by the table of its rate", localResult, [&]() -> std::optional<Money> {
+    const auto* tables = maryland::countyRate();
+    if (tables == nullptr) return std::nullopt;
+    return taxOf(tables->now(), localBase);
   });
-  step([&] { work.stateWage = work.stateWage - (deduction + payData.stateDepsDed); });
-  step([] { applyBands(maryland::bands.now()); });
-  step([&] { localDeduction = fromReal(toReal(localBase) * 0.15); });
-  step([&] {
-    localExemption = work.exemptions * maryland::perLocalExemption.now();
-    localDeduction = maryland::clamped(localDeduction);
-  });
-  step([&] { localBase = localBase - (localDeduction + localExemption); });
-  step([&] {
-    if (const auto* tables = maryland::countyRate()) localResult = taxOf(tables->now(), localBase);
-  });
-  step([] { payData.stateTax = payData.stateTax + payData.staAdd; });
+  step("Plus the additional amount asked for", payData.stateTax, [] { return payData.stateTax + payData.staAdd; });
   floorAtZero();
-  if (localResult < 0) localResult = 0;
-  payData.localTax = localResult;
-  step([&] { payData.stateTax = payData.stateTax + localResult; });
+  step("The county's tax is at least 0", localResult, [&] { return atLeastZero(localResult); });
+  step("The county's tax as local tax", payData.localTax, [&] { return localResult; });
+  step("Plus the county's tax", payData.stateTax, [&] { return payData.stateTax + localResult; });
 }
 
 }  // namespace tallyfin

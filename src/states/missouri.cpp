@@ -68,20 +68,25 @@ void Missouri() {
   Money federalDeduction;
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] { federalDeduction = payData.fedTax * payData.payPeriods; });
-  step([&] {
-    if (payData.maritalStat != 0 && payData.maritalStat != 1) return;
-    const bool married = payData.maritalStat == 0;
-    const Money cap = married ? 10000 : 5000;
-    work.stateStdDed = married ? 4300 : 3600;
-    if (federalDeduction > cap) federalDeduction = cap;
-    if (work.exemptions >= 0 && work.exemptions <= 15) payData.stateDepsDed = work.exemptions * 1200;
-  });
-  step([&] { work.stateWage = work.stateWage - (payData.stateDepsDed + work.stateStdDed + federalDeduction); });
-  step([&] { work.stateWage = perPeriod(work.stateWage); });
-  step([] { applyBands(missouri::bands.now()); });
-  step([] { payData.stateTax = roundedToDollars(payData.stateTax); });
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("The year's federal tax", federalDeduction, [] { return payData.fedTax * payData.payPeriods; });
+  step(
+      "Federal tax up to its cap, standard deduction and 1,200 for each exemption",
+      [&] {
+        if (payData.maritalStat != 0 && payData.maritalStat != 1) return false;
+        const bool married = payData.maritalStat == 0;
+        const Money cap = married ? 10000 : 5000;
+        work.stateStdDed = married ? 4300 : 3600;
+        if (federalDeduction > cap) federalDeduction = cap;
+        if (work.exemptions >= 0 && work.exemptions <= 15) payData.stateDepsDed = work.exemptions * 1200;
+        return true;
+      },
+      federalDeduction, work.stateStdDed, payData.stateDepsDed);
+  step("Less all three", work.stateWage,
+       [&] { return work.stateWage - (payData.stateDepsDed + work.stateStdDed + federalDeduction); });
+  step("The pay period's share", work.stateWage, [&] { return perPeriod(work.stateWage); });
+  step("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(missouri::bands.now()); });
+  step("To whole dollars", payData.stateTax, [] { return roundedToDollars(payData.stateTax); });
   finish();
 }
 

@@ -24,11 +24,13 @@ static const PerFrequency<Bands>* chosenRate() {
 /// New Jersey, 1999. `staDeps` counts the exemptions. `stateDepsDed`: dollars a pay period.
 void NewJersey() {
   Worksheet& work = worksheet();
-  step([] { payData.stateDepsDed = payData.staDeps * newjersey::perExemption.now(); });
+  step("Allowance for the dependents", payData.stateDepsDed,
+       [] { return payData.staDeps * newjersey::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (const auto* tables = newjersey::chosenRate()) applyBands(tables->now());
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of the rate letter and pay period", payData.stateTax, [] {
+    const auto* tables = newjersey::chosenRate();
+    return tables ? std::optional(taxBy(tables->now())) : std::nullopt;
   });
   finish();
 }

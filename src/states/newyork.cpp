@@ -63,16 +63,23 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 /// a missing frequency is none. `stateDepsDed`: the standard deduction, dollars a pay period.
 void NewYork() {
   Worksheet& work = worksheet();
-  step([&] {
-    payData.staDeps = toInt16(work.exemptionsText());
+  step("New York tax, given up as a whole where a part of it fails", [&] {
+    part("Number of exemptions", payData.staDeps, [&] { return toInt16(work.exemptionsText()); });
     if (frequencyKnown()) {
-      work.stateStdDed = payData.staDeps * newyork::perExemption.now();
-      if (payData.maritalStat == 0) payData.stateDepsDed = newyork::marriedDeduction.now().amount;
-      if (payData.maritalStat == 1) payData.stateDepsDed = newyork::singleDeduction.now().amount;
+      part("Allowance for the exemptions", work.stateStdDed,
+           [] { return payData.staDeps * newyork::perExemption.now(); });
+      part("Standard deduction of the status", payData.stateDepsDed, []() -> std::optional<Money> {
+        if (payData.maritalStat == 0) return newyork::marriedDeduction.now().amount;
+        if (payData.maritalStat == 1) return newyork::singleDeduction.now().amount;
+        return std::nullopt;
+      });
     }
     StateBase();
-    work.stateWage = stateGross() - (work.stateStdDed + payData.stateDepsDed);
-    if (frequencyKnown()) applyBands(newyork::bands.now());
+    part("The pay period's wage less the allowance and the standard deduction", work.stateWage,
+         [&] { return stateGross() - (work.stateStdDed + payData.stateDepsDed); });
+    if (frequencyKnown()) {
+      part("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(newyork::bands.now()); });
+    }
     finish();
   });
 }

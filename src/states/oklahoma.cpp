@@ -60,38 +60,46 @@ void Oklahoma() {
   Worksheet& work = worksheet();
   Money overCap;
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] {
-    if (work.stateWage <= 22560) return;
-    overCap = work.stateWage - 22560;
-    work.stateWage = 22560;
-  });
-  step([&] { work.stateStdDed = fromReal(toReal(work.stateWage) * 0.15); });
-  step([&] { work.stateStdDed = std::clamp<Money>(work.stateStdDed, 1000, 2000); });
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step(
+      "The wage up to the ceiling of 22,560, and what is over it",
+      [&] {
+        if (work.stateWage <= 22560) return;
+        overCap = work.stateWage - 22560;
+        work.stateWage = 22560;
+      },
+      work.stateWage, overCap);
+  step("Standard deduction, 15% of it", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * 0.15); });
+  step("Standard deduction of at least 1,000 and at most 2,000", work.stateStdDed,
+       [&] { return std::clamp<Money>(work.stateStdDed, 1000, 2000); });
   // The rule asks again for the ceiling. It has been applied, so the wage always passes.
   const bool withinCeiling = work.stateWage <= 22560;
-  step([&] {
-    if (!withinCeiling) return;
-    Money base;
-    switch (payData.staMarried.value()) {
-      // Single: the dependents come off before the multiplication, so that the estimate is some 412.5 times the wage.
-      case 0: base = (work.stateWage - payData.staDeps) * 2750 - 4300; break;
-      case 3: base = work.stateWage - payData.staDeps * 2750 - 7200; break;
-      case 8: base = work.stateWage - payData.staDeps * 2750 - 4300; break;
-      default: return;
-    }
-    const Money federalEstimate = fromReal(toReal(base) * 0.15);
-    work.stateWage = work.stateWage - work.stateStdDed - payData.staDeps * 1000 - federalEstimate;
+  step("Less standard deduction, 1,000 for each dependent and the estimated federal tax", work.stateWage,
+       [&]() -> std::optional<Money> {
+         if (!withinCeiling) return std::nullopt;
+         Money base;
+         switch (payData.staMarried.value()) {
+           // Single: the dependents come off before the multiplication, so that the estimate is some 412.5 times the
+           // wage.
+           case 0: base = (work.stateWage - payData.staDeps) * 2750 - 4300; break;
+           case 3: base = work.stateWage - payData.staDeps * 2750 - 7200; break;
+           case 8: base = work.stateWage - payData.staDeps * 2750 - 4300; break;
+           default: return std::nullopt;
+         }
+         const Money federalEstimate = fromReal(toReal(base) * 0.15);
+         return work.stateWage - work.stateStdDed - payData.staDeps * 1000 - federalEstimate;
+       });
+  step("The year's tax by the table of the filing status", payData.stateTax, [&]() -> std::optional<Money> {
+    if (!withinCeiling) return std::nullopt;
+    if (payData.staMarried == 0) return taxBy(oklahoma::single);
+    if (payData.staMarried == 3) return taxBy(oklahoma::married);
+    if (payData.staMarried == 8) return taxBy(oklahoma::spouseEmployed);
+    return std::nullopt;
   });
-  step([&] {
-    if (!withinCeiling) return;
-    if (payData.staMarried == 0) applyBands(oklahoma::single);
-    if (payData.staMarried == 3) applyBands(oklahoma::married);
-    if (payData.staMarried == 8) applyBands(oklahoma::spouseEmployed);
-  });
-  step([&] { payData.stateTax = payData.stateTax + fromReal(toReal(overCap) * 0.065); });
-  step([] { payData.stateTax = perPeriod(payData.stateTax); });
-  step([] { payData.stateTax = roundedToDollars(payData.stateTax); });
+  step("Plus 6.5% of what is over the ceiling", payData.stateTax,
+       [&] { return payData.stateTax + fromReal(toReal(overCap) * 0.065); });
+  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("To whole dollars", payData.stateTax, [] { return roundedToDollars(payData.stateTax); });
   finish();
 }
 

@@ -24,19 +24,23 @@ static const PerFrequency<CreditedBands>* chosenTables() {
 void Oregon() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([] { payData.stateDepsDed = std::min<Money>(payData.fedTax, oregon::federalCap.now()); });
+  step("Federal tax allowed, up to its cap", payData.stateDepsDed,
+       [] { return std::min<Money>(payData.fedTax, oregon::federalCap.now()); });
   // Monthly has no such step: its allowance is the capped tax once, however many exemptions.
-  step([&] {
-    if (frequencyKnown() && payData.frequency != 3) payData.stateDepsDed = payData.stateDepsDed * work.exemptions;
+  step("That for each exemption, but for Monthly", payData.stateDepsDed, [&] {
+    const bool each = frequencyKnown() && payData.frequency != 3;
+    return each ? payData.stateDepsDed * work.exemptions : payData.stateDepsDed;
   });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([&] {
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax, [&]() -> std::optional<Money> {
     const auto* tables = oregon::chosenTables();
-    if (!tables) return;
+    if (!tables) return std::nullopt;
     const oregon::CreditedBand& band = bandOf(tables->now(), work.stateWage);
-    payData.stateTax = fromReal(toReal(work.stateWage - band.lower.amount) * band.rate + band.plus -
-                                band.credit * toReal(work.exemptions));
+    const double credit = band.credit * toReal(work.exemptions);
+    const Money tax = fromReal(toReal(work.stateWage - band.lower.amount) * band.rate + band.plus - credit);
+    rowApplied({band.test, band.bound.amount, band.lower.amount, band.rate, band.plus, work.stateWage, credit});
+    return tax;
   });
   finish();
 }
@@ -71,16 +75,16 @@ void NCarolina() {
   Worksheet& work = worksheet();
   const northcarolina::Status* status = northcarolina::chosenStatus();
   StateBase();
-  step([&] { work.stateWage = stateGross(); });
-  step([&] {
-    if (!status) return;
-    const bool below = work.stateWage < status->incomeTest.now().amount;
-    payData.stateDepsDed = payData.staDeps * (below ? northcarolina::higherAmount : northcarolina::lowerAmount).now();
-  });
-  step([&] { work.stateWage = work.stateWage - payData.stateDepsDed; });
-  step([&] {
-    if (status) applyBands(status->bands.now());
-  });
+  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step("Allowance for the dependents, by the income test of the status", payData.stateDepsDed,
+       [&]() -> std::optional<Money> {
+         if (!status) return std::nullopt;
+         const bool below = work.stateWage < status->incomeTest.now().amount;
+         return payData.staDeps * (below ? northcarolina::higherAmount : northcarolina::lowerAmount).now();
+       });
+  step("Less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
+  step("Tax by the table of filing status and pay period", payData.stateTax,
+       [&] { return status ? std::optional(taxBy(status->bands.now())) : std::nullopt; });
   finish();
 }
 

@@ -7,13 +7,21 @@ namespace tallyfin {
 /// Pennsylvania, 1999.
 void Penn() {
   StateBase();
-  step([] { payData.stateTax = fromReal(toReal(stateGross()) * 0.028); });
+  Money wage;
+  step(
+      "Pennsylvania tax, 2.8% of the wage",
+      [&] {
+        wage = stateGross();
+        payData.stateTax = fromReal(toReal(wage) * 0.028);
+      },
+      wage, payData.stateTax);
   finish();
 }
 
 /// North Dakota, 1999. The federal withholding is the only wage figure that it sees: StateBase isn't called.
 void NorthDakota() {
-  step([] { payData.stateTax = fromReal(toReal(payData.fedTax) * 0.14); });
+  step("North Dakota tax, 14% of the federal tax", payData.stateTax,
+       [] { return fromReal(toReal(payData.fedTax) * 0.14); });
   finish();
 }
 

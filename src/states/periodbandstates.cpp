@@ -16,14 +16,16 @@ constexpr PerFrequency<Dollars> threshold{74, 160, 148, 321};
 void Colorado() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * colorado::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * colorado::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([&] {
-    if (payData.maritalStat != 0) return;
-    const Money threshold = colorado::threshold.now().amount;
-    payData.stateTax = work.stateWage <= threshold ? 0 : fromReal(toReal(work.stateWage - threshold) * 0.05);
-  });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax of Married, 5% of what is over the threshold of the pay period", payData.stateTax,
+       [&]() -> std::optional<Money> {
+         if (payData.maritalStat != 0) return std::nullopt;
+         const Money threshold = colorado::threshold.now().amount;
+         return work.stateWage <= threshold ? 0 : fromReal(toReal(work.stateWage - threshold) * 0.05);
+       });
   finish();
 }
 
@@ -36,15 +38,16 @@ constexpr PerFrequency<PerHead> perExemption{26.35, 57.08, 52.69, 114.17};
 void DCTax() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * districtofcolumbia::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * districtofcolumbia::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
       case 0:
-      case 3: applyBands(districtofcolumbia::singleOrMarried.now()); break;
-      case 6: applyBands(districtofcolumbia::separately.now()); break;
-      default: break;
+      case 3: return taxBy(districtofcolumbia::singleOrMarried.now());
+      case 6: return taxBy(districtofcolumbia::separately.now());
+      default: return std::nullopt;
     }
   });
   finish();
@@ -58,15 +61,16 @@ constexpr PerFrequency<PerHead> perDependent{20, 43.35, 40, 86.65};
 /// `stateDepsDed`: dollars a pay period.
 void HawaiiTax() {
   Worksheet& work = worksheet();
-  step([] { payData.stateDepsDed = payData.staDeps * hawaii::perDependent.now(); });
+  step("Allowance for the dependents", payData.stateDepsDed,
+       [] { return payData.staDeps * hawaii::perDependent.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
       case 0:
-      case 9: applyBands(hawaii::singleOrHead.now()); break;
-      case 3: applyBands(hawaii::married.now()); break;
-      default: break;
+      case 9: return taxBy(hawaii::singleOrHead.now());
+      case 3: return taxBy(hawaii::married.now());
+      default: return std::nullopt;
     }
   });
   finish();
@@ -80,13 +84,12 @@ constexpr PerFrequency<PerHead> perExemption{48.08, 104.17, 96.15, 208.33};
 void Kansas() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * kansas::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * kansas::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(kansas::married.now());
-    if (payData.maritalStat == 1) applyBands(kansas::single.now());
-  });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax,
+       [] { return taxByStatus(kansas::married, kansas::single); });
   finish();
 }
 

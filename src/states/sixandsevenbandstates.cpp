@@ -13,13 +13,12 @@ constexpr PerFrequency<PerHead> perExemption{52.88, 114.58, 105.77, 229.17};
 void RhodeIsland() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * rhodeisland::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * rhodeisland::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(rhodeisland::married.now());
-    if (payData.maritalStat == 1) applyBands(rhodeisland::single.now());
-  });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax,
+       [] { return taxByStatus(rhodeisland::married, rhodeisland::single); });
   finish();
 }
 
@@ -31,13 +30,12 @@ constexpr PerFrequency<PerHead> perExemption{51.92, 112.5, 103.85, 225};
 void Vermont() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * vermont::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * vermont::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(vermont::married.now());
-    if (payData.maritalStat == 1) applyBands(vermont::single.now());
-  });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax,
+       [] { return taxByStatus(vermont::married, vermont::single); });
   finish();
 }
 
@@ -50,14 +48,13 @@ constexpr PerFrequency<PerHead> perExemption{38, 83, 76, 166};
 void Utah() {
   Worksheet& work = worksheet();
   parseExemptions();
-  step([&] { payData.stateDepsDed = work.exemptions * utah::perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [&] { return work.exemptions * utah::perExemption.now(); });
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(utah::married.now());
-    if (payData.maritalStat == 1) applyBands(utah::single.now());
-  });
-  step([] { payData.stateTax = integerRounded(payData.stateTax); });
+  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table of status and pay period", payData.stateTax,
+       [] { return taxByStatus(utah::married, utah::single); });
+  step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
 

@@ -1,14 +1,16 @@
 #include "states/statebase.h"
 
+#include <algorithm>
+
 #include "engine/settings.h"
 
 namespace tallyfin {
 
 void StateBase() {
-  payData.state401k = 0;
-  payData.statePreTax = 0;
-  if (settings::sta401.text() == "Y") payData.state401k = payData.amt401k;
-  if (settings::staPreTax.text() == "Y") payData.statePreTax = payData.preTax;
+  step("401(k) that the state leaves untaxed", payData.state401k,
+       [] { return settings::sta401.text() == "Y" ? payData.amt401k : Money{}; });
+  step("Pre-tax amount that the state leaves untaxed", payData.statePreTax,
+       [] { return settings::staPreTax.text() == "Y" ? payData.preTax : Money{}; });
 }
 
 Money stateGross() { return payData.grossPay - (payData.statePreTax + payData.state401k); }
@@ -16,22 +18,28 @@ Money stateGross() { return payData.grossPay - (payData.statePreTax + payData.st
 bool frequencyKnown() { return payData.frequency >= 0 && payData.frequency <= 3; }
 
 void parseExemptions() {
-  step([] { worksheet().exemptions = toInt16(worksheet().exemptionsText()); });
+  step("Number of exemptions", worksheet().exemptions, [] { return toInt16(worksheet().exemptionsText()); });
 }
 
-void applyBands(Bands table) { payData.stateTax = taxOf(table, worksheet().stateWage); }
+Money taxBy(Bands table) { return taxOf(table, worksheet().stateWage); }
+
+std::optional<Money> taxByStatus(const PerFrequency<Bands>& married, const PerFrequency<Bands>& single) {
+  if (payData.maritalStat == 0) return taxBy(married.now());
+  if (payData.maritalStat == 1) return taxBy(single.now());
+  return std::nullopt;
+}
 
 Money perPeriod(Money annual) { return fromReal(toReal(annual) / toReal(payData.payPeriods)); }
 
+Money atLeastZero(Money amount) { return std::max(amount, Money{}); }
+
 void finish() {
-  step([] {
-    const Money withholding = payData.stateTax + payData.staAdd;
-    payData.stateTax = withholding <= 0 ? Money{} : withholding;
-  });
+  step("Plus the additional amount asked for, and at least 0", payData.stateTax,
+       [] { return atLeastZero(payData.stateTax + payData.staAdd); });
 }
 
 void floorAtZero() {
-  if (payData.stateTax <= 0) payData.stateTax = 0;
+  step("At least 0", payData.stateTax, [] { return atLeastZero(payData.stateTax); });
 }
 
 }  // namespace tallyfin

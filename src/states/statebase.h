@@ -1,10 +1,10 @@
 #pragma once
 
 #include "engine/bands.h"
-#include "engine/failure.h"
 #include "engine/frequency.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
+#include "engine/step.h"
 #include "engine/worksheet.h"
 
 /// What the state routines share. A routine works on the record and on the working fields of the worksheet, reads as
@@ -43,11 +43,18 @@ class PerHead {
   bool whole_;
 };
 
-/// Assigns `stateTax` from the table, by `stateWage`.
-void applyBands(Bands table);
+/// The tax on `stateWage` by the table.
+Money taxBy(Bands table);
+
+/// The tax on `stateWage` by the table of the status and frequency. Married Claiming Single has none: nothing is
+/// assigned then.
+std::optional<Money> taxByStatus(const PerFrequency<Bands>& married, const PerFrequency<Bands>& single);
 
 /// A year's amount as a pay period's, in one real step. Fails while `payPeriods` is 0.
 Money perPeriod(Money annual);
+
+/// Not below 0.
+Money atLeastZero(Money amount);
 
 /// The end of a routine, one statement: `staAdd` comes on top, and what isn't above 0 becomes 0.
 void finish();

@@ -30,20 +30,25 @@ void IowaTax() {
   Int16 credit;
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross() - payData.fedTax; });
-  step([&] { work.stateWage = work.stateWage * periodsPerYear.now(); });
-  step([&] {
-    if (work.exemptions == 0 || work.exemptions == 1) payData.stateDepsDed = 1500;
-    if (work.exemptions >= 2 && work.exemptions <= 15) payData.stateDepsDed = 3600;
-  });
-  step([&] { work.stateWage = work.stateWage - payData.stateDepsDed; });
-  step([] { applyBands(iowa::bands); });
-  step([&] {
-    if (work.exemptions >= 0 && work.exemptions <= 2) credit = work.exemptions * 20;
-    if (work.exemptions >= 3 && work.exemptions <= 15) credit = (work.exemptions - 2) * 40 + 40;
-  });
-  step([&] { payData.stateTax = perPeriod(payData.stateTax - credit); });
-  step([] { payData.stateTax = integerRounded(payData.stateTax); });
+  step("The pay period's wage less the federal tax", work.stateWage, [] { return stateGross() - payData.fedTax; });
+  step("The year's wage", work.stateWage, [&] { return work.stateWage * periodsPerYear.now(); });
+  step("Standard deduction, 1,500 up to one exemption and 3,600 from two", payData.stateDepsDed,
+       [&]() -> std::optional<Money> {
+         if (work.exemptions == 0 || work.exemptions == 1) return 1500;
+         if (work.exemptions >= 2 && work.exemptions <= 15) return 3600;
+         return std::nullopt;
+       });
+  step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
+  step("The year's tax by the table", payData.stateTax, [] { return taxBy(iowa::bands); });
+  step("Credit, 20 for each of the first two exemptions and 40 for each further one", credit,
+       [&]() -> std::optional<Int16> {
+         if (work.exemptions >= 0 && work.exemptions <= 2) return work.exemptions * 20;
+         if (work.exemptions >= 3 && work.exemptions <= 15) return (work.exemptions - 2) * 40 + 40;
+         return std::nullopt;
+       });
+  step("The pay period's share, after the credit", payData.stateTax,
+       [&] { return perPeriod(payData.stateTax - credit); });
+  step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
 
@@ -82,16 +87,18 @@ void MaineTax() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] { work.stateWage = work.stateWage - work.exemptions * 2750; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(maine::married);
-    if (payData.maritalStat == 1) applyBands(maine::single);
-    if (payData.maritalStat == 2) applyBands(maine::marriedClaimingSingle);
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("Less 2,750 for each exemption", work.stateWage, [&] { return work.stateWage - work.exemptions * 2750; });
+  step("The year's tax by the table of the status", payData.stateTax, []() -> std::optional<Money> {
+    if (payData.maritalStat == 0) return taxBy(maine::married);
+    if (payData.maritalStat == 1) return taxBy(maine::single);
+    if (payData.maritalStat == 2) return taxBy(maine::marriedClaimingSingle);
+    return std::nullopt;
   });
-  if (payData.stateTax <= 40) payData.stateTax = 0;  // an annual tax of 40 or less is forgiven
-  step([] { payData.stateTax = perPeriod(payData.stateTax); });
-  step([] { payData.stateTax = integerRounded(payData.stateTax); });
+  step("A year's tax of 40 or less is forgiven", payData.stateTax,
+       [] { return payData.stateTax <= 40 ? Money{} : payData.stateTax; });
+  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
 
@@ -119,16 +126,17 @@ void Minnesota() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([&] { payData.stateDepsDed = work.exemptions * 2750; });
-  step([&] { work.stateWage = work.stateWage - payData.stateDepsDed; });
-  step([] {
-    if (payData.maritalStat == 0) applyBands(minnesota::married);
-    if (payData.maritalStat == 1) applyBands(minnesota::single);
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("Allowance of 2,750 for each exemption", payData.stateDepsDed, [&] { return work.exemptions * 2750; });
+  step("Less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
+  step("The year's tax by the table of the status", payData.stateTax, []() -> std::optional<Money> {
+    if (payData.maritalStat == 0) return taxBy(minnesota::married);
+    if (payData.maritalStat == 1) return taxBy(minnesota::single);
+    return std::nullopt;
   });
-  step([] { payData.stateTax = perPeriod(payData.stateTax); });
-  step([] { payData.stateTax = payData.stateTax + payData.staAdd; });
-  step([] { payData.stateTax = roundedToDollars(payData.stateTax); });
+  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("Plus the additional amount asked for", payData.stateTax, [] { return payData.stateTax + payData.staAdd; });
+  step("To whole dollars", payData.stateTax, [] { return roundedToDollars(payData.stateTax); });
   floorAtZero();
 }
 
@@ -149,22 +157,23 @@ constexpr Band bands[] = {
 /// the same. `stateDepsDed`: dollars a year.
 void Mississippi() {
   Worksheet& work = worksheet();
-  step([&] {
+  step("Standard deduction of the filing status", work.stateStdDed, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
-      case 0: work.stateStdDed = 2300; break;  // Single
-      case 7: work.stateStdDed = 4200; break;  // Married. Spouse NOT employed
-      case 8: work.stateStdDed = 2100; break;  // Married. Spouse IS employed.
-      case 9: work.stateStdDed = 3400; break;  // Head of Family
-      default: break;                          // as the last routine left it
+      case 0: return 2300;           // Single
+      case 7: return 4200;           // Married. Spouse NOT employed
+      case 8: return 2100;           // Married. Spouse IS employed.
+      case 9: return 3400;           // Head of Family
+      default: return std::nullopt;  // as the last routine left it
     }
   });
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([] { payData.stateDepsDed = payData.staDeps * 1500; });
-  step([&] { work.stateWage = work.stateWage - (work.stateStdDed + payData.stateDepsDed + payData.staAdd); });
-  step([] { applyBands(mississippi::bands); });
-  step([] { payData.stateTax = perPeriod(payData.stateTax); });
-  step([] { payData.stateTax = integerRounded(payData.stateTax); });
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("Exemption of 1,500 for each dependent", payData.stateDepsDed, [] { return payData.staDeps * 1500; });
+  step("Less standard deduction, dependents and the personal exemption", work.stateWage,
+       [&] { return work.stateWage - (work.stateStdDed + payData.stateDepsDed + payData.staAdd); });
+  step("The year's tax by the table", payData.stateTax, [] { return taxBy(mississippi::bands); });
+  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
 

@@ -47,12 +47,10 @@ constexpr Band single[] = {
 // clang-format on
 
 /// In the lowest band the tax is charged only to someone without exemptions.
-static void apply(Bands table) {
-  if (worksheet().stateWage < table.front().bound.amount && worksheet().exemptions != 0) {
-    payData.stateTax = 0;
-  } else {
-    applyBands(table);
-  }
+static Money taxBy(Bands table) {
+  const Worksheet& work = worksheet();
+  if (work.stateWage < table.front().bound.amount && work.exemptions != 0) return 0;
+  return taxOf(table, work.stateWage);
 }
 }  // namespace wisconsin
 
@@ -61,12 +59,15 @@ void Wisconsin() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step([&] { work.stateWage = stateGross() * payData.payPeriods; });
-  step([] {
-    if (payData.maritalStat == 0) wisconsin::apply(wisconsin::married);
-    if (payData.maritalStat == 1) wisconsin::apply(wisconsin::single);
-  });
-  step([&] { payData.stateTax = perPeriod(payData.stateTax - work.exemptions * 20); });
+  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("The year's tax by the table of the status; its lowest row only without exemptions", payData.stateTax,
+       []() -> std::optional<Money> {
+         if (payData.maritalStat == 0) return wisconsin::taxBy(wisconsin::married);
+         if (payData.maritalStat == 1) return wisconsin::taxBy(wisconsin::single);
+         return std::nullopt;
+       });
+  step("The pay period's share, after a credit of 20 for each exemption", payData.stateTax,
+       [&] { return perPeriod(payData.stateTax - work.exemptions * 20); });
   finish();
 }
 

@@ -7,6 +7,7 @@
 #include "engine/paydata.h"
 #include "engine/settings.h"
 #include "engine/statelist.h"
+#include "engine/trace.h"
 #include "stateoptions/frmState.h"
 #include "states/shapes.h"
 #include "ui/frmPrint.h"
@@ -130,6 +131,9 @@ void frmMain::cmdToolBar_Click(int index) {
 }
 
 void frmMain::calculateCommand() {
+  Recorder recording;
+  step([&] { recording.trace().allowance = fromReal(allowancePerExemption()); });
+  step([&] { recording.trace().exemptions = toInt16(cboExemptions.text()); });
   calculatePaycheck();
   cmdAdditional[1].visible = true;
   saveEntries();

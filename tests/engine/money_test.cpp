@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "engine/numbertext.h"
+#include "engine/step.h"
 
 namespace tallyfin {
 namespace {
@@ -170,9 +171,9 @@ TEST(Int16Test, HoldsNothingBeyondItsRange) {
 
 TEST(Step, LeavesTheTargetOfAFailedStatementAsItWas) {
   Money target = 5;
-  step([&] { target = toMoney("abc"); });
+  step("A statement", [&] { target = toMoney("abc"); });
   EXPECT_EQ(target, 5);
-  step([&] { target = toMoney("7"); });
+  step("A statement", [&] { target = toMoney("7"); });
   EXPECT_EQ(target, 7);
 }
 

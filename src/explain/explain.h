@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/trace.h"
+
+/// Why a figure of the results is what it is, in words and sums. Written from the trace of the calculation alone: it
+/// says what ran, and knows no state.
+
+namespace tallyfin {
+
+struct Explanation {
+  const char* title;  ///< Of the row of the results.
+  Money amount;
+  std::vector<std::string> lines;  ///< What led to the amount, in order.
+};
+
+/// One for each of the twelve rows, in their order.
+std::vector<Explanation> explain(const Trace& trace);
+
+/// An amount as currency, with two decimals or as many more as it has: $1,000.00, $172.4936, ($5.00).
+std::string amountText(Money amount);
+
+/// A rate as percent, with as many decimals as it has: 7.65%.
+std::string rateText(double fraction);
+
+}  // namespace tallyfin
