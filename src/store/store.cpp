@@ -219,10 +219,8 @@ class FileStore::Database {
     form = Form::none;
     // Byte by byte: in another encoding the words are others.
     const auto schema = answer("SELECT sql FROM sqlite_schema");
-    if (schema == "") form = Form::empty;
-    if (schema == "CREATE TABLE " + table + '\n' && answer("PRAGMA quick_check(1)") == "ok\n") {
-      form = Form::store;
-    }
+    if (schema != "" && schema != "CREATE TABLE " + table + '\n') return;
+    if (answer("PRAGMA quick_check(1)") == "ok\n") form = schema == "" ? Form::empty : Form::store;
   }
 };
 
