@@ -7,7 +7,6 @@
 
 #include <cctype>
 #include <initializer_list>
-#include <new>
 
 #include "engine/failure.h"
 
@@ -25,7 +24,7 @@ const std::string table =
 constexpr int patience = 500;  ///< How long another program that is writing is waited for, milliseconds.
 constexpr int largestText = 8 * 1024 * 1024;
 constexpr std::uintmax_t pageSize = 4096;
-constexpr std::uintmax_t largestFile = 64 * 1024 * 1024;
+constexpr std::uintmax_t largestFile = 16'384 * pageSize;
 
 /// For every connection. secure_delete leaves nothing of a text that has been replaced in the file; a page that is
 /// damaged is noticed before it is used.
@@ -120,8 +119,8 @@ void takeFromOthers(const fs::path& path) {
 bool mayBeDatabase(const fs::path& path) {
   std::error_code none;
   if (!fs::is_regular_file(path, none)) return false;
-  const auto size = fs::file_size(path, none);
-  return !none && size <= largestFile && (size % pageSize == 0 || (size != 1 && changeUnderWay(path)));
+  const auto size = fs::file_size(path, none);  // the largest number where there is none any more
+  return size <= largestFile && (size % pageSize == 0 || (size != 1 && changeUnderWay(path)));
 }
 
 }  // namespace
@@ -144,7 +143,6 @@ class FileStore::Database {
     sqlite3* opened = nullptr;
     sqlite3_open_v2(name.c_str(), &opened, access | SQLITE_OPEN_NOMUTEX, nullptr);
     connection_.reset(opened);
-    if (opened == nullptr) throw std::bad_alloc();
     sqlite3_busy_timeout(opened, patience);
     for (const int harmful : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER,
                               SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_DQS_DML}) {
@@ -219,12 +217,10 @@ class FileStore::Database {
 
   void learnForm() {
     form = Form::none;
+    // Byte by byte: in another encoding the words are others.
     const auto schema = answer("SELECT sql FROM sqlite_schema");
-    if (schema == "") form = Form::empty;
-    if (schema == "CREATE TABLE " + table + '\n' && answer("PRAGMA encoding") == "UTF-8\n" &&
-        answer("PRAGMA quick_check(1)") == "ok\n") {
-      form = Form::store;
-    }
+    if (schema != "" && schema != "CREATE TABLE " + table + '\n') return;
+    if (answer("PRAGMA quick_check(1)") == "ok\n") form = schema == "" ? Form::empty : Form::store;
   }
 };
 

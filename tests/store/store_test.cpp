@@ -332,16 +332,47 @@ TEST_F(StoreTest, LeavesADatabaseOfAnotherFormAlone) {
   }
 }
 
-TEST_F(StoreTest, LeavesAnUnfinishedDatabaseOfAnotherFormAlone) {
+/// Does something to a database in a program that is killed before it has closed it.
+void killedAfter(const fs::path& path, const char* sql) {
   const pid_t child = ::fork();
   if (child == 0) {
-    sqlite3* other = nullptr;
-    sqlite3_open(path.c_str(), &other);
-    sqlite3_exec(other, "PRAGMA journal_mode = WAL; CREATE TABLE other(a); INSERT INTO other VALUES(1)", nullptr,
-                 nullptr, nullptr);
-    ::_exit(0);  // without closing it
+    sqlite3* connection = nullptr;
+    sqlite3_open(path.c_str(), &connection);
+    ::_exit(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr));
   }
-  ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_EQ(status, 0);
+}
+
+TEST_F(StoreTest, TakesBackAChangeThatAKilledProgramLeftHalfDone) {
+  opened().write(section::settings, "Hours", "40");
+  killedAfter(path, "PRAGMA journal_mode = DELETE; BEGIN; UPDATE setting SET text = '41'");
+  ASSERT_GT(fs::file_size(path.string() + "-journal"), 0U);
+  EXPECT_EQ(kept("Hours"), "40");
+  opened().write(section::settings, "Hours", "42");
+  EXPECT_EQ(kept("Hours"), "42");
+}
+
+TEST_F(StoreTest, CompletesAChangeThatAKilledProgramHasMade) {
+  opened().write(section::settings, "Hours", "40");
+  killedAfter(path, "UPDATE setting SET text = '41'");
+  // As a full disk leaves the file while changes are being copied into it.
+  std::ofstream(path, std::ios::binary | std::ios::app) << "part of a page";
+  EXPECT_EQ(kept("Hours"), "41");
+  EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite"));
+}
+
+TEST_F(StoreTest, TakesADatabaseWithoutTablesForItsOwnWhenItSaves) {
+  killedAfter(path, "PRAGMA journal_mode = WAL; CREATE TABLE other(a); DROP TABLE other");
+  ASSERT_GT(fs::file_size(path.string() + "-wal"), 0U);
+  EXPECT_EQ(kept("Hours"), std::nullopt);
+  opened().write(section::settings, "Hours", "40");
+  EXPECT_EQ(kept("Hours"), "40");
+}
+
+TEST_F(StoreTest, LeavesAnUnfinishedDatabaseOfAnotherFormAlone) {
+  killedAfter(path, "PRAGMA journal_mode = WAL; CREATE TABLE other(a); INSERT INTO other VALUES(1)");
   ASSERT_GT(fs::file_size(path.string() + "-wal"), 0U);
   const std::string log = bytesOf(path.string() + "-wal");
   expectLeftAlone();
