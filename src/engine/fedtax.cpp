@@ -107,7 +107,7 @@ void showFigures() {
   int label = 0;
   for (const Money figure : figures) {
     ++label;
-    step([&] { worksheet().showFigure(label, toText(roundedForDisplay(figure))); });
+    step([&] { worksheet().showFigure(label, roundedForDisplay(figure)); });
   }
 }
 
