@@ -25,7 +25,7 @@ class Sheet : public Worksheet {
   std::string preFica = "10";
   std::string exemptionsEntry = "2";
   int state = 0;
-  std::array<std::string, 9> figures;
+  std::array<Money, 9> figures;
 
   const std::string& incomeText() const override { return income; }
   const std::string& rate401kText() const override { return rate401k; }
@@ -34,7 +34,7 @@ class Sheet : public Worksheet {
   const std::string& exemptionsText() const override { return exemptionsEntry; }
   int stateIndex() const override { return state; }
   bool selfEmployed() const override { return false; }
-  void showFigure(int label, const std::string& text) override { figures.at(static_cast<std::size_t>(label)) = text; }
+  void showFigure(int label, Money figure) override { figures.at(static_cast<std::size_t>(label)) = figure; }
 };
 
 Sheet sheet;

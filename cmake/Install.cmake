@@ -1,7 +1,7 @@
 # Where everything goes, and the Debian package.
 include(GNUInstallDirs)
 
-install(TARGETS tallyfin99-script RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS tallyfin99-script tallyfin99-batch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(TALLYFIN_DESKTOP)
   install(TARGETS tallyfin99 RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
@@ -10,7 +10,8 @@ install(FILES packaging/tallyfin99.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/
 install(FILES packaging/tallyfin99.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME io.github.tallyfin.Tallyfin99.metainfo.xml)
 install(FILES src/ui/qt/pictures/tallyfin99.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES packaging/tallyfin99.1 packaging/tallyfin99-script.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES packaging/tallyfin99.1 packaging/tallyfin99-script.1 packaging/tallyfin99-batch.1
+  DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99 RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
 

@@ -67,16 +67,10 @@ std::string lowered(std::string_view text) {
 }
 
 std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-/// Whether the text is the caption, which is written small.
-bool names(std::string_view text, std::string_view caption) {
-  return text.size() == caption.size() &&
-         std::equal(text.begin(), text.end(), caption.begin(), [](char a, char b) { return lower(a) == b; });
+  const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && blank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 const std::vector<std::string>& states() {
@@ -88,10 +82,16 @@ const std::vector<std::string>& states() {
   return captions;
 }
 
+/// The place of a text among captions, which are written small.
 template <class Captions>
 std::optional<int> entryNamed(std::string_view text, const Captions& captions) {
-  const auto found =
-      std::find_if(std::begin(captions), std::end(captions), [&](const auto& caption) { return names(text, caption); });
+  std::array<char, 32> buffer{};  // longer than every caption
+  if (text.size() > buffer.size()) return std::nullopt;
+  std::transform(text.begin(), text.end(), buffer.begin(), lower);
+  const std::string_view name(buffer.data(), text.size());
+  const auto found = std::find_if(std::begin(captions), std::end(captions), [&](std::string_view caption) {
+    return caption.size() == name.size() && caption == name;
+  });
   if (found == std::end(captions)) return std::nullopt;
   return static_cast<int>(found - std::begin(captions));
 }
@@ -211,7 +211,7 @@ bool Paycheck::take(const Header& header, const Row& row) {
 
 void Paycheck::takeCell(Column column, std::string_view text) {
   const ColumnRule& rule = rules[column];
-  if (rule.kind == Kind::box || rule.kind == Kind::count) texts_[column] = text.empty() ? "0" : text;
+  if (rule.kind == Kind::box || rule.kind == Kind::count) texts_[column] = text.empty() ? std::string_view("0") : text;
   if (rule.kind == Kind::box) return;
   numbers_[column] = rule.byDefault;
   if (text.empty()) return;

@@ -77,7 +77,7 @@ class Paycheck : public Worksheet {
   const std::string& exemptionsText() const override;
   int stateIndex() const override { return numbers_[state]; }
   bool selfEmployed() const override { return numbers_[batch::selfEmployed] != 0; }
-  void showFigure(int /*label*/, const std::string& /*text*/) override {}
+  void showFigure(int /*label*/, Money /*figure*/) override {}
 
  private:
   /// Takes the cells; false where one of them names nothing.

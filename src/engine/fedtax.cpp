@@ -144,7 +144,7 @@ void showFigures() {
   int label = 0;
   for (const auto& [title, figure] : shown) {
     ++label;
-    step(title, [&] { worksheet().showFigure(label, toText(roundedForDisplay(payData.*figure))); });
+    step(title, [&] { worksheet().showFigure(label, roundedForDisplay(payData.*figure)); });
   }
 }
 

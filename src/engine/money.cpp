@@ -3,8 +3,6 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "engine/numbertext.h"
-
 namespace tallyfin {
 
 namespace {
@@ -40,7 +38,11 @@ Money fromReal(double dollars) {
   return Money::ofUnits(static_cast<std::int64_t>(units));
 }
 
-Money roundCents(Money amount) { return toMoney(currency(amount)); }
+Money roundCents(Money amount) {
+  const std::int64_t cents = amount.units() / cent;
+  const std::int64_t rest = amount.units() % cent;
+  return ofSteps(std::abs(rest) * 2 < cent ? cents : cents + (rest < 0 ? -1 : 1), cent);
+}
 
 Money roundedForDisplay(Money amount) { return ofSteps(nearestEven(amount, cent), cent); }
 

@@ -69,7 +69,7 @@ double toReal(Int16 count);
 /// to the even one. Fails for what is not finite and beyond the 64-bit range.
 Money fromReal(double dollars);
 
-/// Whole cents, an exact half away from zero: 1.0050 is 1.01, -1.0050 is -1.01. Goes through the currency text.
+/// Whole cents, an exact half away from zero, as the currency text shows them: 1.0050 is 1.01, -1.0050 is -1.01.
 Money roundCents(Money amount);
 
 /// Two decimals for a caption, an exact half to the even digit: 0.125 is 0.12. Never written back to the record.

@@ -50,10 +50,10 @@ std::optional<std::int64_t> readExponent(std::string_view text) {
 }
 
 std::optional<Decimal> readDecimal(std::string_view text) {
-  constexpr std::string_view blanks = " \t";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return std::nullopt;
-  text = text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && blank(text.back())) text.remove_suffix(1);
+  if (text.empty()) return std::nullopt;
 
   Decimal decimal;
   if (text.front() == '(' && text.back() == ')') {
@@ -232,23 +232,19 @@ Int16 toInt16(std::string_view text) { return roundedInteger(decimalOf(text), 0)
 bool isNumber(std::string_view text) { return readDecimal(text).has_value(); }
 
 std::string toText(Money amount) {
-  std::uint64_t units = magnitude(amount.units());
+  constexpr auto unitsPerDollar = static_cast<std::uint64_t>(Money::unitsPerDollar);
+  const std::uint64_t units = magnitude(amount.units());
   std::array<char, 24> buffer{};
-  char* const end = buffer.data() + buffer.size();
-  char* text = end;
-  bool decimals = false;
-  for (int place = 0; place < 4; ++place, units /= 10) {
-    const auto digit = static_cast<char>('0' + units % 10);
-    decimals = decimals || digit != '0';
-    if (decimals) *--text = digit;
+  char* text = buffer.data();
+  if (amount.units() < 0) *text++ = '-';
+  text = std::to_chars(text, buffer.data() + buffer.size(), units / unitsPerDollar).ptr;
+  if (std::uint64_t decimals = units % unitsPerDollar; decimals != 0) {
+    *text++ = '.';
+    for (std::uint64_t place = unitsPerDollar / 10; decimals != 0; decimals %= place, place /= 10) {
+      *text++ = static_cast<char>('0' + decimals / place);
+    }
   }
-  if (decimals) *--text = '.';
-  do {
-    *--text = static_cast<char>('0' + units % 10);
-    units /= 10;
-  } while (units != 0);
-  if (amount.units() < 0) *--text = '-';
-  return {text, end};
+  return {buffer.data(), text};
 }
 
 std::string toText(double value) {

@@ -45,8 +45,8 @@ class Worksheet : public WorksheetFields {
   virtual int stateIndex() const = 0;
   virtual bool selfEmployed() const = 0;
 
-  /// Puts a figure on one of the labels lbl1 to lbl8.
-  virtual void showFigure(int label, const std::string& text) = 0;
+  /// Puts a figure, rounded to two decimals, on one of the labels lbl1 to lbl8.
+  virtual void showFigure(int label, Money figure) = 0;
 };
 
 /// The worksheet of the moment; the provider creates it where it doesn't stand yet.

@@ -86,9 +86,9 @@ void frmMain::Load() {
   desk.close<frmState>();  // its closing brings the saved state options into the record
 }
 
-void frmMain::showFigure(int label, const std::string& text) {
+void frmMain::showFigure(int label, Money figure) {
   const std::array labels{&lbl1, &lbl2, &lbl3, &lbl4, &lbl5, &lbl6, &lbl7, &lbl8};
-  labels.at(static_cast<std::size_t>(label - 1))->setCaption(text);
+  labels.at(static_cast<std::size_t>(label - 1))->setCaption(toText(figure));
 }
 
 void frmMain::lstFrequency_Click() {

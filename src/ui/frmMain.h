@@ -60,7 +60,7 @@ class frmMain final : public Screen, public Worksheet {
   const std::string& exemptionsText() const override { return cboExemptions.text(); }
   int stateIndex() const override { return cboState.index(); }
   bool selfEmployed() const override { return chkSelfEmployed.value(); }
-  void showFigure(int label, const std::string& text) override;
+  void showFigure(int label, Money figure) override;
 
  protected:
   void Load() override;

@@ -32,7 +32,7 @@ class WorksheetStandIn : public Worksheet {
   const std::string& exemptionsText() const override { return exemptionsEntry; }
   int stateIndex() const override { return state; }
   bool selfEmployed() const override { return selfEmployedTicked; }
-  void showFigure(int label, const std::string& text) override { figures.at(static_cast<std::size_t>(label)) = text; }
+  void showFigure(int label, Money figure) override { figures.at(static_cast<std::size_t>(label)) = toText(figure); }
 };
 
 /// A fresh record, a fresh worksheet and an empty store in memory for each test.

@@ -1,0 +1,40 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "batch/run.h"
+
+/// Any bytes as a CSV: the run ends, gives the same however the bytes arrive, and counts no more problems than rows.
+
+using namespace tallyfin::batch;
+
+namespace {
+
+std::string outcome(std::string_view in, std::size_t atOnce) {
+  std::string out;
+  const auto source = [&](char* place, std::size_t size) {
+    const std::size_t count = std::min({size, atOnce, in.size()});
+    std::memcpy(place, in.data(), count);
+    in.remove_prefix(count);
+    return count;
+  };
+  try {
+    const Account account = run(
+        source, [&](std::string_view text) { out += text; }, {}, [](std::uint64_t) {});
+    if (account.problems > account.rows) std::abort();
+  } catch (const Trouble& trouble) {
+    out += trouble.what();
+  }
+  return out;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view in(reinterpret_cast<const char*>(data), size);
+  if (outcome(in, in.size()) != outcome(in, 3)) std::abort();
+  return 0;
+}
