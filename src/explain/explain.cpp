@@ -1,6 +1,9 @@
 #include "explain/explain.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <string_view>
 
 #include "engine/numbertext.h"
@@ -166,10 +169,13 @@ std::string figuresOf(const Trace& trace, const Replay& replay, const TracedStat
     if (source != fedBase && source != stateWage && source != checkAmt) return result;
     source = source == fedBase ? taxableWage : grossPay;
   }
-  const Money from = replay.amountAt(source);
+  Money from = replay.amountAt(source);
   if (from == *to) return refines ? "" : result;
   const std::string_view title = statement.title;
   const Int16 periods = std::get<Int16>(replay.at(numberOf("payPeriods")));
+  if (!refines && says(title, "year's wage")) {
+    from = from - (replay.amountAt(numberOf("statePreTax")) + replay.amountAt(numberOf("state401k")));
+  }
   if (says(title, "year's wage") && periods != 0 && *to == from * periods) {
     return toText(periods) + " times " + amountText(from) + " is " + result;
   }
@@ -184,12 +190,11 @@ std::string figuresOf(const Trace& trace, const Replay& replay, const TracedStat
   return amountText(from) + " less " + amountText(*fewer) + " leaves " + result;
 }
 
-/// What a statement did, as a sentence; empty where it isn't worth one.
-std::string sentence(const Trace& trace, const Replay& replay, const TracedStatement& statement) {
+/// What a statement did, as a sentence for a row; empty where it isn't worth one.
+std::string sentence(const Trace& trace, const Replay& replay, const TracedStatement& statement, std::size_t row) {
   const std::string title = statement.title;
   const Outcome* outcomes = trace.outcomes.data() + statement.firstOutcome;
   if (!statement.done || !statement.assigned) {
-    const std::string why = statement.done ? "there is none for what is chosen" : whyNot(statement);
     std::string stays;
     for (std::size_t i = 0; i < statement.outcomes; ++i) {
       const auto field = outcomes[i].field;
@@ -197,7 +202,14 @@ std::string sentence(const Trace& trace, const Replay& replay, const TracedState
       stays += (stays.empty() ? "; " : ", ") +
                (replay.touched(*field) ? textOf(replay.at(*field)) : standing(trace, *field));
     }
-    return title + " left out: " + why + (stays.empty() ? "" : stays + " stays") + ".";
+    const std::string why = statement.done ? ": doesn't apply" : " left out: " + whyNot(statement);
+    return title + why + (stays.empty() ? "" : stays + " stays") + ".";
+  }
+  // Nothing entered, nothing left untaxed: not worth a line under another figure.
+  const bool nothing = statement.outcomes == 1 && outcomes[0].value == Figure(Money{});
+  if (nothing && !statement.row && outcomes[0].field != row &&
+      !(outcomes[0].field && replay.touched(*outcomes[0].field))) {
+    return "";
   }
   const std::string figures = figuresOf(trace, replay, statement);
   return figures.empty() ? "" : title + ": " + figures + ".";
@@ -212,7 +224,7 @@ struct Row {
 
 const std::vector<Row>& rows() {
   static const std::vector<Row> all{
-      {"Gross Pay", grossPay, {grossPay}},
+      {"Gross Pay", grossPay, {taxableWage, grossPay}},
       {"401k Deduction", amt401k, {rate401k, amt401k}},
       {"Non-Taxable", preTax, {preTax}},
       {"Pre-FICA", preFica, {preFica}},
@@ -237,6 +249,18 @@ bool leadsTo(const Trace& trace, const Row& row, const TracedStatement& statemen
     if (!ofTheState || *field == row.field) return true;
   }
   return false;
+}
+
+/// Behind the last statement that assigns a field, or would.
+std::size_t endOf(const Trace& trace, std::size_t field) {
+  std::size_t end = 0;
+  for (std::size_t i = 0; i < trace.statements.size(); ++i) {
+    const TracedStatement& statement = trace.statements[i];
+    for (std::size_t k = 0; k < statement.outcomes; ++k) {
+      if (trace.outcomes[statement.firstOutcome + k].field == field) end = i + 1;
+    }
+  }
+  return end;
 }
 
 /// What the record says about a row beside its statements.
@@ -282,20 +306,35 @@ std::string amountText(Money amount) {
   return negative ? "(" + text + ")" : text;
 }
 
-std::string rateText(double fraction) { return toText(fraction * 100) + "%"; }
+std::string rateText(double fraction) {
+  if (!std::isfinite(fraction * 100)) return toText(fraction);
+  // A rate in single precision is shown as it was written.
+  const auto single = static_cast<float>(fraction);
+  if (static_cast<double>(single) != fraction) return toText(fraction * 100) + "%";
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), single).ptr;
+  return toText(realOf({buffer.data(), end}) * 100) + "%";
+}
 
 std::vector<Explanation> explain(const Trace& trace) {
   std::vector<Explanation> all;
   for (const Row& row : rows()) {
     Replay replay(trace);
     std::vector<std::string> lines;
-    for (std::size_t i = 0; i < trace.statements.size(); ++i) {
+    const std::size_t end = row.field == stateTax ? trace.endOfState : endOf(trace, row.field);
+    const TracedStatement* whole = nullptr;
+    for (std::size_t i = 0; i < end; ++i) {
       const TracedStatement& statement = trace.statements[i];
       const bool hasParts = !statement.part && i + 1 < trace.statements.size() && trace.statements[i + 1].part;
-      if (leadsTo(trace, row, statement, i) && !hasParts) {
-        if (std::string line = sentence(trace, replay, statement); !line.empty()) lines.push_back(std::move(line));
+      if (!statement.part) whole = &statement;
+      if (hasParts) continue;
+      if (leadsTo(trace, row, statement, i)) {
+        if (std::string line = sentence(trace, replay, statement, row.field); !line.empty()) {
+          lines.push_back(std::move(line));
+        }
+        if (statement.part && !statement.done && !whole->done) lines.emplace_back("The rest is given up.");
       }
-      if (!hasParts) replay.carryOut(statement);
+      replay.carryOut(statement);
     }
     const bool touched = trace.touchedBy.at(row.field) == trace.number;
     addBackground(trace, row, lines);

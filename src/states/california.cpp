@@ -21,7 +21,7 @@ static void applyGroup(const Group& group) {
   Worksheet& work = worksheet();
   // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
   step("Low-income test: no tax up to its amount", payData.stateTax,
-       [&] { return work.stateWage <= group.gate.now() ? Money{} : payData.stateTax; });
+       [&] { return work.stateWage <= group.gate.now() ? std::optional(Money{}) : std::nullopt; });
   step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - group.deduction.now(); });
   step("Tax by the table of filing status and pay period", payData.stateTax, [&] { return taxBy(group.bands.now()); });
 }
@@ -38,7 +38,7 @@ void CalifTax() {
     if (deductions >= 0) return california::estimatedDeduction[deductions].now();
     return std::nullopt;
   });
-  step("The pay period's wage less the estimated deduction", work.stateWage,
+  step("Gross pay less the untaxed amounts and the estimated deduction", work.stateWage,
        [] { return stateGross() - payData.stateDepsDed; });
   const california::Group* group = california::chosenGroup();
   // The one gate that counts: Head of Family, Weekly, ends here, with neither credit nor `staAdd`.

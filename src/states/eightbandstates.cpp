@@ -17,7 +17,8 @@ void NebraskaTax() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * nebraska::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax,
        [] { return taxByStatus(nebraska::married, nebraska::single); });
   finish();
@@ -34,7 +35,8 @@ void NewMexico() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * newmexico::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax,
        [] { return taxByStatus(newmexico::married, newmexico::single); });
   finish();

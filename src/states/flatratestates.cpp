@@ -41,7 +41,7 @@ void Illinois() {
   step("Allowance for the first count", payData.stateDepsDed, [] { return payData.staDeps * illinois::first.now(); });
   step("Allowance for the second count", secondDeduction, [] { return payData.illDeps * illinois::second.now(); });
   StateBase();
-  step("The pay period's wage less both allowances", work.stateWage, [&] {
+  step("Gross pay less the untaxed amounts and both allowances", work.stateWage, [&] {
     return payData.grossPay - ((payData.statePreTax + payData.state401k) + (payData.stateDepsDed + secondDeduction));
   });
   step("Illinois tax, 3% of it", payData.stateTax, [&] { return fromReal(toReal(work.stateWage) * 0.03); });
@@ -108,7 +108,7 @@ void Massachusetts() {
   });
   step("Credit of a Head of Family", credit, [] { return massachusetts::headOfFamilyCredit.now().amount; });
   StateBase();
-  step("The pay period's wage less FICA and the allowance", work.stateWage,
+  step("Gross pay less the untaxed amounts, FICA and the allowance", work.stateWage,
        [] { return stateGross() - payData.fica - payData.stateDepsDed; });
   if (payData.staMarried != 9) step("Not Head of Family: no credit", credit, [] { return 0; });
   step("Massachusetts tax, 5.95% of it less the credit", payData.stateTax,
@@ -133,7 +133,7 @@ void Louisiana() {
   step("Allowance for the dependents", work.stateStdDed,
        [] { return payData.staDeps * louisiana::perDependent.now(); });
   StateBase();
-  step("The pay period's wage less both allowances", work.stateWage, [&] {
+  step("Gross pay less the untaxed amounts and both allowances", work.stateWage, [&] {
     return payData.grossPay - (payData.statePreTax + payData.state401k + payData.stateDepsDed + work.stateStdDed);
   });
   step("First tax, 2% of it", firstTax, [&] { return fromReal(toReal(work.stateWage) * 0.02); });

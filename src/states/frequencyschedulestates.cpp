@@ -51,7 +51,8 @@ void WestVirginia() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * westvirginia::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(westvirginia::bands.now()); });
   finish();
 }

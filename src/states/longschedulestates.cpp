@@ -95,7 +95,7 @@ void Georgia() {
       },
       work.stateStdDed, payData.stateDepsDed);
   StateBase();
-  step("The pay period's wage less both deductions", work.stateWage,
+  step("Gross pay less the untaxed amounts and both deductions", work.stateWage,
        [&] { return stateGross() - work.stateStdDed - payData.stateDepsDed; });
   step("Allowance for the dependents", dependentAllowance,
        [] { return Money(georgia::perDependent.now()) * payData.staDeps; });
@@ -120,7 +120,8 @@ void Idaho() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * idaho::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax,
        [] { return taxByStatus(idaho::married, idaho::single); });
   finish();

@@ -27,7 +27,8 @@ void NewJersey() {
   step("Allowance for the dependents", payData.stateDepsDed,
        [] { return payData.staDeps * newjersey::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of the rate letter and pay period", payData.stateTax, [] {
     const auto* tables = newjersey::chosenRate();
     return tables ? std::optional(taxBy(tables->now())) : std::nullopt;

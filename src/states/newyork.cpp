@@ -75,7 +75,7 @@ void NewYork() {
       });
     }
     StateBase();
-    part("The pay period's wage less the allowance and the standard deduction", work.stateWage,
+    part("Gross pay less the untaxed amounts, the allowance and the standard deduction", work.stateWage,
          [&] { return stateGross() - (work.stateStdDed + payData.stateDepsDed); });
     if (frequencyKnown()) {
       part("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(newyork::bands.now()); });

@@ -32,7 +32,8 @@ void Oregon() {
     return each ? payData.stateDepsDed * work.exemptions : payData.stateDepsDed;
   });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax, [&]() -> std::optional<Money> {
     const auto* tables = oregon::chosenTables();
     if (!tables) return std::nullopt;

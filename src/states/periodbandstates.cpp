@@ -19,7 +19,8 @@ void Colorado() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * colorado::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax of Married, 5% of what is over the threshold of the pay period", payData.stateTax,
        [&]() -> std::optional<Money> {
          if (payData.maritalStat != 0) return std::nullopt;
@@ -41,7 +42,8 @@ void DCTax() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * districtofcolumbia::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
       case 0:
@@ -64,7 +66,8 @@ void HawaiiTax() {
   step("Allowance for the dependents", payData.stateDepsDed,
        [] { return payData.staDeps * hawaii::perDependent.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
       case 0:
@@ -87,7 +90,8 @@ void Kansas() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * kansas::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax,
        [] { return taxByStatus(kansas::married, kansas::single); });
   finish();

@@ -16,7 +16,8 @@ void RhodeIsland() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * rhodeisland::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax,
        [] { return taxByStatus(rhodeisland::married, rhodeisland::single); });
   finish();
@@ -33,7 +34,8 @@ void Vermont() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * vermont::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax,
        [] { return taxByStatus(vermont::married, vermont::single); });
   finish();
@@ -51,7 +53,8 @@ void Utah() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * utah::perExemption.now(); });
   StateBase();
-  step("The pay period's wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
+       [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of status and pay period", payData.stateTax,
        [] { return taxByStatus(utah::married, utah::single); });
   step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });

@@ -30,7 +30,8 @@ void IowaTax() {
   Int16 credit;
   parseExemptions();
   StateBase();
-  step("The pay period's wage less the federal tax", work.stateWage, [] { return stateGross() - payData.fedTax; });
+  step("Gross pay less the untaxed amounts and the federal tax", work.stateWage,
+       [] { return stateGross() - payData.fedTax; });
   step("The year's wage", work.stateWage, [&] { return work.stateWage * periodsPerYear.now(); });
   step("Standard deduction, 1,500 up to one exemption and 3,600 from two", payData.stateDepsDed,
        [&]() -> std::optional<Money> {
