@@ -12,6 +12,7 @@ MAY_INCLUDE = {
     **{folder: SCREENS | {"controls", "engine", "states"} for folder in SCREENS},
     "ui/qt": SCREENS | {"controls", "engine", "states", "ui/qt"},
     "script": SCREENS | {"controls", "engine", "states", "script"},
+    "web": {"controls", "engine", "script", "web"},
 }
 THE_STORE = "ui/qt/store.h"  # one store for both bindings
 
