@@ -16,13 +16,13 @@
 
 // clang-format off
 EM_JS(void, pageKeeps, (const char* section, const char* key, const char* text), {
-  if (Module["keep"]) Module["keep"](UTF8ToString(section), UTF8ToString(key), text ? UTF8ToString(text) : null);
+  if (Module["pageKeeps"]) Module["pageKeeps"](UTF8ToString(section), UTF8ToString(key), text ? UTF8ToString(text) : null);
 });
-EM_JS(void, pagePrints, (const char* screen), { if (Module["print"]) Module["print"](UTF8ToString(screen)); });
+EM_JS(void, pagePrints, (const char* screen), { if (Module["pagePrints"]) Module["pagePrints"](UTF8ToString(screen)); });
 EM_JS(void, pageHelps, (const char* file, int context), {
-  if (Module["help"]) Module["help"](UTF8ToString(file), context);
+  if (Module["pageHelps"]) Module["pageHelps"](UTF8ToString(file), context);
 });
-EM_JS(void, pageBeeps, (), { if (Module["beep"]) Module["beep"](); });
+EM_JS(void, pageBeeps, (), { if (Module["pageBeeps"]) Module["pageBeeps"](); });
 // clang-format on
 
 namespace tallyfin::web {

@@ -18,7 +18,7 @@ const colour = (value) => (value === 'default' ? '' : `rgb(${value})`);
 /** The part of a control that is shown, hidden and coloured as a whole. */
 const whole = (element) => element.closest('.option, .combo') ?? element;
 
-const captionPlace = (element) => whole(element).querySelector('[data-caption]');
+const captionPlace = (element) => whole(element).querySelector(':scope > [data-caption]');
 
 function showCaption(element, caption) {
   const place = captionPlace(element) ?? (element.querySelector('img') ? null : element);

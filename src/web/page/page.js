@@ -159,9 +159,9 @@ function openMenu(open) {
 }
 
 await protocol.open({
-  keep: store.keep,
-  print,
-  help: (file, context) => openHelp(file, context === 0 ? 'index' : String(context)),
+  pageKeeps: store.keep,
+  pagePrints: print,
+  pageHelps: (file, context) => openHelp(file, context === 0 ? 'index' : String(context)),
 });
 store.readAll(protocol.remember);
 bindPage();
