@@ -10,7 +10,7 @@ constexpr std::array weekdays{"Sunday", "Monday", "Tuesday", "Wednesday", "Thurs
 constexpr std::array months{"January", "February", "March",     "April",   "May",      "June",
                             "July",    "August",   "September", "October", "November", "December"};
 
-std::string twoDigits(long number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+std::string twoDigits(long long number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
 }  // namespace
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <optional>
 #include <utility>
 
+#include "engine/doubletext.h"
 #include "engine/trace.h"
 
 namespace tallyfin {
@@ -65,12 +65,12 @@ std::optional<Decimal> readDecimal(std::string_view text) {
     if (take(text, '$') && !signedInFront) takeSign(text, decimal.negative);
   }
 
-  const auto e = std::find_if(text.begin(), text.end(), [](char c) { return c == 'E' || c == 'e'; });
-  if (e != text.end()) {
-    const auto exponent = readExponent({e + 1, text.end()});
+  const auto e = text.find_first_of("Ee");
+  if (e != std::string_view::npos) {
+    const auto exponent = readExponent(text.substr(e + 1));
     if (!exponent) return std::nullopt;
     decimal.exponent = *exponent;
-    text = {text.begin(), e};
+    text = text.substr(0, e);
   }
 
   std::int64_t digits = 0;
@@ -115,7 +115,8 @@ Significant significant(const Decimal& decimal) {
   const auto first = std::find_if(mantissa.begin(), mantissa.end(), isDigitButZero);
   if (first == mantissa.end()) return {};
   const std::int64_t zeros = std::count(mantissa.begin(), first, '0');
-  return {{first, mantissa.end()}, decimal.wholeDigits - 1 + decimal.exponent - zeros};
+  const std::string_view digits = mantissa.substr(static_cast<std::size_t>(first - mantissa.begin()));
+  return {digits, decimal.wholeDigits - 1 + decimal.exponent - zeros};
 }
 
 /// How what is dropped compares with half a unit of the last digit that is kept.
@@ -189,10 +190,7 @@ std::optional<double> nearestDouble(const Decimal& decimal) {
   }
   plain += 'e';
   plain += std::to_string(power);
-  double value = 0;
-  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-  if (result.ec != std::errc::result_out_of_range) return value;
-  return power > 0 ? std::nullopt : std::optional(0.0);
+  return doubleOf(plain);
 }
 
 /// "$1,234.50" of the digits of a number of cents.
@@ -250,12 +248,9 @@ std::string toText(Money amount) {
 std::string toText(double value) {
   if (!std::isfinite(value)) throw FailedStatement{"the number is too large"};
   if (value == 0) return "0";  // minus zero too
-  constexpr int significantDigits = 15;
-  std::array<char, 32> buffer{};
-  const auto result =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, significantDigits);
-  std::replace(buffer.data(), result.ptr, 'e', 'E');
-  return {buffer.data(), result.ptr};
+  std::string text = shortTextOf(value);
+  std::replace(text.begin(), text.end(), 'e', 'E');
+  return text;
 }
 
 std::string toText(Int16 number) { return std::to_string(number.value()); }

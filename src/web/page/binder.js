@@ -1,0 +1,265 @@
+// Ties elements to controls. An element carries the address of its control; what it shows and what the user can do with
+// it follows from its kind. Nothing here knows a screen.
+
+import * as protocol from './protocol.js';
+
+const always = ['enabled', 'visible', 'forecolor', 'backcolor', 'tooltip'];
+const ink = '#20282c';
+
+/** Elements by the address of their control: an editable drop-down has two. */
+const elements = new Map();
+
+const setText = (element, text) => {
+  if (element.textContent !== text) element.textContent = text;
+};
+
+const colour = (value) => (value === 'default' ? '' : `rgb(${value})`);
+
+/** The part of a control that is shown, hidden and coloured as a whole. */
+const whole = (element) => element.closest('.option, .combo') ?? element;
+
+const captionPlace = (element) => whole(element).querySelector(':scope > [data-caption]');
+
+function showCaption(element, caption) {
+  const place = captionPlace(element) ?? (element.querySelector('img') ? null : element);
+  if (place) setText(place, caption);
+}
+
+function fillList(select, entries) {
+  const now = [...select.options].map((option) => option.text);
+  if (now.length === entries.length && now.every((text, i) => text === entries[i])) return;
+  select.replaceChildren(...entries.map((text) => new Option(text)));
+}
+
+function showInBox(element, { text, shown, selstart, sellength }) {
+  const editing = document.activeElement === element;
+  const wanted = editing ? text : shown ?? text;
+  if (element.value !== wanted) element.value = wanted;
+  if (editing && sellength > 0) element.setSelectionRange(selstart, selstart + sellength);
+}
+
+function showGrid(table, { cells }) {
+  const body = table.tBodies[0];
+  const rows = cells.map((texts) => {
+    const row = document.createElement('tr');
+    if (['Gross Pay', 'Total Ded', 'Check Amt'].includes(texts[0])) row.className = 'sum';
+    if (texts[0] === 'Check Amt') row.className = 'check';
+    for (const text of texts) row.insertCell().textContent = text;
+    return row;
+  });
+  body.replaceChildren(...rows);
+}
+
+/** A kind: the properties that it shows, how, and what the user's events tell the control. */
+const kinds = {
+  text: {
+    properties: ['text', 'shown', 'selstart', 'sellength'],
+    show: showInBox,
+    input: (element, address) => protocol.tell('type', address, protocol.quoted(element.value)),
+  },
+  comboText: {
+    properties: ['text'],
+    show: showInBox,
+    input: (element, address) => protocol.tell('type', address, protocol.quoted(element.value)),
+  },
+  list: {
+    properties: ['index', 'list'],
+    show(element, { index, list }) {
+      fillList(element, list);
+      if (element.selectedIndex !== index) element.selectedIndex = index;
+    },
+    pick: (element, address) => protocol.tell('pick', address, element.selectedIndex),
+  },
+  updown: {
+    properties: ['value'],
+    show: (element, { value }) => (element.value = value),
+    change: (element, address) => protocol.tell('pick', address, element.value),
+  },
+  option: {
+    properties: ['caption', 'value'],
+    show(element, { caption, value }) {
+      if (captionPlace(element)) showCaption(element, caption);
+      element.checked = value;
+    },
+    click: (element, address) => protocol.tell('click', address),
+  },
+  button: {
+    properties: ['caption'],
+    show: (element, { caption }) => showCaption(element, caption),
+    click: (element, address) => protocol.tell('click', address),
+  },
+  item: {
+    properties: ['caption', 'highlighted'],
+    show(element, { caption, highlighted }) {
+      showCaption(element, caption);
+      element.classList.toggle('highlighted', highlighted);
+    },
+    click: (element, address) => protocol.tell('click', address),
+  },
+  image: { properties: [], click: (element, address) => protocol.tell('click', address) },
+  label: {
+    properties: ['caption'],
+    show: (element, { caption }) => setText(element, caption),
+    click: (element, address) => protocol.tell('click', address),
+    dblclick: (element, address) => protocol.tell('dblclick', address),
+  },
+  panel: {
+    properties: ['left', 'caption'],
+    show(element, { left, caption }) {
+      if (captionPlace(element)) showCaption(element, caption);
+      if (left < 0) element.hidden = true; // out of sight
+    },
+  },
+  grid: { properties: ['cells'], show: showGrid },
+};
+
+/** Adds a kind that needs more than a few lines. */
+export function addKind(name, kind) {
+  kinds[name] = kind;
+}
+
+function kindOf(element) {
+  if (element.dataset.kind) return kinds[element.dataset.kind];
+  if (element.tagName === 'SELECT') return kinds.list;
+  if (element.tagName === 'BUTTON') return kinds.button;
+  if (element.tagName !== 'INPUT') return kinds.label;
+  if (element.type !== 'text') return kinds.option;
+  return element.closest('.combo') ? kinds.comboText : kinds.text;
+}
+
+function values(element, address) {
+  const all = {};
+  for (const name of [...always, ...kindOf(element).properties]) {
+    const value = protocol.ask('get', address, name);
+    if (value !== undefined) all[name] = value;
+  }
+  return all;
+}
+
+/** Makes an element show what its control holds. */
+function refresh(element) {
+  const { address } = element.dataset;
+  const now = values(element, address);
+  if (now.enabled === undefined) return; // its screen isn't loaded
+  const part = whole(element);
+  if ('disabled' in element) element.disabled = !now.enabled;
+  part.classList.toggle('off', !now.enabled);
+  part.hidden = !now.visible;
+  const onGround = now.backcolor !== 'default' && kindOf(element) === kinds.label;
+  part.style.color = now.enabled ? colour(now.forecolor) || (onGround ? ink : '') : '';
+  element.style.backgroundColor = colour(now.backcolor);
+  if (now.tooltip && !element.title) element.title = now.tooltip;
+  kindOf(element).show?.(element, now);
+}
+
+/** Brings everything that changed up to date; `also` shows again what the user has just turned, carried out or not. */
+export function refreshChanged(also) {
+  const addresses = protocol.changed();
+  for (const address of addresses) elements.get(address)?.forEach(refresh);
+  if (also && !addresses.includes(also.dataset.address)) refresh(also);
+  return addresses;
+}
+
+export const elementOf = (address) => elements.get(address)?.[0];
+
+/** The addressed element at or around a place of the page, the words of an option included. */
+function addressedAt(place) {
+  if (!(place instanceof Element)) return null;
+  const option = place.closest('.option')?.querySelector('[data-address]');
+  return option ?? place.closest('[data-address]');
+}
+
+/** Ties all elements below `root`. `act` runs a function that acts and then brings the page up to date. */
+export function bind(root, act) {
+  for (const element of root.querySelectorAll('[data-address]')) {
+    const { address } = element.dataset;
+    elements.set(address, [...(elements.get(address) ?? []), element]);
+  }
+
+  const on = (event, find = (target) => target.closest?.('[data-address]')) =>
+    root.addEventListener(event, ({ target }) => {
+      const element = find(target);
+      const deed = element && kindOf(element)[event];
+      if (deed) act(() => deed(element, element.dataset.address), element);
+    });
+  on('input');
+  on('change');
+  on('click');
+
+  // Two clicks in a row are Click and DblClick. The clicks have been told when the browser says that it was a double one.
+  root.addEventListener('dblclick', (event) => {
+    const element = event.target.closest('[data-address]');
+    if (element && !kindOf(element).dblclick) return;
+    const address = element?.dataset.address ?? event.target.closest('[data-screen]')?.dataset.screen;
+    if (address) act(() => protocol.tell('dblclick', address));
+  });
+
+  bindLists(root, act);
+  bindPointer(root, act);
+
+  root.addEventListener('focusin', ({ target }) => {
+    const { address } = target.dataset;
+    if (!address) return;
+    act(() => {
+      if (protocol.focused() !== address) protocol.tell('focus', address);
+    }, target);
+  });
+  // A box that isn't being edited any more shows its format.
+  root.addEventListener('focusout', ({ target }) => {
+    if (target.dataset.address) setTimeout(() => act(() => {}, target));
+  });
+}
+
+/** A list takes a choice at once, one with data-choose="enter" a click or Enter; a drop-down opens by the arrows first. */
+function bindLists(root, act) {
+  const listOf = ({ target }) => target.closest?.('select[data-address]');
+  const pick = (list) => act(() => kinds.list.pick(list, list.dataset.address), list);
+  let byKey = false;
+  let picked = false;
+
+  root.addEventListener('change', (event) => {
+    const list = listOf(event);
+    if (!list || (byKey && list.dataset.choose === 'enter')) return;
+    picked = true;
+    pick(list);
+  });
+  root.addEventListener('pointerdown', () => {
+    byKey = false;
+    picked = false;
+  });
+  root.addEventListener('click', (event) => {
+    const list = listOf(event);
+    const again = event.target.tagName === 'OPTION' && list?.size > 1 && !picked;
+    if (again) pick(list); // a click on the chosen entry chooses it again
+  });
+  root.addEventListener('keydown', (event) => {
+    byKey = true;
+    const list = listOf(event);
+    if (!list) return;
+    if (list.size > 1) {
+      if (event.key === 'Enter' && list.dataset.choose === 'enter' && list.selectedIndex >= 0) pick(list);
+    } else if ((event.key === 'ArrowDown' || event.key === 'ArrowUp') && list.showPicker) {
+      event.preventDefault();
+      list.showPicker();
+    }
+  });
+}
+
+function bindPointer(root, act) {
+  let under = null;
+  const turnTo = (element) => {
+    if (element === under) return;
+    const before = under;
+    under = element;
+    act(() => {
+      if (before) protocol.tell('leave', before.dataset.address);
+      if (element) protocol.tell('enter', element.dataset.address);
+    });
+  };
+  root.addEventListener('mouseover', ({ target }) => turnTo(addressedAt(target)));
+  root.addEventListener('mouseleave', () => turnTo(null));
+  root.addEventListener('mousemove', ({ target }) => {
+    const element = addressedAt(target);
+    if (element) act(() => protocol.tell('move', element.dataset.address));
+  });
+}

@@ -1,0 +1,78 @@
+// The help viewer: topics of the two books, found by their contents and by the links in them.
+
+const at = (id) => document.getElementById(id);
+const books = new Map();
+const past = [];
+let here = null;
+
+/** The topics of a book: each is a heading with an id and what follows it. */
+async function book(file) {
+  if (books.has(file)) return books.get(file);
+  const text = await (await fetch(`help/${file}`)).text();
+  const source = new DOMParser().parseFromString(text, 'text/html');
+  const topics = new Map();
+  let topic = null;
+  for (const node of [...source.body.childNodes]) {
+    if (node.nodeName === 'H1') {
+      topic = { title: node.textContent, nodes: [] };
+      topics.set(node.id, topic);
+    }
+    topic?.nodes.push(node);
+  }
+  books.set(file, topics);
+  return topics;
+}
+
+/** Markup of paper books has heading levels of its own, and looks that the page gives. */
+function shown(node) {
+  const copy = document.importNode(node, true);
+  if (copy.nodeType !== Node.ELEMENT_NODE) return copy;
+  for (const table of [copy, ...copy.querySelectorAll('*')]) {
+    for (const name of ['border', 'cellpadding', 'cellspacing', 'style']) table.removeAttribute(name);
+  }
+  if (!/^H[12]$/.test(copy.nodeName)) return copy;
+  const heading = document.createElement(copy.nodeName === 'H1' ? 'h3' : 'h4');
+  heading.append(...copy.childNodes);
+  return heading;
+}
+
+async function show(file, id) {
+  const topics = await book(file);
+  const topic = topics.get(id) ?? [...topics.values()][0];
+  here = { file, id };
+  at('help-topic').replaceChildren(...topic.nodes.map(shown));
+  at('help-topic').scrollTop = 0;
+  at('help-contents').replaceChildren(
+    ...[...topics].map(([key, { title }]) => {
+      const link = document.createElement('a');
+      link.href = `#${key}`;
+      link.textContent = title;
+      if (key === id) link.setAttribute('aria-current', 'page');
+      return link;
+    }),
+  );
+  at('erase-row').hidden = !(file === 'Tallyfin.hlp' && (id === 'frmName' || id === 'privacy'));
+  at('help-back').disabled = past.length === 0;
+}
+
+/** Opens a book at a topic. */
+export async function openHelp(file, id) {
+  past.length = 0;
+  if (!at('help').open) at('help').showModal();
+  await show(file, id);
+}
+
+export function prepareHelp() {
+  at('help').addEventListener('click', (event) => {
+    const link = event.target.closest('a');
+    if (!link) return;
+    event.preventDefault();
+    const [file, id] = link.getAttribute('href').split('#');
+    past.push(here);
+    show(file || here.file, id);
+  });
+  at('help-back').addEventListener('click', () => {
+    const { file, id } = past.pop();
+    show(file, id);
+  });
+}

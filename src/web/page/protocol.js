@@ -1,0 +1,35 @@
+// The module and its line protocol: one command in, one answer out.
+
+import load from './tallyfin99.js';
+
+let module;
+
+/** Loads the module; `page` has the functions that the program asks of the machine. */
+export async function open(page) {
+  module = await load(page);
+}
+
+const call = (name, ...texts) => module.ccall(name, 'string', texts.map(() => 'string'), texts);
+
+/** Carries a command out. Returns the answer's first word: "ok", or why not. Texts are quoted by `quoted`. */
+export function tell(...words) {
+  const answer = call('answer', words.join(' '));
+  return answer === 'ok' ? 'ok' : answer.split(' ')[1];
+}
+
+export const quoted = JSON.stringify;
+
+/** The answer of a command that asks, read as JSON; undefined where it was refused. */
+export function ask(...words) {
+  const answer = call('answer', words.join(' '));
+  return answer.startsWith('= ') ? JSON.parse(answer.slice(2)) : undefined;
+}
+
+/** Addresses of what has changed since the last call. */
+export const changed = () => JSON.parse(call('changed'));
+
+/** The address of the control that has the focus, empty where none has. */
+export const focused = () => call('focused');
+
+export const remember = (section, key, text) =>
+  module.ccall('remember', null, ['string', 'string', 'string'], [section, key, text]);

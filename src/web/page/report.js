@@ -1,0 +1,42 @@
+// The print engine's kind: the report as a sheet of Letter paper, on the screen at its zoom and on paper.
+
+function widths(table) {
+  return table.split(';')[0].split('|').map((column) => ({ right: column[0] === '>', twips: Number(column.slice(1)) }));
+}
+
+function part(tag, className, text) {
+  const element = document.createElement(tag);
+  element.className = className;
+  element.textContent = text;
+  return element;
+}
+
+function tableOf(cells, columns) {
+  const table = document.createElement('table');
+  cells.forEach((texts, number) => {
+    const row = table.insertRow();
+    // The lines of a group are indented; one that isn't and carries a figure is a total.
+    if (number > 0 && texts.at(-1) && !texts[0].startsWith(' ')) row.className = 'total';
+    texts.forEach((text, i) => {
+      const cell = document.createElement(number === 0 ? 'th' : 'td');
+      if (number === 0) cell.scope = 'col';
+      cell.textContent = text;
+      cell.style.width = `${columns[i].twips / 1440}in`;
+      cell.style.textAlign = columns[i].right ? 'right' : 'left';
+      row.append(cell);
+    });
+  });
+  return table;
+}
+
+export const report = {
+  properties: ['header', 'footer', 'table', 'cells', 'zoom', 'pages'],
+  show(element, { header, footer, table, cells, zoom, pages }) {
+    element.replaceChildren();
+    if (pages === 0) return;
+    const sheet = part('div', 'letter', '');
+    sheet.style.zoom = zoom / 100;
+    sheet.append(part('p', 'report-header', header), tableOf(cells, widths(table)), part('p', 'report-footer', footer));
+    element.append(sheet);
+  },
+};

@@ -1,0 +1,104 @@
+// What the tests share: a server of the built page on the loopback address, a browser, and the screens' names.
+
+import { createServer } from 'node:http';
+import { readFile } from 'node:fs/promises';
+import { dirname, extname, join, normalize } from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { gzipSync } from 'node:zlib';
+import puppeteer from 'puppeteer-core';
+
+export const project = join(dirname(fileURLToPath(import.meta.url)), '..', '..');
+const folder = join(project, 'build', 'web');
+
+const types = {
+  '.html': 'text/html', '.css': 'text/css', '.js': 'text/javascript', '.wasm': 'application/wasm',
+  '.svg': 'image/svg+xml', '.json': 'application/json',
+};
+
+/** Serves the page; `bytes` counts what went over the wire, gzipped. */
+export async function serve() {
+  const counter = { bytes: 0, requests: [] };
+  const server = createServer(async (request, response) => {
+    const path = normalize(new URL(request.url, 'http://x').pathname).replace(/\/$/, '/index.html');
+    try {
+      const body = gzipSync(await readFile(join(folder, path)), { level: 9 });
+      counter.bytes += body.length;
+      counter.requests.push(path);
+      const type = types[extname(path)] ?? 'application/octet-stream';
+      response.writeHead(200, { 'content-type': type, 'content-encoding': 'gzip' }).end(body);
+    } catch {
+      response.writeHead(404).end();
+    }
+  });
+  await new Promise((done) => server.listen(0, '127.0.0.1', done));
+  return {
+    counter,
+    address: `http://127.0.0.1:${server.address().port}/`,
+    close: () => new Promise((done) => { server.closeAllConnections(); server.close(done); }),
+  };
+}
+
+export const browse = (profile) =>
+  puppeteer.launch({
+    executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
+    userDataDir: profile,
+    args: ['--no-sandbox', '--force-prefers-reduced-motion'], // the page is the project's own
+  });
+
+/** Opens the page and waits until it is ready; errors and refused resources of the page end up in `page.troubles`. */
+export async function open(browser, address, size = { width: 1100, height: 800 }) {
+  const page = await browser.newPage();
+  page.troubles = [];
+  page.on('pageerror', (error) => page.troubles.push(String(error)));
+  page.on('console', (message) => message.type() === 'error' && page.troubles.push(message.text()));
+  await page.setViewport(size);
+  await page.goto(address);
+  await page.waitForSelector('body[data-ready]');
+  return page;
+}
+
+export const selector = (address) => `[data-address="${address}"]`;
+
+/** The user's acts, by the mouse and the keyboard. */
+export const user = (page) => ({
+  click: (address) => page.click(selector(address)),
+  async type(address, text) {
+    await page.click(selector(address), { count: 3 });
+    await page.keyboard.press('Backspace');
+    await page.keyboard.type(text);
+  },
+  pick: async (address, number) => {
+    const value = await page.$eval(`select${selector(address)}`, (list, n) => list.options[n].value, number);
+    await page.select(`select${selector(address)}`, value);
+  },
+  bar: async (key) => {
+    if (await page.$eval('#menu', (menu) => menu.checkVisibility() && menu.ariaExpanded !== 'true')) await page.click('#menu');
+    await page.click(selector(`MDIOpen.SSListBar1(${key})`));
+  },
+  front: () => page.$eval('section[data-screen]:not([hidden])', (screen) => screen.dataset.screen),
+});
+
+/** The way to each screen from a fresh main screen; what is behind a page has its own line. */
+export const screens = {
+  frmName: (u) => u.bar('Personal'),
+  frmMain: async (u) => { await u.bar('Calc'); },
+  frmState: (u) => u.bar('StateInfo'),
+  'frmMisc, local tax': async (u) => { await u.bar('Calc'); await u.click('frmMain.cmdAdditional(0)'); },
+  'frmMisc, raise': async (u) => {
+    await u.bar('Calc');
+    await u.click('frmMain.cmdToolBar(0)');
+    await u.click('frmMain.cmdAdditional(1)');
+  },
+  frmMultiCheck: (u) => u.bar('Multi'),
+  frmAnalysis: async (u) => { await u.bar('Calc'); await u.type('frmMain.txtIncome', '1234.5'); await u.click('frmMain.cmdToolBar(0)'); await u.bar('Analysis'); },
+  frmPrint: async (u) => { await u.bar('Calc'); await u.click('frmMain.cmdToolBar(1)'); },
+  frmPersWkSht: (u) => u.bar('Pers'),
+  'frmPersWkSht, page 2': async (u) => { await u.bar('Pers'); await u.click('frmPersWkSht.cmdW4Back(0)'); },
+  frmDednAdj: (u) => u.bar('Ded'),
+  'frmDednAdj, page 2': async (u) => { await u.bar('Ded'); await u.click('frmDednAdj.cmdW4Back(0)'); },
+  frm2Workers: (u) => u.bar('TwoWork'),
+  'frm2Workers, page 2': async (u) => { await u.bar('TwoWork'); await u.click('frm2Workers.cmdW4Back(0)'); },
+  frmTableOne: async (u) => { await u.bar('TwoWork'); await u.click('frm2Workers.cmdTable1Show(0)'); },
+  frmCalendar: async (u) => { await u.bar('TwoWork'); await u.click('frm2Workers.cmdW4Back(0)'); await u.click('frm2Workers.cmdW4Back(2)'); },
+  frmW4: (u) => u.bar('W4'),
+};
