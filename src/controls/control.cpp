@@ -27,8 +27,8 @@ Refusal Control::userEnter() {
   });
 }
 
-Refusal Control::userLeave() {
-  return desk.point(*this, [this] {
+void Control::userLeave() {
+  desk.carryOut([this] {
     pointerOver(false);
     run(onMouseLeave);
   });
@@ -45,7 +45,7 @@ Refusal Clickable::userClick() {
 Refusal Clickable::userDblClick() {
   return desk.act(*this, [this] {
     click();
-    if (desk.holds(screen())) run(onDblClick);
+    if (desk.holds(screen())) dblClick();
   });
 }
 

@@ -48,12 +48,17 @@ class Control : public Watched {
 
   Refusal userFocus();
   Refusal userEnter();
-  Refusal userLeave();
+  /// The pointer can always leave, whatever has become of the control meanwhile.
+  void userLeave();
   Refusal userMove();
 
  protected:
+  friend class Desk;
+
   /// What the pointer does to the control itself, before the handler.
   virtual void pointerOver(bool /*over*/) {}
+  /// What gaining the focus does.
+  virtual void gotFocus() { run(onGotFocus); }
 
  private:
   Screen& screen_;
@@ -74,6 +79,9 @@ class Clickable : public Control {
   Refusal userDblClick();
   /// What a click does: by the user, or "presses the button" by code.
   virtual void click() { run(onClick); }
+
+ protected:
+  virtual void dblClick() { run(onDblClick); }
 };
 
 /// Controls under one name, told apart by their index.

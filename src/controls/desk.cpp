@@ -8,6 +8,10 @@ namespace tallyfin {
 
 Desk desk;
 
+void Screen::setTextColour(Colour colour) {
+  for (Control* control : controls_) control->foreColour = colour;
+}
+
 Refusal Screen::userClick() {
   return desk.act(*this, [this] { run(onClick); });
 }
@@ -99,7 +103,7 @@ void Desk::moveFocus(Control& control) {
   if (focused_ == &control) return;
   Control* before = std::exchange(focused_, &control);
   if (before != nullptr) run(before->onLostFocus);
-  run(control.onGotFocus);
+  control.gotFocus();
   if (onFocusMoved) onFocusMoved();
 }
 

@@ -69,6 +69,8 @@ class Desk {
   Refusal act(Control& control, Refusal further, const std::function<void()>& carryOut);
   /// The same for the pointer, which brings nothing to the front.
   Refusal point(Control& control, const std::function<void()>& carryOut);
+  /// Carries out what can't be refused.
+  void carryOut(const std::function<void()>& act);
   /// A user's act on the screen itself.
   Refusal act(Screen& screen, const std::function<void()>& carryOut);
   /// The user closes a screen by its own frame; closing the frame of the program ends the run.
@@ -109,7 +111,6 @@ class Desk {
   void discard(Screen& screen);
   void activateFront();
   Refusal refusal(const Control& control) const;
-  void carryOut(const std::function<void()>& act);
 
   std::vector<Seat> seats_;
   std::vector<Screen*> documents_;

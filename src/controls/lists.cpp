@@ -18,6 +18,11 @@ void ListBox::setIndex(int index) {
   run(onClick);
 }
 
+void ListBox::setEntry(int index) {
+  if (index < 0) throw FailedStatement{};
+  setIndex(index);
+}
+
 const std::string& ListBox::text() const {
   static const std::string none;
   return index_ < 0 ? none : entries_[static_cast<std::size_t>(index_)];

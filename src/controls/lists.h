@@ -19,6 +19,8 @@ class ListBox : public Control {
   int index() const { return index_; }
   /// Chooses an entry by code and runs Click, also when nothing changes. Fails outside the list; -1 is valid.
   void setIndex(int index);
+  /// Chooses an entry by a number that must be one's: -1 fails as well, as every stored number outside the list does.
+  void setEntry(int index);
   /// The text of the chosen entry, empty if none is.
   virtual const std::string& text() const;
   /// The number that stands with the chosen entry.

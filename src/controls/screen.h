@@ -41,6 +41,9 @@ class Screen : public Watched {
   Refusal userDblClick();
 
  protected:
+  /// Gives every control the text colour.
+  void setTextColour(Colour colour);
+
   virtual void Load() {}
   virtual void Activate() {}
   virtual void Unload() {}

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/desk.h"
+#include "controls/screen.h"
 #include "engine/numbertext.h"
 
 namespace tallyfin {
@@ -36,6 +37,11 @@ void TextBox::selectAll() {
   changed();
 }
 
+void TextBox::gotFocus() {
+  selectAll();
+  Control::gotFocus();
+}
+
 Refusal TextBox::userType(std::string text) {
   return desk.act(*this, [&] { replace(std::move(text), true); });
 }
@@ -63,6 +69,10 @@ void Label::setCaption(std::string caption) {
   }
   changed();
 }
+
+void Label::click() { run(takesClicks() ? onClick : screen().onClick); }
+
+void Label::dblClick() { run(takesClicks() ? onDblClick : screen().onDblClick); }
 
 Panel::Panel(Screen& screen, std::string name, std::string caption, std::string index)
     : Control(screen, std::move(name), std::move(index)), caption_(std::move(caption)) {}

@@ -25,6 +25,8 @@ class TextBox : public Control {
   Refusal userType(std::string text);
 
  protected:
+  /// Selects the whole text.
+  void gotFocus() override;
   /// Whether the text is one that the user typed.
   bool typed() const { return typed_; }
 
@@ -56,7 +58,8 @@ class MaskedBox : public TextBox {
   Format format_;
 };
 
-/// A text on the screen that may serve as working storage.
+/// A text on the screen that may serve as working storage. Clicks on one without handlers for them are clicks on its
+/// screen.
 class Label : public Clickable {
  public:
   Label(Screen& screen, std::string name, std::string caption = "", std::string index = "");
@@ -67,7 +70,14 @@ class Label : public Clickable {
 
   Handler onChange;
 
+  void click() override;
+
+ protected:
+  void dblClick() override;
+
  private:
+  bool takesClicks() const { return onClick || onDblClick; }
+
   std::string caption_;
   bool changing_ = false;
 };

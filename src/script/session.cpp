@@ -233,7 +233,13 @@ std::string Session::enter(const Words& words) {
 }
 
 std::string Session::leave(const Words& words) {
-  return actOn<Control>(words[0].text, [](Control& control) { return control.userLeave(); });
+  const auto target = find(words[0].text);
+  if (!target) return unknownControl;
+  if (target->control == nullptr) return unknownAction;
+  if (!desk.running()) return notRunning;
+  if (target->screen() == nullptr) return notLoaded;
+  target->live(*target->screen()).userLeave();
+  return ok;
 }
 
 std::string Session::move(const Words& words) {

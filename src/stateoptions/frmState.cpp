@@ -60,7 +60,7 @@ void frmState::Clear() {
   }
   cboSpecialDeps.clear();
   for (const char* entry : {"0", "1", "2"}) cboSpecialDeps.add(entry);
-  cboSpecialDeps.setText("0");
+  cboSpecialDeps.setText(cboSpecialDeps.entries().front());
   lblSpecialDeps.setCaption("Additional (State) Exemptions");
   cboSpecialDeps.enabled = false;
 }
@@ -68,7 +68,7 @@ void frmState::Clear() {
 void frmState::Load() {
   Clear();
   step([&] { cboState.setIndex(desk.use<frmMain>().cboState.index()); });  // shapes the screen
-  cboSpecialDeps.setText("0");  // the saved value, not the state's default, is what counts
+  cboSpecialDeps.setText(cboSpecialDeps.entries().front());  // the saved value, not the state's default, is what counts
   sta401 = "N";
   staPreTax = "N";
   cboDeps[0].setText(stateInfo.get("staDeps", "0"));

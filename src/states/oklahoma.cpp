@@ -68,7 +68,10 @@ void Oklahoma() {
   });
   step([&] { work.stateStdDed = fromReal(toReal(work.stateWage) * 0.15); });
   step([&] { work.stateStdDed = std::clamp<Money>(work.stateStdDed, 1000, 2000); });
+  // The rule asks again for the ceiling. It has been applied, so the wage always passes.
+  const bool withinCeiling = work.stateWage <= 22560;
   step([&] {
+    if (!withinCeiling) return;
     Money base;
     switch (payData.staMarried.value()) {
       // Single: the dependents come off before the multiplication, so that the estimate is some 412.5 times the wage.
@@ -80,7 +83,8 @@ void Oklahoma() {
     const Money federalEstimate = fromReal(toReal(base) * 0.15);
     work.stateWage = work.stateWage - work.stateStdDed - payData.staDeps * 1000 - federalEstimate;
   });
-  step([] {
+  step([&] {
+    if (!withinCeiling) return;
     if (payData.staMarried == 0) applyBands(oklahoma::single);
     if (payData.staMarried == 3) applyBands(oklahoma::married);
     if (payData.staMarried == 8) applyBands(oklahoma::spouseEmployed);

@@ -52,7 +52,6 @@ frmMain::frmMain() : Screen(screenName, "Calculations") {
   cmdToolBar[3].tooltip = "Exit";
   cmdToolBar[4].tooltip = "Exit";  // said twice, on purpose
 
-  for (MaskedBox* box : boxes()) box->onGotFocus = [box] { box->selectAll(); };
   lstFrequency.onClick = [this] { lstFrequency_Click(); };
   cboState.onClick = [this] { cboState_Click(); };
   chkSelfEmployed.onClick = [this] { chkSelfEmployed_Click(); };
@@ -73,8 +72,8 @@ void frmMain::Load() {
   txtPreTax.setText(lastEntries.get("NotTax", "0"));
   txtPreFICA.setText(lastEntries.get("SSExmp", "0"));
   txtHours.setText(lastEntries.get("Hours", "80"));
-  step([&] { cboState.setIndex(toInt16(lastEntries.get("State", "0")).value()); });  // may open the state options
-  step([&] { cboExemptions.setIndex(toInt16(lastEntries.get("Deps", "0")).value()); });
+  step([&] { cboState.setEntry(toInt16(lastEntries.get("State", "0")).value()); });  // may open the state options
+  step([&] { cboExemptions.setEntry(toInt16(lastEntries.get("Deps", "0")).value()); });
   step([&] { payData.frequency = toInt16(lastEntries.get("Frequency", std::to_string(lstFrequency.index()))); });
   step([&] { payData.maritalStat = toInt16(lastEntries.get("MaritalStat", "0")); });
   // As stored, not normalised: a rate typed as 2 is 200 percent from here on.
@@ -83,10 +82,8 @@ void frmMain::Load() {
   step([&] { payData.mMethod = toInt16(stateInfo.get("MMethod", "0")); });
   step([&] { chkSelfEmployed.setValue(toInt16(lastEntries.get("Self", "0")) != 0); });
   step([&] { exemptions = toInt16(cboExemptions.text()); });
-  // Selecting runs the click, which replaces the hours by those of the frequency. There is no entry -1 to select.
-  step([&] {
-    if (payData.frequency >= 0) lstFrequency.setIndex(payData.frequency.value());
-  });
+  // Selecting runs the click, which replaces the hours by those of the frequency.
+  step([&] { lstFrequency.setEntry(payData.frequency.value()); });
   step([&] { payData.depsDed = fromReal(toReal(exemptions) * allowance.now()); });
   if (payData.maritalStat >= 0 && payData.maritalStat <= 2) optStatus[payData.maritalStat.value()].select();
   desk.close<frmState>();  // its closing brings the saved state options into the record

@@ -9,7 +9,6 @@
 namespace tallyfin {
 
 frmName::frmName() : Screen(screenName, "Personal Information") {
-  for (TextBox* box : {&txtName, &txtSSN, &txtAddress, &txtCity}) box->onGotFocus = [box] { box->selectAll(); };
   optMaritalStatus.on(&OptionButton::onClick, [](int i) { payData.maritalStat = i; });
   chkShow.onClick = [this] { chkShow_Click(); };
   cmdExit.onClick = [this] { cmdExit_Click(); };

@@ -19,6 +19,7 @@ void zeroIfEmpty(Label& label) {
 }  // namespace
 
 frm2Workers::frm2Workers() : Screen(screenName, "Two-Earner/Two-Job Worksheet") {
+  setTextColour(colours::greyText);
   pnl2Workers[1].left = Panel::outOfSight;
   cmdPersWrkCalc[0].tooltip = "Calculate";
   cmdPersWrkCalc[1].tooltip = "Form W4";

@@ -19,6 +19,7 @@ Money amountIn(const MaskedBox& box) { return box.text().empty() ? Money{} : toM
 }  // namespace
 
 frmDednAdj::frmDednAdj() : Screen(screenName, "Deductions and Adjustments") {
+  setTextColour(colours::greyText);
   pnlDednAdj[1].left = Panel::outOfSight;
   cmdPersWrkCalc.tooltip = "Calculate";
   cmdW4Back[1].tooltip = "Calculate";  // the same, on purpose

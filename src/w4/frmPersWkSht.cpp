@@ -21,6 +21,7 @@ void colour(const std::vector<Label*>& labels, Colour text) {
 }  // namespace
 
 frmPersWkSht::frmPersWkSht() : Screen(screenName, "Personal Allowances Worksheet") {
+  setTextColour(colours::greyText);
   pnlW4PersWkSht[1].left = Panel::outOfSight;
   cmdPersWrkCalc[0].tooltip = "Calculate";
 

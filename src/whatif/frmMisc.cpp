@@ -23,8 +23,6 @@ frmMisc::frmMisc() : Screen(screenName, "Local Tax and Raise") {
   pnlContainerMisc[1].moveTo(Panel::outOfSight, pageTop);
   imgSeal.tooltip = "Click to Unload Page";
 
-  txtTaxPerCnt.onGotFocus = [this] { txtTaxPerCnt.selectAll(); };
-  txtRaise.on(&TextBox::onGotFocus, [this](int i) { txtRaise[i].selectAll(); });
   cmdExit.on(&CommandButton::onGotFocus, [this](int i) { cmdExit[i].foreColour = colours::highlight; });
   cmdExit.on(&CommandButton::onLostFocus, [this](int i) { cmdExit[i].foreColour = colours::greyText; });
 
@@ -51,7 +49,7 @@ void frmMisc::Load() {
   // raise was asked for.
   step([&] { payData.localRate = realOf(lastEntries.get("Local", "0")); });
   step([&] { payData.applyTo = toInt16(lastEntries.get("ApplyTo", "0")); });
-  step([&] { lstGrossPay.setIndex(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
+  step([&] { lstGrossPay.setEntry(toInt16(lastEntries.get("ApplyToDisp", "0")).value()); });
 }
 
 void frmMisc::Unload() {
@@ -111,12 +109,10 @@ void frmMisc::raise() {
     step([&] { payData.taxableWage = fromReal(realOf(percent.text()) * toReal(payData.grossPay)) + payData.grossPay; });
   }
   // By a new wage, taxableWage is still the reduced base of the last calculation, and Calculate takes that for income.
-  step([&] {
-    frmMain& main = desk.use<frmMain>();
-    const double income = realOf(newWage.text()) * realOf(main.txtHours.text());
-    main.txtIncome.setText(toText(income));
-    main.txtIncome.setText(toText(roundedForDisplay(income)));
-  });
+  frmMain& main = desk.use<frmMain>();
+  step([&] { main.txtIncome.setText(toText(realOf(newWage.text()) * realOf(main.txtHours.text()))); });
+  // Rounds the text that stands there, with its 15 digits, and not the product: 3553.265 becomes 3553.26.
+  step([&] { main.txtIncome.setText(toText(roundedForDisplay(realOf(main.txtIncome.text())))); });
   Calculate();
   step([&] { newWage.setText(currency(roundedForDisplay(realOf(newWage.text())))); });
 }

@@ -9,6 +9,7 @@
 namespace tallyfin {
 
 frmMultiCheck::frmMultiCheck() : Screen(screenName, "Multiple Check Worksheet") {
+  setTextColour(colours::greyText);
   cmdCalc.tooltip = "Calculate";
   cmdGoBack.tooltip = "Go To Main Worksheet";
 
@@ -29,6 +30,8 @@ frmMultiCheck::frmMultiCheck() : Screen(screenName, "Multiple Check Worksheet") 
   cmdCalc.onClick = [this] { cmdCalc_Click(); };
   cmdGoBack.onClick = [this] { cmdGoBack_Click(); };
 }
+
+void frmMultiCheck::Load() { backColour = colours::paper; }
 
 /// Shows a check's monthly amount and cuts it to the cents that are shown.
 void frmMultiCheck::TrimCheck(int check) {

@@ -48,6 +48,9 @@ class frmMultiCheck final : public Screen {
   CommandButton cmdCalc{*this, "cmdCalc"};
   CommandButton cmdGoBack{*this, "cmdGoBack"};
 
+ protected:
+  void Load() override;
+
  private:
   void TrimCheck(int check);
   void cmdCalc_Click();

@@ -274,6 +274,13 @@ TEST_F(Texts, StandWithTheirPageOutOfSightToo) {
   EXPECT_EQ(page.panel.left(), -10000);
 }
 
+TEST_F(Texts, OfABoxAreSelectedAsItGainsTheFocus) {
+  page.plain.setText("one");
+  EXPECT_EQ(page.plain.userFocus(), Refusal::none);
+  EXPECT_EQ(page.plain.selStart(), 0);
+  EXPECT_EQ(page.plain.selLength(), 3);
+}
+
 TEST_F(Texts, OfTheListBarAreHighlightedUnderThePointer) {
   page.item.userEnter();
   EXPECT_TRUE(page.item.highlighted());

@@ -303,6 +303,52 @@ TEST_F(UserActs, OfThePointerBringNothingToTheFront) {
   EXPECT_THAT(stack(), ElementsAre("Second", "First"));
 }
 
+TEST_F(UserActs, AlwaysLetThePointerLeave) {
+  First& first = desk.use<First>();
+  const auto leave = [&] {
+    happened();
+    first.button.userLeave();
+    return happened();
+  };
+  EXPECT_THAT(leave(), ElementsAre("First button MouseLeave"));  // not shown yet
+  desk.show(first);
+  first.button.enabled = false;
+  EXPECT_THAT(leave(), ElementsAre("First button MouseLeave"));
+  first.button.enabled = true;
+  first.button.visible = false;
+  EXPECT_THAT(leave(), ElementsAre("First button MouseLeave"));
+  first.button.visible = true;
+  desk.show<SmallBox>();
+  desk.setBlocker(desk.use<SmallBox>());
+  EXPECT_EQ(first.button.userMove(), Refusal::blocked);
+  EXPECT_THAT(leave(), ElementsAre("First button MouseLeave"));
+}
+
+TEST_F(UserActs, OnALabelWithoutHandlersGoToItsScreen) {
+  desk.show<First>();
+  First& first = desk.use<First>();
+  happened();
+  EXPECT_EQ(first.label.userClick(), Refusal::none);
+  EXPECT_THAT(happened(), ElementsAre("First Click"));
+  EXPECT_EQ(first.label.userDblClick(), Refusal::none);
+  EXPECT_THAT(happened(), ElementsAre("First Click", "First DblClick"));
+  first.label.visible = false;
+  EXPECT_EQ(first.label.userClick(), Refusal::notShown);
+  EXPECT_EQ(first.label.userDblClick(), Refusal::notShown);
+  EXPECT_THAT(happened(), ElementsAre());
+}
+
+TEST_F(UserActs, OnALabelWithAHandlerAreItsOwn) {
+  desk.show<First>();
+  First& first = desk.use<First>();
+  happened();
+  first.label.onDblClick = [] { note("label DblClick"); };
+  first.label.userClick();
+  EXPECT_THAT(happened(), ElementsAre());
+  first.label.userDblClick();
+  EXPECT_THAT(happened(), ElementsAre("label DblClick"));
+}
+
 TEST_F(UserActs, ClickOnceBeforeADoubleClick) {
   desk.show<First>();
   happened();
@@ -354,6 +400,14 @@ TEST_F(Focus, OfTheUserBringsTheScreenToTheFront) {
   happened();
   EXPECT_EQ(desk.use<First>().check.userFocus(), Refusal::none);
   EXPECT_THAT(happened(), ElementsAre("First Activate", "First check GotFocus"));
+}
+
+TEST_F(Focus, OnAControlThatHasItRunsNothing) {
+  desk.show<First>();
+  desk.use<First>().check.userFocus();
+  happened();
+  EXPECT_EQ(desk.use<First>().check.userFocus(), Refusal::none);
+  EXPECT_THAT(happened(), ElementsAre());
 }
 
 TEST_F(Focus, GoesWithItsScreenAndRunsNoHandler) {

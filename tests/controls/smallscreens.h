@@ -78,6 +78,7 @@ class Document : public RecordedScreen {
   ListBox list{*this, "list", {"a", "b", "c"}};
   EditableDropDown combo{*this, "combo", {"0", "1", "2"}};
   UpDown upDown{*this, "upDown", 10, 400, 100};
+  Label label{*this, "label"};
 };
 
 struct First final : Document {

@@ -237,10 +237,23 @@ TEST_F(SessionTest, MovesThePointerWithoutMovingTheScreens) {
   ask("click MDIOpen.SSListBar1(Pers)");
   ask("click MDIOpen.SSListBar1(W4)");
   EXPECT_EQ(ask("enter frmPersWkSht.lblPersWrkChildCare"), "ok");  // doesn't imply a move
-  EXPECT_EQ(ask("get frmPersWkSht.lblPersWrkChildCare forecolor"), "= \"default\"");
+  EXPECT_EQ(ask("get frmPersWkSht.lblPersWrkChildCare forecolor"), "= \"64,64,64\"");
   EXPECT_EQ(ask("move frmPersWkSht.lblPersWrkChildCare"), "ok");
   EXPECT_EQ(ask("get frmPersWkSht.lblPersWrkChildCare forecolor"), "= \"128,128,255\"");
   EXPECT_EQ(ask("get frmW4 front"), "= true");
+}
+
+TEST_F(SessionTest, RefusesTheLeavingPointerOnlyWhereThereIsNothingToLeave) {
+  EXPECT_EQ(ask("leave MDIOpen.SSListBar1(Analysis)"), "! not-running");
+  start();
+  ask("enter MDIOpen.SSListBar1(Analysis)");
+  ask("click MDIOpen.SSListBar1(Analysis)");
+  EXPECT_EQ(ask("enter MDIOpen.SSListBar1(Calc)").substr(0, 9), "! blocked");
+  EXPECT_EQ(ask("leave MDIOpen.SSListBar1(Analysis)"), "ok");
+  EXPECT_EQ(ask("get MDIOpen.SSListBar1(Analysis) highlighted"), "= false");
+  EXPECT_EQ(ask("leave frmState.optRateSelect(0)"), "! not-loaded");
+  EXPECT_EQ(ask("leave frmState").substr(0, 9), "! unknown");
+  EXPECT_EQ(ask("leave frmState.optRateSelect(5)").substr(0, 9), "! unknown");
 }
 
 TEST_F(SessionTest, ListsScreensFromFrontToBack) {

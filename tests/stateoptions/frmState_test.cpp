@@ -396,6 +396,16 @@ TEST_F(StateOptions, CopyTheStatusUnderConnecticut) {
   EXPECT_EQ(payData.staMarried, 1);
 }
 
+TEST_F(StateOptions, EmptyTheExplanationWhateverStateWasChosenMeanwhile) {
+  open(connecticut);
+  screen().optRateSelect[2].userEnter();
+  screen().cboState.userPick(0);
+  EXPECT_FALSE(screen().optRateSelect[2].enabled());
+  EXPECT_EQ(screen().optRateSelect[2].userEnter(), Refusal::disabled);
+  screen().optRateSelect[2].userLeave();
+  EXPECT_EQ(screen().lblExplain.caption(), "");
+}
+
 TEST_F(StateOptions, ExplainConnecticutsRatesUnderThePointer) {
   open(connecticut);
   const std::string& explanation = screen().lblExplain.caption();

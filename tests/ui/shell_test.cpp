@@ -138,6 +138,18 @@ TEST_F(Shell, WarnsWhereThereIsNothingToAnalyse) {
   EXPECT_EQ(activeDocument(), "frmAnalysis");
 }
 
+TEST_F(Shell, LetsThePointerLeaveTheItemThatWarned) {
+  start();
+  ListBarItem& item = desk.use<MDIOpen>().SSListBar1[6];
+  ASSERT_EQ(item.address(), "SSListBar1(Analysis)");
+  item.userEnter();
+  item.userClick();
+  ASSERT_NE(desk.find<MsgBox>(), nullptr);
+  EXPECT_EQ(item.userEnter(), Refusal::blocked);
+  item.userLeave();
+  EXPECT_FALSE(item.highlighted());
+}
+
 TEST_F(Shell, WarnsAfterAClear) {
   start();
   main().txtIncome.userType("1000");

@@ -113,6 +113,29 @@ TEST_F(PersonalAllowances, TurnThePages) {
   EXPECT_TRUE(sheet().txtChild.focused());
 }
 
+TEST_F(PersonalAllowances, StandInTheNormalTextColour) {
+  sheet().cmdInstructions[0].userClick();
+  sheet().cmdInstructions[1].userClick();
+  desk.use<frm2Workers>().cmdTable1Show[0].userClick();
+  for (const Screen* screen : std::initializer_list<Screen*>{&sheet(), desk.find<frmDednAdj>(),
+                                                             desk.find<frm2Workers>(), desk.find<frmTableOne>()}) {
+    EXPECT_EQ(screen->backColour(), paper) << screen->name();
+    for (const Control* control : screen->controls()) {
+      EXPECT_EQ(control->foreColour(), grey) << screen->name() << " " << control->address();
+    }
+  }
+}
+
+TEST_F(PersonalAllowances, KeepTheFocusInTheBoxThatHasMovedAway) {
+  sheet().cmdW4Back[0].userClick();
+  EXPECT_TRUE(sheet().txtPersWkEnterDeps.focused());
+  EXPECT_EQ(sheet().pnlW4PersWkSht[0].left(), -10000);
+  EXPECT_EQ(sheet().txtPersWkEnterDeps.userType("2"), Refusal::none);
+  sheet().cmdW4Back[1].userClick();
+  EXPECT_TRUE(sheet().txtPersWkEnterDeps.focused());
+  EXPECT_EQ(sheet().txtPersWkEnterDeps.text(), "2");
+}
+
 TEST_F(PersonalAllowances, HighlightWhatThePointerIsOver) {
   sheet().lblPersWrkChildCare.userMove();
   EXPECT_EQ(sheet().lblPersWrkChildCare.foreColour(), highlight);
@@ -130,7 +153,7 @@ TEST_F(PersonalAllowances, HighlightWhatThePointerIsOver) {
   for (const Label* part : {&sheet().lblPart1of3, &sheet().lblPart2of3, &sheet().lblPart3of3}) {
     EXPECT_EQ(part->foreColour(), highlight);
   }
-  EXPECT_EQ(sheet().lblItem1.foreColour(), std::nullopt);
+  EXPECT_EQ(sheet().lblItem1.foreColour(), grey);
   sheet().chkPersWkShtA[1].userLeave();
   EXPECT_EQ(sheet().chkPersWkShtA[1].foreColour(), grey);
   EXPECT_EQ(sheet().lblPart2of3.foreColour(), grey);
@@ -628,6 +651,15 @@ TEST_F(FormW4, PrintsItselfWithoutTheButtonAndTheHint) {
   EXPECT_EQ(machine.pages, 1);
 }
 
+TEST_F(FormW4, PrintsItselfWhereAFixedTextIsDoubleClicked) {
+  open();
+  EXPECT_EQ(form().Label22.userDblClick(), Refusal::none);
+  EXPECT_EQ(machine.pages, 1);
+  EXPECT_EQ(form().Label22.userClick(), Refusal::none);
+  EXPECT_EQ(form().Label27.userDblClick(), Refusal::notShown);
+  EXPECT_EQ(machine.pages, 1);
+}
+
 TEST_F(FormW4, SaysExemptAfterADoubleClick) {
   open();
   EXPECT_FALSE(form().Label27.visible());
@@ -637,6 +669,7 @@ TEST_F(FormW4, SaysExemptAfterADoubleClick) {
   EXPECT_TRUE(form().Label27.visible());
   form().Label20.userClick();
   EXPECT_FALSE(form().Label27.visible());
+  EXPECT_EQ(machine.pages, 0);
 }
 
 TEST_F(FormW4, ReadsTheStatusAsTrueOrFalse) {

@@ -129,6 +129,31 @@ TEST_F(RaiseCalculator, RoundsTheIncomeToCents) {
   EXPECT_EQ(payData.grossPay, dollars("826.664"));
 }
 
+TEST_F(RaiseCalculator, RoundsTheIncomeThatStandsInTheBox) {
+  misc().imgSeal.userClick();
+  main().lstFrequency.userPick(3);
+  main().txtIncome.userType("3466.60");
+  main().cmdAdditional[1].userClick();
+  EXPECT_EQ(misc().lblOldShow.caption(), "$20.00");
+  percent().userType("2.5");
+  press();
+  EXPECT_EQ(main().txtIncome.text(), "3553.26");  // 20.5 times 173.33 stands there as 3553.265
+}
+
+TEST_F(RaiseCalculator, RoundsATieThatTheProductMisses) {
+  main().txtHours.userType("37.5");
+  newWage().userType("6.77");
+  press();
+  EXPECT_EQ(main().txtIncome.text(), "253.88");  // 253.875 as a text, a shade less as a product
+}
+
+TEST_F(RaiseCalculator, RoundsTheOldIncomeWhereTheProductFails) {
+  main().txtIncome.userType("$1,000.126");
+  newWage().userType("ten");
+  press();
+  EXPECT_EQ(main().txtIncome.text(), "1000.13");
+}
+
 TEST_F(RaiseCalculator, RunsNoneOfTheToolbarsSteps) {
   const auto rows = main().dbgDisplay.rows();
   const auto settings = store.all();
@@ -298,6 +323,15 @@ TEST_F(LocalTaxPage, KeepsTheStoredBaseWhereTheListHasNoSuchEntry) {
   EXPECT_EQ(payData.localTax, 0);
 }
 
+TEST_F(LocalTaxPage, KeepsTheStoredBaseWhereNoEntryIsStored) {
+  put("ApplyTo", "3");
+  put("ApplyToDisp", "-1");
+  start();
+  EXPECT_EQ(misc().lstGrossPay.index(), -1);
+  EXPECT_EQ(payData.applyTo, 3);
+  EXPECT_EQ(stored("ApplyTo"), "3");
+}
+
 TEST_F(LocalTaxPage, IsColouredByTheFocus) {
   start();
   open();
@@ -408,6 +442,13 @@ TEST_F(MultipleChecks, GoToTheMainScreenAsAMonthlyIncome) {
   EXPECT_EQ(screen().lblCheck1.caption(), "");
   screen().cmdGoBack.userClick();
   EXPECT_EQ(main().txtIncome.text(), "433.33");  // the earlier total
+}
+
+TEST_F(MultipleChecks, StandOnPaperInTheNormalTextColour) {
+  EXPECT_EQ(screen().backColour(), (Colour{255, 255, 204}));
+  for (const Control* control : screen().controls()) {
+    EXPECT_EQ(control->foreColour(), (Colour{64, 64, 64})) << control->address();
+  }
 }
 
 TEST_F(MultipleChecks, ColourTheHeadingOfTheFocusedColumn) {
