@@ -108,10 +108,9 @@ void Mirror::tieAll(View& view, const Screen& screen) {
 Control* Mirror::controlOf(const QWidget* widget) const {
   for (; widget != nullptr; widget = widget->parentWidget()) {
     for (const auto& [screen, ties] : ties_) {
+      if (ties.view == nullptr || ties.view->screen() == nullptr) continue;
       for (const Tie& tie : ties.ties) {
-        if (ties.view != nullptr && tie.widget == widget && dynamic_cast<Panel*>(tie.control) == nullptr) {
-          return tie.control;
-        }
+        if (tie.widget == widget && dynamic_cast<Panel*>(tie.control) == nullptr) return tie.control;
       }
     }
   }

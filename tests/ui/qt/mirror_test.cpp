@@ -77,7 +77,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
 
   /// An act, then the comparison. Fails the test at the first difference.
   void step(int number) {
-    refused_ = nullptr;
+    refused_.clear();
     history_.push_back(std::to_string(number) + ": " + act());
     if (history_.size() > 12) history_.pop_front();
     settle();
@@ -85,7 +85,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     if (!desk.running()) return begin();
     mirror_.look(desktop());
     ASSERT_TRUE(mirror_.differences().empty()) << mirror_.differences() << told();
-    if (refused_ != nullptr) {
+    if (!refused_.empty()) {
       ++refusals_;
       ASSERT_EQ(heldBefore_, mirror_.held()) << "after the refused act on " << refused_ << "\n" << told();
     }
@@ -172,7 +172,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     if (!desk.blocked(control->screen().name()) && (control->enabled || !inFront)) return;
     mirror_.look(desktop());
     heldBefore_ = mirror_.held();
-    refused_ = control->name().c_str();
+    refused_ = control->address();
   }
 
   // --- Acts
@@ -332,7 +332,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   HelpViewer noHelp_;
   bool desktopRuns_ = false;
   std::deque<std::string> history_;
-  const char* refused_ = nullptr;
+  std::string refused_;
   std::string heldBefore_;
   int refusals_ = 0;
 };
