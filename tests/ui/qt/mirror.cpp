@@ -152,7 +152,8 @@ void Mirror::compare(const Tie& tie, const View& view) {
     compareContent(control, widget);
     return compareNames(control, widget);
   }
-  const bool there = widget.isVisibleTo(const_cast<View*>(&view)) && widget.mapTo(&view, QPoint()).x() > -1000;
+  const bool there =
+      widget.isVisibleTo(const_cast<View*>(&view)) && widget.mapTo(&view, widget.rect().topRight()).x() >= 0;
   same("visible", inSight ? 1 : 0, there ? 1 : 0);
   same("enabled", control.enabled ? 1 : 0, widget.isEnabledTo(const_cast<View*>(&view)) ? 1 : 0);
   if (!control.tooltip.empty()) same("tooltip", control.tooltip, widget.toolTip());

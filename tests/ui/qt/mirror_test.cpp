@@ -282,8 +282,9 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
             close->accessibleName() != QLatin1String("Close")) {
           continue;
         }
+        const std::string words = "close " + front->name();
         clickAt(*close, close->rect().center());
-        return "close " + front->name();
+        return words;
       }
       return "nothing";
     }
