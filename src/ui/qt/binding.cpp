@@ -89,7 +89,7 @@ void hideQuietly(QWidget& widget) {
 void Binding::applyColours() {
   QPalette palette = colours;
   if (const OwnColour& fore = control_->foreColour) {
-    for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
       palette.setColor(QPalette::Active, role, look::colour(*fore));
       palette.setColor(QPalette::Inactive, role, look::colour(*fore));
     }

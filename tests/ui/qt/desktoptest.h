@@ -45,6 +45,7 @@ class DesktopTest : public ::testing::Test {
   /// Lets the program do what it has put off.
   static void settle();
 
+  Desktop& desktop() const { return *desktop_; }
   Frame& frame() const { return *desktop_->frame(); }
   bool shown(const char* screen) const { return desktop_->view(screen) != nullptr; }
   /// The title of the document in front.

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QColor>
+#include <QPointer>
+#include <QWidget>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "controls/desk.h"
+#include "controls/screen.h"
+#include "controls/texts.h"
+#include "ui/qt/desktop.h"
+
+/// Holds every widget of every shown screen against its control.
+
+namespace tallyfin::qt {
+
+class Mirror {
+ public:
+  /// Compares everything. What differs stands in differences() then, a line each, and all that the screens hold in
+  /// held().
+  void look(const Desktop& desktop);
+  const std::string& differences() const { return differences_; }
+  const std::string& held() const { return held_; }
+  /// The control that a widget shows, or the one around it; none where the widget is the desktop's own.
+  Control* controlOf(const QWidget* widget) const;
+
+ private:
+  struct Tie {
+    Control* control;
+    QWidget* widget;
+    std::vector<const Panel*> pages;  ///< On which it stands.
+  };
+  struct Ties {
+    QPointer<View> view;
+    std::vector<Tie> ties;
+  };
+
+  void tieAll(View& view, const Screen& screen);
+  void compareScreen(View& view, const Screen& screen);
+  void compare(const Tie& tie, const View& view);
+  void compareContent(const Control& control, QWidget& widget);
+  void compareColours(const Control& control, const QWidget& widget);
+  void compareNames(const Control& control, QWidget& widget);
+  void compareDocuments(const Desktop& desktop);
+  void compareFocus(const Desktop& desktop);
+
+  void same(const char* what, const QString& held, const QString& shown);
+  void same(const char* what, const std::string& held, const QString& shown) {
+    same(what, QString::fromStdString(held), shown);
+  }
+  void same(const char* what, int held, int shown) { same(what, QString::number(held), QString::number(shown)); }
+  void differ(const QString& words);
+
+  std::map<const Screen*, Ties> ties_;
+  std::map<QString, QColor> own_;  ///< The view's colours of widgets whose controls have none, by name and role.
+  QString address_;
+  const Control* focused_ = nullptr;
+  std::string differences_;
+  std::string held_;
+};
+
+}  // namespace tallyfin::qt
