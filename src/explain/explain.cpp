@@ -294,6 +294,36 @@ void addBackground(const Trace& trace, const Row& row, std::vector<std::string>&
 
 }  // namespace
 
+std::vector<Share> sharesOf(const Trace& trace) {
+  const PayData& record = trace.after.record;
+  std::vector<Share> shares{{"401(k)", record.amt401k, 0},     {"federal tax", record.fedTax, 0},
+                            {"state tax", record.stateTax, 0}, {"local tax", record.localTax, 0},
+                            {"FICA", record.fica, 0},          {"check", record.checkAmt, 0}};
+  if (record.grossPay <= 0) return {};
+  for (Share& share : shares) {
+    if (share.amount < 0) return {};
+    share.fraction = toReal(share.amount) / toReal(record.grossPay);
+  }
+  return shares;
+}
+
+std::string sharesText(const Trace& trace) {
+  const PayData& record = trace.after.record;
+  if (record.grossPay <= 0)
+    return "The gross pay is " + amountText(record.grossPay) + ": there is nothing to share out.";
+  const auto shares = sharesOf(trace);
+  if (shares.empty()) {
+    return "The gross pay is " + amountText(record.grossPay) + "; a part of it is negative, so the parts make no bar.";
+  }
+  std::string parts;
+  for (const Share& share : shares) {
+    if (share.amount == 0) continue;
+    parts += (parts.empty() ? "" : ", ") + std::string(share.name) + " " +
+             toText(std::round(share.fraction * 1000) / 10) + "%";
+  }
+  return "Of the gross pay of " + amountText(record.grossPay) + ": " + parts + ".";
+}
+
 std::string amountText(Money amount) {
   const bool negative = amount < 0;
   const auto units = amount.units();

@@ -19,6 +19,20 @@ struct Explanation {
 /// One for each of the twelve rows, in their order.
 std::vector<Explanation> explain(const Trace& trace);
 
+/// A part of the gross pay, as the totals have it.
+struct Share {
+  const char* name;
+  Money amount;
+  double fraction;  ///< Of the gross pay.
+};
+
+/// Where the gross pay of the calculation goes: 401(k), federal, state and local tax, FICA, and the check. None where
+/// there is no gross pay to share out, or a part is negative.
+std::vector<Share> sharesOf(const Trace& trace);
+
+/// The same in one sentence, or why there are none.
+std::string sharesText(const Trace& trace);
+
 /// An amount as currency, with two decimals or as many more as it has: $1,000.00, $172.4936, ($5.00).
 std::string amountText(Money amount);
 

@@ -168,6 +168,26 @@ TEST_F(ExplainTest, TellsTheCountyOfMarylandTwice) {
   EXPECT_THAT(linesOf("Local Tax"), Contains(HasSubstr("left out: no base is chosen for the local tax")));
 }
 
+TEST_F(ExplainTest, SharesTheGrossPayOut) {
+  startSample();
+  calculate();
+  EXPECT_EQ(sharesText(*lastTrace()),
+            "Of the gross pay of $1,000.00: 401(k) 6%, federal tax 17.2%, state tax 2.8%, FICA 7.7%, check 66.3%.");
+  const auto shares = sharesOf(*lastTrace());
+  ASSERT_EQ(shares.size(), 6U);
+  EXPECT_EQ(shares[1].fraction, 0.17249);
+  EXPECT_EQ(shares[3].amount, 0);
+  main().txtPreFICA.setText("2000");  // FICA becomes negative
+  calculate();
+  EXPECT_TRUE(sharesOf(*lastTrace()).empty());
+  EXPECT_EQ(sharesText(*lastTrace()),
+            "The gross pay is $1,000.00; a part of it is negative, so the parts make no bar.");
+  main().txtIncome.setText("0");
+  calculate();
+  EXPECT_TRUE(sharesOf(*lastTrace()).empty());
+  EXPECT_EQ(sharesText(*lastTrace()), "The gross pay is $0.00: there is nothing to share out.");
+}
+
 TEST(AmountText, HasTwoDecimalsOrAsManyAsThereAre) {
   EXPECT_EQ(amountText(1000), "$1,000.00");
   EXPECT_EQ(amountText(toMoney("172.4936")), "$172.4936");

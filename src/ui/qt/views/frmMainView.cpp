@@ -1,6 +1,9 @@
+#include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -11,6 +14,7 @@
 #include <QTableWidget>
 
 #include "ui/frmMain.h"
+#include "ui/qt/explanation.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 
@@ -174,10 +178,38 @@ class frmMainView : public View {
     table->setAlternatingRowColors(true);
     table->setTabKeyNavigation(false);
     table->setAccessibleName(QStringLiteral("Results"));
+    offerActions(*table);
     Binding& binding = bindPlain(*table, screen_.dbgDisplay);
     binding.show = [this, table] { fill(*table); };
     binding.refresh();
     return tied(table, binding);
+  }
+
+  /// What can be done with the results: tell how the current one was worked out, and copy them.
+  void offerActions(QTableWidget& table) {
+    const auto explainRow = [this, &table] {
+      const auto* title = table.item(table.currentRow(), 0);
+      if (title != nullptr && table.rowCount() == resultRows) ExplanationWindow::open(*window(), title->text());
+    };
+    const auto copyRows = [&table] {
+      QString rows;
+      for (int row = 0; row < table.rowCount(); ++row) {
+        rows += table.item(row, 0)->text() + '\t' + table.item(row, 1)->text() + '\n';
+      }
+      QGuiApplication::clipboard()->setText(rows);
+    };
+    auto* how = new QAction(QStringLiteral("&How this was worked out"), &table);
+    how->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
+    auto* copy = new QAction(QStringLiteral("&Copy"), &table);
+    copy->setShortcut(QKeySequence::Copy);
+    for (QAction* action : {how, copy}) {
+      action->setShortcutContext(Qt::WidgetShortcut);
+      table.addAction(action);
+    }
+    table.setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(how, &QAction::triggered, this, explainRow);
+    connect(copy, &QAction::triggered, this, copyRows);
+    connect(&table, &QTableWidget::cellDoubleClicked, this, explainRow);
   }
 
   void fill(QTableWidget& table) const {
@@ -201,6 +233,7 @@ class frmMainView : public View {
       table.setItem(row, 0, title);
       table.setItem(row, 1, value);
     }
+    if (table.rowCount() == resultRows) ExplanationWindow::follow(*window());
   }
 
   /// The eight figures with their names, so that a raise can be seen.

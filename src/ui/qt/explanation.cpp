@@ -1,0 +1,209 @@
+#include "ui/qt/explanation.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPainter>
+#include <QPrinter>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTextBrowser>
+#include <QTextDocument>
+
+#include "controls/surroundings.h"
+#include "ui/qt/look.h"
+#include "ui/qt/printer.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+const QString windowName = QStringLiteral("explanation");
+
+QString text(const std::string& words) { return QString::fromStdString(words); }
+
+/// Title and sentences of an explanation as a page.
+QString htmlOf(const Explanation& explanation) {
+  QString html = QStringLiteral("<h2>%1</h2>").arg(QString::fromLatin1(explanation.title).toHtmlEscaped());
+  for (const std::string& line : explanation.lines) {
+    html += QStringLiteral("<p>%1</p>").arg(text(line).toHtmlEscaped());
+  }
+  return html + QStringLiteral("<p><b>%1</b></p>").arg(text(amountText(explanation.amount)));
+}
+
+/// Grounds of the parts, told apart by their lightness too; the check is the lightest.
+const QColor grounds[] = {{38, 70, 83},    {120, 144, 156}, {62, 100, 116},
+                          {150, 170, 178}, {84, 120, 134},  {226, 232, 220}};
+
+}  // namespace
+
+ShareBar::ShareBar(QWidget* parent) : QWidget(parent) { setObjectName(QStringLiteral("bar")); }
+
+void ShareBar::show(std::vector<Share> shares) {
+  shares_ = std::move(shares);
+  setVisible(!shares_.empty());
+  update();
+}
+
+QSize ShareBar::sizeHint() const { return {look::scaled(420), 2 * fontMetrics().height()}; }
+
+void ShareBar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  double from = 0;
+  for (std::size_t i = 0; i < shares_.size(); ++i) {
+    const double to = from + shares_[i].fraction;
+    const QRect place(QPoint(static_cast<int>(from * width()), 0),
+                      QPoint(static_cast<int>(to * width()) - 1, height() - 1));
+    from = to;
+    if (place.width() <= 0) continue;
+    const QColor& ground = grounds[i];
+    painter.fillRect(place, ground);
+    painter.setPen(Qt::white);
+    painter.drawLine(place.topRight(), place.bottomRight());
+    const QString words =
+        QStringLiteral("%1 %2%").arg(QString::fromLatin1(shares_[i].name)).arg(shares_[i].fraction * 100, 0, 'f', 1);
+    painter.setPen(ground.lightness() > 128 ? Qt::black : Qt::white);
+    if (fontMetrics().horizontalAdvance(words) + look::tight < place.width()) {
+      painter.drawText(place, Qt::AlignCenter, words);
+    }
+  }
+}
+
+ExplanationWindow::ExplanationWindow(QWidget* frame)
+    : QDialog(frame),
+      bar_(new ShareBar(this)),
+      shares_(new QLabel(this)),
+      figures_(new QTableWidget(0, 2, this)),
+      page_(new QTextBrowser(this)) {
+  setObjectName(windowName);
+  setWindowTitle(QStringLiteral("How this was worked out"));
+  look::setGround(*this, look::onPaper());
+  shares_->setObjectName(QStringLiteral("shares"));
+  shares_->setWordWrap(true);
+  shares_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+
+  figures_->setObjectName(QStringLiteral("figures"));
+  figures_->setAccessibleName(QStringLiteral("Figures"));
+  figures_->setPalette(look::onWhite());
+  figures_->setFont(look::figures());
+  figures_->horizontalHeader()->hide();
+  figures_->verticalHeader()->hide();
+  figures_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  figures_->setSelectionMode(QAbstractItemView::SingleSelection);
+  figures_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  figures_->setShowGrid(false);
+  figures_->setTabKeyNavigation(false);
+  figures_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+  figures_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+  figures_->setFixedWidth(
+      figures_->fontMetrics().horizontalAdvance(QStringLiteral("Social Security   ($1,000,000.00)")));
+  connect(figures_, &QTableWidget::currentCellChanged, this, [this] { tell(); });
+
+  page_->setObjectName(QStringLiteral("page"));
+  page_->setAccessibleName(QStringLiteral("Explanation"));
+  page_->setPalette(look::onWhite());
+  page_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+
+  auto* copyButton = new QPushButton(QStringLiteral("&Copy"), this);
+  auto* printButton = new QPushButton(QStringLiteral("&Print"), this);
+  auto* closeButton = new QPushButton(QStringLiteral("C&lose"), this);
+  connect(copyButton, &QPushButton::clicked, this, [this] { copy(); });
+  connect(printButton, &QPushButton::clicked, this, [this] { print(); });
+  connect(closeButton, &QPushButton::clicked, this, &QDialog::close);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setSpacing(look::row);
+  layout->addWidget(bar_);
+  layout->addWidget(shares_);
+  auto* middle = new QHBoxLayout;
+  middle->setSpacing(look::row);
+  middle->addWidget(figures_);
+  middle->addWidget(page_, 1);
+  layout->addLayout(middle, 1);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  for (QPushButton* button : {copyButton, printButton, closeButton}) {
+    button->setAutoDefault(false);
+    buttons->addWidget(button);
+  }
+  layout->addLayout(buttons);
+  resize(look::scaled(640), look::scaled(430));
+}
+
+ExplanationWindow* ExplanationWindow::of(const QWidget& frame) {
+  return static_cast<ExplanationWindow*>(frame.findChild<QDialog*>(windowName, Qt::FindDirectChildrenOnly));
+}
+
+void ExplanationWindow::open(QWidget& frame, const QString& title) {
+  if (lastTrace() == nullptr) return;
+  ExplanationWindow* window = of(frame);
+  if (window == nullptr) window = new ExplanationWindow(&frame);
+  window->refresh();
+  window->choose(title);
+  window->QDialog::show();
+  window->raise();
+  window->activateWindow();
+}
+
+void ExplanationWindow::follow(QWidget& frame) {
+  ExplanationWindow* window = of(frame);
+  if (window == nullptr) return;
+  // Once the calculation is over.
+  QMetaObject::invokeMethod(
+      window, [window] { window->refresh(); }, Qt::QueuedConnection);
+}
+
+void ExplanationWindow::refresh() {
+  const Trace* trace = lastTrace();
+  if (trace == nullptr) return;
+  explanations_ = explain(*trace);
+  bar_->show(sharesOf(*trace));
+  shares_->setText(text(sharesText(*trace)));
+  const int chosen = std::max(0, figures_->currentRow());
+  {
+    const QSignalBlocker quiet(figures_);
+    figures_->setRowCount(static_cast<int>(explanations_.size()));
+    for (int row = 0; row < figures_->rowCount(); ++row) {
+      const Explanation& explanation = explanations_[static_cast<std::size_t>(row)];
+      auto* amount = new QTableWidgetItem(text(amountText(explanation.amount)));
+      amount->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      figures_->setItem(row, 0, new QTableWidgetItem(QString::fromLatin1(explanation.title)));
+      figures_->setItem(row, 1, amount);
+    }
+    figures_->setCurrentCell(chosen, 0);
+  }
+  tell();
+}
+
+void ExplanationWindow::choose(const QString& title) {
+  for (int row = 0; row < figures_->rowCount(); ++row) {
+    if (figures_->item(row, 0)->text() == title) figures_->setCurrentCell(row, 0);
+  }
+}
+
+void ExplanationWindow::tell() {
+  const auto row = static_cast<std::size_t>(std::max(0, figures_->currentRow()));
+  if (row < explanations_.size()) page_->setHtml(htmlOf(explanations_[row]));
+}
+
+QString ExplanationWindow::chosenText() const { return page_->toPlainText(); }
+
+void ExplanationWindow::copy() const { QGuiApplication::clipboard()->setText(chosenText()); }
+
+void ExplanationWindow::print() {
+  auto* printer = dynamic_cast<ScreenPrinter*>(surroundings.printer);
+  if (printer == nullptr) return;
+  QPrinter device(QPrinter::HighResolution);
+  device.setPageSize(QPageSize(QPageSize::Letter));
+  device.setDocName(windowTitle());
+  if (!printer->setUp(device)) return;
+  QString html = QStringLiteral("<p>%1</p>").arg(shares_->text().toHtmlEscaped());
+  for (const Explanation& explanation : explanations_) html += htmlOf(explanation);
+  QTextDocument document;
+  document.setHtml(html);
+  document.print(&device);
+}
+
+}  // namespace tallyfin::qt

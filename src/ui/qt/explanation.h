@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+
+#include "explain/explain.h"
+
+class QLabel;
+class QTableWidget;
+class QTextBrowser;
+
+namespace tallyfin::qt {
+
+/// The parts of the gross pay as one horizontal bar: each part is drawn in a ground of its own and bears its share,
+/// where that has room; the sentence beneath names them all.
+class ShareBar : public QWidget {
+ public:
+  explicit ShareBar(QWidget* parent);
+
+  void show(std::vector<Share> shares);
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  std::vector<Share> shares_;
+};
+
+/// The window that tells how each figure of the last calculation was worked out. It stands beside the frame, may stay
+/// open, and follows the next Calculate.
+class ExplanationWindow : public QDialog {
+ public:
+  explicit ExplanationWindow(QWidget* frame);
+
+  /// Shows the figure of a row of the results; nothing happens where nothing has been calculated or there is no such
+  /// row. Makes the window of the frame where there is none.
+  static void open(QWidget& frame, const QString& title);
+  /// The results have changed: an open window shows the new ones.
+  static void follow(QWidget& frame);
+
+  /// The chosen explanation as text, its title first.
+  QString chosenText() const;
+
+ private:
+  static ExplanationWindow* of(const QWidget& frame);
+  void refresh();
+  void choose(const QString& title);
+  void tell();
+  void copy() const;
+  void print();
+
+  std::vector<Explanation> explanations_;
+  ShareBar* bar_;
+  QLabel* shares_;
+  QTableWidget* figures_;
+  QTextBrowser* page_;
+};
+
+}  // namespace tallyfin::qt
