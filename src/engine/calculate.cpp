@@ -1,7 +1,5 @@
 #include "engine/calculate.h"
 
-#include <algorithm>
-
 #include "engine/fedtax.h"
 #include "engine/localtax.h"
 #include "engine/numbertext.h"
@@ -63,7 +61,7 @@ void Calculate() {
   // A pre-FICA amount that includes the pre-tax amount takes that amount off twice.
   step("Less the 401(k), pre-FICA and pre-tax amounts", payData.taxableWage,
        [] { return payData.taxableWage - (payData.amt401k + payData.preFica + payData.preTax); });
-  step("The taxable wage is at least 0", payData.taxableWage, [] { return std::max(payData.taxableWage, Money{}); });
+  step("The taxable wage is at least 0", payData.taxableWage, [] { return atLeastZero(payData.taxableWage); });
 
   // No floor here: a negative base is taxed as the lowest bracket.
   step("Less the federal allowance for exemptions", payData.fedBase,

@@ -1,6 +1,5 @@
 #include "engine/fedtax.h"
 
-#include <algorithm>
 #include <array>
 
 #include "engine/bands.h"
@@ -93,36 +92,29 @@ const Bands& federalTable() {
   throw FailedStatement{"there are federal tables for Married and for Single only"};
 }
 
-/// A part of FICA at a rate.
-struct Share {
-  const char* title;
-  Money PayData::*field;
-  double rate;
-};
-constexpr Share employee[] = {
-    {"FICA, 7.65% of the gross pay less the pre-FICA amount", &PayData::fica, 0.0765},
-    {"Social Security, 6.2% of the gross pay less the pre-FICA amount", &PayData::socSec, 0.062},
-    {"Medicare, 1.45% of the gross pay less the pre-FICA amount", &PayData::medicare, 0.0145},
-};
-constexpr Share selfEmployed[] = {
-    {"FICA of the self-employed, 15.3% instead", &PayData::fica, 0.153},
-    {"Social Security of the self-employed, 12.4% instead", &PayData::socSec, 0.124},
-    {"Medicare of the self-employed, 2.9% instead", &PayData::medicare, 0.029},
-};
+/// A part of FICA at a rate: a product of its own, so that the total can differ from its parts in the last decimal;
+/// there is no wage base and no floor.
+[[gnu::always_inline]] inline void share(const char* title, Money& part, double rate) {
+  Money base;
+  step(
+      title,
+      [&base, &part, rate] {
+        base = payData.grossPay - payData.preFica;
+        part = fromReal(toReal(base) * rate);
+      },
+      base, part);
+}
 
-/// The three are products of their own, so that the total can differ from its parts in the last decimal; there is no
-/// wage base and no floor.
-void fica(std::span<const Share> shares) {
-  for (const Share& share : shares) {
-    Money base;
-    step(
-        share.title,
-        [&] {
-          base = payData.grossPay - payData.preFica;
-          payData.*share.field = fromReal(toReal(base) * share.rate);
-        },
-        base, payData.*share.field);
-  }
+void fica() {
+  share("FICA, 7.65% of the gross pay less the pre-FICA amount", payData.fica, 0.0765);
+  share("Social Security, 6.2% of the gross pay less the pre-FICA amount", payData.socSec, 0.062);
+  share("Medicare, 1.45% of the gross pay less the pre-FICA amount", payData.medicare, 0.0145);
+}
+
+void ficaOfTheSelfEmployed() {
+  share("FICA of the self-employed, 15.3% instead", payData.fica, 0.153);
+  share("Social Security of the self-employed, 12.4% instead", payData.socSec, 0.124);
+  share("Medicare of the self-employed, 2.9% instead", payData.medicare, 0.029);
 }
 
 void showFigures() {
@@ -153,10 +145,10 @@ void showFigures() {
 void FedTax() {
   step("Federal tax by the table", payData.fedTax, [] { return taxOf(federalTable(), payData.fedBase); });
   step("To whole cents", payData.fedTax, [] { return roundCents(payData.fedTax); });
-  step("At least 0", payData.fedTax, [] { return std::max(payData.fedTax, Money{}); });
+  step("At least 0", payData.fedTax, [] { return atLeastZero(payData.fedTax); });
 
-  fica(employee);
-  if (worksheet().selfEmployed()) fica(selfEmployed);
+  fica();
+  if (worksheet().selfEmployed()) ficaOfTheSelfEmployed();
 
   callStateRoutine();
   showFigures();

@@ -60,6 +60,9 @@ class Money {
   std::int64_t units_ = 0;
 };
 
+/// Not below 0.
+constexpr Money atLeastZero(Money amount) { return amount < 0 ? Money{} : amount; }
+
 /// Dollars as a double: the count of ten-thousandths divided by 10000.
 double toReal(Money amount);
 /// A count as a double, for a product that is not meant to be 16-bit.

@@ -93,15 +93,18 @@ std::optional<Decimal> readDecimal(std::string_view text) {
   return decimal;
 }
 
-[[noreturn, gnu::cold]] void failFor(std::string_view text) {
+[[noreturn, gnu::cold, gnu::noinline]] void failFor(std::string_view text) {
+  if (readDecimal(text)) throw FailedStatement{"the number is too large"};
   if (recorder != nullptr) recorder->notANumber(text);
   throw FailedStatement{"the text isn't a number"};
 }
 
-Decimal decimalOf(std::string_view text) {
-  auto decimal = readDecimal(text);
-  if (!decimal) failFor(text);
-  return *std::move(decimal);
+/// What a text holds, or failure.
+template <class Held>
+const Held& orFail(const std::optional<Held>& held, std::string_view text) {
+  if (!held) [[unlikely]]
+    failFor(text);
+  return *held;
 }
 
 /// What is left of a mantissa from its first digit that isn't zero, and that digit's power of ten.
@@ -217,15 +220,11 @@ std::uint64_t magnitude(std::int64_t number) {
 
 }  // namespace
 
-Money toMoney(std::string_view text) { return Money::ofUnits(roundedInteger(decimalOf(text), 4)); }
+Money toMoney(std::string_view text) { return Money::ofUnits(roundedInteger(orFail(readDecimal(text), text), 4)); }
 
-double realOf(std::string_view text) {
-  const auto number = nearestDouble(decimalOf(text));
-  if (!number) throw FailedStatement{"the number is too large"};
-  return *number;
-}
+double realOf(std::string_view text) { return orFail(nearestDouble(orFail(readDecimal(text), text)), text); }
 
-Int16 toInt16(std::string_view text) { return roundedInteger(decimalOf(text), 0); }
+Int16 toInt16(std::string_view text) { return roundedInteger(orFail(readDecimal(text), text), 0); }
 
 bool isNumber(std::string_view text) { return readDecimal(text).has_value(); }
 
@@ -262,7 +261,10 @@ std::string currency(Money amount) {
   return currencyOfCents(std::to_string(cents), amount.units() < 0);
 }
 
-std::string currency(double value) { return currencyOf(decimalOf(toText(value))); }
+std::string currency(double value) {
+  const std::string plain = toText(value);
+  return currencyOf(orFail(readDecimal(plain), plain));
+}
 
 std::string currency(std::string_view text) {
   const auto decimal = readDecimal(text);
@@ -271,7 +273,7 @@ std::string currency(std::string_view text) {
 
 std::string percentage(double fraction) {
   const std::string plain = toText(fraction);
-  const Decimal decimal = decimalOf(plain);
+  const Decimal decimal = orFail(readDecimal(plain), plain);
   std::string digits = roundedDigits(decimal, 4);
   if (digits == "0") return ".%";
   while (digits.size() < 2) digits.insert(0, 1, '0');

@@ -9,9 +9,10 @@ void callStateRoutine() {
   const int routine = worksheet().stateIndex() - 1;
   if (routine < 0 || routine > 40) return;
   const State& state = stateList[static_cast<std::size_t>(routine) + 1];
-  if (recorder != nullptr) recorder->stateBegins(state.caption);
+  if (recorder == nullptr) return state.routine();
+  recorder->stateBegins(state.caption);
   state.routine();
-  if (recorder != nullptr) recorder->stateEnds();
+  recorder->stateEnds();
 }
 
 }  // namespace tallyfin

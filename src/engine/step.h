@@ -70,9 +70,10 @@ template <class Statement, class... Targets>
 /// that says false has assigned nothing.
 template <class Statement, class... Targets>
 requires std::invocable<Statement&>
-void step(const char* title, Statement&& statement, const Targets&... targets) {
+[[gnu::always_inline]] inline void step(const char* title, Statement&& statement, const Targets&... targets) {
   if (recorder != nullptr) [[unlikely]] {
-    detail::watched(OnFailure::skip, title, statement, targets...);
+    auto watched = statement;  // a copy: without a recorder nobody takes the statement's own address
+    detail::watched(OnFailure::skip, title, watched, targets...);
     return;
   }
   try {
@@ -83,20 +84,21 @@ void step(const char* title, Statement&& statement, const Targets&... targets) {
 
 /// Assigns a value to the target; where the value can't be worked out, or there is none, the target stays as it was.
 template <class T, class Value>
-requires(std::invocable<Value&> && !std::invocable<T&>) void step(const char* title, T& target, Value&& value) {
+requires(std::invocable<Value&> && !std::invocable<T&>)
+    [[gnu::always_inline]] inline void step(const char* title, T& target, Value&& value) {
   step(
-      title, [&] { return detail::assign(target, value()); }, target);
+      title, [&target, value] { return detail::assign(target, value()); }, target);
 }
 
 /// Assigns a value to the target as a part of a statement: a failure is that of the whole statement.
 template <class T, class Value>
 void part(const char* title, T& target, Value&& value) {
-  auto statement = [&] { return detail::assign(target, value()); };
   if (recorder != nullptr) [[unlikely]] {
-    detail::watched(OnFailure::passOn, title, statement, target);
+    auto watched = [&target, value] { return detail::assign(target, value()); };
+    detail::watched(OnFailure::passOn, title, watched, target);
     return;
   }
-  statement();
+  detail::assign(target, value());
 }
 
 }  // namespace tallyfin

@@ -1,7 +1,5 @@
 #include "states/statebase.h"
 
-#include <algorithm>
-
 #include "engine/settings.h"
 
 namespace tallyfin {
@@ -30,8 +28,6 @@ std::optional<Money> taxByStatus(const PerFrequency<Bands>& married, const PerFr
 }
 
 Money perPeriod(Money annual) { return fromReal(toReal(annual) / toReal(payData.payPeriods)); }
-
-Money atLeastZero(Money amount) { return std::max(amount, Money{}); }
 
 void finish() {
   step("Plus the additional amount asked for, and at least 0", payData.stateTax,

@@ -53,9 +53,6 @@ std::optional<Money> taxByStatus(const PerFrequency<Bands>& married, const PerFr
 /// A year's amount as a pay period's, in one real step. Fails while `payPeriods` is 0.
 Money perPeriod(Money annual);
 
-/// Not below 0.
-Money atLeastZero(Money amount);
-
 /// The end of a routine, one statement: `staAdd` comes on top, and what isn't above 0 becomes 0.
 void finish();
 
