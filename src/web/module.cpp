@@ -73,6 +73,7 @@ class Changes {
  public:
   Changes() {
     desk.onShown = [this](Screen& screen) { watch(screen); };
+    desk.onDiscarded = [this](Screen& screen) { addresses_.insert(screen.name()); };
   }
 
   std::string take() {

@@ -32,7 +32,8 @@ function followFocus(address) {
 }
 
 function update(element) {
-  if (refreshChanged(element).length === 0 && element === undefined) return;
+  const changes = refreshChanged(element);
+  if (changes.length === 0 && element === undefined) return;
   const running = protocol.ask('running');
   const { shown } = protocol.ask('screens') ?? { shown: [] };
   at('ended').hidden = running;
@@ -42,7 +43,7 @@ function update(element) {
   }
   const documents = shown.filter((name) => documentOf(name));
   showDocuments(documents);
-  refreshExplanation();
+  if (changes.some((address) => address.startsWith('frmMain'))) refreshExplanation();
 }
 
 const documentOf = (name) => document.querySelector(`section[data-screen="${name}"]`);
@@ -158,11 +159,13 @@ function openMenu(open) {
   at('menu').setAttribute('aria-expanded', String(open));
 }
 
+performance.mark('opening');
 await protocol.open({
   pageKeeps: store.keep,
   pagePrints: print,
   pageHelps: (file, context) => openHelp(file, context === 0 ? 'index' : String(context)),
 });
+performance.mark('opened');
 store.readAll(protocol.remember);
 bindPage();
 prepareHelp();

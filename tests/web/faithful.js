@@ -1,0 +1,58 @@
+// What the elements of the page show, compared with what their controls hold.
+
+/** One line for each element of a shown screen that shows something else than its control holds. */
+export const differences = (page) =>
+  page.evaluate(async () => {
+    const { ask } = await import('./protocol.js');
+    const wrong = [];
+    const shown = ask('screens')?.shown ?? [];
+    const compare = (address, what, is, holds) => {
+      if (JSON.stringify(is) !== JSON.stringify(holds)) wrong.push(`${address} ${what}: ${is} for ${holds}`);
+    };
+    const views = [...document.querySelectorAll('[data-screen]')].filter((view) => view.checkVisibility());
+    const inFront = [...shown.filter((name) => document.querySelector(`dialog[data-screen="${name}"]`)),
+      shown.find((name) => document.querySelector(`section[data-screen="${name}"]`))].filter(Boolean);
+    compare('page', 'screens', views.map((view) => view.dataset.screen).sort(), inFront.sort());
+
+    const roots = [...views, document.getElementById('bar')];
+    for (const element of roots.flatMap((root) => [...root.querySelectorAll('[data-address]')])) {
+      const { address, kind } = element.dataset;
+      const get = (property) => ask('get', address, property);
+      if (get('visible') === undefined) {
+        if (ask('running')) wrong.push(`${address}: no such control`);
+        continue;
+      }
+      const option = element.closest('.option');
+      const part = option ?? element.closest('.combo') ?? element;
+      const outOfSight = kind === 'panel' && get('left') < 0;
+      compare(address, 'visible', !part.hidden, get('visible') && !outOfSight);
+      if ('disabled' in element) compare(address, 'enabled', !element.disabled, get('enabled'));
+      const caption = () => part.querySelector(':scope > [data-caption]')?.textContent ?? element.textContent;
+      const kindless = kind === undefined;
+      if (element.tagName === 'SELECT') {
+        compare(address, 'index', element.selectedIndex, get('index'));
+        compare(address, 'list', [...element.options].map((entry) => entry.text), get('list'));
+      } else if (element.type === 'text') {
+        compare(address, 'text', element.value, document.activeElement === element ? get('text') : get('shown') ?? get('text'));
+      } else if (element.type === 'radio' || element.type === 'checkbox') {
+        compare(address, 'value', element.checked, get('value'));
+        if (option && !option.classList.contains('bare')) compare(address, 'caption', caption(), get('caption'));
+      } else if (kind === 'updown') {
+        compare(address, 'value', Number(element.value), get('value'));
+      } else if (kind === 'grid') {
+        compare(address, 'cells', [...element.tBodies[0].rows].map((row) => [...row.cells].map((c) => c.textContent)), get('cells'));
+      } else if (kind === 'engine') {
+        compare(address, 'cells', [...element.querySelectorAll('tr')].map((row) => [...row.cells].map((c) => c.textContent)), get('cells'));
+      } else if (kind === 'item') {
+        compare(address, 'caption', caption(), get('caption'));
+        compare(address, 'highlighted', element.classList.contains('highlighted'), get('highlighted'));
+      } else if (kindless && !element.querySelector('img')) {
+        compare(address, 'caption', caption(), get('caption'));
+      }
+      const own = get('forecolor');
+      if (kindless && own !== 'default' && get('enabled')) {
+        compare(address, 'colour', getComputedStyle(part).color, `rgb(${own.split(',').join(', ')})`);
+      }
+    }
+    return wrong;
+  });

@@ -1,0 +1,316 @@
+// The page in a real browser: its screens, its store, what it asks of the network, printing, accessibility.
+
+import assert from 'node:assert/strict';
+import { execFileSync } from 'node:child_process';
+import { mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { after, before, test } from 'node:test';
+import { fileURLToPath } from 'node:url';
+import { browse, open, screens, selector, serve, user } from './browser.js';
+import { differences } from './faithful.js';
+
+const axe = await readFile(fileURLToPath(import.meta.resolve('axe-core/axe.min.js')), 'utf8');
+let server;
+let browser;
+
+before(async () => {
+  server = await serve();
+  browser = await browse();
+});
+after(async () => {
+  await browser.close();
+  await server.close();
+});
+
+/** A page over an empty store, away when its test is over. */
+async function fresh(t, size) {
+  const context = await browser.createBrowserContext();
+  t.after(() => context.close());
+  return open(context, server.address, size);
+}
+
+const shownRows = (page) =>
+  page.$$eval(`${selector('frmMain.dbgDisplay')} tbody tr`, (rows) => rows.map((r) => [...r.cells].map((c) => c.textContent)));
+
+async function samplePaycheck(u) {
+  await u.bar('Calc');
+  await u.pick('frmMain.lstFrequency', 0);
+  await u.click('frmMain.optStatus(1)');
+  await u.pick('frmMain.cboExemptions', 1);
+  await u.pick('frmMain.cboState', 34);
+  await u.type('frmMain.txtIncome', '1000');
+  await u.type('frmMain.txt401k', '6');
+  await u.click('frmMain.cmdToolBar(0)');
+  await u.bar('Calc');
+  await u.click('frmMain.cmdToolBar(0)');
+}
+
+// Weekly, Single, 1 exemption, 6 percent of 1000 to the 401(k), Pennsylvania. Federal: 940 less 52.88 is 887.12, and
+// (887.12 - 525) * 0.28 + 71.1 is 172.4936; state: 2.8 percent of the 1000; FICA: 6.2 and 1.45 percent of the 1000.
+const sampleRows = [
+  ['Gross Pay', '$1,000.00'],
+  ['401k Deduction', '$60.00'],
+  ['Non-Taxable', '$0.00'],
+  ['Pre-FICA', '$0.00'],
+  ['Federal Tax', '$172.49'],
+  ['State Tax', '$28.00'],
+  ['Local Tax', '$0.00'],
+  ['FICA', '$76.50'],
+  ['Social Security', '$62.00'],
+  ['Medicare', '$14.50'],
+  ['Total Ded', '$336.99'],
+  ['Check Amt', '$663.01'],
+];
+
+test('a first visit opens Personal Information, then the main screen', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  assert.equal(await u.front(), 'frmName');
+  await u.click('frmName.cmdExit');
+  assert.equal(await u.front(), 'frmMain');
+  assert.deepEqual(page.troubles, []);
+});
+
+test('the sample paycheck', async (t) => {
+  const page = await fresh(t);
+  await samplePaycheck(user(page));
+  assert.deepEqual(await shownRows(page), sampleRows);
+  assert.deepEqual(await differences(page), []);
+  assert.deepEqual(page.troubles, []);
+});
+
+for (const size of [{ width: 1100, height: 800 }, { width: 360, height: 740 }, { width: 550, height: 400 }]) {
+  test(`every screen at ${size.width} pixels: no violation, nothing cut off, shows what its controls hold`, async (t) => {
+    const page = await fresh(t, size);
+    const u = user(page);
+    await page.evaluate(axe);
+    const check = async (name) => {
+      await page.mouse.move(1, 1); // what is under the pointer is coloured
+      const { violations, passes } = await page.evaluate(() => window.axe.run());
+      assert.ok(passes.length > 10, `only ${passes.length} rules had something to look at`);
+      const found = violations.map((v) => `${v.id}: ${v.nodes.map((n) => `${n.target} ${n.any[0]?.message ?? ''}`).join(' | ')}`);
+      assert.deepEqual(found, [], name);
+      assert.deepEqual(await differences(page), [], name);
+      const [wide, view] = await page.evaluate(() => [document.scrollingElement.scrollWidth, window.innerWidth]);
+      assert.ok(wide <= view, `${name} is ${wide} wide`);
+    };
+    for (const [name, go] of Object.entries(screens)) {
+      await go(u);
+      assert.equal(await u.front(), name.split(',')[0]);
+      await check(name);
+    }
+    await u.bar('Calc');
+    await u.click('frmMain.cmdToolBar(2)');
+    await u.bar('Analysis');
+    await check('MsgBox');
+    await u.click('MsgBox.OK');
+    await u.bar('About');
+    await check('frmAbt');
+    await page.click('[data-close=frmAbt]');
+    await u.bar('Help');
+    await page.waitForSelector('#help-topic h3');
+    await check('help');
+    assert.deepEqual(page.troubles, []);
+  });
+}
+
+test('entries survive a restart of the browser, each as it was saved', async (t) => {
+  const profile = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(profile, { recursive: true, force: true, maxRetries: 5 }));
+  const first = await browse(profile);
+  const before = await open(first, server.address);
+  await user(before).type('frmName.txtName', 'Ada Grün');
+  await user(before).click('frmName.chkShow');
+  await user(before).click('frmName.cmdExit');
+  await samplePaycheck(user(before));
+  await first.close();
+
+  const second = await browse(profile);
+  t.after(() => second.close());
+  const page = await open(second, server.address);
+  const u = user(page);
+  assert.equal(await u.front(), 'frmMain');
+  const kept = await page.evaluate(() => ['User/UName', 'User/DontShow', 'Settings/IncAmt', 'Settings/State'].map(
+    (name) => localStorage.getItem(`Tallyfin99/${name}`)));
+  assert.deepEqual(kept, ['Ada Grün', '1', '1000', '34']);
+  await u.click('frmMain.cmdToolBar(0)');
+  assert.deepEqual(await shownRows(page), sampleRows);
+});
+
+for (const [how, spoil] of Object.entries({
+  full: () => { Storage.prototype.setItem = () => { throw new DOMException('full', 'QuotaExceededError'); }; },
+  forbidden: () => Object.defineProperty(window, 'localStorage', { get() { throw new DOMException('no', 'SecurityError'); } }),
+})) {
+  test(`a storage that is ${how} stops nothing`, async (t) => {
+    const context = await browser.createBrowserContext();
+    t.after(() => context.close());
+    const page = await context.newPage();
+    await page.evaluateOnNewDocument(spoil);
+    await page.goto(server.address);
+    await page.waitForSelector('body[data-ready]');
+    await samplePaycheck(user(page));
+    assert.deepEqual(await shownRows(page), sampleRows);
+  });
+}
+
+test('erasing asks first, then leaves nothing and starts afresh', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await samplePaycheck(u);
+  const kept = () => page.evaluate(() => Object.keys(localStorage).filter((name) => name.startsWith('Tallyfin99/')).length);
+  await u.bar('Personal');
+  await page.keyboard.press('F1');
+  await page.waitForSelector('#erase', { visible: true });
+  await page.click('#erase');
+  await page.click('#question [data-dismiss]');
+  assert.ok((await kept()) > 5);
+  await page.click('#erase');
+  await page.click('#erase-yes');
+  assert.equal(await u.front(), 'frmName');
+  assert.equal(await kept(), 0);
+  await u.bar('Calc');
+  assert.equal(await page.$eval(selector('frmMain.txtIncome'), (box) => box.value), '$0.00');
+});
+
+test('after one visit the page works without its server', async (t) => {
+  const alone = await serve();
+  const context = await browser.createBrowserContext();
+  t.after(() => context.close());
+  const page = await open(context, alone.address);
+  await page.evaluate(() => navigator.serviceWorker.ready);
+  await alone.close();
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  await samplePaycheck(user(page));
+  assert.deepEqual(await shownRows(page), sampleRows);
+  await user(page).bar('Help');
+  await page.waitForSelector('#help-topic h3');
+});
+
+test('the page asks no other host, and its policy forbids it', async (t) => {
+  const page = await fresh(t);
+  const hosts = new Set();
+  page.on('request', (request) => hosts.add(new URL(request.url()).host));
+  await samplePaycheck(user(page));
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  assert.deepEqual([...hosts], [new URL(server.address).host]);
+  const policy = await page.$eval('meta[http-equiv=Content-Security-Policy]', (meta) => meta.content);
+  assert.match(policy, /^default-src 'none'; /);
+  assert.doesNotMatch(policy, /unsafe-inline|'unsafe-eval'|\*|https?:/);
+  const refused = await page.evaluate(async () => {
+    const script = document.createElement('script');
+    script.textContent = 'window.ran = true';
+    document.head.append(script);
+    const far = await fetch('https://example.org/').then(() => 'reached', () => 'refused');
+    return [window.ran ?? 'refused', far];
+  });
+  assert.deepEqual(refused, ['refused', 'refused']);
+});
+
+test('module and page are below 400 KB over the wire', async (t) => {
+  const { counter, address, close } = await serve();
+  t.after(close);
+  const context = await browser.createBrowserContext();
+  t.after(() => context.close());
+  const page = await context.newPage();
+  await page.evaluateOnNewDocument(() => Object.defineProperty(navigator, 'serviceWorker', { value: undefined }));
+  await page.goto(address);
+  await page.waitForSelector('body[data-ready]');
+  t.diagnostic(`${counter.requests.length} files, ${counter.bytes} bytes`);
+  assert.ok(counter.requests.includes('/tallyfin99.wasm'));
+  assert.ok(counter.bytes < 400_000, `${counter.bytes} bytes`);
+});
+
+test('printing the form hides what the paper does not have, and shows it again', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('W4');
+  await page.evaluate(() => {
+    window.print = () => {
+      window.printed = ['frmW4.lblPrint', 'frmW4.cmdW4Exit', 'frmW4.Label2'].map(
+        (address) => document.querySelector(`[data-address="${address}"]`).checkVisibility({ visibilityProperty: true }));
+    };
+  });
+  await page.click('#print-form');
+  assert.deepEqual(await page.evaluate(() => window.printed), [false, false, true]);
+  assert.deepEqual(await differences(page), []);
+  assert.ok(await page.$eval(selector('frmW4.cmdW4Exit'), (button) => button.checkVisibility({ visibilityProperty: true })));
+
+  const folder = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(folder, { recursive: true, force: true }));
+  const paper = async () => {
+    await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
+    return execFileSync('pdftotext', ['-layout', join(folder, 'x.pdf'), '-'], { encoding: 'utf8' });
+  };
+  const form = await paper();
+  assert.match(form, /Employee's Withholding Allowance Certificate/);
+  assert.doesNotMatch(form, /Double Click|Print Form|Calculations/);
+  assert.equal(form.split('\f').length, 2, 'one page');
+
+  await samplePaycheck(u);
+  await u.click('frmMain.cmdToolBar(1)');
+  await page.click('#print-report');
+  const report = await paper();
+  assert.match(report, /Prepared for - on/);
+  assert.match(report, /Check Amount +\$663\.01/);
+  assert.doesNotMatch(report, /Zoom|Personal/);
+  assert.equal(report.split('\f').length, 2, 'one page');
+});
+
+test('by the keyboard alone', async (t) => {
+  const page = await fresh(t);
+  const focusOn = async (address) => {
+    for (let i = 0; i < 80; ++i) {
+      if ((await page.evaluate(() => document.activeElement?.dataset?.address)) === address) return;
+      await page.keyboard.press('Tab');
+    }
+    assert.fail(`the Tab key doesn't reach ${address}`);
+  };
+  await focusOn('MDIOpen.SSListBar1(Calc)');
+  await page.keyboard.press('Enter');
+  await focusOn('frmMain.txtIncome');
+  await page.keyboard.type('1000');
+  await focusOn('frmMain.lstFrequency');
+  await page.keyboard.press('ArrowDown');
+  await focusOn('frmMain.optStatus(0)');
+  await page.keyboard.press('ArrowDown');
+  await focusOn('frmMain.cmdToolBar(0)');
+  await page.keyboard.press('Space');
+  const rows = await shownRows(page);
+  assert.deepEqual(rows[0], ['Gross Pay', '$1,000.00']);
+  assert.deepEqual(await differences(page), []);
+
+  await focusOn('MDIOpen.SSListBar1(W4)');
+  await page.keyboard.press('Enter');
+  await focusOn('frmW4.Label20');
+  const exempt = () => page.$eval(selector('frmW4.Label27'), (label) => label.checkVisibility({ visibilityProperty: true }));
+  await page.keyboard.press('Enter');
+  assert.equal(await exempt(), true);
+  await page.keyboard.press('Space');
+  assert.equal(await exempt(), false);
+});
+
+test('a table row is chosen by a click or by Enter, not by the arrows', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await screens.frmTableOne(u);
+  await page.focus(selector('frmTableOne.lstTableOne'));
+  await page.keyboard.press('ArrowDown');
+  await page.keyboard.press('ArrowDown');
+  assert.equal(await u.front(), 'frmTableOne');
+  assert.equal(await page.$eval(selector('frmTableOne.lstTableOne'), (list) => list.value), '$4,001 - $7,000');
+  await page.keyboard.press('Enter');
+  assert.equal(await u.front(), 'frm2Workers');
+  assert.equal(await page.$eval(selector('frm2Workers.lbl2WkerT1'), (figure) => figure.textContent), '2');
+});
+
+test('Exit ends the run, and it can start again', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('ExitProgram');
+  assert.equal(await page.$('section[data-screen]:not([hidden])'), null);
+  await page.click('#again');
+  assert.equal(await u.front(), 'frmName');
+});
