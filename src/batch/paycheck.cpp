@@ -204,7 +204,10 @@ bool Paycheck::take(const Header& header, const Row& row) {
   for (std::size_t i = 0; i < columnCount; ++i) {
     const auto column = static_cast<Column>(i);
     const Cell* cell = header.cell(column, row);
-    takeCell(column, cell != nullptr ? cell->text(storage_) : std::string_view());
+    const std::string_view text = cell != nullptr ? cell->text(storage_) : std::string_view();
+    if (text.empty() && isDefault_[column]) continue;
+    takeCell(column, text);
+    isDefault_[column] = text.empty();
   }
   return problem_.empty();
 }
@@ -247,7 +250,10 @@ void Paycheck::calculate() {
     payData.staMarried = numbers_[stateMarital];
     if (numbers_[state] == tallyfin::state::mississippi) {
       const char* exemption = mississippiExemption(numbers_[stateMarital]);
-      if (exemption != nullptr) texts_[stateAdditional] = *exemption != '\0' ? exemption : "0";
+      if (exemption != nullptr) {
+        texts_[stateAdditional] = *exemption != '\0' ? exemption : "0";
+        isDefault_[stateAdditional] = false;
+      }
     }
     takeStateOptions(
         {texts_[stateDependents], texts_[illinoisDependents], texts_[stateExemptions], texts_[stateAdditional]});

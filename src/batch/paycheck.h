@@ -94,6 +94,7 @@ class Paycheck : public Worksheet {
   bool storedPreTax_ = false;
   std::array<std::string, columnCount> texts_;  ///< Of the boxes.
   std::array<int, columnCount> numbers_{};      ///< Of the choices and counts.
+  std::array<bool, columnCount> isDefault_{};   ///< What stands there is what an empty cell leaves.
   std::string storage_;
   std::string problem_;
 };

@@ -134,9 +134,9 @@ void showFigures() {
       {"Show the local tax", &PayData::localTax},
   };
   int label = 0;
-  for (const auto& [title, figure] : shown) {
+  for (const Shown& entry : shown) {
     ++label;
-    step(title, [&] { worksheet().showFigure(label, roundedForDisplay(payData.*figure)); });
+    step(entry.title, [&] { worksheet().showFigure(label, roundedForDisplay(payData.*entry.figure)); });
   }
 }
 
