@@ -42,6 +42,10 @@ Refusal Clickable::userClick() {
   return desk.act(*this, [this] { click(); });
 }
 
+Refusal Clickable::userSecondClick() {
+  return desk.act(*this, [this] { dblClick(); });
+}
+
 Refusal Clickable::userDblClick() {
   return desk.act(*this, [this] {
     click();

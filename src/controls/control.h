@@ -77,6 +77,8 @@ class Clickable : public Control {
   Refusal userClick();
   /// Click once, then DblClick if the screen is still there.
   Refusal userDblClick();
+  /// The rest of a double click whose first click has been told by itself.
+  Refusal userSecondClick();
   /// What a click does: by the user, or "presses the button" by code.
   virtual void click() { run(onClick); }
 

@@ -107,6 +107,10 @@ void Desk::moveFocus(Control& control) {
   if (onFocusMoved) onFocusMoved();
 }
 
+void Desk::dropFocus() {
+  if (Control* before = std::exchange(focused_, nullptr)) carryOut([before] { run(before->onLostFocus); });
+}
+
 bool Desk::blocked(std::string_view screenName) const { return !blocker_.empty() && blocker_ != screenName; }
 
 Refusal Desk::refusal(const Control& control) const {

@@ -62,6 +62,8 @@ class Desk {
   /// The control that has the focus: one for the whole program.
   Control* focused() const { return focused_; }
   void moveFocus(Control& control);
+  /// The focus goes to something that is no control: the one that had it loses it.
+  void dropFocus();
 
   /// A user's act on a control: refused where the control can't be reached, or for the reason given; else the screen
   /// comes to the front and the act is carried out.

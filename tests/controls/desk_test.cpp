@@ -402,6 +402,19 @@ TEST_F(Focus, OfTheUserBringsTheScreenToTheFront) {
   EXPECT_THAT(happened(), ElementsAre("First Activate", "First check GotFocus"));
 }
 
+TEST_F(Focus, IsLostToWhatIsNoControl) {
+  desk.show<First>();
+  desk.use<First>().check.userFocus();
+  happened();
+  desk.dropFocus();
+  EXPECT_FALSE(desk.use<First>().check.focused());
+  EXPECT_THAT(happened(), ElementsAre("First check LostFocus"));
+  desk.dropFocus();
+  EXPECT_THAT(happened(), ElementsAre());
+  desk.use<First>().check.userFocus();
+  EXPECT_THAT(happened(), ElementsAre("First check GotFocus"));
+}
+
 TEST_F(Focus, OnAControlThatHasItRunsNothing) {
   desk.show<First>();
   desk.use<First>().check.userFocus();

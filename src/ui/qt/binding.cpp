@@ -139,10 +139,12 @@ class ClickFilter : public QObject {
     if (type == QEvent::MouseButtonRelease && !doubled_) {
       binding_.act([this] { control_.userClick(); });
     } else if (type == QEvent::MouseButtonDblClick) {
-      binding_.act([this] { desk.act(control_, [this] { run(control_.onDblClick); }); });
+      binding_.act([this] { control_.userSecondClick(); });
     }
     doubled_ = type == QEvent::MouseButtonDblClick;
-    return false;
+    // The model knows whose a double click is: the screen behind mustn't take it once more.
+    if (doubled_) event->accept();
+    return doubled_;
   }
 
  private:
@@ -187,10 +189,13 @@ class EditFilter : public QObject {
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-      QTimer::singleShot(0, this, [this] {
+      // A box that is given back the focus which its control has kept is left as it was.
+      const auto reason = static_cast<QFocusEvent*>(event)->reason();
+      const bool gained = event->type() == QEvent::FocusIn && (!box_.focused() || reason == Qt::OtherFocusReason);
+      QTimer::singleShot(0, this, [this, gained] {
         if (binding_.control() == nullptr) return;
         showText();
-        if (edit_.hasFocus() && box_.selLength() > 0) edit_.setSelection(box_.selStart(), box_.selLength());
+        if (gained && edit_.hasFocus()) edit_.setSelection(box_.selStart(), box_.selLength());
       });
     }
     return false;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMessageBox>
+#include <QSettings>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -21,6 +22,9 @@ Desktop::Desktop() : screenPrinter_(std::make_unique<ScreenPrinter>(*this)), bef
   desk.onShown = [this](Screen& screen) { show(screen); };
   desk.onDiscarded = [this](Screen& screen) { discard(screen); };
   desk.onFocusMoved = [this] { followFocus(); };
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) { dropFocus(now); });
+  // The toolkit's own dialogs would keep a file of settings beside the store. There is no folder below a file.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
   surroundings.beeper = &beeper_;
   surroundings.pointer = &pointer_;
   surroundings.help = &help_;
@@ -67,6 +71,7 @@ void Desktop::show(Screen& screen) {
 }
 
 void Desktop::showDocument(Screen& screen) {
+  frame_->tell({});
   if (views_.find(&screen) == views_.end()) {
     View* view = viewOf(screen).release();
     views_[&screen] = view;
@@ -82,7 +87,29 @@ void Desktop::arrange() {
   const auto active = views_.find(desk.activeDocument());
   if (active == views_.end()) return;
   const QWidget* focused = QApplication::focusWidget();
-  if (focused == nullptr || !active->second->isAncestorOf(focused)) active->second->setFocus(Qt::OtherFocusReason);
+  if (focused != nullptr && active->second->isAncestorOf(focused)) return;
+  QWidget* kept = focusedWidget();
+  const bool itsOwn = kept != nullptr && kept->isVisible() && active->second->isAncestorOf(kept);
+  (itsOwn ? kept : active->second.data())->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+/// The widget of the control that has the focus; none if that has none.
+QWidget* Desktop::focusedWidget() const {
+  const Control* control = desk.focused();
+  if (control == nullptr) return nullptr;
+  const auto entry = views_.find(&control->screen());
+  return entry == views_.end() || entry->second == nullptr ? nullptr : entry->second->widgetOf(*control);
+}
+
+/// Tells the model that a widget which belongs to no control has taken the keyboard. A view holds it while no control
+/// of its screen has been given it, and what a widget opens (the list of a drop-down) is part of it.
+void Desktop::dropFocus(const QWidget* now) {
+  if (now == nullptr || dynamic_cast<const View*>(now) != nullptr) return;
+  const QWidget* owner = focusedWidget();
+  for (const QWidget* part = now; part != nullptr; part = part->parentWidget()) {
+    if (part == owner) return;
+  }
+  desk.dropFocus();
 }
 
 void Desktop::showBox(Screen& screen) {
@@ -136,11 +163,7 @@ void Desktop::discard(Screen& screen) {
 }
 
 void Desktop::followFocus() {
-  const Control* control = desk.focused();
-  if (control == nullptr) return;
-  const auto entry = views_.find(&control->screen());
-  if (entry == views_.end() || entry->second == nullptr) return;
-  QWidget* widget = entry->second->widgetOf(*control);
+  QWidget* widget = focusedWidget();
   if (widget != nullptr && widget->isVisible() && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
 }
 

@@ -43,6 +43,8 @@ class Desktop : public QObject {
   void arrange();
   void discard(Screen& screen);
   void followFocus();
+  QWidget* focusedWidget() const;
+  void dropFocus(const QWidget* now);
 
   std::unique_ptr<Frame> frame_;
   std::map<const Screen*, QPointer<View>> views_;

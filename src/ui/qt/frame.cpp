@@ -151,6 +151,13 @@ void DocumentArea::arrange() {
   }
 }
 
+void DocumentArea::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  for (const auto& document : documents_) {
+    if (document != nullptr) document->place(size());
+  }
+}
+
 bool DocumentArea::covers(const QWidget& widget) const {
   return std::any_of(documents_.begin(), documents_.end(), [&](const QPointer<Document>& d) {
     return d != nullptr && d->view().screen() != desk.activeDocument() && d->isAncestorOf(&widget);
@@ -283,7 +290,16 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(listBar(screen));
-  layout->addWidget(area_, 1);
+  auto* documents = new QVBoxLayout;
+  documents->setSpacing(0);
+  documents->addWidget(area_, 1);
+  notice_ = new QLabel(this);
+  notice_->setObjectName(QStringLiteral("notice"));
+  notice_->setWordWrap(true);
+  notice_->setMargin(look::tight);
+  notice_->hide();
+  documents->addWidget(notice_);
+  layout->addLayout(documents, 1);
   openGroup(1);
   move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
@@ -338,6 +354,11 @@ void Frame::openGroup(std::size_t group) {
     groups_[i].items->setVisible(i == group);
     groups_[i].header->setChecked(i == group);
   }
+}
+
+void Frame::tell(const QString& words) {
+  notice_->setText(words);
+  notice_->setVisible(!words.isEmpty());
 }
 
 void Frame::closeEvent(QCloseEvent* event) {

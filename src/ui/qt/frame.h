@@ -51,6 +51,9 @@ class DocumentArea : public QWidget {
   /// Whether a widget belongs to a document that isn't the active one.
   bool covers(const QWidget& widget) const;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   std::vector<QPointer<Document>> documents_;
 };
@@ -93,6 +96,8 @@ class Frame : public View {
   explicit Frame(MDIOpen& screen);
 
   DocumentArea& area() const { return *area_; }
+  /// Says in a line below the documents what the user must know; no words take the line away.
+  void tell(const QString& words);
 
   /// 1440 twips are an inch, 96 pixels are an inch.
   static constexpr int pixels(int twips) { return twips / 15; }
@@ -115,6 +120,7 @@ class Frame : public View {
 
   std::vector<Group> groups_;
   DocumentArea* area_;
+  QLabel* notice_;
 };
 
 }  // namespace tallyfin::qt

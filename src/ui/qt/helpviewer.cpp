@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QShortcut>
@@ -19,6 +18,7 @@
 #include <algorithm>
 
 #include "controls/desk.h"
+#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 
 namespace tallyfin::qt {
@@ -56,7 +56,7 @@ const QStringList HelpShelf::files{QStringLiteral("Tallyfin.hlp"), QStringLitera
 
 QStringList HelpShelf::usualFolders() {
   const QString programs = QCoreApplication::applicationDirPath();
-  return {QDir::cleanPath(programs + QStringLiteral("/../share/tallyfin99/help")), programs + QStringLiteral("/help")};
+  return {programs, QDir::cleanPath(programs + QStringLiteral("/../share/tallyfin99/help"))};
 }
 
 HelpShelf::HelpShelf(QStringList folders) : folders_(std::move(folders)) { books_.reserve(files.size()); }
@@ -73,6 +73,10 @@ const HelpBook* HelpShelf::book(const QString& file) {
     if (!read.topics.empty()) return &books_.emplace_back(std::move(read));
   }
   return nullptr;
+}
+
+QString HelpShelf::missing(const QString& file) const {
+  return QStringLiteral("The help file %1 can't be found in %2.").arg(file, folders_.join(QStringLiteral(" or ")));
 }
 
 // --- The window
@@ -133,6 +137,11 @@ HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), she
   auto* split = new QSplitter(Qt::Horizontal, this);
   layout->addWidget(strip());
   layout->addWidget(split, 1);
+  missing_ = new QLabel(this);
+  missing_->setObjectName(QStringLiteral("notice"));
+  missing_->setWordWrap(true);
+  missing_->hide();
+  layout->addWidget(missing_);
   split->addWidget(leftSide());
   split->addWidget(page());
   split->setSizes({212, 452});
@@ -254,7 +263,8 @@ void HelpWindow::fillContents() {
 
 void HelpWindow::showTopic(const QString& file, const QString& id) {
   const HelpBook* book = shelf_.book(file);
-  if (book == nullptr) return tellMissing(file);
+  missing_->setVisible(book == nullptr);
+  if (book == nullptr) return missing_->setText(shelf_.missing(file));
   const QString known = book->find(id) != nullptr ? id : book->topics.front().id;
   const QUrl address = addressOf(file, known);
   if (page_->source() != address) page_->setSource(address, QTextDocument::HtmlResource);
@@ -321,15 +331,6 @@ void HelpWindow::highlight() {
   page_->setExtraSelections(hits);
 }
 
-void HelpWindow::tellMissing(const QString& file) {
-  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"),
-                              QStringLiteral("The help file %1 can't be found.").arg(file), QMessageBox::Ok,
-                              isVisible() ? this : parentWidget());
-  box->setInformativeText(QStringLiteral("It was looked for in:\n%1").arg(shelf_.folders().join(QLatin1Char('\n'))));
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->open();
-}
-
 // --- The way in
 // ----------------------------------------------------------------------------------------------------------
 
@@ -337,7 +338,7 @@ DesktopHelp::DesktopHelp(QStringList folders) : shelf_(std::move(folders)) {}
 
 DesktopHelp::~DesktopHelp() { delete window_; }
 
-void DesktopHelp::serve(QWidget& frame) {
+void DesktopHelp::serve(Frame& frame) {
   frame_ = &frame;
   auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &frame);
   key->setContext(Qt::ApplicationShortcut);
@@ -350,8 +351,11 @@ void DesktopHelp::open(const std::string& file, int context) {
 
 void DesktopHelp::openTopic(const QString& file, const QString& id) {
   if (window_ == nullptr) window_ = new HelpWindow(shelf_, frame_);
+  const bool missing = shelf_.book(file) == nullptr;
+  if (missing && !window_->isVisible()) return frame_->tell(shelf_.missing(file));
+  frame_->tell({});
   window_->showTopic(file, id);
-  if (shelf_.book(file) == nullptr) return;
+  if (missing) return;
   window_->show();
   window_->raise();
   window_->activateWindow();

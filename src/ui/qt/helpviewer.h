@@ -18,6 +18,8 @@ class QTreeWidget;
 
 namespace tallyfin::qt {
 
+class Frame;
+
 /// One topic of a help file: what follows a heading of the first order, up to the next one.
 struct HelpTopic {
   QString id;
@@ -42,10 +44,11 @@ class HelpShelf {
 
   /// None where the file isn't there.
   const HelpBook* book(const QString& file);
-  const QStringList& folders() const { return folders_; }
+  /// Tells the user that a file is missing, and where it was looked for.
+  QString missing(const QString& file) const;
 
   static const QStringList files;
-  /// The folder of an installed program, then that of a program in its build tree.
+  /// The program's own folder, then the one where a package puts the files.
   static QStringList usualFolders();
 
  private:
@@ -72,7 +75,6 @@ class HelpWindow : public QDialog {
   void search(const QString& words);
   void showFirstHit();
   void highlight();
-  void tellMissing(const QString& file);
 
   HelpShelf& shelf_;
   QToolButton* back_ = nullptr;
@@ -81,6 +83,7 @@ class HelpWindow : public QDialog {
   QLineEdit* search_ = nullptr;
   QTreeWidget* contents_ = nullptr;
   QLabel* nothing_ = nullptr;
+  QLabel* missing_ = nullptr;
   QTextBrowser* page_ = nullptr;
 };
 
@@ -91,7 +94,7 @@ class DesktopHelp : public HelpViewer {
   ~DesktopHelp() override;
 
   /// Shows its window above this one from now on, and makes F1 open the help of the active document.
-  void serve(QWidget& frame);
+  void serve(Frame& frame);
   void open(const std::string& file, int context) override;
   void openTopic(const QString& file, const QString& id);
   /// The topic that bears the name of the active document, in whichever file it is.
@@ -101,7 +104,7 @@ class DesktopHelp : public HelpViewer {
 
  private:
   HelpShelf shelf_;
-  QPointer<QWidget> frame_;
+  QPointer<Frame> frame_;
   QPointer<HelpWindow> window_;
 };
 

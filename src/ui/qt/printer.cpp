@@ -12,6 +12,7 @@
 
 #include "controls/screen.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/frame.h"
 #include "ui/qt/view.h"
 
 namespace tallyfin::qt {
@@ -54,7 +55,9 @@ int ScreenPrinter::printScreen(Screen& screen) {
   printer.setDocName(QString::fromStdString(screen.title()));
   View* view = desktop_.view(screen.name());
   if (view == nullptr || !setUp(printer)) return 0;
-  return printWidget(*view, printer) ? 1 : 0;
+  const bool printed = printWidget(*view, printer);
+  desktop_.frame()->tell(printed ? QString() : QStringLiteral("The form couldn't be printed."));
+  return printed ? 1 : 0;
 }
 
 bool ScreenPrinter::ask(QPrinter& printer) {

@@ -23,7 +23,6 @@ constexpr int margin = inch;
 constexpr int headerTop = 3 * inch / 4;
 constexpr int headerLines = 3;
 constexpr int headerToTable = 3 * inch / 10;
-constexpr int footerPoints = 9;
 constexpr int cellPadding = 80;
 
 const QColor lightRule{205, 212, 214};
@@ -73,18 +72,11 @@ std::vector<QString> headerOf(const QString& header, const QFont& font, int widt
   return lines;
 }
 
-/// A text in its cell. One that is wider than the cell is drawn smaller: a figure is never cut off.
+/// A text in its cell. A figure that is wider than its cell stands out of it to the left.
 void drawCell(QPainter& painter, const QRect& cell, const QString& words, bool rightAligned) {
-  painter.save();
-  const QRect inside = cell.adjusted(cellPadding, 0, -cellPadding, 0);
-  QFont font = painter.font();
-  const double width = QFontMetricsF(font).horizontalAdvance(words);
-  if (width > inside.width())
-    font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * inside.width() / width)));
-  painter.setFont(font);
   const auto side = rightAligned ? Qt::AlignRight : Qt::AlignLeft;
-  painter.drawText(inside, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine, words);
-  painter.restore();
+  const int flags = static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip;
+  painter.drawText(cell.adjusted(cellPadding, 0, -cellPadding, 0), flags, words);
 }
 
 }  // namespace
@@ -133,7 +125,7 @@ void ReportPages::drawHeader(QPainter& painter) const {
 void ReportPages::drawFooter(QPainter& painter) const {
   const int top = page_.height() - margin + inch / 5;
   painter.fillRect(QRect(margin, top, page_.width() - 2 * margin, 10), lightRule);
-  painter.setFont(pageFont(footerPoints));
+  painter.setFont(engineFont(engine_));
   painter.drawText(QRect(margin, top + 60, page_.width() - 2 * margin, inch / 4), Qt::AlignHCenter | Qt::TextSingleLine,
                    text(engine_.footer()));
 }

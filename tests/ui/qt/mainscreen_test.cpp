@@ -135,6 +135,38 @@ TEST_F(MainScreen, AKeyboardIsEnough) {
   EXPECT_EQ(results().at(4), "Federal Tax $204.10");
 }
 
+TEST_F(MainScreen, WhateverTakesTheFocusAControlLosesIt) {
+  startOnMain();
+  auto& income = find<QLineEdit>("frmMain", "txtIncome");
+  click("frmMain", "txtIncome");
+  settle();
+  auto& header = *frame().findChild<QAbstractButton*>("group File");
+  click(header);
+  settle();
+  EXPECT_EQ(desk.focused(), nullptr);
+  click("frmMain", "txtIncome");
+  settle();
+  EXPECT_EQ(income.selectedText(), income.text());
+
+  QWidget& option = find("frmMain", "optStatus(2)");
+  option.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(desk.find<frmMain>()->optStatus[2].foreColour(), (Colour{192, 192, 255}));
+  header.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(desk.find<frmMain>()->optStatus[2].foreColour(), (Colour{255, 255, 128}));
+}
+
+TEST_F(MainScreen, ABoxThatIsGivenBackTheFocusIsLeftAsItWas) {
+  startOnMain();
+  auto& income = find<QLineEdit>("frmMain", "txtIncome");
+  type("frmMain", "txtIncome", "1000");
+  income.setCursorPosition(2);
+  income.clearFocus();
+  income.setFocus(Qt::ActiveWindowFocusReason);
+  settle();
+  EXPECT_FALSE(income.hasSelectedText());
+  EXPECT_EQ(income.cursorPosition(), 2);
+}
+
 TEST_F(MainScreen, TheFocusAloneChoosesNothingInAList) {
   startOnMain();
   find("frmMain", "lstFrequency").setFocus(Qt::TabFocusReason);

@@ -6,6 +6,7 @@
 
 #include "controls/desk.h"
 #include "desktoptest.h"
+#include "ui/MDIOpen.h"
 #include "ui/qt/look.h"
 
 /// The frame: its list bar, its boxes, its size.
@@ -233,6 +234,20 @@ TEST_F(ShellDesktop, ADocumentClosesByItsOwnButton) {
     if (close->parentWidget()->findChild<QLabel*>()->text() == "Local Tax and Raise") click(*close);
   }
   EXPECT_EQ(front(), "Calculations");
+}
+
+TEST_F(ShellDesktop, ThePointerLeavesTheItemThatWarned) {
+  startOnMain();
+  QWidget& item = *frame().findChild<QWidget*>("SSListBar1(Analysis)");
+  QEvent enter(QEvent::Enter);
+  QApplication::sendEvent(&item, &enter);
+  ListBarItem& control = desk.use<MDIOpen>().SSListBar1[6];
+  EXPECT_TRUE(control.highlighted());
+  clickItem("Analysis");
+  ASSERT_TRUE(shown("MsgBox"));
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&item, &leave);
+  EXPECT_FALSE(control.highlighted());
 }
 
 TEST_F(ShellDesktop, NewEmptiesTheBoxes) {

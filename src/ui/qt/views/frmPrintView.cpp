@@ -2,7 +2,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -98,6 +97,10 @@ class frmPrintView : public View {
     layout->setSpacing(look::tight);
     layout->addLayout(toolbar(screen));
     layout->addWidget(preview(), 1);
+    notice_ = new QLabel(this);
+    notice_->setObjectName(QStringLiteral("notice"));
+    notice_->setWordWrap(true);
+    layout->addWidget(notice_);
     layout->addLayout(statusLine(screen));
     bindEngine();
   }
@@ -189,7 +192,10 @@ class frmPrintView : public View {
   void bindEngine() {
     Binding& binding = bindPlain(*preview_, engine_);
     tied(preview_, binding);
-    binding.show = [this] { turnTo(page_); };
+    binding.show = [this] {
+      tell({});
+      turnTo(page_);
+    };
     binding.refresh();
   }
 
@@ -206,26 +212,20 @@ class frmPrintView : public View {
   }
 
   void print() {
-    if (QPrinterInfo::availablePrinterNames().isEmpty()) return tellNoPrinter();
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+      return tell(QStringLiteral(
+          "No printer is set up on this computer. You can save the report as a PDF file and print that elsewhere."));
+    }
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(QStringLiteral("Tallyfin 99"));
     auto* dialog = new QPrintDialog(printer.get(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
     connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, [this, printer] {
-      if (screen() == nullptr || printReportTo(*printer, engine_)) return;
-      warning(QStringLiteral("The report couldn't be printed."))->open();
+      if (screen() == nullptr) return;
+      tell(printReportTo(*printer, engine_) ? QString() : QStringLiteral("The report couldn't be printed."));
     });
     dialog->open();
-  }
-
-  void tellNoPrinter() {
-    QMessageBox* box = warning(QStringLiteral("No printer is set up on this computer."));
-    box->setInformativeText(QStringLiteral("You can save the report as a PDF file and print that elsewhere."));
-    box->setStandardButtons(QMessageBox::Cancel);
-    const QPushButton* save = box->addButton(QStringLiteral("Save as PDF..."), QMessageBox::AcceptRole);
-    connect(save, &QPushButton::clicked, this, [this] { savePdf(); });
-    box->open();
   }
 
   void savePdf() {
@@ -241,22 +241,20 @@ class frmPrintView : public View {
   void saveTo(const QString& path) {
     if (screen() == nullptr) return;
     const QString trouble = saveReportAsPdf(path, engine_);
-    if (trouble.isEmpty()) return;
-    QMessageBox* box = warning(QStringLiteral("The report couldn't be saved."));
-    box->setInformativeText(QStringLiteral("%1: %2").arg(path, trouble));
-    box->open();
+    tell(trouble.isEmpty() ? QString() : QStringLiteral("The report couldn't be saved. %1: %2").arg(path, trouble));
   }
 
-  QMessageBox* warning(const QString& words) {
-    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tallyfin 99"), words, QMessageBox::Ok, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    return box;
+  /// Says in a line of this screen what the user must know; no words take the line away.
+  void tell(const QString& words) {
+    notice_->setText(words);
+    notice_->setVisible(!words.isEmpty());
   }
 
   PrintEngine& engine_;
   Preview* preview_ = nullptr;
   Sheet* sheet_ = nullptr;
   QLabel* pageNumber_ = nullptr;
+  QLabel* notice_ = nullptr;
   QPushButton* print_ = nullptr;
   QPushButton* save_ = nullptr;
   QPushButton* previous_ = nullptr;

@@ -65,11 +65,10 @@ void showFocus(QPainter& painter, const QWidget& widget) {
 template <class Button>
 class FormTick : public Button {
  public:
-  /// Without its caption only the box is drawn, for one whose words stand elsewhere on the form.
-  FormTick(QWidget* parent, bool withCaption) : Button(parent), withCaption_(withCaption) {}
+  using Button::Button;
 
   QSize sizeHint() const override {
-    const int words = withCaption_ ? gap + this->fontMetrics().horizontalAdvance(this->text()) : 0;
+    const int words = gap + this->fontMetrics().horizontalAdvance(this->text());
     return {box + words + 4, std::max(box + 4, this->fontMetrics().height())};
   }
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -94,15 +93,10 @@ class FormTick : public Button {
       painter.setRenderHint(QPainter::Antialiasing, false);
     }
     painter.setPen(this->palette().color(QPalette::WindowText));
-    if (withCaption_) {
-      painter.drawText(this->rect().adjusted(square.right() + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                       this->text());
-    }
+    painter.drawText(this->rect().adjusted(square.right() + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                     this->text());
     showFocus(painter, *this);
   }
-
- private:
-  bool withCaption_;
 };
 
 /// A box without a frame: the form's own rules are around it.
@@ -155,7 +149,7 @@ class frmW4View : public View {
   QSize sizeHint() const override { return {look::scaled(width), heightForWidth(look::scaled(width))}; }
 
  protected:
-  /// A double click on the paper prints. Labels without handlers let it through to the paper.
+  /// A double click on the paper prints.
   void mouseDoubleClickEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton && View::screen() != nullptr) screen_.userDblClick();
   }
@@ -211,7 +205,8 @@ class frmW4View : public View {
     auto* card = new QHBoxLayout;
     card->setContentsMargins(0, space, 0, space);
     QLabel* words = small(screen_.Label8, look::scaled(margin));
-    auto* tick = new FormTick<QCheckBox>(this, false);
+    auto* tick = new FormTick<QCheckBox>(this);
+    tick->setFont(smallPrint());
     name(words, tick);
     card->addWidget(words, 1);
     card->addWidget(tied(tick, bind(*tick, screen_.Check4)), 0, Qt::AlignBottom);
@@ -238,7 +233,6 @@ class frmW4View : public View {
     keepPlace(exempt);
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     QLabel* enterHere = padded(screen_.Label20);
-    enterHere->setAttribute(Qt::WA_NoMousePropagation);  // its double click is its own
     boxedLine(*grid, enterHere, screen_.Label21, exempt);
     return grid;
   }
@@ -344,7 +338,7 @@ class frmW4View : public View {
   }
 
   QRadioButton* option(OptionButton& control, QButtonGroup& group) {
-    auto* widget = new FormTick<QRadioButton>(this, true);
+    auto* widget = new FormTick<QRadioButton>(this);
     widget->setFont(smallPrint());
     return tied(widget, bind(*widget, control, group));
   }

@@ -1,13 +1,14 @@
 #include "ui/qt/views/worksheet.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/qt/captions.h"
+#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 
 namespace tallyfin::qt {
@@ -54,16 +55,6 @@ QSize WorksheetView::sizeHint() const { return unfilled; }
 QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNumber) {
   auto* sheet = new QWidget(this);
   pages_->addWidget(sheet);
-  Binding& binding = bindPlain(*sheet, panel);
-  binding.show = [this, sheet, &panel] {
-    const bool inSight = panel.left >= 0;
-    // The focus stays with the worksheet when its page goes.
-    if (!inSight && sheet->isAncestorOf(QApplication::focusWidget())) setFocus();
-    sheet->setVisible(inSight);
-  };
-  binding.refresh();
-  tied(sheet, binding);
-
   auto* column = new QVBoxLayout(sheet);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(look::tight);
@@ -71,7 +62,41 @@ QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNum
   top->addWidget(heading(headingText), 1);
   top->addWidget(label(pageNumber));
   column->addLayout(top);
+  Binding& binding = bindPlain(*sheet, panel);
+  sheets_.push_back({sheet, &panel, QString::fromStdString(pageNumber.caption())});
+  binding.show = [this, number = sheets_.size() - 1] { place(sheets_[number]); };
+  binding.refresh();
+  tied(sheet, binding);
   return column;
+}
+
+/// A page out of sight stands beside the sheet, as wide and high as in its place; its boxes work there too. Who can't
+/// see that is told it with the name of whatever has the focus.
+void WorksheetView::place(const Sheet& sheet) {
+  if (screen() == nullptr) return;
+  QWidget& page = *sheet.widget;
+  const bool inSight = sheet.panel->left >= 0;
+  if (!inSight) {
+    pages_->removeWidget(&page);
+    const QRect inside = contentsRect().marginsRemoved(pages_->contentsMargins());
+    const int width = std::max(inside.width(), page.minimumSizeHint().width());
+    const int height = std::max(inside.height(), page.heightForWidth(width));
+    const int left = std::min(Frame::pixels(sheet.panel->left), -width);
+    page.setGeometry(left, Frame::pixels(sheet.panel->top), width, height);
+  } else if (pages_->indexOf(&page) < 0) {
+    pages_->addWidget(&page);
+  }
+  const QString remark = QStringLiteral(" (%1, out of sight)").arg(sheet.number);
+  for (QWidget* widget : page.findChildren<QWidget*>()) {
+    if (widget->focusPolicy() == Qt::NoFocus) continue;
+    const QString words = widget->accessibleDescription().remove(remark);
+    widget->setAccessibleDescription(inSight ? words : words + remark);
+  }
+}
+
+void WorksheetView::resizeEvent(QResizeEvent* event) {
+  View::resizeEvent(event);
+  for (const Sheet& sheet : sheets_) place(sheet);
 }
 
 void WorksheetView::line(QBoxLayout* page, QWidget* words, QWidget* entry) {

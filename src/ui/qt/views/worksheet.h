@@ -8,6 +8,7 @@
 #include "ui/qt/view.h"
 
 class QBoxLayout;
+class QVBoxLayout;
 
 namespace tallyfin::qt {
 
@@ -24,7 +25,9 @@ class WorksheetView : public View {
 
   WorksheetView(Screen& screen, int entryWidth);
 
-  /// A page with its heading; it is shown while its panel is in sight. The lines go below each other on it.
+  void resizeEvent(QResizeEvent* event) override;
+
+  /// A page with its heading; it stands where its panel is. The lines go below each other on it.
   QBoxLayout* page(Panel& panel, Label& heading, Label& pageNumber);
   /// A line of the page, a hairline above it: its words, and the entry at the right if it has one.
   void line(QBoxLayout* page, QWidget* words, QWidget* entry = nullptr);
@@ -49,11 +52,19 @@ class WorksheetView : public View {
   QWidget* sentence(Label& first, CommandButton& button, Label& second);
 
  private:
+  struct Sheet {
+    QWidget* widget;
+    const Panel* panel;
+    QString number;
+  };
+  void place(const Sheet& sheet);
+
   void addIndented(QBoxLayout* page, QRadioButton* option);
 
   int margin_;  ///< For the line numbers.
   int entryWidth_;
-  QLayout* pages_;
+  QVBoxLayout* pages_;
+  std::vector<Sheet> sheets_;
 };
 
 }  // namespace tallyfin::qt
