@@ -71,7 +71,9 @@ void Binding::refresh() {
   refreshing_ = true;
   widget_.setEnabled(control_->enabled);
   if (control_->visible && (!shown || shown())) {
+    const bool back = widget_.isHidden() && control_->focused();
     widget_.setVisible(true);
+    if (back) widget_.setFocus(Qt::ActiveWindowFocusReason);  // its control has kept the focus
   } else {
     hideQuietly(widget_);
   }

@@ -82,7 +82,7 @@ void Document::showTitle() {
   const Screen* screen = view_.screen();
   if (screen == nullptr) return;
   title_->setText(QString::fromStdString(screen->title()));
-  if (parentWidget() != nullptr) place(parentWidget()->size());
+  static_cast<DocumentArea*>(parentWidget())->arrange();  // one that fills the area covers the others
 }
 
 void Document::place(const QSize& area) {

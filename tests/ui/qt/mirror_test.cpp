@@ -4,7 +4,9 @@
 #include <QAbstractSpinBox>
 #include <QCursor>
 #include <QDialog>
+#include <QMenu>
 #include <QScrollArea>
+#include <QTimer>
 #include <QToolButton>
 #include <QWheelEvent>
 #include <QWindow>
@@ -47,6 +49,11 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   ~Walk() override { surroundings.clock = clockBefore_; }
 
   void begin() {
+    // A menu of the toolkit (that of the calendar's months) has a loop of its own.
+    QObject::connect(&closeMenus_, &QTimer::timeout, &closeMenus_, [] {
+      if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) menu->close();
+    });
+    closeMenus_.start(20);
     surroundings.clock = &clock_;
     if (desktopRuns_) {
       restart();
@@ -332,6 +339,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   Clock* clockBefore_ = surroundings.clock;
   HelpViewer noHelp_;
   bool desktopRuns_ = false;
+  QTimer closeMenus_;
   std::deque<std::string> history_;
   std::string refused_;
   std::string heldBefore_;

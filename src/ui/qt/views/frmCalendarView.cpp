@@ -41,6 +41,7 @@ class frmCalendarView : public View {
       widget->setWeekdayTextFormat(static_cast<Qt::DayOfWeek>(day), day < Qt::Saturday ? weekday : weekend);
     }
     Binding& binding = bindPlain(*widget, control);
+    for (QWidget* part : widget->findChildren<QWidget*>()) part->installEventFilter(&binding);  // they take the keyboard
     binding.show = [widget, &control] {
       const std::chrono::year_month_day& date = control.date();
       widget->setSelectedDate(QDate(static_cast<int>(date.year()),
@@ -48,6 +49,15 @@ class frmCalendarView : public View {
                                     static_cast<int>(static_cast<unsigned>(date.day()))));
     };
     binding.refresh();
+    connect(widget, &QCalendarWidget::selectionChanged, &binding, [&binding, widget, &control] {
+      const QDate day = widget->selectedDate();
+      binding.act([&] {
+        desk.act(control, [&] {
+          control.date = std::chrono::year(day.year()) / static_cast<unsigned>(day.month()) /
+                         static_cast<unsigned>(day.day());
+        });
+      });
+    });
     return tied(widget, binding);
   }
 };
