@@ -41,7 +41,8 @@ class frmCalendarView : public View {
       widget->setWeekdayTextFormat(static_cast<Qt::DayOfWeek>(day), day < Qt::Saturday ? weekday : weekend);
     }
     Binding& binding = bindPlain(*widget, control);
-    for (QWidget* part : widget->findChildren<QWidget*>()) part->installEventFilter(&binding);  // they take the keyboard
+    for (QWidget* part : widget->findChildren<QWidget*>())
+      part->installEventFilter(&binding);  // they take the keyboard
     binding.show = [widget, &control] {
       const std::chrono::year_month_day& date = control.date();
       widget->setSelectedDate(QDate(static_cast<int>(date.year()),
@@ -53,8 +54,8 @@ class frmCalendarView : public View {
       const QDate day = widget->selectedDate();
       binding.act([&] {
         desk.act(control, [&] {
-          control.date = std::chrono::year(day.year()) / static_cast<unsigned>(day.month()) /
-                         static_cast<unsigned>(day.day());
+          control.date =
+              std::chrono::year(day.year()) / static_cast<unsigned>(day.month()) / static_cast<unsigned>(day.day());
         });
       });
     });
