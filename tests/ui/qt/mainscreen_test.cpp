@@ -195,6 +195,25 @@ TEST_F(MainScreen, TheRaiseButtonComesWithTheFirstCalculateAndMovesNothing) {
   EXPECT_EQ(find("frmMain", "cmdAdditional(0)").geometry(), before);
 }
 
+TEST_F(MainScreen, EveryFigureOfTheStripStandsBesideItsName) {
+  startOnMain();
+  const std::vector<std::pair<const char*, std::string>> names{
+      {"lbl1", "Federal"},  {"lbl2", "State"},     {"lbl3", "401(k)"},   {"lbl4", "FICA"},
+      {"lbl5", "Pre-FICA"}, {"lbl6", "Soc. Sec."}, {"lbl7", "Medicare"}, {"lbl8", "Local"}};
+  for (const auto& [figure, name] : names) {
+    const QRect place = find("frmMain", figure).geometry();
+    const QLabel* nearest = nullptr;
+    for (const auto* label : view("frmMain").findChildren<QLabel*>()) {
+      const QRect other = label->geometry();
+      const bool before = other.right() < place.left() && other.center().y() == place.center().y();
+      if (before && (nearest == nullptr || other.right() > nearest->geometry().right())) nearest = label;
+    }
+    ASSERT_NE(nearest, nullptr) << figure;
+    EXPECT_EQ(nearest->text().toStdString(), name) << figure;
+    EXPECT_EQ(find("frmMain", figure).accessibleName().toStdString(), name) << figure;
+  }
+}
+
 TEST_F(MainScreen, SponsorInfoShowsEightRows) {
   startOnMain();
   click("frmMain", "cmdToolBar(4)");

@@ -60,6 +60,16 @@ TEST_F(ShellDesktop, WithoutShowMeTheNextStartOpensTheMainScreen) {
   EXPECT_EQ(front(), "Calculations");
 }
 
+TEST_F(ShellDesktop, TheListBarStartsWithTheCalculations) {
+  startOnMain();
+  std::vector<std::string> inSight;
+  for (const Control* item : desk.find("MDIOpen")->controls()) {
+    const QString name = QString::fromStdString(item->address());
+    if (find("MDIOpen", name).isVisible()) inSight.push_back(item->address());
+  }
+  EXPECT_THAT(inSight, ::testing::ElementsAre("SSListBar1(Calc)", "SSListBar1(Multi)", "SSListBar1(Analysis)"));
+}
+
 TEST_F(ShellDesktop, TheListBarMovesBetweenTheScreens) {
   startOnMain();
   clickItem("Multi");

@@ -115,6 +115,19 @@ class W4ViewsTest : public testing::Test {
   Desktop desktop;
 };
 
+TEST_F(W4ViewsTest, TheCalendarsControlFollowsTheKeyboardAndTheMarkedDay) {
+  auto& widget = find<QCalendarWidget>(open<frmCalendar>(), "mthTwoWorkers");
+  MonthCalendar& control = desk.find<frmCalendar>()->mthTwoWorkers;
+  desktop.frame()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(desktop.frame()));
+  control.date = std::chrono::May / 17 / 1999;
+  EXPECT_EQ(widget.selectedDate(), QDate(1999, 5, 17));
+  widget.setFocus();
+  EXPECT_TRUE(control.focused());
+  QTest::keyClick(widget.focusProxy(), Qt::Key_Right);
+  EXPECT_TRUE(control.date() == std::chrono::May / 18 / 1999);
+}
+
 TEST_F(W4ViewsTest, EveryControlHasAWidget) {
   desk.openInstead<frmPersWkSht>();
   desk.show<frmDednAdj>();
