@@ -134,9 +134,9 @@ void showFigures() {
       {"Show the local tax", &PayData::localTax},
   };
   int label = 0;
-  for (const auto& [title, figure] : shown) {
+  for (const Shown& each : shown) {
     ++label;
-    step(title, [&] { worksheet().showFigure(label, toText(roundedForDisplay(payData.*figure))); });
+    step(each.title, [&] { worksheet().showFigure(label, toText(roundedForDisplay(payData.*each.figure))); });
   }
 }
 
