@@ -69,7 +69,7 @@ std::optional<Money> difference(Money a, Money b) {
 
 /// "over $525.00 up to $1,125.00".
 std::string reachOf(const AppliedRow& row) {
-  const std::string bound = amountText(row.bound);
+  std::string bound = amountText(row.bound);
   const std::string from = row.lower > 0 && row.lower < row.bound ? "over " + amountText(row.lower) + " " : "";
   switch (row.test) {
     case Test::atMost: return from + "up to " + bound;
@@ -147,7 +147,7 @@ std::string whyNot(const TracedStatement& statement) {
 std::string figuresOf(const Trace& trace, const Replay& replay, const TracedStatement& statement) {
   const Outcome* outcomes = trace.outcomes.data() + statement.firstOutcome;
   if (statement.outcomes == 0) return "";
-  const std::string result = textOf(outcomes[0].value);
+  std::string result = textOf(outcomes[0].value);
   if (statement.row) return sumOf(*statement.row, result);
   if (statement.outcomes == 2 && !outcomes[0].field && outcomes[1].field) {
     return "of " + result + " it is " + textOf(outcomes[1].value);
