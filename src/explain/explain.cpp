@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 
+#include "engine/doubletext.h"
 #include "engine/numbertext.h"
 
 namespace tallyfin {
@@ -341,9 +341,7 @@ std::string rateText(double fraction) {
   // A rate in single precision is shown as it was written.
   const auto single = static_cast<float>(fraction);
   if (static_cast<double>(single) != fraction) return toText(fraction * 100) + "%";
-  std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), single).ptr;
-  return toText(realOf({buffer.data(), end}) * 100) + "%";
+  return toText(realOf(shortestTextOf(single)) * 100) + "%";
 }
 
 std::vector<Explanation> explain(const Trace& trace) {

@@ -27,6 +27,13 @@ RC_GTEST_PROP(DoubleText, IsReadAlikeByBothWays, ()) {
   RC_ASSERT(doubleOf(plain) == clibrary::doubleOf(plain));
 }
 
+RC_GTEST_PROP(DoubleText, OfSinglePrecisionIsTheSameNumberByBothWays, ()) {
+  const auto value = std::bit_cast<float>(*rc::gen::arbitrary<std::uint32_t>());
+  RC_PRE(std::isfinite(value));
+  // They may write an exponent where the other writes zeros: what counts is the decimal.
+  RC_ASSERT(doubleOf(shortestTextOf(value)) == doubleOf(clibrary::shortestTextOf(value)));
+}
+
 TEST(DoubleText, EndsOfTheRange) {
   for (const char* plain : {"1.7976931348623157e308", "1.7976931348623159e308", "9.e999", "-9.e999", "4.9e-324",
                             "2.4703282292062327e-324", "2.4703282292062328e-324", "1.e-400", "-1.e-400"}) {
@@ -42,6 +49,7 @@ TEST(DoubleText, FifteenDigits) {
   EXPECT_EQ(clibrary::shortTextOf(1e15), "1e+15");
   EXPECT_EQ(clibrary::shortTextOf(0.00001), "1e-05");
   EXPECT_EQ(clibrary::shortTextOf(86.66), "86.66");
+  EXPECT_EQ(clibrary::shortestTextOf(0.028F), "0.028");
 }
 
 }  // namespace

@@ -314,3 +314,19 @@ test('Exit ends the run, and it can start again', async (t) => {
   await page.click('#again');
   assert.equal(await u.front(), 'frmName');
 });
+
+test('the figures of a calculation are explained, once there are some', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  assert.equal(await page.$eval('#explain', (button) => button.disabled), true);
+  await samplePaycheck(u);
+  await page.click('#explain');
+  const titles = await page.$$eval('#explanation-text h3', (headings) => headings.map((h) => h.textContent));
+  assert.deepEqual(titles, sampleRows.map(([title]) => title));
+  const text = await page.$eval('#explanation-text', (element) => element.innerText);
+  assert.match(text, /887\.12/);
+  await page.evaluate(axe);
+  const { violations } = await page.evaluate(() => window.axe.run());
+  assert.deepEqual(violations.map((v) => v.id), []);
+});
