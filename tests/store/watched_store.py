@@ -21,7 +21,8 @@ def traced(store, lines):
     log = store.parent.parent / "calls"
     os.umask(0)
     subprocess.run(["strace", "-f", "-y", "-xx", "-s", "5000", "-e", f"trace={calls}", "-o", log, program, store],
-                   input="".join(line + "\n" for line in lines), text=True, check=True, stdout=subprocess.DEVNULL)
+                   input="".join(line + "\n" for line in lines), text=True, check=True, stdout=subprocess.DEVNULL,
+                   env=os.environ | {"ASAN_OPTIONS": "detect_leaks=0"})  # the search for leaks can't be traced
     # With -xx every text stands in hexadecimal.
     text = re.sub(r"(?:\\x[0-9a-f]{2})+", lambda match: bytes.fromhex(match[0].replace("\\x", "")).decode("latin-1"),
                   log.read_text())
