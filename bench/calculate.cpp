@@ -17,7 +17,7 @@ namespace tallyfin::bench {
 
 namespace {
 
-class Sheet : public Worksheet {
+class Sheet : public Worksheet, public WorksheetProvider {
  public:
   std::string income = "1,000.00";
   std::string rate401k = "6";
@@ -34,10 +34,9 @@ class Sheet : public Worksheet {
   const std::string& exemptionsText() const override { return exemptionsEntry; }
   int stateIndex() const override { return state; }
   bool selfEmployed() const override { return false; }
+  Worksheet& provideWorksheet() override { return *this; }
   void showFigure(int label, Money figure) override { figures.at(static_cast<std::size_t>(label)) = figure; }
 };
-
-Sheet sheet;
 
 /// A weekly paycheck of a single person with two exemptions, 1 percent local tax and the options of a user who has
 /// been to the state's screen.
@@ -45,9 +44,8 @@ void calculate(benchmark::State& rounds, int state) {
   MemoryStore store;
   store.write(section::stateInfo, "sta401", "Y");
   store.write(section::stateInfo, "staPreTax", "N");
-  useSettingsStore(store);
-  provideWorksheet([]() -> Worksheet& { return sheet; });
-  sheet = Sheet{};
+  Sheet sheet;
+  const Services services(store, sheet);
   sheet.state = state;
   payData = PayData{};
   payData.maritalStat = 1;

@@ -28,8 +28,7 @@ void settle() {
 template <class S>
 void openAndClose(benchmark::State& rounds) {
   MemoryStore store;
-  useSettingsStore(store);
-  qt::Desktop desktop;
+  qt::Desktop desktop(store);
   desktop.start();
   const auto open = [] {
     S& screen = desk.use<S>();

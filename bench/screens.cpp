@@ -9,8 +9,8 @@
 
 #include "allocations.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
 #include "store/store.h"
+#include "ui/program.h"
 
 /// The screens' models: opening and closing every one of them, and the toolbar's Calculate with the store on disk.
 
@@ -18,23 +18,11 @@ namespace tallyfin::bench {
 
 namespace {
 
-/// A run of the program over a store.
-class Run {
- public:
-  explicit Run(SettingsStore& store) {
-    payData = PayData{};
-    useSettingsStore(store);
-    MDIOpen::start();
-  }
-  ~Run() { desk.end(); }
-  Run(const Run&) = delete;
-  Run& operator=(const Run&) = delete;
-};
-
 template <class S>
 void openAndClose(benchmark::State& rounds) {
   MemoryStore store;
-  const Run run(store);
+  Program program(store, plainMachine());
+  program.start();
   const auto act = [] {
     desk.show<S>();
     desk.userClose(desk.use<S>());  // with the act its memory goes
@@ -67,7 +55,8 @@ const bool registered = AllScreens<WithoutFirst>::registered();
 
 /// Each of the ten values that the command saves is another one than the round before.
 void toolbarCalculate(benchmark::State& rounds, SettingsStore& store) {
-  const Run run(store);
+  Program program(store, plainMachine());
+  program.start();
   frmMain& screen = desk.use<frmMain>();
   desk.show(screen);
   payData.applyTo = 1;
@@ -87,7 +76,7 @@ void toolbarCalculate(benchmark::State& rounds, SettingsStore& store) {
     desk.close<frmState>();
     payData.localRate = odd ? 0.01 : 0.02;
     rounds.ResumeTiming();
-    screen.cmdToolBar[0].click();
+    screen.cmdToolBar[frmMain::calculate].click();
   }
 }
 

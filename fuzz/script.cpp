@@ -2,7 +2,6 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "engine/paydata.h"
 #include "script/session.h"
 
 /// Runs any bytes as a script on an empty store. Every line has one answer of one line, and the answer one of the
@@ -12,7 +11,6 @@ using namespace tallyfin;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view text(reinterpret_cast<const char*>(data), size);
-  payData = PayData{};
   MemoryStore store;
   script::Session session(store);
   while (!text.empty()) {

@@ -134,8 +134,6 @@ bool can(Read read) {
   return done;
 }
 
-Paycheck* current = nullptr;
-
 }  // namespace
 
 std::optional<std::string> Header::take(const Row& row) {
@@ -166,14 +164,6 @@ const std::string& resultColumns() {
   }();
   return columns;
 }
-
-Paycheck::Paycheck() {
-  current = this;
-  provideWorksheet([]() -> Worksheet& { return *current; });
-  useSettingsStore(store_);
-}
-
-Paycheck::~Paycheck() { current = nullptr; }
 
 const std::string& Paycheck::exemptionsText() const {
   static const std::vector<std::string> entries = [] {

@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "batch/csv.h"
-#include "engine/settingsstore.h"
-#include "engine/worksheet.h"
+#include "engine/services.h"
 
 /// One row, one paycheck: what the cells mean, and what comes of them.
 
@@ -60,13 +59,8 @@ const std::string& resultColumns();
 
 /// Works one paycheck after the other, none of which knows of another. It is the worksheet of the engine and sets the
 /// options that a state routine reads.
-class Paycheck : public Worksheet {
+class Paycheck final : public Worksheet, private WorksheetProvider {
  public:
-  Paycheck();
-  ~Paycheck() override;
-  Paycheck(const Paycheck&) = delete;
-  Paycheck& operator=(const Paycheck&) = delete;
-
   /// Works the row and adds its results to a text, each behind a comma, then the problem. Gives whether there is one.
   bool work(const Header& header, const Row& row, std::string& out);
 
@@ -80,6 +74,7 @@ class Paycheck : public Worksheet {
   void showFigure(int /*label*/, Money /*figure*/) override {}
 
  private:
+  Worksheet& provideWorksheet() override { return *this; }
   /// Takes the cells; false where one of them names nothing.
   bool take(const Header& header, const Row& row);
   void takeCell(Column column, std::string_view text);
@@ -90,6 +85,7 @@ class Paycheck : public Worksheet {
   void setOption(const char* key, bool chosen, bool& stored);
 
   MemoryStore store_;
+  Services services_{store_, *this};
   bool stored401k_ = false;
   bool storedPreTax_ = false;
   std::array<std::string, columnCount> texts_;  ///< Of the boxes.

@@ -47,8 +47,13 @@ void CheckBox::click() {
   run(onClick);
 }
 
-ListBarItem::ListBarItem(Screen& screen, std::string name, std::string group, std::string caption, std::string key)
-    : Clickable(screen, std::move(name), std::move(key)), group_(std::move(group)), caption_(std::move(caption)) {}
+ListBarItem::ListBarItem(Screen& screen, const std::string& name, const std::string& key, std::string group,
+                         std::string caption, std::string picture)
+    : Clickable(screen, name, key),
+      key_(key),
+      group_(std::move(group)),
+      caption_(std::move(caption)),
+      picture_(std::move(picture)) {}
 
 void ListBarItem::pointerOver(bool over) {
   highlighted_ = over;

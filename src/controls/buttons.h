@@ -87,18 +87,24 @@ class CheckBox : public Clickable {
 /// An item of the list bar, told by its key. It shows highlighted while the pointer is over it.
 class ListBarItem : public Clickable {
  public:
-  ListBarItem(Screen& screen, std::string name, std::string group, std::string caption, std::string key);
+  ListBarItem(Screen& screen, const std::string& name, const std::string& key, std::string group, std::string caption,
+              std::string picture);
 
+  const std::string& key() const { return key_; }
   const std::string& group() const { return group_; }
   const std::string& caption() const { return caption_; }
+  /// The name of its picture.
+  const std::string& picture() const { return picture_; }
   bool highlighted() const { return highlighted_; }
 
  protected:
   void pointerOver(bool over) override;
 
  private:
+  std::string key_;
   std::string group_;
   std::string caption_;
+  std::string picture_;
   bool highlighted_ = false;
 };
 

@@ -2,9 +2,6 @@
 
 #include <algorithm>
 
-#include "engine/paydata.h"
-#include "engine/trace.h"
-
 namespace tallyfin {
 
 Desk desk;
@@ -48,7 +45,7 @@ Desk::Seat* Desk::seatOf(const Screen& screen) {
 Screen& Desk::load(std::unique_ptr<Screen> created) {
   Screen& screen = *created;
   seats_.push_back({std::move(created), true, false});
-  if (screen.shown_ && onShown) onShown(screen);  // the frame is shown before its Load
+  if (screen.shown_ && watcher != nullptr) watcher->shown(screen);  // the frame is shown before its Load
   screen.Load();
   if (Seat* seat = seatOf(screen)) seat->loading = false;
   activateFront();
@@ -63,7 +60,7 @@ void Desk::show(Screen& screen) {
     std::erase(documents_, &screen);
     documents_.insert(documents_.begin(), &screen);
   }
-  if (onShown) onShown(screen);
+  if (watcher != nullptr) watcher->shown(screen);
   activateFront();
 }
 
@@ -89,7 +86,7 @@ void Desk::closeActiveDocument() {
 }
 
 void Desk::discard(Screen& screen) {
-  if (onDiscarded) onDiscarded(screen);
+  if (watcher != nullptr) watcher->discarded(screen);
   std::erase(documents_, &screen);
   if (activated_ == &screen) activated_ = nullptr;
   if (focused_ != nullptr && &focused_->screen() == &screen) focused_ = nullptr;
@@ -105,7 +102,7 @@ void Desk::moveFocus(Control& control) {
   Control* before = std::exchange(focused_, &control);
   if (before != nullptr) run(before->onLostFocus);
   control.gotFocus();
-  if (onFocusMoved) onFocusMoved();
+  if (watcher != nullptr) watcher->focusMoved();
 }
 
 void Desk::dropFocus() {
@@ -148,16 +145,20 @@ Refusal Desk::userClose(Screen& screen) {
 }
 
 void Desk::carryOut(const std::function<void()>& deed) {
-  ++depth_;
+  struct Depth {
+    Desk& desk;
+    explicit Depth(Desk& of) : desk(of) { ++desk.depth_; }
+    ~Depth() {
+      if (--desk.depth_ == 0) desk.discarded_.clear();
+    }
+  };
+  const Depth within(*this);
   deed();
-  if (--depth_ == 0) discarded_.clear();
 }
 
 void Desk::begin() {
   end();
   discarded_.clear();
-  payData = PayData{};
-  forgetTraces();
   running_ = true;
 }
 

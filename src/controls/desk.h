@@ -10,6 +10,15 @@
 
 namespace tallyfin {
 
+/// What a binding is told.
+class DeskWatcher {
+ public:
+  virtual ~DeskWatcher() = default;
+  virtual void shown(Screen& /*screen*/) {}      ///< A screen was shown or brought to the front.
+  virtual void discarded(Screen& /*screen*/) {}  ///< A screen is about to be discarded.
+  virtual void focusMoved() {}
+};
+
 /// Owns the screens and their life.
 ///
 /// A screen is created and loaded at its first use, which is the first access to anything of it or its first showing;
@@ -81,7 +90,7 @@ class Desk {
   bool blocked(std::string_view screenName) const;
   void setBlocker(const Screen& box) { blocker_ = box.name(); }
 
-  /// Begins a run: a fresh record, no screen loaded, then the frame, shown before its Load.
+  /// Begins a run: no screen loaded, then the frame, shown before its Load.
   template <class Frame>
   void start() {
     begin();
@@ -95,10 +104,8 @@ class Desk {
   /// Ends the run at once: no handler runs, and no screen is left when the present act is over.
   void end();
 
-  /// What a binding is told: a screen was shown or brought to the front, it is about to be discarded, the focus moved.
-  std::function<void(Screen&)> onShown;
-  std::function<void(Screen&)> onDiscarded;
-  Handler onFocusMoved;
+  /// Who is told of what the desk does, while a program runs; nobody else is.
+  DeskWatcher* watcher = nullptr;
 
  private:
   struct Seat {

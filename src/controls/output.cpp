@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 
-#include "controls/surroundings.h"
 #include "engine/numbertext.h"
 
 namespace tallyfin {
@@ -52,12 +51,10 @@ std::vector<std::string> splitAt(const std::string& text, char divider) {
 
 }  // namespace
 
-bool PrintEngine::startDocument() {
-  if (!surroundings.printer->startDocument()) return false;
+void PrintEngine::startDocument() {
   table_.clear();
   columns_.clear();
   cells_.clear();
-  return true;
 }
 
 void PrintEngine::endDocument() {

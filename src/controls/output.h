@@ -49,8 +49,8 @@ class PrintEngine : public Control {
   using Control::Control;
   using Cells = std::vector<std::string>;
 
-  /// Starts a new document. False where the surroundings can't start one; the old document stays then.
-  bool startDocument();
+  /// Starts a new document in place of the old one.
+  void startDocument();
   void endDocument();
 
   void setHeader(std::string header) { header_ = std::move(header); }

@@ -23,7 +23,9 @@ void takeAllowance(Int16 exemptions) {
        [&] { return fromReal(toReal(exemptions) * allowance.now()); });
 }
 
-void takeStatus(int option, bool twoIncomes) { payData.maritalStat = option == 2 && !twoIncomes ? 1 : option; }
+void takeStatus(int option, bool twoIncomes) {
+  payData.maritalStat = option == status::marriedClaimingSingle && !twoIncomes ? status::single : option;
+}
 
 void takeLocalRate(const std::string& text) {
   step("Local rate as typed", payData.localRate, [&] { return text.empty() ? 0 : realOf(text); });

@@ -87,8 +87,8 @@ constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, married
 
 /// The table of the status and frequency. Status 2 has none: that is deliberate.
 const Bands& federalTable() {
-  if (payData.maritalStat == 0) return married.now();
-  if (payData.maritalStat == 1) return single.now();
+  if (payData.maritalStat == status::married) return married.now();
+  if (payData.maritalStat == status::single) return single.now();
   throw FailedStatement{"there are federal tables for Married and for Single only"};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/choices.h"
 #include "engine/failure.h"
 #include "engine/paydata.h"
 
@@ -16,10 +17,10 @@ struct PerFrequency {
   /// The one of `frequency`. Without a frequency the statement that asks fails.
   const T& now() const {
     switch (payData.frequency.value()) {
-      case 0: return weekly;
-      case 1: return twiceAMonth;
-      case 2: return everyTwoWeeks;
-      case 3: return monthly;
+      case frequency::weekly: return weekly;
+      case frequency::twiceAMonth: return twiceAMonth;
+      case frequency::everyTwoWeeks: return everyTwoWeeks;
+      case frequency::monthly: return monthly;
       default: throw FailedStatement{"no pay period is chosen"};
     }
   }

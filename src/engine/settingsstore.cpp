@@ -2,10 +2,6 @@
 
 namespace tallyfin {
 
-namespace {
-SettingsStore* theStore = nullptr;
-}
-
 std::optional<std::string> MemoryStore::read(std::string_view section, std::string_view key) const {
   const auto keys = sections_.find(section);
   if (keys == sections_.end()) return std::nullopt;
@@ -26,17 +22,15 @@ void MemoryStore::erase(std::string_view section, std::string_view key) {
   if (keys->second.empty()) sections_.erase(keys);
 }
 
-void useSettingsStore(SettingsStore& store) { theStore = &store; }
-
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultText) {
   if (application != applicationKey) return std::string(defaultText);
-  return theStore->read(section, key).value_or(std::string(defaultText));
+  return settingsStore->read(section, key).value_or(std::string(defaultText));
 }
 
 void saveSetting(std::string_view application, std::string_view section, std::string_view key,
                  const std::string& text) {
-  if (application == applicationKey) theStore->write(section, key, text);
+  if (application == applicationKey) settingsStore->write(section, key, text);
 }
 
 }  // namespace tallyfin

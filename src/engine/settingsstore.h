@@ -47,8 +47,8 @@ class MemoryStore : public SettingsStore {
   Sections sections_;
 };
 
-/// Says where settings are kept from now on; the store must outlive its use.
-void useSettingsStore(SettingsStore& store);
+/// Where settings are kept, while Services have said so.
+inline SettingsStore* settingsStore = nullptr;
 
 /// The stored text, or the default where there is none.
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,

@@ -49,11 +49,19 @@ class Worksheet : public WorksheetFields {
   virtual void showFigure(int label, Money figure) = 0;
 };
 
-/// The worksheet of the moment; the provider creates it where it doesn't stand yet.
-Worksheet& worksheet();
+/// Has the worksheet; creates it where it doesn't stand yet.
+class WorksheetProvider {
+ public:
+  virtual Worksheet& provideWorksheet() = 0;
 
-using WorksheetProvider = Worksheet& (*)();
-/// Says who provides the worksheet; returns who did before.
-WorksheetProvider provideWorksheet(WorksheetProvider provider);
+ protected:
+  ~WorksheetProvider() = default;
+};
+
+/// Who has the worksheet, while Services have said so.
+inline WorksheetProvider* worksheetProvider = nullptr;
+
+/// The worksheet of the moment.
+inline Worksheet& worksheet() { return worksheetProvider->provideWorksheet(); }
 
 }  // namespace tallyfin

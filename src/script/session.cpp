@@ -135,16 +135,17 @@ const std::vector<Session::Entry>& Session::commands() {
   return all;
 }
 
-Session::Session(SettingsStore& store) : designs_(AllScreens<Designs>::all()), store_(store), before_(surroundings) {
-  useSettingsStore(store);
-  surroundings.clock = &watch_;
-  surroundings.printer = &printer_;
+std::vector<std::string_view> Session::commandNames() {
+  std::vector<std::string_view> names;
+  for (const Entry& command : commands()) names.push_back(command.name);
+  return names;
 }
 
-Session::~Session() {
-  desk.end();
-  surroundings = before_;
-}
+Session::Session(SettingsStore& store, const Machine& runsOn, DeskWatcher* binding)
+    : designs_(AllScreens<Designs>::all()),
+      store_(store),
+      printer_(*runsOn.printer),
+      program_(store, {&watch_, runsOn.beeper, runsOn.pointer, &printer_, runsOn.help}, binding) {}
 
 std::optional<std::string> Session::answer(std::string_view line) {
   const auto start = line.find_first_not_of(" \t\r");
@@ -165,7 +166,7 @@ std::optional<std::string> Session::answer(std::string_view line) {
 std::string Session::start(const Words& /*words*/) {
   if (desk.running()) return "! running";
   printer_.pages = 0;
-  MDIOpen::start();
+  program_.start();
   return ok;
 }
 

@@ -7,8 +7,9 @@
 #include <vector>
 
 #include "controls/desk.h"
-#include "controls/surroundings.h"
 #include "engine/settingsstore.h"
+#include "machine/machine.h"
+#include "ui/program.h"
 
 namespace tallyfin::script {
 
@@ -18,13 +19,15 @@ struct Word;
 /// with one line.
 class Session {
  public:
-  explicit Session(SettingsStore& store);
-  ~Session();
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
+  /// On a machine whose clock can be set and whose printed pages are counted; a binding on top is told what the desk
+  /// does.
+  explicit Session(SettingsStore& store, const Machine& runsOn = plainMachine(), DeskWatcher* binding = nullptr);
 
   /// The answer to a line; none for a blank line or a comment.
   std::optional<std::string> answer(std::string_view line);
+
+  /// The first words of all commands.
+  static std::vector<std::string_view> commandNames();
 
  private:
   /// A clock that stands still once it has been set.
@@ -36,11 +39,19 @@ class Session {
    private:
     SystemClock system;
   };
-  /// A printer that counts its pages.
+  /// Counts the pages that go to a printer.
   class PageCounter : public Printer {
    public:
-    int printScreen(Screen& /*screen*/) override { return ++pages, 1; }
+    explicit PageCounter(Printer& printer) : printer_(printer) {}
+    int printScreen(Screen& screen) override {
+      const int printed = printer_.printScreen(screen);
+      pages += printed;
+      return printed;
+    }
     int pages = 0;
+
+   private:
+    Printer& printer_;
   };
 
   /// What an address names: a control, or the screen itself. It is looked up on a screen of the same build that is
@@ -96,7 +107,7 @@ class Session {
   SettingsStore& store_;
   Watch watch_;
   PageCounter printer_;
-  Surroundings before_;
+  Program program_;
 };
 
 }  // namespace tallyfin::script

@@ -123,9 +123,9 @@ constexpr Band bands[] = {
 /// By `staMarried`: Single, Married, Married Filing Separately.
 static Money standardDeduction() {
   switch (payData.staMarried.value()) {
-    case 0: return 3250;
-    case 3: return 4000;
-    case 6: return 2000;
+    case stateStatus::single: return 3250;
+    case stateStatus::married: return 4000;
+    case stateStatus::separately: return 2000;
     default: return 0;
   }
 }

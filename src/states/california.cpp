@@ -9,19 +9,22 @@ namespace california {
 /// The group by `staMarried`; none for a value that isn't offered. The exemptions are those that were parsed last.
 static const Group* chosenGroup() {
   switch (payData.staMarried.value()) {
-    case 0:
-    case 8: return &groupASchedule;
-    case 3: return worksheet().exemptions <= 1 ? &groupBUpToOneSchedule : &groupBFromTwoSchedule;
-    case 9: return &groupCSchedule;
+    case stateStatus::single:
+    case stateStatus::spouseEmployed: return &groupASchedule;
+    case stateStatus::married: return worksheet().exemptions <= 1 ? &groupBUpToOneSchedule : &groupBFromTwoSchedule;
+    case stateStatus::headOfFamily: return &groupCSchedule;
     default: return nullptr;
   }
 }
+
+/// The low-income test of a group.
+static bool withinGate(const Group& group) { return worksheet().stateWage <= group.gate.now(); }
 
 static void applyGroup(const Group& group) {
   Worksheet& work = worksheet();
   // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
   step("Low-income test: no tax up to its amount", payData.stateTax,
-       [&] { return work.stateWage <= group.gate.now() ? std::optional(Money{}) : std::nullopt; });
+       [&] { return withinGate(group) ? std::optional(Money{}) : std::nullopt; });
   step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - group.deduction.now(); });
   step("Tax by the table of filing status and pay period", payData.stateTax, [&] { return taxBy(group.bands.now()); });
 }
@@ -42,7 +45,8 @@ void CalifTax() {
        [] { return stateGross() - payData.stateDepsDed; });
   const california::Group* group = california::chosenGroup();
   // The one gate that counts: Head of Family, Weekly, ends here, with neither credit nor `staAdd`.
-  if (group == &california::groupCSchedule && payData.frequency == 0 && work.stateWage <= group->gate.weekly) {
+  if (group == &california::groupCSchedule && payData.frequency == frequency::weekly &&
+      california::withinGate(*group)) {
     step("Head of Family with a low weekly income: no tax", payData.stateTax, [] { return 0; });
     return;
   }

@@ -7,7 +7,7 @@
 namespace tallyfin {
 
 namespace nebraska {
-constexpr PerFrequency<PerHead> perExemption{28.6, 62.08, 57.31, 124.17};
+constexpr PerFrequency<PerHead> perExemption{real(28.6), real(62.08), real(57.31), real(124.17)};
 }
 
 /// Nebraska, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -25,7 +25,7 @@ void NebraskaTax() {
 }
 
 namespace newmexico {
-constexpr PerFrequency<PerHead> perExemption{51.92, 112.5, 103.85, 225};
+constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225)};
 }
 
 /// New Mexico, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.

@@ -13,7 +13,7 @@ void Arizona() {
 
 namespace indiana {
 /// Dollars a pay period for each dependent.
-constexpr PerFrequency<PerHead> perDependent{19.23, 41.67, 38.46, 83.33};
+constexpr PerFrequency<PerHead> perDependent{real(19.23), real(41.67), real(38.46), real(83.33)};
 }  // namespace indiana
 
 /// Indiana, 1999. `staDeps` is the only count. `stateDepsDed`: dollars a pay period.
@@ -30,8 +30,8 @@ void IndianaTax() {
 
 namespace illinois {
 /// Dollars a pay period for each count of `staDeps` and of `illDeps`.
-constexpr PerFrequency<PerHead> first{31.73, 68.75, 63.46, 137.5};
-constexpr PerFrequency<PerHead> second{19.23, 41.67, 38.46, 83.33};
+constexpr PerFrequency<PerHead> first{real(31.73), real(68.75), real(63.46), real(137.5)};
+constexpr PerFrequency<PerHead> second{real(19.23), real(41.67), real(38.46), real(83.33)};
 }  // namespace illinois
 
 /// Illinois, 1999. `stateDepsDed`: the first deduction alone, dollars a pay period.
@@ -50,8 +50,8 @@ void Illinois() {
 
 namespace michigan {
 /// Dollars a pay period.
-constexpr PerFrequency<PerHead> perExemption{53.85, 116.67, 107.69, 233.33};
-constexpr PerFrequency<PerHead> perSpecialExemption{17.31, 37.5, 34.62, 75};
+constexpr PerFrequency<PerHead> perExemption{real(53.85), real(116.67), real(107.69), real(233.33)};
+constexpr PerFrequency<PerHead> perSpecialExemption{real(17.31), real(37.5), real(34.62), int16(75)};
 constexpr PerFrequency<Dollars> claimedByAnother{19.23, 41.67, 38.46, 83.33};
 }  // namespace michigan
 
@@ -68,7 +68,7 @@ void MichiganTax() {
        [] { return payData.mMethod * michigan::perSpecialExemption.now(); });
   step("Allowance of one whom another claims as dependent", dependentDeduction,
        [] { return michigan::claimedByAnother.now().amount; });
-  if (payData.staMarried != 9) {
+  if (payData.staMarried != stateStatus::headOfFamily) {
     step("Not claimed by another: that allowance is 0", dependentDeduction, [] { return 0; });
   } else {
     step("Claimed by another: the exemptions count nothing", payData.stateDepsDed, [] { return 0; });
@@ -99,10 +99,10 @@ void Massachusetts() {
   parseExemptions();
   step("Allowance for the exemptions, and its constant part", payData.stateDepsDed, [&]() -> std::optional<Money> {
     switch (payData.frequency.value()) {
-      case 0: return fromReal(19.5 * toReal(work.exemptions) + 65);
-      case 1: return work.exemptions * 42 + 141;
-      case 2: return work.exemptions * 39 + 130;
-      case 3: return work.exemptions * 83 + 284;
+      case frequency::weekly: return fromReal(19.5 * toReal(work.exemptions) + 65);
+      case frequency::twiceAMonth: return work.exemptions * 42 + 141;
+      case frequency::everyTwoWeeks: return work.exemptions * 39 + 130;
+      case frequency::monthly: return work.exemptions * 83 + 284;
       default: return std::nullopt;
     }
   });
@@ -110,7 +110,7 @@ void Massachusetts() {
   StateBase();
   step("Gross pay less the untaxed amounts, FICA and the allowance", work.stateWage,
        [] { return stateGross() - payData.fica - payData.stateDepsDed; });
-  if (payData.staMarried != 9) step("Not Head of Family: no credit", credit, [] { return 0; });
+  if (payData.staMarried != stateStatus::headOfFamily) step("Not Head of Family: no credit", credit, [] { return 0; });
   step("Massachusetts tax, 5.95% of it less the credit", payData.stateTax,
        [&] { return fromReal(toReal(work.stateWage) * 0.0595) - credit; });
   finish();
@@ -118,8 +118,8 @@ void Massachusetts() {
 
 namespace louisiana {
 /// Dollars a pay period for each count of `staExmp` and of `staDeps`.
-constexpr PerFrequency<PerHead> perExemption{86.5375, 187, 173.0769, 375};
-constexpr PerFrequency<PerHead> perDependent{19.2307, 41.6666, 38.4615, 83.3333};
+constexpr PerFrequency<PerHead> perExemption{real(86.5375), int16(187), real(173.0769), int16(375)};
+constexpr PerFrequency<PerHead> perDependent{real(19.2307), real(41.6666), real(38.4615), real(83.3333)};
 }  // namespace louisiana
 
 /// Louisiana, 1999: 2 percent of the wage and 1 percent of what lies above a bracket. Only the second part is clipped.

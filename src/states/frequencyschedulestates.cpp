@@ -8,7 +8,7 @@ using enum Test;
 
 /// West Virginia, 1999: dollars a pay period.
 namespace westvirginia {
-constexpr PerFrequency<PerHead> perExemption{38.46, 83.33, 76.92, 166.67};
+constexpr PerFrequency<PerHead> perExemption{real(38.46), real(83.33), real(76.92), real(166.67)};
 
 // clang-format off
 constexpr Band weekly[] = {
@@ -59,7 +59,7 @@ void WestVirginia() {
 
 /// Ohio, 1999: dollars a pay period.
 namespace ohio {
-constexpr PerFrequency<PerHead> perExemption{12.5, 27.08, 25, 54.17};
+constexpr PerFrequency<PerHead> perExemption{real(12.5), real(27.08), int16(25), real(54.17)};
 
 // clang-format off
 // The last Lower is 1,623, not its bound: the tax jumps by 24.225 there.

@@ -1,5 +1,6 @@
 #include "states/handover.h"
 
+#include "engine/choices.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/step.h"
@@ -16,10 +17,10 @@ void takeStateOptions(const StateOptionTexts& texts) {
 
 const char* mississippiExemption(int maritalOption) {
   switch (maritalOption) {
-    case 0: return "6000";
-    case 7: return "10000";
-    case 8: return "";
-    case 9: return "9500";
+    case stateStatus::single: return "6000";
+    case stateStatus::spouseNotEmployed: return "10000";
+    case stateStatus::spouseEmployed: return "";
+    case stateStatus::headOfFamily: return "9500";
     default: return nullptr;
   }
 }

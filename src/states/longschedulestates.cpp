@@ -85,12 +85,12 @@ void Georgia() {
       "Standard deduction of the filing status, and as much for oneself",
       [&] {
         switch (payData.staMarried.value()) {
-          case 0: work.stateStdDed = georgia::singleDeduction.now().amount; break;
-          case 3: work.stateStdDed = georgia::marriedDeduction.now().amount; break;
-          case 6: work.stateStdDed = georgia::separatelyDeduction.now().amount; break;
+          case stateStatus::single: work.stateStdDed = georgia::singleDeduction.now().amount; break;
+          case stateStatus::married: work.stateStdDed = georgia::marriedDeduction.now().amount; break;
+          case stateStatus::separately: work.stateStdDed = georgia::separatelyDeduction.now().amount; break;
           default: return false;
         }
-        payData.stateDepsDed = payData.staMarried == 6 ? work.stateStdDed * 2 : work.stateStdDed;
+        payData.stateDepsDed = payData.staMarried == stateStatus::separately ? work.stateStdDed * 2 : work.stateStdDed;
         return true;
       },
       work.stateStdDed, payData.stateDepsDed);
@@ -103,14 +103,14 @@ void Georgia() {
     return payData.staDeps == 0 ? work.stateWage + payData.stateDepsDed : work.stateWage - dependentAllowance;
   });
   step("Tax by the table of status and pay period", payData.stateTax, []() -> std::optional<Money> {
-    if (payData.maritalStat == 2) return taxBy(georgia::marriedClaimingSingle.now());
+    if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(georgia::marriedClaimingSingle.now());
     return taxByStatus(georgia::married, georgia::single);
   });
   finish();
 }
 
 namespace idaho {
-constexpr PerFrequency<PerHead> perExemption{48.08, 104.17, 96.15, 208.33};
+constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33)};
 }
 
 /// Idaho, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.

@@ -9,8 +9,8 @@ namespace tallyfin {
 
 namespace maryland {
 /// Dollars a pay period.
-constexpr PerFrequency<PerHead> perExemption{35.6, 77.1, 71.15, 154.2};
-constexpr PerFrequency<PerHead> perLocalExemption{23.1, 50, 46.2, 100};
+constexpr PerFrequency<PerHead> perExemption{real(35.6), real(77.1), real(71.15), real(154.2)};
+constexpr PerFrequency<PerHead> perLocalExemption{real(23.1), int16(50), real(46.2), int16(100)};
 constexpr PerFrequency<Dollars> lowBound{29, 62.5, 58, 125};
 constexpr PerFrequency<Dollars> highBound{38.5, 83.5, 77, 167};
 

@@ -73,8 +73,8 @@ void Missouri() {
   step(
       "Federal tax up to its cap, standard deduction and 1,200 for each exemption",
       [&] {
-        if (payData.maritalStat != 0 && payData.maritalStat != 1) return false;
-        const bool married = payData.maritalStat == 0;
+        if (payData.maritalStat != status::married && payData.maritalStat != status::single) return false;
+        const bool married = payData.maritalStat == status::married;
         const Money cap = married ? 10000 : 5000;
         work.stateStdDed = married ? 4300 : 3600;
         if (federalDeduction > cap) federalDeduction = cap;

@@ -6,7 +6,7 @@
 namespace tallyfin {
 
 namespace newjersey {
-constexpr PerFrequency<PerHead> perExemption{19.2, 41.6, 38.4, 83.3};
+constexpr PerFrequency<PerHead> perExemption{real(19.2), real(41.6), real(38.4), real(83.3)};
 
 /// The tables of the worksheet's rate letter, which nothing assigns: 0 A to 4 E.
 static const PerFrequency<Bands>* chosenRate() {

@@ -8,7 +8,7 @@ using enum Test;
 
 /// New York, 1999: dollars a pay period.
 namespace newyork {
-constexpr PerFrequency<PerHead> perExemption{19.25, 41.65, 38.5, 83.3};
+constexpr PerFrequency<PerHead> perExemption{real(19.25), real(41.65), real(38.5), real(83.3)};
 constexpr PerFrequency<Dollars> marriedDeduction{143.75, 311.45, 287.5, 622.9};
 constexpr PerFrequency<Dollars> singleDeduction{134.15, 290.6, 268.3, 581.25};
 
@@ -69,8 +69,8 @@ void NewYork() {
       part("Allowance for the exemptions", work.stateStdDed,
            [] { return payData.staDeps * newyork::perExemption.now(); });
       part("Standard deduction of the status", payData.stateDepsDed, []() -> std::optional<Money> {
-        if (payData.maritalStat == 0) return newyork::marriedDeduction.now().amount;
-        if (payData.maritalStat == 1) return newyork::singleDeduction.now().amount;
+        if (payData.maritalStat == status::married) return newyork::marriedDeduction.now().amount;
+        if (payData.maritalStat == status::single) return newyork::singleDeduction.now().amount;
         return std::nullopt;
       });
     }

@@ -81,9 +81,9 @@ void Oklahoma() {
          switch (payData.staMarried.value()) {
            // Single: the dependents come off before the multiplication, so that the estimate is some 412.5 times the
            // wage.
-           case 0: base = (work.stateWage - payData.staDeps) * 2750 - 4300; break;
-           case 3: base = work.stateWage - payData.staDeps * 2750 - 7200; break;
-           case 8: base = work.stateWage - payData.staDeps * 2750 - 4300; break;
+           case stateStatus::single: base = (work.stateWage - payData.staDeps) * 2750 - 4300; break;
+           case stateStatus::married: base = work.stateWage - payData.staDeps * 2750 - 7200; break;
+           case stateStatus::spouseEmployed: base = work.stateWage - payData.staDeps * 2750 - 4300; break;
            default: return std::nullopt;
          }
          const Money federalEstimate = fromReal(toReal(base) * 0.15);
@@ -91,9 +91,9 @@ void Oklahoma() {
        });
   step("The year's tax by the table of the filing status", payData.stateTax, [&]() -> std::optional<Money> {
     if (!withinCeiling) return std::nullopt;
-    if (payData.staMarried == 0) return taxBy(oklahoma::single);
-    if (payData.staMarried == 3) return taxBy(oklahoma::married);
-    if (payData.staMarried == 8) return taxBy(oklahoma::spouseEmployed);
+    if (payData.staMarried == stateStatus::single) return taxBy(oklahoma::single);
+    if (payData.staMarried == stateStatus::married) return taxBy(oklahoma::married);
+    if (payData.staMarried == stateStatus::spouseEmployed) return taxBy(oklahoma::spouseEmployed);
     return std::nullopt;
   });
   step("Plus 6.5% of what is over the ceiling", payData.stateTax,

@@ -14,8 +14,8 @@ constexpr PerFrequency<int> federalCap{58, 125, 115, 250};
 
 /// The tables of the status; a Single employee with 3 exemptions or more has those with the bounds of Married.
 static const PerFrequency<CreditedBands>* chosenTables() {
-  if (payData.maritalStat == 0) return &married;
-  if (payData.maritalStat == 1) return worksheet().exemptions < 3 ? &singleBelowThree : &singleThreeOrMore;
+  if (payData.maritalStat == status::married) return &married;
+  if (payData.maritalStat == status::single) return worksheet().exemptions < 3 ? &singleBelowThree : &singleThreeOrMore;
   return nullptr;
 }
 }  // namespace oregon
@@ -28,7 +28,7 @@ void Oregon() {
        [] { return std::min<Money>(payData.fedTax, oregon::federalCap.now()); });
   // Monthly has no such step: its allowance is the capped tax once, however many exemptions.
   step("That for each exemption, but for Monthly", payData.stateDepsDed, [&] {
-    const bool each = frequencyKnown() && payData.frequency != 3;
+    const bool each = frequencyKnown() && payData.frequency != frequency::monthly;
     return each ? payData.stateDepsDed * work.exemptions : payData.stateDepsDed;
   });
   StateBase();
@@ -48,8 +48,8 @@ void Oregon() {
 
 namespace northcarolina {
 /// Dollars a pay period: below the income test of the status the higher amount, from it on the lower one.
-constexpr PerFrequency<PerHead> higherAmount{48.08, 104.17, 96.15, 208.33};
-constexpr PerFrequency<PerHead> lowerAmount{38.46, 83.33, 76.92, 166.67};
+constexpr PerFrequency<PerHead> higherAmount{real(48.08), real(104.17), real(96.15), real(208.33)};
+constexpr PerFrequency<PerHead> lowerAmount{real(38.46), real(83.33), real(76.92), real(166.67)};
 
 struct Status {
   PerFrequency<Dollars> incomeTest;
@@ -62,9 +62,9 @@ constexpr Status headOfFamilyStatus{{1538.46, 3333.33, 3076.92, 6666.67}, headOf
 /// By `staMarried`; there is none for a value that isn't offered.
 static const Status* chosenStatus() {
   switch (payData.staMarried.value()) {
-    case 0: return &singleStatus;
-    case 3: return &marriedStatus;
-    case 9: return &headOfFamilyStatus;
+    case stateStatus::single: return &singleStatus;
+    case stateStatus::married: return &marriedStatus;
+    case stateStatus::headOfFamily: return &headOfFamilyStatus;
     default: return nullptr;
   }
 }

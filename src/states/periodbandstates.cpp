@@ -8,7 +8,7 @@ namespace tallyfin {
 
 namespace colorado {
 /// Dollars a pay period.
-constexpr PerFrequency<PerHead> perExemption{45.19, 97.92, 90.38, 195.83};
+constexpr PerFrequency<PerHead> perExemption{real(45.19), real(97.92), real(90.38), real(195.83)};
 constexpr PerFrequency<Dollars> threshold{74, 160, 148, 321};
 }  // namespace colorado
 
@@ -23,7 +23,7 @@ void Colorado() {
        [] { return stateGross() - payData.stateDepsDed; });
   step("Tax of Married, 5% of what is over the threshold of the pay period", payData.stateTax,
        [&]() -> std::optional<Money> {
-         if (payData.maritalStat != 0) return std::nullopt;
+         if (payData.maritalStat != status::married) return std::nullopt;
          const Money threshold = colorado::threshold.now().amount;
          return work.stateWage <= threshold ? 0 : fromReal(toReal(work.stateWage - threshold) * 0.05);
        });
@@ -31,7 +31,7 @@ void Colorado() {
 }
 
 namespace districtofcolumbia {
-constexpr PerFrequency<PerHead> perExemption{26.35, 57.08, 52.69, 114.17};
+constexpr PerFrequency<PerHead> perExemption{real(26.35), real(57.08), real(52.69), real(114.17)};
 }
 
 /// District of Columbia, 1999. `staMarried` chooses: 0 Single, 3 Married, 6 Married Filing Separately.
@@ -46,9 +46,9 @@ void DCTax() {
        [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
-      case 0:
-      case 3: return taxBy(districtofcolumbia::singleOrMarried.now());
-      case 6: return taxBy(districtofcolumbia::separately.now());
+      case stateStatus::single:
+      case stateStatus::married: return taxBy(districtofcolumbia::singleOrMarried.now());
+      case stateStatus::separately: return taxBy(districtofcolumbia::separately.now());
       default: return std::nullopt;
     }
   });
@@ -56,7 +56,7 @@ void DCTax() {
 }
 
 namespace hawaii {
-constexpr PerFrequency<PerHead> perDependent{20, 43.35, 40, 86.65};
+constexpr PerFrequency<PerHead> perDependent{int16(20), real(43.35), int16(40), real(86.65)};
 }
 
 /// Hawaii, 1999. `staDeps` counts, not the exemptions. `staMarried` chooses: 0 Single, 9 Head of Family, 3 Married.
@@ -70,9 +70,9 @@ void HawaiiTax() {
        [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
-      case 0:
-      case 9: return taxBy(hawaii::singleOrHead.now());
-      case 3: return taxBy(hawaii::married.now());
+      case stateStatus::single:
+      case stateStatus::headOfFamily: return taxBy(hawaii::singleOrHead.now());
+      case stateStatus::married: return taxBy(hawaii::married.now());
       default: return std::nullopt;
     }
   });
@@ -80,7 +80,7 @@ void HawaiiTax() {
 }
 
 namespace kansas {
-constexpr PerFrequency<PerHead> perExemption{48.08, 104.17, 96.15, 208.33};
+constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33)};
 }
 
 /// Kansas, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.

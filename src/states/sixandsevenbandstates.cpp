@@ -6,7 +6,7 @@
 namespace tallyfin {
 
 namespace rhodeisland {
-constexpr PerFrequency<PerHead> perExemption{52.88, 114.58, 105.77, 229.17};
+constexpr PerFrequency<PerHead> perExemption{real(52.88), real(114.58), real(105.77), real(229.17)};
 }
 
 /// Rhode Island, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -24,7 +24,7 @@ void RhodeIsland() {
 }
 
 namespace vermont {
-constexpr PerFrequency<PerHead> perExemption{51.92, 112.5, 103.85, 225};
+constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225)};
 }
 
 /// Vermont, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -42,7 +42,7 @@ void Vermont() {
 }
 
 namespace utah {
-constexpr PerFrequency<PerHead> perExemption{38, 83, 76, 166};
+constexpr PerFrequency<PerHead> perExemption{int16(38), int16(83), int16(76), int16(166)};
 }
 
 /// Utah, 1999. Married Claiming Single has no table. The tax is rounded to whole dollars before `staAdd`.

@@ -22,8 +22,8 @@ void parseExemptions() {
 Money taxBy(Bands table) { return taxOf(table, worksheet().stateWage); }
 
 std::optional<Money> taxByStatus(const PerFrequency<Bands>& married, const PerFrequency<Bands>& single) {
-  if (payData.maritalStat == 0) return taxBy(married.now());
-  if (payData.maritalStat == 1) return taxBy(single.now());
+  if (payData.maritalStat == status::married) return taxBy(married.now());
+  if (payData.maritalStat == status::single) return taxBy(single.now());
   return std::nullopt;
 }
 

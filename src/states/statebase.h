@@ -26,22 +26,21 @@ bool frequencyKnown();
 /// Parses the exemptions of the worksheet into its working field; a text that is no number leaves the field.
 void parseExemptions();
 
-/// A dollar amount for each exemption or dependent. A whole one makes a 16-bit product, which fails past 32,767; one
-/// with cents makes a real step.
-class PerHead {
- public:
-  constexpr PerHead(int dollars) : dollars_(dollars), whole_(true) {}      // NOLINT(google-explicit-constructor)
-  constexpr PerHead(double dollars) : dollars_(dollars), whole_(false) {}  // NOLINT(google-explicit-constructor)
+/// A dollar amount for each exemption or dependent, and the arithmetic in which the rule multiplies it by the count.
+struct PerHead {
+  double dollars;
+  bool inInt16;
 
   friend Money operator*(Int16 count, PerHead amount) {
-    if (amount.whole_) return count * Int16(static_cast<int>(amount.dollars_));
-    return fromReal(toReal(count) * amount.dollars_);
+    if (amount.inInt16) return count * Int16(static_cast<int>(amount.dollars));
+    return fromReal(toReal(count) * amount.dollars);
   }
-
- private:
-  double dollars_;
-  bool whole_;
 };
+
+/// Whole dollars in a 16-bit product, which fails past 32,767.
+constexpr PerHead int16(int dollars) { return {static_cast<double>(dollars), true}; }
+/// Dollars in one real step, rounded at the fourth decimal.
+constexpr PerHead real(double dollars) { return {dollars, false}; }
 
 /// The tax on `stateWage` by the table.
 Money taxBy(Bands table);

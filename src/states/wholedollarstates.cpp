@@ -91,9 +91,9 @@ void MaineTax() {
   step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
   step("Less 2,750 for each exemption", work.stateWage, [&] { return work.stateWage - work.exemptions * 2750; });
   step("The year's tax by the table of the status", payData.stateTax, []() -> std::optional<Money> {
-    if (payData.maritalStat == 0) return taxBy(maine::married);
-    if (payData.maritalStat == 1) return taxBy(maine::single);
-    if (payData.maritalStat == 2) return taxBy(maine::marriedClaimingSingle);
+    if (payData.maritalStat == status::married) return taxBy(maine::married);
+    if (payData.maritalStat == status::single) return taxBy(maine::single);
+    if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(maine::marriedClaimingSingle);
     return std::nullopt;
   });
   step("A year's tax of 40 or less is forgiven", payData.stateTax,
@@ -131,8 +131,8 @@ void Minnesota() {
   step("Allowance of 2,750 for each exemption", payData.stateDepsDed, [&] { return work.exemptions * 2750; });
   step("Less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
   step("The year's tax by the table of the status", payData.stateTax, []() -> std::optional<Money> {
-    if (payData.maritalStat == 0) return taxBy(minnesota::married);
-    if (payData.maritalStat == 1) return taxBy(minnesota::single);
+    if (payData.maritalStat == status::married) return taxBy(minnesota::married);
+    if (payData.maritalStat == status::single) return taxBy(minnesota::single);
     return std::nullopt;
   });
   step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
@@ -160,11 +160,11 @@ void Mississippi() {
   Worksheet& work = worksheet();
   step("Standard deduction of the filing status", work.stateStdDed, []() -> std::optional<Money> {
     switch (payData.staMarried.value()) {
-      case 0: return 2300;           // Single
-      case 7: return 4200;           // Married. Spouse NOT employed
-      case 8: return 2100;           // Married. Spouse IS employed.
-      case 9: return 3400;           // Head of Family
-      default: return std::nullopt;  // as the last routine left it
+      case stateStatus::single: return 2300;             // Single
+      case stateStatus::spouseNotEmployed: return 4200;  // Married. Spouse NOT employed
+      case stateStatus::spouseEmployed: return 2100;     // Married. Spouse IS employed.
+      case stateStatus::headOfFamily: return 3400;       // Head of Family
+      default: return std::nullopt;                      // as the last routine left it
     }
   });
   StateBase();

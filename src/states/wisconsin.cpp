@@ -62,8 +62,8 @@ void Wisconsin() {
   step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
   step("The year's tax by the table of the status; its lowest row only without exemptions", payData.stateTax,
        []() -> std::optional<Money> {
-         if (payData.maritalStat == 0) return wisconsin::taxBy(wisconsin::married);
-         if (payData.maritalStat == 1) return wisconsin::taxBy(wisconsin::single);
+         if (payData.maritalStat == status::married) return wisconsin::taxBy(wisconsin::married);
+         if (payData.maritalStat == status::single) return wisconsin::taxBy(wisconsin::single);
          return std::nullopt;
        });
   step("The pay period's share, after a credit of 20 for each exemption", payData.stateTax,

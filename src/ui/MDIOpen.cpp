@@ -1,10 +1,10 @@
 #include "ui/MDIOpen.h"
 
 #include "controls/desk.h"
-#include "controls/surroundings.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/settings.h"
+#include "machine/machine.h"
 #include "stateoptions/frmState.h"
 #include "ui/MsgBox.h"
 #include "ui/frmAbt.h"
@@ -21,40 +21,58 @@ namespace tallyfin {
 
 namespace {
 
-constexpr std::array<MDIOpen::Item, 14> items{{
-    {"File", "New", "NewFile"},
-    {"File", "Set State Options", "StateInfo"},
-    {"File", "Personal Information", "Personal"},
-    {"File", "Exit", "ExitProgram"},
-    {"Calculations", "Calculations", "Calc"},
-    {"Calculations", "Multiple Paychecks", "Multi"},
-    {"Calculations", "Analysis", "Analysis"},
-    {"Form W4", "Personal Allowances Worksheet", "Pers"},
-    {"Form W4", "Deductions and Adjustments", "Ded"},
-    {"Form W4", "Two Workers", "TwoWork"},
-    {"Form W4", "Form W4", "W4"},
-    {"Form W4", "Form W4 Help", "W4Help"},
-    {"Help", "Help", "Help"},
-    {"Help", "About", "About"},
+void newFile() {
+  desk.closeActiveDocument();
+  frmMain& main = desk.use<frmMain>();
+  for (MaskedBox* box : main.boxes()) box->setText("");
+  desk.show(main);
+  main.cboState.setIndex(0);
+  main.cboExemptions.setIndex(0);
+}
+
+void analysis() {
+  if (payData.grossPay != 0) {
+    desk.openInstead<frmAnalysis>();
+  } else {
+    desk.show<MsgBox>();
+  }
+}
+
+/// The list bar: what stands where, and what a click does.
+struct Item {
+  const char* group;
+  const char* caption;
+  const char* key;
+  const char* picture;
+  void (*action)();
+};
+constexpr std::array<Item, 14> items{{
+    {"File", "New", "NewFile", "new", newFile},
+    {"File", "Set State Options", "StateInfo", "stateoptions", [] { desk.openInstead<frmState>(); }},
+    {"File", "Personal Information", "Personal", "personal", [] { desk.openInstead<frmName>(); }},
+    {"File", "Exit", "ExitProgram", "exit", [] { desk.end(); }},
+    {"Calculations", "Calculations", "Calc", "calculations", [] { desk.openInstead<frmMain>(); }},
+    {"Calculations", "Multiple Paychecks", "Multi", "multichecks", [] { desk.openInstead<frmMultiCheck>(); }},
+    {"Calculations", "Analysis", "Analysis", "analysis", analysis},
+    {"Form W4", "Personal Allowances Worksheet", "Pers", "allowances", [] { desk.openInstead<frmPersWkSht>(); }},
+    {"Form W4", "Deductions and Adjustments", "Ded", "deductions", [] { desk.openInstead<frmDednAdj>(); }},
+    {"Form W4", "Two Workers", "TwoWork", "twoworkers", [] { desk.openInstead<frm2Workers>(); }},
+    {"Form W4", "Form W4", "W4", "formw4", [] { desk.show<frmW4>(); }},
+    {"Form W4", "Form W4 Help", "W4Help", "formw4help", [] { machine.help->open("W4.hlp", 10); }},
+    {"Help", "Help", "Help", "help", [] { machine.help->open("Tallyfin.hlp", 0); }},
+    {"Help", "About", "About", "about", [] { desk.show<frmAbt>(); }},
 }};
 
 template <std::size_t... i>
 std::array<ListBarItem, items.size()> listBar(Screen& screen, std::index_sequence<i...>) {
-  return {ListBarItem(screen, "SSListBar1", items[i].group, items[i].caption, items[i].key)...};
+  return {ListBarItem(screen, "SSListBar1", items[i].key, items[i].group, items[i].caption, items[i].picture)...};
 }
 
 }  // namespace
 
 MDIOpen::MDIOpen()
     : Screen(screenName, "", Place::frame), SSListBar1(listBar(*this, std::make_index_sequence<items.size()>{})) {
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    SSListBar1[i].onClick = [this, i] { listItem_Click(items[i].key); };
-  }
-}
-
-void MDIOpen::start() {
-  provideWorksheet([]() -> Worksheet& { return desk.use<frmMain>(); });
-  desk.start<MDIOpen>();
+  for (std::size_t i = 0; i < items.size(); ++i) SSListBar1[i].onClick = items[i].action;
 }
 
 void MDIOpen::Load() {
@@ -69,40 +87,6 @@ Refusal MDIOpen::userResize(WindowState state) {
     maximized = state == WindowState::maximized;
     maximized = false;
   });
-}
-
-void MDIOpen::listItem_Click(const std::string& key) {
-  if (key == "NewFile") newFile();
-  if (key == "StateInfo") desk.openInstead<frmState>();
-  if (key == "Personal") desk.openInstead<frmName>();
-  if (key == "ExitProgram") desk.end();
-  if (key == "Calc") desk.openInstead<frmMain>();
-  if (key == "Multi") desk.openInstead<frmMultiCheck>();
-  if (key == "Analysis") analysis();
-  if (key == "Pers") desk.openInstead<frmPersWkSht>();
-  if (key == "Ded") desk.openInstead<frmDednAdj>();
-  if (key == "TwoWork") desk.openInstead<frm2Workers>();
-  if (key == "W4") desk.show<frmW4>();
-  if (key == "W4Help") surroundings.help->open("W4.hlp", 10);
-  if (key == "Help") surroundings.help->open("Tallyfin.hlp", 0);
-  if (key == "About") desk.show<frmAbt>();
-}
-
-void MDIOpen::newFile() {
-  desk.closeActiveDocument();
-  frmMain& main = desk.use<frmMain>();
-  for (MaskedBox* box : main.boxes()) box->setText("");
-  desk.show(main);
-  main.cboState.setIndex(0);
-  main.cboExemptions.setIndex(0);
-}
-
-void MDIOpen::analysis() {
-  if (payData.grossPay != 0) {
-    desk.openInstead<frmAnalysis>();
-  } else {
-    desk.show<MsgBox>();
-  }
 }
 
 }  // namespace tallyfin

@@ -18,26 +18,13 @@ class MDIOpen final : public Screen {
   static constexpr int width = 8790;
   static constexpr int height = 5895;
 
-  struct Item {
-    const char* group;
-    const char* caption;
-    const char* key;
-  };
   std::array<ListBarItem, 14> SSListBar1;
 
   /// The user asks for a window state; the frame springs back to normal.
   Refusal userResize(WindowState state);
 
-  /// Begins a run of the program.
-  static void start();
-
  protected:
   void Load() override;
-
- private:
-  void listItem_Click(const std::string& key);
-  void newFile();
-  void analysis();
 };
 
 }  // namespace tallyfin

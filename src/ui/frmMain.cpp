@@ -40,14 +40,14 @@ frmMain::frmMain() : Screen(screenName, "Calculations") {
   cboState.tooltip = "Select the state to which you pay income tax.";
   lblHours.tooltip = "Enter the number of hours worked.";
   for (OptionButton& option : optStatus) option.tooltip = "Select the marital status you claim.";
-  cmdAdditional[0].tooltip = "Press to enter any local tax you may pay.";
-  cmdAdditional[1].tooltip = "Press to calculate a pay increase.";
-  cmdAdditional[1].visible = false;  // until the first Calculate
-  cmdToolBar[0].tooltip = "Calculate";
-  cmdToolBar[1].tooltip = "Print";
-  cmdToolBar[2].tooltip = "Clear";
-  cmdToolBar[3].tooltip = "Exit";
-  cmdToolBar[4].tooltip = "Exit";  // said twice, on purpose
+  cmdAdditional[localTax].tooltip = "Press to enter any local tax you may pay.";
+  cmdAdditional[raise].tooltip = "Press to calculate a pay increase.";
+  cmdAdditional[raise].visible = false;  // until the first Calculate
+  cmdToolBar[calculate].tooltip = "Calculate";
+  cmdToolBar[print].tooltip = "Print";
+  cmdToolBar[clear].tooltip = "Clear";
+  cmdToolBar[exit].tooltip = "Exit";
+  cmdToolBar[sponsorInfo].tooltip = "Exit";  // said twice, on purpose
 
   lstFrequency.onClick = [this] { lstFrequency_Click(); };
   cboState.onClick = [this] { cboState_Click(); };
@@ -113,7 +113,7 @@ void frmMain::cboState_Click() {
 
 void frmMain::cmdAdditional_Click(int index) {
   desk.show<frmMisc>();
-  if (index == 0) {
+  if (index == localTax) {
     desk.use<frmMisc>().showLocalTaxPage();
   } else {
     desk.use<frmMisc>().showRaisePage();
@@ -122,10 +122,10 @@ void frmMain::cmdAdditional_Click(int index) {
 
 void frmMain::cmdToolBar_Click(int index) {
   switch (index) {
-    case 0: return calculateCommand();
-    case 1: return printCommand();
-    case 2: return clearCommand();
-    case 3: return desk.close(*this);
+    case calculate: return calculateCommand();
+    case print: return printCommand();
+    case clear: return clearCommand();
+    case exit: return desk.close(*this);
     default: return sponsorInfoCommand();
   }
 }
@@ -135,7 +135,7 @@ void frmMain::calculateCommand() {
   step([&] { recording.trace().allowance = fromReal(allowancePerExemption()); });
   step([&] { recording.trace().exemptions = toInt16(cboExemptions.text()); });
   calculatePaycheck();
-  cmdAdditional[1].visible = true;
+  cmdAdditional[raise].visible = true;
   saveEntries();
   dbgDisplay.removeAll();
   GridPrint();

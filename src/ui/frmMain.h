@@ -37,8 +37,9 @@ class frmMain final : public Screen, public Worksheet {
   Label lblStateTax{*this, "lblStateTax", "State Tax"};
   DropDown cboState{*this, "cboState"};
   CheckBox chkSelfEmployed{*this, "chkSelfEmployed", "Self Employed"};
+  enum Additional { localTax, raise };
   ControlArray<CommandButton, 2> cmdAdditional{*this, "cmdAdditional", {"Local Tax  ", "Raise"}};
-  /// By index: Calculate, Print, Clear, Exit, Sponsor Info.
+  enum ToolBar { calculate, print, clear, exit, sponsorInfo };
   ControlArray<CommandButton, 5> cmdToolBar{*this, "cmdToolBar", {"", "", "", "", "Sponsor Info"}};
   Grid dbgDisplay{*this, "dbgDisplay"};
   Label lbl1{*this, "lbl1"};

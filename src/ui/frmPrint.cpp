@@ -1,11 +1,11 @@
 #include "ui/frmPrint.h"
 
-#include "controls/dates.h"
 #include "controls/desk.h"
-#include "controls/surroundings.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/settings.h"
+#include "machine/dates.h"
+#include "machine/machine.h"
 
 namespace tallyfin {
 
@@ -36,13 +36,14 @@ frmPrint::frmPrint() : Screen(screenName, "Print Preview") {
 }
 
 void frmPrint::buildReport() {
-  if (!vsPrinter1.startDocument()) return surroundings.beeper->beep();
-  surroundings.pointer->setBusy(true);
-  vsPrinter1.setHeader(" Prepared for " + settings::uName.text() + " on " + longDate(surroundings.clock->now()));
+  if (!machine.printer->startDocument()) return machine.beeper->beep();
+  vsPrinter1.startDocument();
+  machine.pointer->setBusy(true);
+  vsPrinter1.setHeader(" Prepared for " + settings::uName.text() + " on " + longDate(machine.clock->now()));
   vsPrinter1.setFont(12, false, false);
   vsPrinter1.addTable(reportTable());
   vsPrinter1.endDocument();
-  surroundings.pointer->setBusy(false);
+  machine.pointer->setBusy(false);
 }
 
 void frmPrint::udZoom_Change() {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "controls/desk.h"
-#include "controls/surroundings.h"
 #include "engine/settingsstore.h"
+#include "machine/machine.h"
 #include "script/session.h"
 #include "script/words.h"
 
@@ -44,17 +44,12 @@ class PageStore : public MemoryStore {
   void remember(const char* section, const char* key, const char* text) { MemoryStore::write(section, key, text); }
 };
 
-/// The page prints; the session counts the pages.
 class PagePrinter : public Printer {
  public:
-  explicit PagePrinter(Printer& counter) : counter_(counter) {}
   int printScreen(Screen& screen) override {
     pagePrints(screen.name().c_str());
-    return counter_.printScreen(screen);
+    return 1;
   }
-
- private:
-  Printer& counter_;
 };
 
 class PageHelp : public HelpViewer {
@@ -69,12 +64,17 @@ class PageBeeper : public Beeper {
 
 /// The addresses of screens and controls that changed since the page last asked. Of a screen that isn't shown nothing
 /// is noted: all of it changes when it is.
-class Changes {
+class Changes final : public DeskWatcher {
  public:
-  Changes() {
-    desk.onShown = [this](Screen& screen) { watch(screen); };
-    desk.onDiscarded = [this](Screen& screen) { addresses_.insert(screen.name()); };
+  void shown(Screen& screen) override {
+    screen.watch([this, &screen] { addresses_.insert(screen.name()); });
+    screen.changed();
+    for (Control* control : screen.controls()) {
+      control->watch([this, control] { addresses_.insert(control->screen().name() + "." + control->address()); });
+      control->changed();
+    }
   }
+  void discarded(Screen& screen) override { addresses_.insert(screen.name()); }
 
   std::string take() {
     const std::string list = script::json(std::vector<std::string>(addresses_.begin(), addresses_.end()));
@@ -83,35 +83,22 @@ class Changes {
   }
 
  private:
-  void watch(Screen& screen) {
-    screen.watch([this, &screen] { addresses_.insert(screen.name()); });
-    screen.changed();
-    for (Control* control : screen.controls()) {
-      control->watch([this, control] { addresses_.insert(control->screen().name() + "." + control->address()); });
-      control->changed();
-    }
-  }
-
   std::set<std::string> addresses_;
 };
 
 /// One program.
 class Page {
  public:
-  Page() {
-    surroundings.printer = &printer_;
-    surroundings.help = &help_;
-    surroundings.beeper = &beeper_;
-  }
-
   PageStore store;
-  script::Session session{store};
   Changes changes;
 
  private:
-  PagePrinter printer_{*surroundings.printer};
+  PagePrinter printer_;
   PageHelp help_;
   PageBeeper beeper_;
+
+ public:
+  script::Session session{store, {plainMachine().clock, &beeper_, plainMachine().pointer, &printer_, &help_}, &changes};
 };
 
 Page& page() {

@@ -1,7 +1,9 @@
 #include "controls/desk.h"
 
+#include <stdexcept>
+
 #include "controls/smallscreens.h"
-#include "engine/paydata.h"
+#include "engine/services.h"
 
 namespace tallyfin {
 namespace {
@@ -443,25 +445,34 @@ TEST_F(Focus, DoesNotFollowAClickOrATypedText) {
 
 using ProgramRun = DeskTest;
 
-TEST_F(ProgramRun, BeginsWithAFreshRecordAndTheFrameShownBeforeItsLoad) {
-  payData.grossPay = 1000;
+TEST_F(ProgramRun, BeginsWithTheFrameShownBeforeItsLoad) {
   bool shown = false;
   hooks["Shell Load"] = [&] { shown = desk.find<ShellFrame>()->shown(); };
   desk.start<ShellFrame>();
   EXPECT_TRUE(shown);
-  EXPECT_EQ(payData, PayData{});
   EXPECT_TRUE(desk.running());
 }
 
 TEST_F(ProgramRun, EndsAtOnceWithoutAHandler) {
   desk.show<First>();
-  payData.grossPay = 1000;
   happened();
   desk.end();
   EXPECT_THAT(happened(), IsEmpty());
   EXPECT_FALSE(desk.running());
   EXPECT_THAT(desk.loaded(), IsEmpty());
-  EXPECT_EQ(payData.grossPay, 1000);
+}
+
+TEST_F(ProgramRun, OutlivesAnActThatThrows) {
+  desk.show<First>();
+  hooks["First button Click"] = [] {
+    desk.close<First>();
+    throw std::runtime_error("a fault");
+  };
+  EXPECT_THROW(desk.use<First>().button.userClick(), std::runtime_error);
+  hooks.clear();
+  desk.show<Second>();
+  EXPECT_EQ(desk.use<Second>().userClick(), Refusal::none);
+  EXPECT_EQ(desk.find<First>(), nullptr);
 }
 
 TEST_F(ProgramRun, MayEndFromWithinAHandler) {
@@ -496,18 +507,14 @@ TEST_F(ProgramRun, StartsAgainInPlaceOfTheOldOne) {
   EXPECT_EQ(desk.find<First>(), nullptr);
 }
 
-class WhatABindingIsTold : public DeskTest {
+class WhatABindingIsTold : public DeskTest, private DeskWatcher {
  protected:
-  WhatABindingIsTold() {
-    desk.onShown = [](Screen& screen) { note("told of " + screen.name() + " shown"); };
-    desk.onDiscarded = [](Screen& screen) { note("told of " + screen.name() + " discarded"); };
-    desk.onFocusMoved = [] { note("told of the focus"); };
-  }
-  ~WhatABindingIsTold() override {
-    desk.onShown = nullptr;
-    desk.onDiscarded = nullptr;
-    desk.onFocusMoved = nullptr;
-  }
+  void shown(Screen& screen) override { note("told of " + screen.name() + " shown"); }
+  void discarded(Screen& screen) override { note("told of " + screen.name() + " discarded"); }
+  void focusMoved() override { note("told of the focus"); }
+
+ private:
+  const Installed<DeskWatcher*> installed_{desk.watcher, this};
 };
 
 TEST_F(WhatABindingIsTold, ComesBeforeActivateAndAfterUnload) {

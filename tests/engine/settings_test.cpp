@@ -5,6 +5,8 @@
 
 #include <limits>
 
+#include "engine/services.h"
+
 namespace tallyfin {
 
 namespace {
@@ -19,15 +21,15 @@ struct FullStore : MemoryStore {
 };
 
 struct SettingsTest : testing::Test {
-  SettingsTest() { useSettingsStore(store); }
   MemoryStore store;
+  const Installed<SettingsStore*> installed{settingsStore, &store};
 };
 
 /// What a setting gives before it has been saved, and where it is then kept.
 template <class Held>
 std::vector<std::string> kept(const Setting<Held>& setting, const Held& value) {
   MemoryStore store;
-  useSettingsStore(store);
+  const Installed<SettingsStore*> installed(settingsStore, &store);
   const std::string before = setting.text();
   setting.save(value);
   for (const auto& [section, keys] : store.all()) {
@@ -103,7 +105,7 @@ TEST_F(SettingsTest, SkipASaveOfWhatHasNoText) {
 
 TEST_F(SettingsTest, SkipASaveThatTheStoreRefuses) {
   FullStore full;
-  useSettingsStore(full);
+  const Installed<SettingsStore*> unwilling(settingsStore, &full);
   settings::hours.save("40");
   EXPECT_EQ(settings::hours.text(), "80");
 }

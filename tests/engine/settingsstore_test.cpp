@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "engine/services.h"
+
 namespace tallyfin {
 namespace {
 
@@ -30,7 +32,7 @@ TEST(MemoryStoreTest, ForgetsASectionWithItsLastKey) {
 
 TEST(Settings, GiveTheDefaultForAMissingKeyOnly) {
   MemoryStore store;
-  useSettingsStore(store);
+  const Installed<SettingsStore*> installed(settingsStore, &store);
   EXPECT_EQ(getSetting(applicationKey, section::settings, "Hours", "80"), "80");
   saveSetting(applicationKey, section::settings, "Hours", "");
   EXPECT_EQ(getSetting(applicationKey, section::settings, "Hours", "80"), "");
@@ -38,7 +40,7 @@ TEST(Settings, GiveTheDefaultForAMissingKeyOnly) {
 
 TEST(Settings, StandUnderOneApplication) {
   MemoryStore store;
-  useSettingsStore(store);
+  const Installed<SettingsStore*> installed(settingsStore, &store);
   saveSetting("Another", section::settings, "Hours", "40");
   EXPECT_TRUE(store.all().empty());
   saveSetting(applicationKey, section::settings, "Hours", "40");

@@ -46,7 +46,7 @@ TEST_F(ExplainTest, ThereIsNoneBeforeTheFirstCalculateOfARun) {
   EXPECT_EQ(lastTrace(), nullptr);
   calculate();
   EXPECT_NE(lastTrace(), nullptr);
-  restart();
+  program.start();
   EXPECT_EQ(lastTrace(), nullptr);
 }
 
@@ -117,7 +117,7 @@ TEST_F(ExplainTest, SaysSinceWhenAFigureStands) {
               ElementsAre("No state is chosen.", "Not touched by this calculation: $28.00 from the one before."));
   calculate();
   EXPECT_THAT(linesOf("State Tax"), Contains("Not touched by this calculation: $28.00 from 2 calculations ago."));
-  EXPECT_EQ(main().cmdToolBar[2].userClick(), Refusal::none);  // Clear
+  EXPECT_EQ(main().cmdToolBar[frmMain::clear].userClick(), Refusal::none);  // Clear
   calculate();
   EXPECT_THAT(linesOf("State Tax"),
               Contains("Not touched by this calculation: $0.00 as it was set since the last calculation."));
@@ -158,7 +158,7 @@ TEST_F(ExplainTest, GivesNewYorkUpWhereItsCountIsNoNumber) {
 TEST_F(ExplainTest, TellsTheCountyOfMarylandTwice) {
   startSample(19);
   putState("MMethod", "50");
-  restart();
+  program.start();
   payData.mMethod = 50;
   payData.applyTo = 0;
   calculate();

@@ -2,6 +2,7 @@
 """script_arguments.py SCRIPT_PROGRAM: the headless program's command line, and input of any bytes."""
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -17,6 +18,20 @@ with tempfile.TemporaryDirectory() as name:
     folder = pathlib.Path(name)
     usage = run("a", "b")
     assert (usage.returncode, usage.stdout) == (2, b"") and usage.stderr.startswith(b"usage: tallyfin99-script")
+
+    assert (run("--unknown").returncode, run("--unknown").stdout) == (2, b"")
+    version = run("--version")
+    assert version.returncode == 0 and re.fullmatch(rb"tallyfin99-script \d+\.\d+\.\d+\n", version.stdout), version
+
+    # The manual page tells every command, and no other.
+    shown = run("--help")
+    assert shown.returncode == 0 and shown.stdout.startswith(b"usage: tallyfin99-script")
+    commands = set(shown.stdout.decode().rpartition(": ")[2].split())
+    page = (pathlib.Path(__file__).resolve().parents[2] / "packaging/tallyfin99-script.1").read_text()
+    section = page[page.index(".SH COMMANDS"):page.index(".SH PROPERTIES")]
+    told = set(re.findall(r'^\.T[PQ]\n\.BI? "?([a-z]+)', section, re.M)) | set(
+        re.findall(r'^\.T[PQ]\n\.BR ([a-z]+) ', section, re.M))
+    assert told == commands, told ^ commands
 
     memory = run()
     assert (memory.returncode, memory.stdout, memory.stderr) == (0, b"= {}\n", b"")

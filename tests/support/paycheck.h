@@ -8,13 +8,12 @@
 
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
-#include "engine/worksheet.h"
+#include "engine/services.h"
 
 namespace tallyfin {
 
 /// A main screen that is nothing but its texts.
-class WorksheetStandIn : public Worksheet {
+class WorksheetStandIn : public Worksheet, public WorksheetProvider {
  public:
   std::string income;
   std::string rate401k;
@@ -32,24 +31,20 @@ class WorksheetStandIn : public Worksheet {
   const std::string& exemptionsText() const override { return exemptionsEntry; }
   int stateIndex() const override { return state; }
   bool selfEmployed() const override { return selfEmployedTicked; }
+  Worksheet& provideWorksheet() override { return *this; }
   void showFigure(int label, Money figure) override { figures.at(static_cast<std::size_t>(label)) = toText(figure); }
 };
 
 /// A fresh record, a fresh worksheet and an empty store in memory for each test.
 class PaycheckTest : public testing::Test {
  protected:
-  PaycheckTest() {
-    payData = PayData{};
-    useSettingsStore(store);
-    current = &sheet;
-    provideWorksheet([]() -> Worksheet& { return *current; });
-  }
+  PaycheckTest() { payData = PayData{}; }
 
   MemoryStore store;
   WorksheetStandIn sheet;
 
  private:
-  static inline WorksheetStandIn* current = nullptr;
+  const Services services_{store, sheet};
 };
 
 /// The amount of a text, for figures with cents: dollars("71.1028").

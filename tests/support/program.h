@@ -7,10 +7,9 @@
 #include <vector>
 
 #include "controls/desk.h"
-#include "controls/surroundings.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "ui/program.h"
 #include "ui/screens.h"
 
 namespace tallyfin {
@@ -44,27 +43,10 @@ struct MachineStandIn : Clock, Beeper, MousePointer, Printer, HelpViewer {
 /// The program on a store in memory, driven by its controls.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() {
-    surroundings = {&machine, &machine, &machine, &machine, &machine};
-    useSettingsStore(store);
-  }
-  ~ProgramTest() override {
-    desk.end();
-    surroundings = realMachine;
-  }
-
-  /// What the program has around it where nobody provides anything.
-  const Surroundings realMachine = surroundings;
-
   /// Starts the program; it opens the main screen.
   void start() {
     store.write(section::user, "DontShow", "1");
-    MDIOpen::start();
-  }
-  /// Ends the run as a crash would, and starts the program again on what was stored.
-  static void restart() {
-    desk.end();
-    MDIOpen::start();
+    program.start();
   }
 
   void put(const char* key, const char* text) { store.write(section::settings, key, text); }
@@ -74,12 +56,12 @@ class ProgramTest : public testing::Test {
   std::string storedUser(const char* key) const { return store.read(section::user, key).value_or("(none)"); }
 
   static frmMain& main() { return desk.use<frmMain>(); }
-  static void calculate() { EXPECT_EQ(main().cmdToolBar[0].userClick(), Refusal::none); }
+  static void calculate() { EXPECT_EQ(main().cmdToolBar[frmMain::calculate].userClick(), Refusal::none); }
 
   /// Clicks an item of the list bar.
   static void choose(const std::string& key) {
     for (ListBarItem& item : desk.use<MDIOpen>().SSListBar1) {
-      if (item.address() == "SSListBar1(" + key + ")") {
+      if (item.key() == key) {
         EXPECT_EQ(item.userClick(), Refusal::none);
         return;
       }
@@ -91,6 +73,7 @@ class ProgramTest : public testing::Test {
 
   MemoryStore store;
   MachineStandIn machine;
+  Program program{store, {&machine, &machine, &machine, &machine, &machine}};
 };
 
 }  // namespace tallyfin

@@ -85,10 +85,10 @@ TEST_F(AnyText, InABoxOfTheMainScreenLeavesTheOthersAsTheyAre) {
 TEST_F(AnyText, InAnyBoxOfAnyScreenIsTaken) {
   for (const std::string& text : garbage()) {
     SCOPED_TRACE(text.substr(0, 30));
-    main().cmdAdditional[0].userClick();
+    main().cmdAdditional[frmMain::localTax].userClick();
     desk.use<frmMisc>().txtTaxPerCnt.userType(text);
     desk.use<frmMisc>().cmdExit[0].userClick();
-    main().cmdAdditional[1].userClick();
+    main().cmdAdditional[frmMain::raise].userClick();
     for (TextBox& box : desk.use<frmMisc>().txtRaise) {
       box.userType(text);
       desk.use<frmMisc>().cmdExit[1].userClick();
@@ -139,7 +139,7 @@ TEST_F(AnyText, InAnyBoxOfAnyScreenIsTaken) {
     person.cmdExit.userClick();
     EXPECT_EQ(storedUser("UName"), text.empty() ? "(none)" : text);
     choose("Calc");
-    main().cmdToolBar[1].userClick();
+    main().cmdToolBar[frmMain::print].userClick();
     EXPECT_EQ(desk.use<frmPrint>().vsPrinter1.pages(), 1);
     desk.use<frmPrint>().cmdPrintMenu[1].userClick();
   }
@@ -164,7 +164,7 @@ TEST_F(AnyText, InTheStoreLetsTheProgramStartWithTheOtherSettings) {
           for (const auto& [entry, value] : entries) store.write(name, entry, value);
         }
         store.write(sectionName, key, text);
-        restart();
+        program.start();
         ASSERT_EQ(activeDocument(), "frmMain");
         EXPECT_EQ(main().txtIncome.text(), key == "IncAmt" ? text : "1000");
         EXPECT_EQ(main().txt401k.text(), key == "401k" ? text : "0.06");
@@ -193,7 +193,7 @@ TEST_F(AnyText, InTheStoreLetsTheProgramStartWithTheOtherSettings) {
 TEST_F(AnyText, UnderTheStartKeyOpensPersonalInformation) {
   for (const std::string& text : garbage()) {
     store.write(section::user, "DontShow", text);
-    restart();
+    program.start();
     EXPECT_EQ(activeDocument(), "frmName") << text.substr(0, 30);
   }
 }

@@ -52,9 +52,10 @@ TEST_F(MainScreen, SavesTheEntriesOfACalculationOneByOne) {
   startWithAWeek();
   main().txtIncome.userType("1000");
   main().txt401k.userType("6");
-  useSettingsStore(watched);
-  calculate();
-  useSettingsStore(store);
+  {
+    const Installed<SettingsStore*> here(settingsStore, &watched);
+    calculate();
+  }
   EXPECT_THAT(watched.log, ElementsAre("IncAmt=1000", "401k=0.06", "NotTax=0", "SSExmp=0", "Hours=40", "State=0",
                                        "Deps=1", "Frequency=0", "MaritalStat=1", "LocalAmt=0"));
 }
@@ -128,7 +129,7 @@ TEST_F(MainScreen, KeepsStoredHoursOnlyWithoutAFrequency) {
   start();
   EXPECT_EQ(main().txtHours.text(), "37.5");
   put("Frequency", "0");
-  restart();
+  program.start();
   EXPECT_EQ(main().txtHours.text(), "40");
 }
 
@@ -226,7 +227,7 @@ TEST_F(MainScreen, BringsEntriesBackAfterARestart) {
   main().txtIncome.userType("1234.5");
   main().txt401k.userType("6");
   calculate();
-  restart();
+  program.start();
   EXPECT_EQ(main().txtIncome.text(), "1234.5");
   EXPECT_EQ(main().txtIncome.shown(), "$1,234.50");
   EXPECT_EQ(main().txt401k.text(), "0.06");
@@ -246,7 +247,7 @@ TEST_F(MainScreen, ClearsFiguresButNoEntry) {
   const PayData calculated = payData;
   const auto rows = main().dbgDisplay.rows();
 
-  main().cmdToolBar[2].userClick();
+  main().cmdToolBar[frmMain::clear].userClick();
   PayData cleared = calculated;
   for (Money* field : {&cleared.grossPay, &cleared.amt401k, &cleared.preTax, &cleared.preFica, &cleared.fedTax,
                        &cleared.stateTax, &cleared.localTax, &cleared.socSec, &cleared.medicare, &cleared.fica}) {
@@ -272,7 +273,7 @@ TEST_F(MainScreen, KeepsTheStateTaxUnderNoStateUntilClear) {
   calculate();
   EXPECT_EQ(payData.stateTax, 28);
   EXPECT_EQ(payData.fica, dollars("38.25"));
-  main().cmdToolBar[2].userClick();
+  main().cmdToolBar[frmMain::clear].userClick();
   calculate();
   EXPECT_EQ(payData.stateTax, 0);
 }
@@ -315,7 +316,7 @@ TEST_F(MainScreen, ListsSponsorsWithoutTouchingTheRecord) {
   main().txtIncome.userType("1000");
   calculate();
   const PayData record = payData;
-  main().cmdToolBar[4].userClick();
+  main().cmdToolBar[frmMain::sponsorInfo].userClick();
   EXPECT_EQ(payData, record);
   const auto& rows = main().dbgDisplay.rows();
   ASSERT_THAT(rows, SizeIs(8));
@@ -351,16 +352,16 @@ TEST_F(MainScreen, ReadsSelfEmploymentAsANumber) {
 
 TEST_F(MainScreen, ShowsTheRaiseButtonFromTheFirstCalculationToTheNextLoad) {
   start();
-  EXPECT_EQ(main().cmdAdditional[1].userClick(), Refusal::notShown);
+  EXPECT_EQ(main().cmdAdditional[frmMain::raise].userClick(), Refusal::notShown);
   calculate();
-  EXPECT_TRUE(main().cmdAdditional[1].visible());
+  EXPECT_TRUE(main().cmdAdditional[frmMain::raise].visible());
   choose("Calc");
-  EXPECT_FALSE(main().cmdAdditional[1].visible());
+  EXPECT_FALSE(main().cmdAdditional[frmMain::raise].visible());
 }
 
 TEST_F(MainScreen, ClosesWithoutTheShell) {
   start();
-  main().cmdToolBar[3].userClick();
+  main().cmdToolBar[frmMain::exit].userClick();
   EXPECT_EQ(desk.find<frmMain>(), nullptr);
   EXPECT_TRUE(desk.running());
   EXPECT_EQ(activeDocument(), "");
@@ -383,11 +384,11 @@ TEST_F(MainScreen, ColoursOptionsAndButtonsByTheFocus) {
   EXPECT_EQ(main().optStatus[0].foreColour(), (Colour{192, 192, 255}));
   main().optStatus[1].userFocus();
   EXPECT_EQ(main().optStatus[0].foreColour(), (Colour{192, 192, 255}));  // still set
-  main().cmdAdditional[0].userFocus();
+  main().cmdAdditional[frmMain::localTax].userFocus();
   EXPECT_EQ(main().optStatus[1].foreColour(), (Colour{255, 255, 128}));
-  EXPECT_EQ(main().cmdAdditional[0].foreColour(), (Colour{192, 192, 255}));
+  EXPECT_EQ(main().cmdAdditional[frmMain::localTax].foreColour(), (Colour{192, 192, 255}));
   main().txtIncome.userFocus();
-  EXPECT_EQ(main().cmdAdditional[0].foreColour(), (Colour{255, 255, 128}));
+  EXPECT_EQ(main().cmdAdditional[frmMain::localTax].foreColour(), (Colour{255, 255, 128}));
 }
 
 TEST_F(MainScreen, LeavesWhatAStoredTextThatIsNoNumberWouldSet) {
@@ -449,11 +450,11 @@ TEST_F(MainScreen, TellsWhatItsControlsAreFor) {
   EXPECT_EQ(main().lblHours.tooltip, "Enter the number of hours worked.");
   EXPECT_EQ(main().txtPreFICA.tooltip,
             "Enter an amount for which FICA is not paid. This amount might include the Pre-Tax amount also.");
-  EXPECT_EQ(main().cmdAdditional[0].caption(), "Local Tax  ");
-  EXPECT_EQ(main().cmdAdditional[1].caption(), "Raise");
+  EXPECT_EQ(main().cmdAdditional[frmMain::localTax].caption(), "Local Tax  ");
+  EXPECT_EQ(main().cmdAdditional[frmMain::raise].caption(), "Raise");
   const char* const tooltips[] = {"Calculate", "Print", "Clear", "Exit", "Exit"};
   for (int i = 0; i < 5; ++i) EXPECT_EQ(main().cmdToolBar[i].tooltip, tooltips[i]);
-  EXPECT_EQ(main().cmdToolBar[4].caption(), "Sponsor Info");
+  EXPECT_EQ(main().cmdToolBar[frmMain::sponsorInfo].caption(), "Sponsor Info");
   EXPECT_THAT(main().cboExemptions.entries(), SizeIs(16));
   EXPECT_THAT(main().cboState.entries(), SizeIs(42));
 }

@@ -12,7 +12,7 @@ using testing::Pair;
 using Shell = ProgramTest;
 
 TEST_F(Shell, OpensPersonalInformationOnAFreshStore) {
-  MDIOpen::start();
+  program.start();
   EXPECT_EQ(activeDocument(), "frmName");
   EXPECT_TRUE(desk.use<frmName>().maximized());
   EXPECT_EQ(desk.find<frmMain>(), nullptr);
@@ -23,9 +23,38 @@ TEST_F(Shell, OpensTheMainScreenOrNothingAsStored) {
   for (const auto& [text, screen] :
        {std::pair{"0", "frmName"}, {"1", "frmMain"}, {"2", ""}, {"-1", ""}, {"no", "frmName"}}) {
     store.write(section::user, "DontShow", text);
-    MDIOpen::start();
+    program.start();
     EXPECT_EQ(activeDocument(), screen) << text;
   }
+}
+
+TEST_F(Shell, BeginsOnAFreshRecordAndLeavesTheLastOne) {
+  payData.grossPay = 1000;
+  start();
+  EXPECT_EQ(payData.grossPay, 0);
+  payData.grossPay = 1000;
+  desk.end();
+  EXPECT_EQ(payData.grossPay, 1000);
+}
+
+TEST_F(Shell, PutsBackWhatItFound) {
+  {
+    MemoryStore another;
+    MachineStandIn elsewhere;
+    DeskWatcher watcher;
+    Program within(another, {&elsewhere, &elsewhere, &elsewhere, &elsewhere, &elsewhere}, &watcher);
+    within.start();
+    EXPECT_EQ(settingsStore, &another);
+    EXPECT_EQ(tallyfin::machine.clock, &elsewhere);
+    EXPECT_EQ(desk.watcher, &watcher);
+    EXPECT_EQ(&worksheet(), &desk.use<frmMain>());
+  }
+  EXPECT_FALSE(desk.running());
+  EXPECT_EQ(settingsStore, &store);
+  EXPECT_EQ(tallyfin::machine.clock, &machine);
+  EXPECT_EQ(desk.watcher, nullptr);
+  start();
+  EXPECT_EQ(&worksheet(), &main());
 }
 
 TEST_F(Shell, SpringsBackToItsSize) {
@@ -130,7 +159,7 @@ TEST_F(Shell, WarnsWhereThereIsNothingToAnalyse) {
   EXPECT_EQ(box->Title.caption(), "Nothing to Work With!");
   EXPECT_EQ(box->Text.caption(), "You have to make some calculations for me to analyze!");
   EXPECT_EQ(activeDocument(), "frmMain");
-  EXPECT_EQ(main().cmdToolBar[0].userClick(), Refusal::blocked);
+  EXPECT_EQ(main().cmdToolBar[frmMain::calculate].userClick(), Refusal::blocked);
   EXPECT_EQ(box->OK.userClick(), Refusal::none);
   EXPECT_EQ(desk.find<MsgBox>(), nullptr);
   calculate();
@@ -154,7 +183,7 @@ TEST_F(Shell, WarnsAfterAClear) {
   start();
   main().txtIncome.userType("1000");
   calculate();
-  main().cmdToolBar[2].userClick();
+  main().cmdToolBar[frmMain::clear].userClick();
   choose("Analysis");
   EXPECT_NE(desk.find<MsgBox>(), nullptr);
   EXPECT_EQ(activeDocument(), "frmMain");
@@ -207,7 +236,7 @@ TEST_F(Shell, LeavesHiddenScreensAndThoseBeneath) {
 using PersonalInformation = ProgramTest;
 
 TEST_F(PersonalInformation, ShowsDashesOnAnUntouchedFirstRun) {
-  MDIOpen::start();
+  program.start();
   frmName& screen = desk.use<frmName>();
   EXPECT_EQ(screen.title(), "Personal Information");
   for (const TextBox* box : {&screen.txtName, &screen.txtSSN, &screen.txtAddress, &screen.txtCity}) {
@@ -223,7 +252,7 @@ TEST_F(PersonalInformation, ShowsDashesOnAnUntouchedFirstRun) {
 }
 
 TEST_F(PersonalInformation, WantsANameAndNothingElse) {
-  MDIOpen::start();
+  program.start();
   frmName& screen = desk.use<frmName>();
   screen.txtName.userType("");
   screen.txtCity.userType("Port Ellery");
@@ -239,7 +268,7 @@ TEST_F(PersonalInformation, WantsANameAndNothingElse) {
 }
 
 TEST_F(PersonalInformation, SavesWhatWasEntered) {
-  MDIOpen::start();
+  program.start();
   frmName& screen = desk.use<frmName>();
   screen.txtName.userType("Ann Lee");
   screen.txtSSN.userType("123456789");
@@ -260,17 +289,17 @@ TEST_F(PersonalInformation, SavesWhatWasEntered) {
 TEST_F(PersonalInformation, SetsNoOptionForAStoredStatusThatHasNone) {
   for (const char* status : {"-1", "3"}) {
     put("MaritalStat", status);
-    MDIOpen::start();
+    program.start();
     for (const OptionButton& option : desk.use<frmName>().optMaritalStatus) EXPECT_FALSE(option.value()) << status;
   }
 }
 
 TEST_F(PersonalInformation, ShowsAtStartUntilTheBoxIsCleared) {
-  MDIOpen::start();
+  program.start();
   desk.use<frmName>().chkShow.userClick();
   EXPECT_EQ(payData.dontShow, 1);
   EXPECT_EQ(storedUser("DontShow"), "1");
-  restart();
+  program.start();
   EXPECT_EQ(activeDocument(), "frmMain");
   choose("Personal");
   EXPECT_FALSE(desk.use<frmName>().chkShow.value());
@@ -305,7 +334,7 @@ TEST_F(PersonalInformation, KeepsStatusTwoOverALoadedMainScreen) {
 
 TEST_F(PersonalInformation, SelectsTheWholeTextOfABoxThatGainsTheFocus) {
   store.write(section::user, "UName", "Ann Lee");
-  MDIOpen::start();
+  program.start();
   desk.use<frmName>().txtName.userFocus();
   EXPECT_EQ(desk.use<frmName>().txtName.selLength(), 7);
 }
@@ -313,7 +342,7 @@ TEST_F(PersonalInformation, SelectsTheWholeTextOfABoxThatGainsTheFocus) {
 class Report : public ProgramTest {
  protected:
   static frmPrint& print() {
-    main().cmdToolBar[1].userClick();
+    main().cmdToolBar[frmMain::print].userClick();
     return desk.use<frmPrint>();
   }
 };
@@ -365,14 +394,13 @@ TEST_F(Report, BeepsAndStaysWhereNoDocumentCanBeStarted) {
 TEST_F(Report, IsQuietlyMissingWithoutAMachineAround) {
   start();
   machine.printerWorks = false;
-  Beeper none;
-  surroundings.beeper = &none;
+  tallyfin::machine.beeper = plainMachine().beeper;
   EXPECT_EQ(print().vsPrinter1.table(), "");
 }
 
 TEST_F(Report, ShowsTheHourglassMeanwhile) {
   start();
-  main().cmdToolBar[1].userClick();
+  main().cmdToolBar[frmMain::print].userClick();
   EXPECT_THAT(machine.pointer, ElementsAre(true, false));
 }
 

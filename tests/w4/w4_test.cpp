@@ -632,7 +632,7 @@ TEST_F(FormW4, ShowsTheUserAsSaved) {
 }
 
 TEST_F(FormW4, IsUsableWithoutAMachineAround) {
-  surroundings = realMachine;
+  tallyfin::machine = plainMachine();
   open();
   EXPECT_EQ(form().userDblClick(), Refusal::none);
   EXPECT_TRUE(form().cmdW4Exit.visible());

@@ -13,7 +13,7 @@ class RaiseCalculator : public ProgramTest {
     put("Frequency", "2");
     start();
     calculate();
-    main().cmdAdditional[1].userClick();
+    main().cmdAdditional[frmMain::raise].userClick();
   }
 
   static frmMisc& misc() { return desk.use<frmMisc>(); }
@@ -25,10 +25,10 @@ class RaiseCalculator : public ProgramTest {
 TEST_F(RaiseCalculator, ShowsTheHourlyWageOfItsLoad) {
   EXPECT_EQ(misc().lblOldShow.caption(), "$10.00");
   main().txtIncome.userType("1600");
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   EXPECT_EQ(misc().lblOldShow.caption(), "$10.00");
   misc().imgSeal.userClick();
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   EXPECT_EQ(misc().lblOldShow.caption(), "$20.00");
 }
 
@@ -71,7 +71,7 @@ TEST_F(RaiseCalculator, CalculatesANewWageOnTheReducedBaseUntilTheNextCalculatio
   main().txt401k.userType("6");
   calculate();
   EXPECT_EQ(payData.taxableWage, 752);
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   newWage().userType("11");
   press();
   EXPECT_EQ(payData.grossPay, 752);
@@ -92,7 +92,7 @@ TEST_F(RaiseCalculator, GoesByTheNewWageOnceBothBoxesAreFilled) {
   misc().cmdExit[2].userClick();
   main().txt401k.userType("6");
   calculate();
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   percent().userType("3");
   press();
   EXPECT_EQ(payData.grossPay, 824);
@@ -133,7 +133,7 @@ TEST_F(RaiseCalculator, RoundsTheIncomeThatStandsInTheBox) {
   misc().imgSeal.userClick();
   main().lstFrequency.userPick(3);
   main().txtIncome.userType("3466.60");
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   EXPECT_EQ(misc().lblOldShow.caption(), "$20.00");
   percent().userType("2.5");
   press();
@@ -175,7 +175,7 @@ TEST_F(RaiseCalculator, PrintsTheTotalsOfTheGrid) {
   percent().userType("50");
   press();
   misc().cmdExit[2].userClick();
-  main().cmdToolBar[1].userClick();
+  main().cmdToolBar[frmMain::print].userClick();
   EXPECT_EQ(desk.use<frmPrint>().vsPrinter1.cells()[1][1], "$1,200.00");
   EXPECT_EQ(desk.use<frmPrint>().vsPrinter1.cells()[8][1], before);
 }
@@ -185,7 +185,7 @@ using RaiseWithoutAWage = ProgramTest;
 TEST_F(RaiseWithoutAWage, HasNoOldWageWithoutAnIncome) {
   start();
   calculate();
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   frmMisc& misc = desk.use<frmMisc>();
   EXPECT_EQ(misc.lblOldShow.caption(), "");
   misc.txtRaise[0].userType("3");
@@ -205,7 +205,7 @@ TEST_F(RaiseWithoutAWage, HasNoOldWageOfNoHours) {
 class LocalTaxPage : public ProgramTest {
  protected:
   static frmMisc& misc() { return desk.use<frmMisc>(); }
-  static void open() { EXPECT_EQ(main().cmdAdditional[0].userClick(), Refusal::none); }
+  static void open() { EXPECT_EQ(main().cmdAdditional[frmMain::localTax].userClick(), Refusal::none); }
   static void enter(const char* rate) {
     open();
     misc().txtTaxPerCnt.userType(rate);
@@ -226,7 +226,7 @@ TEST_F(LocalTaxPage, ShowsOnePageAtATime) {
   EXPECT_EQ(misc().txtTaxPerCnt.selLength(), 1);
   EXPECT_EQ(misc().cmdExit[2].userClick(), Refusal::notShown);
   calculate();
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   EXPECT_EQ(misc().pnlContainerMisc[1].left(), 728);
   EXPECT_EQ(misc().pnlContainerMisc[1].top(), 135);
   EXPECT_EQ(misc().pnlContainerMisc[0].left(), -10000);
@@ -249,7 +249,7 @@ TEST_F(LocalTaxPage, NormalisesTheRateAndStoresItAsTyped) {
 TEST_F(LocalTaxPage, ReadsTheStoredRateWithoutNormalisingItAfterARestart) {
   start();
   enter("2");
-  restart();
+  program.start();
   EXPECT_EQ(payData.localRate, 2);
   main().txtIncome.userType("1000");
   calculate();
@@ -266,7 +266,7 @@ TEST_F(LocalTaxPage, ReadsTheStoredRateAgainForTheRaisePage) {
   enter("2");
   EXPECT_EQ(payData.localRate, 0.02);
   calculate();
-  main().cmdAdditional[1].userClick();
+  main().cmdAdditional[frmMain::raise].userClick();
   EXPECT_EQ(payData.localRate, 2);
   misc().imgSeal.userClick();
   EXPECT_EQ(payData.localRate, 2);
@@ -275,7 +275,7 @@ TEST_F(LocalTaxPage, ReadsTheStoredRateAgainForTheRaisePage) {
 TEST_F(LocalTaxPage, LeavesTheRateOfAnEmptyTextAtItsInitialZero) {
   start();
   enter("");
-  restart();
+  program.start();
   EXPECT_EQ(payData.localRate, 0);
 }
 
@@ -300,7 +300,7 @@ TEST_F(LocalTaxPage, TaxesTheGrossUnlessChosenOtherwise) {
   EXPECT_EQ(payData.applyTo, 4);
   EXPECT_EQ(stored("ApplyTo"), "4");
   EXPECT_EQ(stored("ApplyToDisp"), "3");
-  restart();
+  program.start();
   EXPECT_EQ(payData.applyTo, 4);
 }
 

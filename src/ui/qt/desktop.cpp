@@ -15,28 +15,17 @@
 
 namespace tallyfin::qt {
 
-Desktop::Desktop() : screenPrinter_(std::make_unique<ScreenPrinter>(*this)), before_(surroundings) {
-  surroundings.printer = screenPrinter_.get();
-  desk.onShown = [this](Screen& screen) { show(screen); };
-  desk.onDiscarded = [this](Screen& screen) { discard(screen); };
-  desk.onFocusMoved = [this] { followFocus(); };
+Desktop::Desktop(SettingsStore& store)
+    : screenPrinter_(std::make_unique<ScreenPrinter>(*this)),
+      program_(store, {plainMachine().clock, &beeper_, &pointer_, screenPrinter_.get(), &help_}, this) {
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) { dropFocus(now); });
   // The toolkit's own dialogs would keep a file of settings beside the store. There is no folder below a file.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
-  surroundings.beeper = &beeper_;
-  surroundings.pointer = &pointer_;
-  surroundings.help = &help_;
 }
 
-Desktop::~Desktop() {
-  desk.end();
-  desk.onShown = nullptr;
-  desk.onDiscarded = nullptr;
-  desk.onFocusMoved = nullptr;
-  surroundings = before_;
-}
+Desktop::~Desktop() { desk.end(); }
 
-void Desktop::start() { MDIOpen::start(); }
+void Desktop::start() { program_.start(); }
 
 View* Desktop::view(std::string_view screenName) const {
   const Screen* screen = desk.find(screenName);
@@ -44,7 +33,7 @@ View* Desktop::view(std::string_view screenName) const {
   return entry == views_.end() ? nullptr : entry->second.data();
 }
 
-void Desktop::show(Screen& screen) {
+void Desktop::shown(Screen& screen) {
   switch (screen.place()) {
     case Place::frame:
       frame_ = std::make_unique<Frame>(static_cast<MDIOpen&>(screen));
@@ -121,7 +110,7 @@ void Desktop::showBox(Screen& screen) {
   box->show();
 }
 
-void Desktop::discard(Screen& screen) {
+void Desktop::discarded(Screen& screen) {
   const auto entry = views_.find(&screen);
   if (entry == views_.end()) return;
   View* view = entry->second;
@@ -148,7 +137,7 @@ void Desktop::discard(Screen& screen) {
   QTimer::singleShot(0, this, &Desktop::arrange);  // once the next document is the active one
 }
 
-void Desktop::followFocus() {
+void Desktop::focusMoved() {
   QWidget* widget = focusedWidget();
   if (widget != nullptr && widget->isVisible() && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
 }

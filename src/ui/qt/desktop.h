@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "controls/desk.h"
-#include "controls/surroundings.h"
+#include "ui/program.h"
 #include "ui/qt/helpviewer.h"
 #include "ui/qt/machine.h"
 
@@ -20,9 +20,9 @@ class View;
 
 /// The desktop binding as a whole: shows what the desk holds. A shown screen has a view; documents stand in the frame,
 /// boxes above it. While it lives it is also the program's beeper, mouse pointer, printer and help.
-class Desktop : public QObject {
+class Desktop final : public QObject, private DeskWatcher {
  public:
-  Desktop();
+  explicit Desktop(SettingsStore& store);
   ~Desktop() override;
 
   /// Begins a run: the frame, then its first screen.
@@ -34,12 +34,12 @@ class Desktop : public QObject {
   ScreenPrinter& screenPrinter() const { return *screenPrinter_; }
 
  private:
-  void show(Screen& screen);
+  void shown(Screen& screen) override;
+  void discarded(Screen& screen) override;
+  void focusMoved() override;
   void showDocument(Screen& screen);
   void showBox(Screen& screen);
   void arrange();
-  void discard(Screen& screen);
-  void followFocus();
   QWidget* focusedWidget() const;
   void dropFocus(const QWidget* now);
 
@@ -48,10 +48,10 @@ class Desktop : public QObject {
   std::map<const Screen*, QPointer<QDialog>> boxes_;
   std::vector<std::unique_ptr<QObject>> helpers_;
   std::unique_ptr<ScreenPrinter> screenPrinter_;
-  Surroundings before_;
   DesktopBeeper beeper_;
   DesktopPointer pointer_;
   DesktopHelp help_;
+  Program program_;
 };
 
 }  // namespace tallyfin::qt

@@ -12,7 +12,7 @@
 #include <QTextBrowser>
 #include <QTextDocument>
 
-#include "controls/surroundings.h"
+#include "machine/machine.h"
 #include "ui/qt/look.h"
 #include "ui/qt/printer.h"
 
@@ -193,7 +193,7 @@ QString ExplanationWindow::chosenText() const { return page_->toPlainText(); }
 void ExplanationWindow::copy() const { QGuiApplication::clipboard()->setText(chosenText()); }
 
 void ExplanationWindow::print() {
-  auto* printer = dynamic_cast<ScreenPrinter*>(surroundings.printer);
+  auto* printer = dynamic_cast<ScreenPrinter*>(machine.printer);
   if (printer == nullptr) return;
   QPrinter device(QPrinter::HighResolution);
   device.setPageSize(QPageSize(QPageSize::Letter));

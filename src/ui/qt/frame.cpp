@@ -22,22 +22,6 @@ namespace {
 int listBarWidth() { return look::scaled(116); }
 int titleHeight() { return look::scaled(20); }
 
-/// The pictures of the list bar's items by key.
-const std::map<QString, QString> itemPictures{
-    {"NewFile", "new"},       {"StateInfo", "stateoptions"},
-    {"Personal", "personal"}, {"ExitProgram", "exit"},
-    {"Calc", "calculations"}, {"Multi", "multichecks"},
-    {"Analysis", "analysis"}, {"Pers", "allowances"},
-    {"Ded", "deductions"},    {"TwoWork", "twoworkers"},
-    {"W4", "formw4"},         {"W4Help", "formw4help"},
-    {"Help", "help"},         {"About", "about"},
-};
-
-QString keyOf(const ListBarItem& item) {
-  const QString address = QString::fromStdString(item.address());
-  return address.section('(', 1).chopped(1);
-}
-
 }  // namespace
 
 // --- A document ---
@@ -321,7 +305,7 @@ QWidget* Frame::listBar(MDIOpen& screen) {
       groups_.push_back(group);
     }
     QWidget* items = groups_.back().items->widget();
-    auto* widget = new ListBarButton(items, itemPictures.at(keyOf(item)));
+    auto* widget = new ListBarButton(items, QString::fromStdString(item.picture()));
     tied(widget, bind(*widget, item));
     items->layout()->addWidget(widget);
   }

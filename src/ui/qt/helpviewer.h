@@ -6,7 +6,7 @@
 #include <QUrl>
 #include <vector>
 
-#include "controls/surroundings.h"
+#include "machine/machine.h"
 
 class QLabel;
 class QLineEdit;

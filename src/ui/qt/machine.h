@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/surroundings.h"
+#include "machine/machine.h"
 
 namespace tallyfin::qt {
 

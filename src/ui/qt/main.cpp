@@ -24,8 +24,7 @@ int main(int argc, char** argv) {
 
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
   tallyfin::FileStore store(QFile::encodeName(folder + QStringLiteral("/Tallyfin99/Tallyfin99.sqlite")).toStdString());
-  tallyfin::useSettingsStore(store);
-  tallyfin::qt::Desktop desktop;
+  tallyfin::qt::Desktop desktop(store);
   desktop.start();
   splash.finish(desktop.frame());
   return QApplication::exec();

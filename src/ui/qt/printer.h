@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "controls/surroundings.h"
+#include "machine/machine.h"
 
 class QPagedPaintDevice;
 class QPrinter;

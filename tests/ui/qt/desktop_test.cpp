@@ -9,10 +9,7 @@
 
 namespace tallyfin::qt {
 
-DesktopTest::DesktopTest() {
-  store_.emplace(storePath().toStdString());
-  useSettingsStore(*store_);
-}
+DesktopTest::DesktopTest() { store_.emplace(storePath().toStdString()); }
 
 DesktopTest::~DesktopTest() {
   desktop_.reset();
@@ -29,7 +26,7 @@ void DesktopTest::putFile(const QByteArray& content) const {
 }
 
 void DesktopTest::start() {
-  desktop_ = std::make_unique<Desktop>();
+  desktop_ = std::make_unique<Desktop>(*store_);
   desktop_->start();
   frame().activateWindow();
   if (!QTest::qWaitForWindowActive(&frame())) throw std::runtime_error("the frame doesn't become the active window");
@@ -45,7 +42,6 @@ void DesktopTest::restart() {
   desktop_.reset();
   settle();
   store_.emplace(storePath().toStdString());
-  useSettingsStore(*store_);
   start();
 }
 

@@ -15,8 +15,8 @@
 #include <random>
 
 #include "controls/buttons.h"
-#include "controls/surroundings.h"
 #include "desktoptest.h"
+#include "machine/machine.h"
 #include "ui/qt/printer.h"
 
 /// A random walk over the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After
@@ -46,7 +46,6 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   Walk()
       : seed_(static_cast<unsigned>(fromEnvironment("TALLYFIN_MIRROR_SEED", 1999) * 100 + GetParam())),
         random_(seed_) {}
-  ~Walk() override { surroundings.clock = clockBefore_; }
 
   void begin() {
     // A menu of the toolkit (that of the calendar's months) has a loop of its own.
@@ -54,14 +53,14 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
       if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) menu->close();
     });
     closeMenus_.start(20);
-    surroundings.clock = &clock_;
+    machine.clock = &clock_;
     if (desktopRuns_) {
       restart();
     } else {
       start();
     }
     desktopRuns_ = true;
-    surroundings.help = &noHelp_;
+    machine.help = &noHelp_;
     desktop().screenPrinter().setUp = [](QPrinter&) { return false; };
     mirror_.look(desktop());
   }
@@ -336,7 +335,6 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   std::mt19937 random_;
   Mirror mirror_;
   StandingClock clock_;
-  Clock* clockBefore_ = surroundings.clock;
   HelpViewer noHelp_;
   bool desktopRuns_ = false;
   QTimer closeMenus_;

@@ -66,17 +66,14 @@ class FailingPrinter : public Printer {
 class PaperTest : public testing::Test {
  protected:
   void SetUp() override {
-    useSettingsStore(store_);
-    before_ = surroundings;
-    desktop_ = std::make_unique<Desktop>();
-    surroundings.clock = &clock_;
-    surroundings.beeper = &beeper_;
-    surroundings.printer = &printer_;
+    desktop_ = std::make_unique<Desktop>(store_);
+    machine.clock = &clock_;
+    machine.beeper = &beeper_;
+    machine.printer = &printer_;
   }
   void TearDown() override {
     desktop_.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    surroundings = before_;
   }
 
   /// Starts on the main screen, not on the personal information.
@@ -87,7 +84,7 @@ class PaperTest : public testing::Test {
   }
 
   void openReport() {
-    desk.use<frmMain>().cmdToolBar[1].userClick();
+    desk.use<frmMain>().cmdToolBar[frmMain::print].userClick();
     QCoreApplication::processEvents();
   }
 
@@ -102,7 +99,6 @@ class PaperTest : public testing::Test {
   StandingClock clock_;
   CountingBeeper beeper_;
   FailingPrinter printer_;
-  Surroundings before_{};
   std::unique_ptr<Desktop> desktop_;
 };
 
@@ -540,7 +536,7 @@ TEST_F(Help, ItemOfTheFormOpensItsFileAtContextTen) {
 }
 
 TEST_F(Help, AnUnknownContextOpensTheFirstTopic) {
-  surroundings.help->open("Tallyfin.hlp", 4711);
+  machine.help->open("Tallyfin.hlp", 4711);
   EXPECT_EQ(heading(), "Welcome to Tallyfin 99");
 }
 

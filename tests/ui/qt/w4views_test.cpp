@@ -61,10 +61,7 @@ const testing::Environment* const application = testing::AddGlobalTestEnvironmen
 
 class W4ViewsTest : public testing::Test {
  protected:
-  W4ViewsTest() {
-    useSettingsStore(store);
-    desktop.start();
-  }
+  W4ViewsTest() { desktop.start(); }
 
   template <class S>
   View& open() {
@@ -476,7 +473,7 @@ TEST_F(FormPrintTest, TheDialogCanBeCancelled) {
     ASSERT_NE(dialog, nullptr);
     dialog->reject();
   });
-  EXPECT_EQ(surroundings.printer->printScreen(*form.screen()), 0);
+  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 0);
 }
 
 TEST_F(FormPrintTest, WithoutAPrinterAFileIsAskedFor) {
@@ -489,7 +486,7 @@ TEST_F(FormPrintTest, WithoutAPrinterAFileIsAskedFor) {
     dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
     QMetaObject::invokeMethod(dialog, "accept");
   });
-  EXPECT_EQ(surroundings.printer->printScreen(*form.screen()), 1);
+  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 1);
   EXPECT_THAT(textOnPaper(), HasSubstr("Employee's signature"));
 }
 
@@ -503,9 +500,9 @@ TEST_F(FormPrintTest, ADoubleClickOnFixedTextIsOneOnTheForm) {
 
 TEST_F(FormPrintTest, PagesPrintedAreCounted) {
   openForm();
-  EXPECT_EQ(surroundings.printer->printScreen(*desk.find<frmW4>()), 1);
+  EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 1);
   desktop.screenPrinter().setUp = [](QPrinter& /*printer*/) { return false; };
-  EXPECT_EQ(surroundings.printer->printScreen(*desk.find<frmW4>()), 0);
+  EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 0);
 }
 
 TEST_F(FormPrintTest, ExitClosesTheForm) {

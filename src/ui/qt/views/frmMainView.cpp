@@ -145,7 +145,7 @@ class frmMainView : public View {
     add(1, "print");
     add(3, "exit");
     row->addStretch(1);
-    row->addWidget(button(screen_.cmdToolBar[4]));
+    row->addWidget(button(screen_.cmdToolBar[frmMain::sponsorInfo]));
     return row;
   }
 

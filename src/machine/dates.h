@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "controls/surroundings.h"
+#include "machine/machine.h"
 
 namespace tallyfin {
 

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <string>
 
+/// The machine around the program, as small interfaces. Each has a stand-in that does nothing, for tests and scripts.
+
 namespace tallyfin {
 
 class Screen;
@@ -23,7 +25,6 @@ class SystemClock : public Clock {
   LocalTime now() const override;
 };
 
-/// What the program asks of the machine around it. Each has a stand-in that does nothing, for tests and scripts.
 class Beeper {
  public:
   virtual ~Beeper() = default;
@@ -53,14 +54,19 @@ class HelpViewer {
   virtual void open(const std::string& /*file*/, int /*context*/) {}
 };
 
-/// The machine as the program finds it; never empty.
-struct Surroundings {
+/// What a program runs on; none of it is ever missing.
+struct Machine {
   Clock* clock;
   Beeper* beeper;
   MousePointer* pointer;
   Printer* printer;
   HelpViewer* help;
 };
-extern Surroundings surroundings;
+
+/// The system's clock, and stand-ins for all else.
+Machine plainMachine();
+
+/// The machine of the program that runs.
+extern Machine machine;
 
 }  // namespace tallyfin

@@ -1,4 +1,4 @@
-#include "controls/dates.h"
+#include "machine/dates.h"
 
 #include <array>
 

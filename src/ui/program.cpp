@@ -1,0 +1,22 @@
+#include "ui/program.h"
+
+#include "engine/paydata.h"
+#include "engine/trace.h"
+#include "ui/MDIOpen.h"
+#include "ui/frmMain.h"
+
+namespace tallyfin {
+
+Program::Program(SettingsStore& store, const Machine& runsOn, DeskWatcher* binding)
+    : services_(store, *this), machine_(machine, runsOn), watcher_(desk.watcher, binding) {}
+
+void Program::start() {
+  desk.end();
+  payData = PayData{};
+  forgetTraces();
+  desk.start<MDIOpen>();
+}
+
+Worksheet& Program::provideWorksheet() { return desk.use<frmMain>(); }
+
+}  // namespace tallyfin

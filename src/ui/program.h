@@ -1,0 +1,28 @@
+#pragma once
+
+#include "controls/desk.h"
+#include "engine/services.h"
+#include "machine/machine.h"
+
+namespace tallyfin {
+
+/// The program, for whoever runs it: the desktop, the script, the page, a test. While it lives the rules have its
+/// store, its machine and the main screen as their worksheet, and the binding, if there is one, is told what the desk
+/// does; what was there before comes back when it goes. Store, machine and binding must live longer.
+class Program final : private WorksheetProvider {
+ public:
+  Program(SettingsStore& store, const Machine& runsOn, DeskWatcher* binding = nullptr);
+  ~Program() { desk.end(); }
+
+  /// Begins a run on a fresh record: the frame, then its first screen.
+  void start();
+
+ private:
+  Worksheet& provideWorksheet() override;
+
+  Services services_;
+  Installed<Machine> machine_;
+  Installed<DeskWatcher*> watcher_;
+};
+
+}  // namespace tallyfin
