@@ -26,7 +26,7 @@ def traced(store, lines):
     # With -xx every text stands in hexadecimal.
     text = re.sub(r"(?:\\x[0-9a-f]{2})+", lambda match: bytes.fromhex(match[0].replace("\\x", "")).decode("latin-1"),
                   log.read_text())
-    # A page is full of zeros and may hold line ends: a call begins with the number of the process.
+    # A short process number has more blanks behind it. A page is full of zeros and may hold line ends: a call begins with the number of the process.
     return re.split(r"\n(?=\d+ )", text)
 
 
@@ -44,19 +44,19 @@ with tempfile.TemporaryDirectory() as folder:
     assert beside == set(files), set(files)
     for call in making:
         assert re.search(r"O_CREAT.*, 0600\)", call, re.S), call
-    folders = [call for call in log if re.match(r"\d+ mkdir", call) and " = 0" in call]
-    assert len(folders) == 1 and str(store.parent) in folders[0]
+    folders = [call for call in log if re.match(r"\d+ +mkdir", call) and " = 0" in call]
+    assert len(folders) == 1 and str(store.parent) in folders[0], folders
     assert store.parent.stat().st_mode & 0o777 == 0o700
     for call in log:
-        if re.match(r"\d+ open", call) and re.search(r"O_WRONLY|O_RDWR", call):
+        if re.match(r"\d+ +open", call) and re.search(r"O_WRONLY|O_RDWR", call):
             assert re.search(r'"([^"]*)"', call)[1] in beside, call
 
     # --- Ten saves in order
     # SQLite writes the page that a save has changed behind its log; a row stands there as section, key and text.
     def is_page(call):
-        return re.match(r"\d+ pwrite64\(\d+<[^>]*-wal>", call) and ", 4096, " in call
+        return re.match(r"\d+ +pwrite64\(\d+<[^>]*-wal>", call) and ", 4096, " in call
 
-    answers = [i for i, call in enumerate(log) if re.match(r"\d+ write\(1<", call)]
+    answers = [i for i, call in enumerate(log) if re.match(r"\d+ +write\(1<", call)]
     before = [call for call in log[:answers[-2]] if is_page(call)][-1]
     pages = [call for call in log[answers[-2]:answers[-1]] if is_page(call)]
     assert len(pages) == len(saves), len(pages)
