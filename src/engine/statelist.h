@@ -4,10 +4,11 @@
 
 namespace tallyfin {
 
-/// An entry of the state list: its caption and the routine that turns the record into `stateTax`.
+/// An entry of the state list: its caption, the routine that turns the record into `stateTax`, and where that stands.
 struct State {
   const char* caption;
-  void (*routine)();  ///< None for "No State".
+  void (*routine)();   ///< None for "No State".
+  const char* source;  ///< The file of src/states that holds the routine.
 };
 
 /// The 42 entries in the order of both state lists; the position is the number that everything goes by.

@@ -44,6 +44,9 @@ static const Option* chosen() {
 /// Alabama, 1999. It overwrites `staExmp` with the standard deduction, whole dollars a year. Without an option no table
 /// runs: the last `stateTax` is divided by the pay periods again, so that each calculation shrinks it.
 /// `stateDepsDed`: the personal exemption, dollars a year.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `fedTax`, `stateTax`, `staExmp`, `staDeps`, `staMarried`,
+/// `staAdd`, `stateDepsDed`. Writes `state401k`, `stateTax`, `staExmp`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void Alabama() {
   Worksheet& work = worksheet();
   const alabama::Option* option = alabama::chosen();
@@ -89,6 +92,9 @@ constexpr Band bands[] = {
 
 /// Arkansas, 1999. `stateStdDed` comes off the annual tax, and this routine doesn't assign it: it is what the last
 /// state that has one left there.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `frequency`, `staAdd`, `stateStdDed`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `statePreTax`, `exemptions`, `stateWage`.
 void Arkansas() {
   Worksheet& work = worksheet();
   Int16 credit;
@@ -132,6 +138,9 @@ static Money standardDeduction() {
 }  // namespace delaware
 
 /// Delaware, 1999. `stateDepsDed`: a credit against the annual tax, dollars a year.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`. Writes
+/// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void Delaware() {
   Worksheet& work = worksheet();
   Money standardDeduction;
@@ -162,6 +171,9 @@ constexpr Band bands[] = {
 }  // namespace kentucky
 
 /// Kentucky, 1999.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
+/// `statePreTax`, `exemptions`, `stateWage`.
 void Kentucky() {
   Worksheet& work = worksheet();
   parseExemptions();

@@ -19,6 +19,9 @@ constexpr Band bands[] = {
 }  // namespace virginia
 
 /// Virginia, 1999. The tax is rounded to whole dollars before `staAdd`, which keeps its cents.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
+/// `statePreTax`, `exemptions`, `stateWage`.
 void Virginia() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -48,6 +51,9 @@ constexpr Band bands[] = {
 
 /// South Carolina, 1999. It overwrites `staDeps` with the worksheet's count; the field of exemptions isn't touched.
 /// Without exemptions the standard deduction vanishes too. `stateDepsDed`: dollars a year.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
+/// `staDeps`, `stateDepsDed`, `statePreTax`, `stateWage`, `stateStdDed`.
 void SCarolina() {
   Worksheet& work = worksheet();
   step("Number of exemptions", payData.staDeps, [&] { return toInt16(work.exemptionsText()); });

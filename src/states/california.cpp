@@ -32,6 +32,9 @@ static void applyGroup(const Group& group) {
 
 /// California, 1999. `stateDepsDed`, dollars a pay period, holds the estimated deduction first and the credit
 /// afterwards.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staExmp`, `staDeps`, `staMarried`, `staAdd`,
+/// `stateDepsDed`, `exemptions`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void CalifTax() {
   Worksheet& work = worksheet();
   StateBase();

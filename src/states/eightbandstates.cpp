@@ -11,6 +11,9 @@ constexpr PerFrequency<PerHead> perExemption{real(28.6), real(62.08), real(57.31
 }
 
 /// Nebraska, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void NebraskaTax() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -29,6 +32,9 @@ constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.
 }
 
 /// New Mexico, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void NewMexico() {
   Worksheet& work = worksheet();
   parseExemptions();

@@ -5,6 +5,8 @@
 namespace tallyfin {
 
 /// Arizona, 1999: `staExmp` percent of the federal withholding. StateBase isn't called.
+///
+/// Reads `fedTax`, `staExmp`, `staAdd`. Writes `stateTax`.
 void Arizona() {
   step("Arizona tax, the chosen percentage of the federal tax", payData.stateTax,
        [] { return fromReal(toReal(payData.fedTax) * (toReal(payData.staExmp) / 100)); });
@@ -17,6 +19,9 @@ constexpr PerFrequency<PerHead> perDependent{real(19.23), real(41.67), real(38.4
 }  // namespace indiana
 
 /// Indiana, 1999. `staDeps` is the only count. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `frequency`, `staDeps`, `staAdd`, `stateDepsDed`. Writes `state401k`,
+/// `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void IndianaTax() {
   Worksheet& work = worksheet();
   step("Allowance for the dependents", payData.stateDepsDed,
@@ -35,6 +40,9 @@ constexpr PerFrequency<PerHead> second{real(19.23), real(41.67), real(38.46), re
 }  // namespace illinois
 
 /// Illinois, 1999. `stateDepsDed`: the first deduction alone, dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `frequency`, `staDeps`, `staAdd`, `stateDepsDed`, `illDeps`. Writes
+/// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void Illinois() {
   Worksheet& work = worksheet();
   Money secondDeduction;
@@ -58,6 +66,9 @@ constexpr PerFrequency<Dollars> claimedByAnother{19.23, 41.67, 38.46, 83.33};
 /// Michigan, 1999. The exemptions are those that were parsed last: the worksheet's text is not looked at, deliberately.
 /// Under `staMarried` 9, claimed as dependent by another, one fixed amount takes the place of all exemptions.
 /// `stateDepsDed`: the exemption deduction, dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `frequency`, `staMarried`, `staAdd`, `mMethod`, `stateDepsDed`,
+/// `exemptions`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`.
 void MichiganTax() {
   Money specialDeduction;
   Money dependentDeduction;
@@ -93,6 +104,9 @@ constexpr PerFrequency<Dollars> headOfFamilyCredit{2.75, 5.95, 5.49, 11.9};
 
 /// Massachusetts, 1999. FICA counts as a deduction, and the constant part of the exemption deduction stands without
 /// exemptions too. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `fica`, `frequency`, `staMarried`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Massachusetts() {
   Worksheet& work = worksheet();
   Money credit;
@@ -124,6 +138,9 @@ constexpr PerFrequency<PerHead> perDependent{real(19.2307), real(41.6666), real(
 
 /// Louisiana, 1999: 2 percent of the wage and 1 percent of what lies above a bracket. Only the second part is clipped.
 /// `stateDepsDed`: the bracket, dollars a pay period, and not the exemptions.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `frequency`, `staExmp`, `staDeps`, `staAdd`, `stateDepsDed`,
+/// `stateStdDed`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`, `stateStdDed`.
 void Louisiana() {
   Worksheet& work = worksheet();
   Money firstTax;

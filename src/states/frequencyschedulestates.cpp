@@ -45,6 +45,9 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 }  // namespace westvirginia
 
 /// West Virginia, 1999. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void WestVirginia() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -108,6 +111,9 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 }  // namespace ohio
 
 /// Ohio, 1999. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Ohio() {
   Worksheet& work = worksheet();
   parseExemptions();

@@ -29,6 +29,9 @@ static const Schedule* chosen() {
 }  // namespace connecticut
 
 /// Connecticut, 1999. The letter picked among the state options doesn't reach this routine.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `staRate`. Writes
+/// `state401k`, `stateTax`, `statePreTax`, `stateWage`.
 void Connecticut() {
   Worksheet& work = worksheet();
   const connecticut::Schedule* schedule = connecticut::chosen();
@@ -78,6 +81,10 @@ constexpr PerFrequency<int> perDependent{48, 104, 96, 208};
 
 /// Georgia, 1999. `staMarried` sets the deductions and `maritalStat` picks the table. Without dependents the second
 /// deduction is given back. `stateDepsDed`: that second deduction, dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staMarried`, `staAdd`,
+/// `stateDepsDed`, `stateStdDed`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`,
+/// `stateStdDed`.
 void Georgia() {
   Worksheet& work = worksheet();
   Money dependentAllowance;
@@ -114,6 +121,9 @@ constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.
 }
 
 /// Idaho, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Idaho() {
   Worksheet& work = worksheet();
   parseExemptions();

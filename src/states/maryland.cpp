@@ -32,6 +32,9 @@ static const PerFrequency<Bands>* countyRate() {
 
 /// Maryland, 1999. The county's part goes to `localTax` and into `stateTax` both. `stateDepsDed`: the state exemptions,
 /// dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `localTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Maryland() {
   Worksheet& work = worksheet();
   Money localBase;

@@ -63,6 +63,10 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 
 /// Missouri, 1999. Married Claiming Single keeps the deductions of the last routine, and its federal deduction has no
 /// cap. `stateDepsDed`: dollars a year.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `payPeriods`, `grossPay`, `fedTax`, `stateTax`, `frequency`, `staAdd`,
+/// `stateDepsDed`, `stateStdDed`, `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`,
+/// `exemptions`, `stateWage`, `stateStdDed`.
 void Missouri() {
   Worksheet& work = worksheet();
   Money federalDeduction;

@@ -22,6 +22,9 @@ static const PerFrequency<Bands>* chosenRate() {
 }  // namespace newjersey
 
 /// New Jersey, 1999. `staDeps` counts the exemptions. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staAdd`, `stateDepsDed`, `staRate`.
+/// Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void NewJersey() {
   Worksheet& work = worksheet();
   step("Allowance for the dependents", payData.stateDepsDed,

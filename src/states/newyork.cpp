@@ -61,6 +61,10 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 /// New York, 1999. It overwrites `staDeps` with the worksheet's count; the field of exemptions isn't touched. Married
 /// Claiming Single keeps the `stateDepsDed` of the last routine. A failure abandons the whole routine, finish included;
 /// a missing frequency is none. `stateDepsDed`: the standard deduction, dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `stateStdDed`, `exemptionsText`. Writes `state401k`, `stateTax`, `staDeps`, `stateDepsDed`, `statePreTax`,
+/// `stateWage`, `stateStdDed`.
 void NewYork() {
   Worksheet& work = worksheet();
   step("New York tax, given up as a whole where a part of it fails", [&] {

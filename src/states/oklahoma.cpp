@@ -56,6 +56,9 @@ constexpr Band spouseEmployed[] = {
 /// Oklahoma, 1999. `staMarried` chooses: 0 Single, 3 Married, 8 Married with an employed spouse. For any other value,
 /// left over from another state, the last `stateTax` is taken for the annual one. From 12 dependents on the 16-bit
 /// product of the estimate fails for the two married ones, and the wage stays whole.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `stateTax`, `staDeps`, `staMarried`, `staAdd`. Writes
+/// `state401k`, `stateTax`, `statePreTax`, `stateWage`, `stateStdDed`.
 void Oklahoma() {
   Worksheet& work = worksheet();
   Money overCap;

@@ -21,6 +21,9 @@ static const PerFrequency<CreditedBands>* chosenTables() {
 }  // namespace oregon
 
 /// Oregon, 1999. Married Claiming Single has no table. `stateDepsDed`: the federal allowance, dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `fedTax`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Oregon() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -72,6 +75,9 @@ static const Status* chosenStatus() {
 
 /// North Carolina, 1999. The income test looks at the wage before the allowance, the table at the wage after it. A
 /// status that isn't offered loses the last `stateDepsDed` and has no table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`.
+/// Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void NCarolina() {
   Worksheet& work = worksheet();
   const northcarolina::Status* status = northcarolina::chosenStatus();

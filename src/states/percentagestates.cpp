@@ -5,6 +5,8 @@
 namespace tallyfin {
 
 /// Pennsylvania, 1999.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `staAdd`. Writes `state401k`, `stateTax`, `statePreTax`.
 void Penn() {
   StateBase();
   Money wage;
@@ -19,6 +21,8 @@ void Penn() {
 }
 
 /// North Dakota, 1999. The federal withholding is the only wage figure that it sees: StateBase isn't called.
+///
+/// Reads `fedTax`, `staAdd`. Writes `stateTax`.
 void NorthDakota() {
   step("North Dakota tax, 14% of the federal tax", payData.stateTax,
        [] { return fromReal(toReal(payData.fedTax) * 0.14); });

@@ -13,6 +13,9 @@ constexpr PerFrequency<Dollars> threshold{74, 160, 148, 321};
 }  // namespace colorado
 
 /// Colorado, 1999. Only Married has a table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Colorado() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -36,6 +39,9 @@ constexpr PerFrequency<PerHead> perExemption{real(26.35), real(57.08), real(52.6
 
 /// District of Columbia, 1999. `staMarried` chooses: 0 Single, 3 Married, 6 Married Filing Separately.
 /// `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staMarried`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void DCTax() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -61,6 +67,9 @@ constexpr PerFrequency<PerHead> perDependent{int16(20), real(43.35), int16(40), 
 
 /// Hawaii, 1999. `staDeps` counts, not the exemptions. `staMarried` chooses: 0 Single, 9 Head of Family, 3 Married.
 /// `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`.
+/// Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void HawaiiTax() {
   Worksheet& work = worksheet();
   step("Allowance for the dependents", payData.stateDepsDed,
@@ -84,6 +93,9 @@ constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.
 }
 
 /// Kansas, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Kansas() {
   Worksheet& work = worksheet();
   parseExemptions();

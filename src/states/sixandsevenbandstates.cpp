@@ -10,6 +10,9 @@ constexpr PerFrequency<PerHead> perExemption{real(52.88), real(114.58), real(105
 }
 
 /// Rhode Island, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void RhodeIsland() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -28,6 +31,9 @@ constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.
 }
 
 /// Vermont, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Vermont() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -47,6 +53,9 @@ constexpr PerFrequency<PerHead> perExemption{int16(38), int16(83), int16(76), in
 
 /// Utah, 1999. Married Claiming Single has no table. The tax is rounded to whole dollars before `staAdd`.
 /// `stateDepsDed`: dollars a pay period.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
+/// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Utah() {
   Worksheet& work = worksheet();
   parseExemptions();

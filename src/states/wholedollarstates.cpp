@@ -25,6 +25,9 @@ constexpr Band bands[] = {
 
 /// Iowa, 1999. Federal withholding comes off before annualising. `stateDepsDed`: the standard deduction, dollars a
 /// year.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `fedTax`, `frequency`, `staAdd`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void IowaTax() {
   Worksheet& work = worksheet();
   Int16 credit;
@@ -84,6 +87,9 @@ constexpr Band marriedClaimingSingle[] = {
 }  // namespace maine
 
 /// Maine, 1999. From 12 exemptions on the 16-bit product fails, and nothing is deducted at all.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `payPeriods`, `grossPay`, `stateTax`, `staAdd`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `statePreTax`, `exemptions`, `stateWage`.
 void MaineTax() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -123,6 +129,9 @@ constexpr Band single[] = {
 
 /// Minnesota, 1999. Married Claiming Single has no table. From 12 exemptions on the 16-bit product fails, and
 /// `stateDepsDed`, dollars a year, keeps what the last routine left. `staAdd` is rounded together with the tax.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `payPeriods`, `grossPay`, `stateTax`, `staAdd`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Minnesota() {
   Worksheet& work = worksheet();
   parseExemptions();
@@ -156,6 +165,9 @@ constexpr Band bands[] = {
 
 /// Mississippi, 1999. `staAdd` is the personal exemption, dollars a year, and is added to the period's withholding all
 /// the same. `stateDepsDed`: dollars a year.
+///
+/// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`,
+/// `stateStdDed`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`, `stateStdDed`.
 void Mississippi() {
   Worksheet& work = worksheet();
   step("Standard deduction of the filing status", work.stateStdDed, []() -> std::optional<Money> {

@@ -55,6 +55,9 @@ static Money taxBy(Bands table) {
 }  // namespace wisconsin
 
 /// Wisconsin, 1999. Married Claiming Single has no table.
+///
+/// Reads `preTax`, `amt401k`, `maritalStat`, `payPeriods`, `grossPay`, `stateTax`, `staAdd`, `exemptionsText`. Writes
+/// `state401k`, `stateTax`, `statePreTax`, `exemptions`, `stateWage`.
 void Wisconsin() {
   Worksheet& work = worksheet();
   parseExemptions();

@@ -7,7 +7,7 @@ namespace tallyfin {
 namespace {
 
 TEST(StateList, HasNoStateAndFortyOneRoutinesInTheOrderOfTheScreens) {
-  const std::array<State, 42> list{{
+  const std::array<std::pair<const char*, void (*)()>, 42> list{{
       {"No State", nullptr},
       {"Alabama", Alabama},
       {"Arizona", Arizona},
@@ -52,8 +52,8 @@ TEST(StateList, HasNoStateAndFortyOneRoutinesInTheOrderOfTheScreens) {
       {"Wisconsin", Wisconsin},
   }};
   for (std::size_t i = 0; i < list.size(); ++i) {
-    EXPECT_STREQ(stateList[i].caption, list[i].caption);
-    EXPECT_EQ(stateList[i].routine, list[i].routine) << list[i].caption;
+    EXPECT_STREQ(stateList[i].caption, list[i].first);
+    EXPECT_EQ(stateList[i].routine, list[i].second) << list[i].first;
   }
 }
 

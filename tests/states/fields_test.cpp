@@ -1,8 +1,14 @@
 #include <rapidcheck.h>
 
-#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <map>
+#include <random>
+#include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -10,64 +16,53 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// Whatever stands in the record, a state routine touches the fields that are its own and no other.
+/// Whatever stands in the record, a state routine reads and writes the fields that its comment names and no other.
 
 namespace tallyfin {
 namespace {
 
-/// What a routine may write, beside `stateTax`, which each may.
-struct Written {
-  std::vector<std::string> record;
-  std::vector<std::string> worksheet;
+using Names = std::set<std::string>;
+
+/// The fields that a routine reads and writes. A field that it leaves as it was in some case isn't read by that.
+struct Touched {
+  Names reads;
+  Names writes;
+
+  bool operator==(const Touched&) const = default;
 };
 
-/// By the caption of the state list. "base" stands for the two fields of StateBase.
-const std::map<std::string, Written> writtenBy{
-    {"Alabama", {{"base", "staExmp", "stateDepsDed"}, {"stateWage"}}},
-    {"Arizona", {{}, {}}},
-    {"Arkansas", {{"base"}, {"exemptions", "stateWage"}}},
-    {"California", {{"base", "stateDepsDed"}, {"stateWage"}}},
-    {"Colorado", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Connecticut", {{"base"}, {"stateWage"}}},
-    {"Delaware", {{"base", "stateDepsDed"}, {"stateWage"}}},
-    {"Dist of Columbia", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Georgia", {{"base", "stateDepsDed"}, {"stateStdDed", "stateWage"}}},
-    {"Hawaii", {{"base", "stateDepsDed"}, {"stateWage"}}},
-    {"Idaho", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Illinois", {{"base", "stateDepsDed"}, {"stateWage"}}},
-    {"Indiana", {{"base", "stateDepsDed"}, {"stateWage"}}},
-    {"Iowa", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Kansas", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Kentucky", {{"base"}, {"exemptions", "stateWage"}}},
-    {"Louisiana", {{"base", "stateDepsDed"}, {"stateStdDed", "stateWage"}}},
-    {"Maine", {{"base"}, {"exemptions", "stateWage"}}},
-    {"Maryland", {{"base", "stateDepsDed", "localTax"}, {"exemptions", "stateWage"}}},
-    {"Massachusettes", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Michigan", {{"base", "stateDepsDed"}, {}}},
-    {"Minnesota", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Mississippi", {{"base", "stateDepsDed"}, {"stateStdDed", "stateWage"}}},
-    {"Missouri", {{"base", "stateDepsDed"}, {"exemptions", "stateStdDed", "stateWage"}}},
-    {"Nebraska", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"New Jersey", {{"base", "stateDepsDed"}, {"stateWage"}}},
-    {"New Mexico", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"New York", {{"base", "staDeps", "stateDepsDed"}, {"stateStdDed", "stateWage"}}},
-    {"North Carolina", {{"base", "stateDepsDed"}, {"stateWage"}}},
-    {"North Dakota", {{}, {}}},
-    {"Ohio", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Oklahoma", {{"base"}, {"stateStdDed", "stateWage"}}},
-    {"Oregon", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Pennsylvania", {{"base"}, {}}},
-    {"Rhode Island", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"South Carolina", {{"base", "staDeps", "stateDepsDed"}, {"stateStdDed", "stateWage"}}},
-    {"Utah", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Vermont", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Virginia", {{"base"}, {"exemptions", "stateWage"}}},
-    {"West Virginia", {{"base", "stateDepsDed"}, {"exemptions", "stateWage"}}},
-    {"Wisconsin", {{"base"}, {"exemptions", "stateWage"}}},
-};
+std::string listed(const Names& names) {
+  std::string list;
+  for (const std::string& name : names) list += (list.empty() ? "`" : ", `") + name + "`";
+  return list.empty() ? "nothing" : list;
+}
+void PrintTo(const Touched& touched, std::ostream* out) {
+  *out << "Reads " << listed(touched.reads) << ". Writes " << listed(touched.writes) << ".";
+}
 
-bool has(const std::vector<std::string>& names, const std::string& name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
+std::string textOf(const std::string& file) {
+  std::ifstream in(std::string(TESTS_FOLDER) + "/../src/states/" + file);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// What the comment of a state's routine says: "Reads `a`, `b`. Writes `c`."
+Touched toldOf(const State& state) {
+  std::smatch found;
+  const std::string list = textOf("statelist.cpp");
+  std::regex_search(list, found, std::regex("\"" + std::string(state.caption) + "\", (\\w+),"));
+  const std::string source = textOf(state.source);
+  const auto routine = source.find("\nvoid " + found[1].str() + "()");
+  const std::string comment = source.substr(0, routine).substr(source.rfind("\n\n", routine));
+  const auto namesAfter = [&](const std::string& word) {
+    Names names;
+    const auto start = comment.rfind(word);
+    if (start == std::string::npos) return names;
+    const std::string sentence = comment.substr(start, comment.find('.', start) - start);
+    const std::regex name("`(\\w+)`");
+    for (std::sregex_iterator it(sentence.begin(), sentence.end(), name), end; it != end; ++it) names.insert((*it)[1]);
+    return names;
+  };
+  return {namesAfter("Reads"), namesAfter("Writes")};
 }
 
 /// Mostly an everyday figure, now and then one at the end of its type.
@@ -121,22 +116,17 @@ std::map<std::string, std::string> fieldsOf(const Worksheet& sheet) {
 TEST_F(StateFields, AreLeftAloneButForTheRoutinesOwn) {
   for (const State& state : stateList) {
     if (!state.routine) continue;
-    const Written& written = writtenBy.at(state.caption);
-    const auto mayWrite = [&](const std::string& name) {
-      if (name == "stateTax") return true;
-      if (name == "state401k" || name == "statePreTax") return has(written.record, "base");
-      return has(written.record, name);
-    };
+    const Names written = toldOf(state).writes;
     EXPECT_TRUE(rc::check(state.caption, [&] {
       fill(anyAmount);
       const auto record = fieldsOf(payData);
       const auto worksheet = fieldsOf(sheet);
       state.routine();
       for (const auto& [name, value] : fieldsOf(payData)) {
-        if (!mayWrite(name)) RC_ASSERT(std::pair(name, value) == std::pair(name, record.at(name)));
+        if (!written.contains(name)) RC_ASSERT(std::pair(name, value) == std::pair(name, record.at(name)));
       }
       for (const auto& [name, value] : fieldsOf(sheet)) {
-        if (!has(written.worksheet, name)) RC_ASSERT(std::pair(name, value) == std::pair(name, worksheet.at(name)));
+        if (!written.contains(name)) RC_ASSERT(std::pair(name, value) == std::pair(name, worksheet.at(name)));
       }
     }));
   }
@@ -165,6 +155,110 @@ TEST_F(StateFields, AreWrittenAlikeByTheSameCalculationTwice) {
       stateList[state].routine();
       RC_ASSERT(payData == first);
     }));
+  }
+}
+
+/// The numbers of a run, the same in each.
+class Numbers {
+ public:
+  int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
+  void operator()(const char*, Money& field) { field = Money::ofUnits(below(40) == 0 ? 0 : below(200'000'000)); }
+  void operator()(const char* name, Int16& field) {
+    const std::string_view which = name;
+    if (which == "payPeriods") {
+      field = std::array{52, 24, 26, 12, 0}.at(static_cast<std::size_t>(below(5)));
+    } else {
+      field = which == "mMethod" && below(2) == 0 ? 48 + below(14) : below(8) == 0 ? below(4000) : below(12) - 1;
+    }
+  }
+  void operator()(const char*, double& field) { field = below(100) / 100.0; }
+  void operator()(std::string& field) { field = std::to_string(below(8)); }
+
+ private:
+  std::mt19937 random_{1999};
+};
+
+/// All that a routine may look at, by name.
+struct Everything {
+  PayData record;
+  WorksheetFields work;
+  std::string exemptionsText;
+
+  template <class Self, class Visit>
+  static void each(Self&& self, Visit&& visit) {
+    forEachField(self.record, visit);
+    forEachField(self.work, visit);
+  }
+};
+
+class StateRoutines : public PaycheckTest {
+ protected:
+  /// What the routine makes of all fields.
+  Everything after(const State& state, const Everything& before) {
+    payData = before.record;
+    static_cast<WorksheetFields&>(sheet) = before.work;
+    sheet.exemptionsEntry = before.exemptionsText;
+    state.routine();
+    return {payData, sheet, before.exemptionsText};
+  }
+
+  using Values = std::vector<std::int64_t>;
+  static std::int64_t valueOf(Money field) { return field.units(); }
+  static std::int64_t valueOf(Int16 field) { return field.value(); }
+  static std::int64_t valueOf(double field) { return std::bit_cast<std::int64_t>(field); }
+  static Values valuesOf(const Everything& all) {
+    Values values;
+    values.reserve(64);
+    Everything::each(all, [&](const char*, const auto& field) { values.push_back(valueOf(field)); });
+    return values;
+  }
+
+  /// What is found out by changing one field after the other.
+  Touched touchedBy(const State& state) {
+    std::vector<std::string> names;
+    Everything::each(Everything{}, [&](const char* name, const auto&) { names.emplace_back(name); });
+    names.emplace_back("exemptionsText");
+
+    Touched touched;
+    Numbers numbers;
+    for (int round = 0; round < 150; ++round) {
+      Everything before;
+      Everything::each(before, numbers);
+      numbers(before.exemptionsText);
+      const Values old = valuesOf(before);
+      const Values made = valuesOf(after(state, before));
+      for (std::size_t i = 0; i < made.size(); ++i) {
+        if (made[i] != old[i]) touched.writes.insert(names[i]);
+      }
+      std::size_t changed = 0;
+      const auto look = [&](const Everything& otherwise) {
+        const Values oldOtherwise = valuesOf(otherwise);
+        const Values madeOtherwise = valuesOf(after(state, otherwise));
+        for (std::size_t i = 0; i < made.size(); ++i) {
+          const bool kept = i == changed && made[i] == old[i] && madeOtherwise[i] == oldOtherwise[i];
+          if (!kept && made[i] != madeOtherwise[i]) touched.reads.insert(names[changed]);
+        }
+        ++changed;
+      };
+      Everything::each(before, [&](const char* name, auto& field) {
+        const auto kept = field;
+        numbers(name, field);
+        look(before);
+        field = kept;
+      });
+      numbers(before.exemptionsText);
+      look(before);
+    }
+    return touched;
+  }
+};
+
+TEST_F(StateRoutines, ReadAndWriteTheFieldsThatTheirCommentsName) {
+  store.write(section::stateInfo, "sta401", "Y");
+  store.write(section::stateInfo, "staPreTax", "Y");
+  for (const State& state : stateList) {
+    if (!state.routine) continue;
+    EXPECT_EQ(toldOf(state), touchedBy(state)) << state.caption;
   }
 }
 
