@@ -31,7 +31,8 @@ void useSettingsStore(SettingsStore& store) { theStore = &store; }
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultText) {
   if (application != applicationKey) return std::string(defaultText);
-  return theStore->read(section, key).value_or(std::string(defaultText));
+  const auto stored = theStore->read(section, key);
+  return stored ? *stored : std::string(defaultText);
 }
 
 void saveSetting(std::string_view application, std::string_view section, std::string_view key,
