@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "batch/csv.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 #include "engine/worksheet.h"
 
 /// One row, one paycheck: what the cells mean, and what comes of them.
@@ -41,18 +41,21 @@ enum Column : std::size_t {
 /// Which column stands where in the rows of a file.
 class Header {
  public:
+  struct Entry {
+    Column column;
+    std::size_t place;  ///< In a row, from 0.
+  };
+
   /// Refuses a row that is no header: gives the reason.
   std::optional<std::string> take(const Row& row);
 
   std::size_t size() const { return size_; }
-  /// The column's cell in a row; nullptr where the row has none.
-  const Cell* cell(Column column, const Row& row) const {
-    return places_[column] < row.cells.size() ? &row.cells[places_[column]] : nullptr;
-  }
+  /// The columns that the file has of those that a row is worked from, in the order of these.
+  const std::vector<Entry>& known() const { return known_; }
 
  private:
   std::size_t size_ = 0;
-  std::array<std::size_t, columnCount> places_{};
+  std::vector<Entry> known_;
 };
 
 /// The columns that are added to the header: ",gross_pay" and so on.
@@ -67,7 +70,8 @@ class Paycheck : public Worksheet {
   Paycheck(const Paycheck&) = delete;
   Paycheck& operator=(const Paycheck&) = delete;
 
-  /// Works the row and adds its results to a text, each behind a comma, then the problem. Gives whether there is one.
+  /// Works the row, all of which have the same header, and adds its results to a text, each behind a comma, then the
+  /// problem. Gives whether there is one.
   bool work(const Header& header, const Row& row, std::string& out);
 
   const std::string& incomeText() const override { return texts_[income]; }
@@ -87,14 +91,14 @@ class Paycheck : public Worksheet {
   /// The boxes whose text the program could make nothing of.
   void nameUnreadTexts();
   void problem(Column column, const char* why);
-  void setOption(const char* key, bool chosen, bool& stored);
+  void setOption(const settings::Text& option, bool chosen, bool& stored);
 
   MemoryStore store_;
   bool stored401k_ = false;
   bool storedPreTax_ = false;
   std::array<std::string, columnCount> texts_;  ///< Of the boxes.
   std::array<int, columnCount> numbers_{};      ///< Of the choices and counts.
-  std::array<bool, columnCount> isDefault_{};   ///< What stands there is what an empty cell leaves.
+  std::string additional_;                      ///< The additional amount that counts, which needn't be the row's.
   std::string storage_;
   std::string problem_;
 };
