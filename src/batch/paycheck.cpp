@@ -58,6 +58,9 @@ constexpr std::array<std::string_view, resultRows.size()> resultNames{
     "local_tax", "fica",     "social_security", "medicare",     "total_deductions", "check_amount"};
 constexpr std::string_view problemName = "problem";
 
+/// Characters that the results take at most, each behind a comma.
+constexpr std::size_t longestResults = resultRows.size() * (1 + longestAmount);
+
 constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 std::string lowered(std::string_view text) {
@@ -189,7 +192,7 @@ bool Paycheck::work(const Header& header, const Row& row, std::string& out) {
   if (take(header, row) && problem_.empty()) {
     calculate();
     nameUnreadTexts();
-    std::array<char, resultRows.size() * (1 + longestAmount)> results;
+    std::array<char, longestResults> results;
     char* end = results.data();
     for (const ResultRow& result : resultRows) {
       *end++ = ',';
