@@ -18,9 +18,9 @@ namespace {
 
 enum class Kind { box, choice, flag, count };
 
-constexpr std::string_view frequencies[] = {"weekly", "twice a month", "every two weeks", "monthly"};
-constexpr std::string_view statuses[] = {"married", "single", "married claiming single"};
-constexpr std::string_view flags[] = {"n", "y"};
+constexpr std::string_view frequencies[] = {"Weekly", "Twice A Month", "Every Two Weeks", "Monthly"};
+constexpr std::string_view statuses[] = {"Married", "Single", "Married Claiming Single"};
+constexpr std::string_view flags[] = {"N", "Y"};
 
 struct ColumnRule {
   std::string_view name;
@@ -58,6 +58,9 @@ constexpr std::array<std::string_view, resultRows.size()> resultNames{
     "local_tax", "fica",     "social_security", "medicare",     "total_deductions", "check_amount"};
 constexpr std::string_view problemName = "problem";
 
+/// Characters that the results take at most, each behind a comma.
+constexpr std::size_t longestResults = resultRows.size() * (1 + longestAmount);
+
 constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 std::string lowered(std::string_view text) {
@@ -73,27 +76,23 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-const std::vector<std::string>& states() {
-  static const std::vector<std::string> captions = [] {
-    std::vector<std::string> all;
-    for (const State& entry : stateList) all.push_back(lowered(entry.caption));
+/// The place of a text among captions.
+std::optional<int> entryNamed(std::string_view text, std::span<const std::string_view> captions) {
+  const auto same = [](char a, char b) { return a == b || lower(a) == lower(b); };
+  const auto found = std::find_if(captions.begin(), captions.end(), [&](std::string_view caption) {
+    return std::equal(caption.begin(), caption.end(), text.begin(), text.end(), same);
+  });
+  if (found == captions.end()) return std::nullopt;
+  return static_cast<int>(found - captions.begin());
+}
+
+std::span<const std::string_view> states() {
+  static const auto captions = [] {
+    std::array<std::string_view, stateList.size()> all;
+    std::transform(stateList.begin(), stateList.end(), all.begin(), [](const State& entry) { return entry.caption; });
     return all;
   }();
   return captions;
-}
-
-/// The place of a text among captions, which are written small.
-template <class Captions>
-std::optional<int> entryNamed(std::string_view text, const Captions& captions) {
-  std::array<char, 32> buffer{};  // longer than every caption
-  if (text.size() > buffer.size()) return std::nullopt;
-  std::transform(text.begin(), text.end(), buffer.begin(), lower);
-  const std::string_view name(buffer.data(), text.size());
-  const auto found = std::find_if(std::begin(captions), std::end(captions), [&](std::string_view caption) {
-    return caption.size() == name.size() && caption == name;
-  });
-  if (found == std::end(captions)) return std::nullopt;
-  return static_cast<int>(found - std::begin(captions));
 }
 
 std::optional<int> wholeNumberOf(std::string_view text) {
@@ -138,7 +137,6 @@ bool can(Read read) {
 
 std::optional<std::string> Header::take(const Row& row) {
   if (row.cells.empty()) return "there is no header";
-  places_.fill(std::string_view::npos);
   size_ = row.cells.size();
   std::set<std::string> seen;
   std::string storage;
@@ -150,8 +148,9 @@ std::optional<std::string> Header::take(const Row& row) {
     }
     const auto rule =
         std::find_if(rules.begin(), rules.end(), [&](const ColumnRule& known) { return known.name == name; });
-    if (rule != rules.end()) places_[static_cast<std::size_t>(rule - rules.begin())] = place;
+    if (rule != rules.end()) known_.push_back({static_cast<Column>(rule - rules.begin()), place});
   }
+  std::sort(known_.begin(), known_.end(), [](const Entry& a, const Entry& b) { return a.column < b.column; });
   return std::nullopt;
 }
 
@@ -163,6 +162,10 @@ const std::string& resultColumns() {
     return all;
   }();
   return columns;
+}
+
+Paycheck::Paycheck() {
+  for (std::size_t column = 0; column < columnCount; ++column) takeCell(static_cast<Column>(column), {});
 }
 
 const std::string& Paycheck::exemptionsText() const {
@@ -182,7 +185,13 @@ bool Paycheck::work(const Header& header, const Row& row, std::string& out) {
   if (take(header, row) && problem_.empty()) {
     calculate();
     nameUnreadTexts();
-    for (const ResultRow& result : resultRows) (out += ',') += toText(payData.*result.amount);
+    std::array<char, longestResults> results;
+    char* end = results.data();
+    for (const ResultRow& result : resultRows) {
+      *end++ = ',';
+      end = writeText(end, payData.*result.amount);
+    }
+    out.append(results.data(), end);
   } else {
     out.append(resultRows.size(), ',');
   }
@@ -191,13 +200,8 @@ bool Paycheck::work(const Header& header, const Row& row, std::string& out) {
 }
 
 bool Paycheck::take(const Header& header, const Row& row) {
-  for (std::size_t i = 0; i < columnCount; ++i) {
-    const auto column = static_cast<Column>(i);
-    const Cell* cell = header.cell(column, row);
-    const std::string_view text = cell != nullptr ? cell->text(storage_) : std::string_view();
-    if (text.empty() && isDefault_[column]) continue;
-    takeCell(column, text);
-    isDefault_[column] = text.empty();
+  for (const auto& [column, place] : header.known()) {
+    takeCell(column, place < row.cells.size() ? row.cells[place].text(storage_) : std::string_view());
   }
   return problem_.empty();
 }
@@ -227,26 +231,23 @@ void Paycheck::takeCell(Column column, std::string_view text) {
 void Paycheck::calculate() {
   payData = PayData{};
   static_cast<WorksheetFields&>(*this) = WorksheetFields{};
-  setOption("sta401", numbers_[state401k] != 0, stored401k_);
-  setOption("staPreTax", numbers_[statePreTax] != 0, storedPreTax_);
+  setOption(settings::sta401, numbers_[state401k] != 0, stored401k_);
+  setOption(settings::staPreTax, numbers_[statePreTax] != 0, storedPreTax_);
 
   payData.frequency = numbers_[frequency];
   payData.mMethod = numbers_[stateMethod];
   exemptions = numbers_[exemptionCount];
   takeAllowance(exemptions);
   takeStatus(numbers_[status], false);
+  additional_ = texts_[stateAdditional];
   // The options of a state that doesn't open their screen by itself aren't handed over.
   if (opensStateOptions(numbers_[state])) {
     payData.staMarried = numbers_[stateMarital];
     if (numbers_[state] == tallyfin::state::mississippi) {
       const char* exemption = mississippiExemption(numbers_[stateMarital]);
-      if (exemption != nullptr) {
-        texts_[stateAdditional] = *exemption != '\0' ? exemption : "0";
-        isDefault_[stateAdditional] = false;
-      }
+      if (exemption != nullptr) additional_ = *exemption != '\0' ? exemption : "0";
     }
-    takeStateOptions(
-        {texts_[stateDependents], texts_[illinoisDependents], texts_[stateExemptions], texts_[stateAdditional]});
+    takeStateOptions({texts_[stateDependents], texts_[illinoisDependents], texts_[stateExemptions], additional_});
   }
   payData.applyTo = numbers_[localBase];
   takeLocalRate(texts_[localRate]);
@@ -257,15 +258,15 @@ void Paycheck::calculate() {
 
 void Paycheck::nameUnreadTexts() {
   // A text that can't be read leaves its field at 0, where a fresh record has it: only those have to be looked at.
-  const auto name = [this](Column column, bool isZero, auto read) {
-    if (isZero && texts_[column] != "0" && !can([&] { read(texts_[column]); })) problem(column, "not a number");
+  const auto name = [this](Column column, const std::string& text, bool isZero, auto read) {
+    if (isZero && text != "0" && !can([&] { read(text); })) problem(column, "not a number");
   };
-  name(income, payData.grossPay == 0, toMoney);
-  name(rate401k, payData.rate401k == 0, realOf);
-  name(preTax, payData.preTax == 0, toMoney);
-  name(preFica, payData.preFica == 0, toMoney);
-  name(localRate, payData.localRate == 0, realOf);
-  name(stateAdditional, payData.staAdd == 0, toMoney);
+  name(income, texts_[income], payData.grossPay == 0, toMoney);
+  name(rate401k, texts_[rate401k], payData.rate401k == 0, realOf);
+  name(preTax, texts_[preTax], payData.preTax == 0, toMoney);
+  name(preFica, texts_[preFica], payData.preFica == 0, toMoney);
+  name(localRate, texts_[localRate], payData.localRate == 0, realOf);
+  name(stateAdditional, additional_, payData.staAdd == 0, toMoney);
 }
 
 void Paycheck::problem(Column column, const char* why) {
@@ -273,9 +274,9 @@ void Paycheck::problem(Column column, const char* why) {
   ((problem_ += rules[column].name) += ": ") += why;
 }
 
-void Paycheck::setOption(const char* key, bool chosen, bool& stored) {
+void Paycheck::setOption(const settings::Text& option, bool chosen, bool& stored) {
   if (chosen == stored) return;
-  store_.write(section::stateInfo, key, chosen ? "Y" : "N");
+  option.save(chosen ? "Y" : "N");
   stored = chosen;
 }
 

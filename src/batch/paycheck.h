@@ -8,6 +8,7 @@
 
 #include "batch/csv.h"
 #include "engine/services.h"
+#include "engine/settings.h"
 
 /// One row, one paycheck: what the cells mean, and what comes of them.
 
@@ -40,18 +41,21 @@ enum Column : std::size_t {
 /// Which column stands where in the rows of a file.
 class Header {
  public:
+  struct Entry {
+    Column column;
+    std::size_t place;  ///< In a row, from 0.
+  };
+
   /// Refuses a row that is no header: gives the reason.
   std::optional<std::string> take(const Row& row);
 
   std::size_t size() const { return size_; }
-  /// The column's cell in a row; nullptr where the row has none.
-  const Cell* cell(Column column, const Row& row) const {
-    return places_[column] < row.cells.size() ? &row.cells[places_[column]] : nullptr;
-  }
+  /// The columns that the file has of those that a row is worked from, in the order of these.
+  const std::vector<Entry>& known() const { return known_; }
 
  private:
   std::size_t size_ = 0;
-  std::array<std::size_t, columnCount> places_{};
+  std::vector<Entry> known_;
 };
 
 /// The columns that are added to the header: ",gross_pay" and so on.
@@ -61,7 +65,10 @@ const std::string& resultColumns();
 /// options that a state routine reads.
 class Paycheck final : public Worksheet, private WorksheetProvider {
  public:
-  /// Works the row and adds its results to a text, each behind a comma, then the problem. Gives whether there is one.
+  Paycheck();
+
+  /// Works the row, all of which have the same header, and adds its results to a text, each behind a comma, then the
+  /// problem. Gives whether there is one.
   bool work(const Header& header, const Row& row, std::string& out);
 
   const std::string& incomeText() const override { return texts_[income]; }
@@ -82,7 +89,7 @@ class Paycheck final : public Worksheet, private WorksheetProvider {
   /// The boxes whose text the program could make nothing of.
   void nameUnreadTexts();
   void problem(Column column, const char* why);
-  void setOption(const char* key, bool chosen, bool& stored);
+  void setOption(const settings::Text& option, bool chosen, bool& stored);
 
   MemoryStore store_;
   Services services_{store_, *this};
@@ -90,7 +97,7 @@ class Paycheck final : public Worksheet, private WorksheetProvider {
   bool storedPreTax_ = false;
   std::array<std::string, columnCount> texts_;  ///< Of the boxes.
   std::array<int, columnCount> numbers_{};      ///< Of the choices and counts.
-  std::array<bool, columnCount> isDefault_{};   ///< What stands there is what an empty cell leaves.
+  std::string additional_;                      ///< The additional amount that counts, which needn't be the row's.
   std::string storage_;
   std::string problem_;
 };

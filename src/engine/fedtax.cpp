@@ -133,10 +133,11 @@ void showFigures() {
       {"Show Medicare", &PayData::medicare},
       {"Show the local tax", &PayData::localTax},
   };
+  Worksheet& labels = worksheet();
   int label = 0;
   for (const Shown& entry : shown) {
     ++label;
-    step(entry.title, [&] { worksheet().showFigure(label, roundedForDisplay(payData.*entry.figure)); });
+    step(entry.title, [&] { labels.showFigure(label, roundedForDisplay(payData.*entry.figure)); });
   }
 }
 

@@ -27,10 +27,6 @@ constexpr std::int64_t cent = Money::unitsPerDollar / 100;
 
 }  // namespace
 
-double toReal(Money amount) { return static_cast<double>(amount.units()) / static_cast<double>(Money::unitsPerDollar); }
-
-double toReal(Int16 count) { return count.value(); }
-
 Money fromReal(double dollars) {
   const double units = std::nearbyint(dollars * static_cast<double>(Money::unitsPerDollar));
   constexpr double limit = 9223372036854775808.0;  // 2^63; the comparison is false for what is not a number

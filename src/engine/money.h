@@ -64,9 +64,11 @@ class Money {
 constexpr Money atLeastZero(Money amount) { return amount < 0 ? Money{} : amount; }
 
 /// Dollars as a double: the count of ten-thousandths divided by 10000.
-double toReal(Money amount);
+constexpr double toReal(Money amount) {
+  return static_cast<double>(amount.units()) / static_cast<double>(Money::unitsPerDollar);
+}
 /// A count as a double, for a product that is not meant to be 16-bit.
-double toReal(Int16 count);
+constexpr double toReal(Int16 count) { return count.value(); }
 
 /// The amount nearest to a double in dollars: the value times 10000, in double, to the nearest integer, an exact half
 /// to the even one. Fails for what is not finite and beyond the 64-bit range.

@@ -21,9 +21,8 @@ constexpr bool isDigitButZero(char c) { return isDigit(c) && c != '0'; }
 /// A number as it stands in a text, exactly: no digit is lost, however long the text.
 struct Decimal {
   bool negative = false;
-  std::string_view mantissa;     // digits, commas and at most one point
-  std::int64_t exponent = 0;     // of the power of ten that the text names
-  std::int64_t wholeDigits = 0;  // digits before the point
+  std::string_view digits;  // from the first that isn't zero; may hold commas and the point; empty where all are zero
+  std::int64_t power = 0;   // of ten, of that first digit
 };
 
 /// Takes one character off the front if it is c.
@@ -65,31 +64,34 @@ std::optional<Decimal> readDecimal(std::string_view text) {
     if (take(text, '$') && !signedInFront) takeSign(text, decimal.negative);
   }
 
-  const auto e = text.find_first_of("Ee");
-  if (e != std::string_view::npos) {
-    const auto exponent = readExponent(text.substr(e + 1));
-    if (!exponent) return std::nullopt;
-    decimal.exponent = *exponent;
-    text = text.substr(0, e);
-  }
-
-  std::int64_t digits = 0;
+  std::int64_t wholeDigits = 0;
+  std::int64_t decimals = 0;
+  std::int64_t leadingZeros = 0;
+  std::int64_t exponent = 0;
   bool comma = false;
   bool point = false;
-  for (const char c : text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
     if (isDigit(c)) {
-      ++digits;
-      if (!point) ++decimal.wholeDigits;
+      ++(point ? decimals : wholeDigits);
+      if (decimal.digits.empty() && c == '0') ++leadingZeros;
+      if (decimal.digits.empty() && c != '0') decimal.digits = text.substr(i);
     } else if (c == ',' && !point) {
       comma = true;
     } else if (c == '.' && !point) {
       point = true;
+    } else if (c == 'e' || c == 'E') {
+      const auto named = readExponent(text.substr(i + 1));
+      if (!named) return std::nullopt;
+      exponent = *named;
+      if (!decimal.digits.empty()) decimal.digits.remove_suffix(text.size() - i);
+      break;
     } else {
       return std::nullopt;
     }
   }
-  if (digits == 0 || (comma && decimal.wholeDigits == 0)) return std::nullopt;
-  decimal.mantissa = text;
+  if (wholeDigits + decimals == 0 || (comma && wholeDigits == 0)) return std::nullopt;
+  decimal.power = wholeDigits - 1 - leadingZeros + exponent;
   return decimal;
 }
 
@@ -105,21 +107,6 @@ const Held& orFail(const std::optional<Held>& held, std::string_view text) {
   if (!held) [[unlikely]]
     failFor(text);
   return *held;
-}
-
-/// What is left of a mantissa from its first digit that isn't zero, and that digit's power of ten.
-struct Significant {
-  std::string_view digits;  // may hold commas and the point; empty where the number is zero
-  std::int64_t power = 0;
-};
-
-Significant significant(const Decimal& decimal) {
-  const std::string_view mantissa = decimal.mantissa;
-  const auto first = std::find_if(mantissa.begin(), mantissa.end(), isDigitButZero);
-  if (first == mantissa.end()) return {};
-  const std::int64_t zeros = std::count(mantissa.begin(), first, '0');
-  const std::string_view digits = mantissa.substr(static_cast<std::size_t>(first - mantissa.begin()));
-  return {digits, decimal.wholeDigits - 1 + decimal.exponent - zeros};
 }
 
 /// How what is dropped compares with half a unit of the last digit that is kept.
@@ -144,12 +131,11 @@ Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
 /// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. The
 /// number is one that a double can hold: they don't become more than some hundreds.
 std::string roundedDigits(const Decimal& decimal, int places) {
-  const auto [digits, power] = significant(decimal);
-  const std::int64_t wanted = power + 1 + places;  // how many of the digits stand before the rounding
-  if (digits.empty() || wanted < 0) return "0";
+  const std::int64_t wanted = decimal.power + 1 + places;  // how many of the digits stand before the rounding
+  if (decimal.digits.empty() || wanted < 0) return "0";
 
   std::string kept;
-  if (keepDigits(digits, wanted, [&](char digit) { kept += digit; }) != Rest::belowHalf) {
+  if (keepDigits(decimal.digits, wanted, [&](char digit) { kept += digit; }) != Rest::belowHalf) {
     auto digit = kept.rbegin();
     for (; digit != kept.rend() && *digit == '9'; ++digit) *digit = '0';
     if (digit == kept.rend()) {
@@ -164,14 +150,13 @@ std::string roundedDigits(const Decimal& decimal, int places) {
 /// The number times 10^places, rounded half to even to a whole number.
 std::int64_t roundedInteger(const Decimal& decimal, int places) {
   constexpr std::int64_t mostDigits = 19;  // of a 64-bit number; the sum of so many digits doesn't wrap
-  const auto [digits, power] = significant(decimal);
-  const std::int64_t wanted = power + 1 + places;
-  if (digits.empty() || wanted < 0) return 0;
+  const std::int64_t wanted = decimal.power + 1 + places;
+  if (decimal.digits.empty() || wanted < 0) return 0;
   if (wanted > mostDigits) throw FailedStatement{"the number is too large"};
 
   std::uint64_t number = 0;
-  const Rest rest =
-      keepDigits(digits, wanted, [&](char digit) { number = number * 10 + static_cast<std::uint64_t>(digit - '0'); });
+  const Rest rest = keepDigits(decimal.digits, wanted,
+                               [&](char digit) { number = number * 10 + static_cast<std::uint64_t>(digit - '0'); });
   if (rest == Rest::aboveHalf || (rest == Rest::half && number % 2 != 0)) ++number;
 
   constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
@@ -181,18 +166,16 @@ std::int64_t roundedInteger(const Decimal& decimal, int places) {
 
 /// The nearest double; none where the number is beyond every double, zero where it is too small for one.
 std::optional<double> nearestDouble(const Decimal& decimal) {
-  const auto [digits, power] = significant(decimal);
-  if (digits.empty()) return 0;
+  if (decimal.digits.empty()) return 0;
 
   std::string plain = decimal.negative ? "-" : "";
   const std::size_t pointAfter = plain.size() + 1;
-  for (const char c : digits) {
+  for (const char c : decimal.digits) {
     if (!isDigit(c)) continue;
     plain += c;
     if (plain.size() == pointAfter) plain += '.';
   }
-  plain += 'e';
-  plain += std::to_string(power);
+  if (decimal.power != 0) (plain += 'e') += std::to_string(decimal.power);
   return doubleOf(plain);
 }
 
@@ -228,20 +211,25 @@ Int16 toInt16(std::string_view text) { return roundedInteger(orFail(readDecimal(
 
 bool isNumber(std::string_view text) { return readDecimal(text).has_value(); }
 
-std::string toText(Money amount) {
+char* writeText(char* place, Money amount) {
   constexpr auto unitsPerDollar = static_cast<std::uint64_t>(Money::unitsPerDollar);
   const std::uint64_t units = magnitude(amount.units());
-  std::array<char, 24> buffer{};
-  char* text = buffer.data();
-  if (amount.units() < 0) *text++ = '-';
-  text = std::to_chars(text, buffer.data() + buffer.size(), units / unitsPerDollar).ptr;
-  if (std::uint64_t decimals = units % unitsPerDollar; decimals != 0) {
-    *text++ = '.';
-    for (std::uint64_t place = unitsPerDollar / 10; decimals != 0; decimals %= place, place /= 10) {
-      *text++ = static_cast<char>('0' + decimals / place);
-    }
-  }
-  return {buffer.data(), text};
+  if (amount.units() < 0) *place++ = '-';
+  place = std::to_chars(place, place + longestAmount, units / unitsPerDollar).ptr;
+  const std::uint64_t decimals = units % unitsPerDollar;
+  if (decimals == 0) return place;
+  *place++ = '.';
+  *place++ = static_cast<char>('0' + decimals / 1000);
+  *place++ = static_cast<char>('0' + decimals / 100 % 10);
+  *place++ = static_cast<char>('0' + decimals / 10 % 10);
+  *place++ = static_cast<char>('0' + decimals % 10);
+  while (place[-1] == '0') --place;
+  return place;
+}
+
+std::string toText(Money amount) {
+  std::array<char, longestAmount> buffer{};
+  return {buffer.data(), writeText(buffer.data(), amount)};
 }
 
 std::string toText(double value) {

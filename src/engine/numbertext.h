@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,10 @@ bool isNumber(std::string_view text);
 std::string toText(Money amount);
 std::string toText(double value);
 std::string toText(Int16 number);
+
+/// Writes the plain text of an amount to a place that has room for `longestAmount` characters; gives its end.
+char* writeText(char* place, Money amount);
+inline constexpr std::size_t longestAmount = 21;  ///< -922337203685477.5808
 
 /// The format "Currency": two decimals, an exact half away from zero, "$", thousands commas, negatives in parentheses,
 /// a zero without them. A text is formatted by the decimal that it holds; one that isn't a number, or is beyond a

@@ -25,7 +25,8 @@ void MemoryStore::erase(std::string_view section, std::string_view key) {
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultText) {
   if (application != applicationKey) return std::string(defaultText);
-  return settingsStore->read(section, key).value_or(std::string(defaultText));
+  const auto stored = settingsStore->read(section, key);
+  return stored ? *stored : std::string(defaultText);
 }
 
 void saveSetting(std::string_view application, std::string_view section, std::string_view key,

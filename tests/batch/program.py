@@ -4,10 +4,10 @@ terminal, a reader that goes away, and memory that doesn't grow with the file.""
 import os
 import pathlib
 import pty
+import re
 import subprocess
 import sys
 import tempfile
-import threading
 import time
 
 program = os.path.abspath(sys.argv[1])
@@ -109,26 +109,39 @@ def progress():
     expect("a quiet run tells a terminal nothing", terminal("--quiet") == b"")
 
 
+def share_done():
+    """Of a file the share done is told too. Its output isn't taken for a while, so that the run lasts."""
+    screen, end = pty.openpty()
+    with tempfile.NamedTemporaryFile() as file:
+        file.write(header + row * 50_000)
+        file.flush()
+        with subprocess.Popen([program, file.name], stdout=subprocess.PIPE, stderr=end) as process:
+            os.close(end)
+            time.sleep(1.2)
+            process.stdout.read()
+            expect("a run over a file before a terminal", process.wait(60) == 0)
+    seen = os.read(screen, 4096)
+    os.close(screen)
+    expect(f"a terminal is told the share: {seen}", b" a second, " in seen and b" %" in seen)
+
+
 def memory():
     """The largest memory in use over a small and a large input, in KiB."""
     def of(rows):
-        process = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL)
-
-        def feed():
-            with process.stdin as stdin:
-                stdin.write(header)
-                for _ in range(rows // 1000):
-                    stdin.write(row * 1000)
-        feeder = threading.Thread(target=feed)
-        feeder.start()
-        _, status, usage = os.wait4(process.pid, 0)
-        feeder.join()
-        expect("a run over many rows", status == 0)
-        return usage.ru_maxrss
+        with subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL) as process:
+            process.stdin.write(header)
+            for _ in range(rows // 1000):
+                process.stdin.write(row * 1000)
+            process.stdin.flush()
+            # That of the process after it ends would count what it had before it became this program.
+            status = pathlib.Path(f"/proc/{process.pid}/status").read_text()
+            process.stdin.close()
+            expect("a run over many rows", process.wait(60) == 0)
+        return int(re.search(r"VmHWM:\s*(\d+)", status)[1])
     small, large = of(20_000), of(400_000)
     expect(f"memory stays as it is: {small} and {large} KiB", large <= small + 1024)
 
 
-for check in (options, refusals, problems, closed_pipe, progress, memory):
+for check in (options, refusals, problems, closed_pipe, progress, share_done, memory):
     check()
 print("the program keeps its word")

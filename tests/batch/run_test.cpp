@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <random>
 #include <sstream>
 
 #include "batchrun.h"
@@ -70,6 +72,45 @@ TEST(Batch, RowsDoNotKnowOfEachOther) {
   const std::string both = outcomeOf(header + first + second).out;
   EXPECT_THAT(both, StartsWith(outcomeOf(header + first).out));
   EXPECT_EQ(linesOf(both)[2], linesOf(outcomeOf(header + second).out)[1]);
+}
+
+TEST(Batch, LeavesMississippisExemptionToItsRow) {
+  // Its marital option 7 stands for an exemption of 10,000 where other states have an additional amount. Kentucky adds
+  // that amount to (0 * 52 - 650) * 0.02 / 52, which is -0.25.
+  const auto stateTaxOfTheLast = [](const std::string& in) {
+    const std::vector<std::string> lines = linesOf(outcomeOf(in).out);
+    const std::string& last = lines.back();
+    return last.substr(last.find(",0,0,0,0,0,"));
+  };
+  EXPECT_THAT(stateTaxOfTheLast("frequency,state,state_marital\n0,Mississippi,7\n0,Kentucky,7\n"),
+              StartsWith(",0,0,0,0,0,0,0,"));
+  EXPECT_THAT(stateTaxOfTheLast("frequency,state,state_marital,state_additional\n0,Mississippi,7,\n0,Kentucky,7,\n"),
+              StartsWith(",0,0,0,0,0,0,0,"));
+  EXPECT_THAT(stateTaxOfTheLast("frequency,state,state_marital,state_additional\n0,Mississippi,7,5\n0,Kentucky,7,5\n"),
+              StartsWith(",0,0,0,0,0,4.75,0,"));
+}
+
+TEST(Batch, GivesEachRowInAnyOrderWhatItGivesAlone) {
+  const std::string header =
+      "income,rate_401k,pre_tax,frequency,status,exemptions,state,self_employed,state_401k,state_pre_tax,local_rate,"
+      "local_base,state_dependents,illinois_dependents,state_exemptions,state_marital,state_method,state_additional\n";
+  std::vector<std::string> rows;
+  for (int state = 0; state <= 41; ++state) {
+    const std::string number = std::to_string(state);
+    rows.push_back("4000,6,100,3,1,2," + number + ",Y,Y,Y,2,5,2,1,2,7,3,15\n");
+    rows.push_back("900,,,0,,1," + number + ",,,Y,,,,,1,0,,\n");
+    rows.push_back("$12.50,x,5,1,2,," + number + ",,Y,,1,4,1,,,9,1,x\n");
+    rows.push_back(",,,,,," + number + ",,,,,,,,,,,\n");
+    rows.push_back("500,,,2,0,15," + number + ",Maybe,,,,,,,,8,,7\n");
+  }
+  std::shuffle(rows.begin(), rows.end(), std::mt19937(1999));
+  std::string in = header;
+  std::string alone = header.substr(0, header.size() - 1) + results + "\n";
+  for (const std::string& row : rows) {
+    in += row;
+    alone += outcomeOf(header + row, {.writeHeader = false}).out;
+  }
+  EXPECT_EQ(linesOf(outcomeOf(in).out), linesOf(alone));
 }
 
 TEST(Batch, HandsTheStateOptionsOverWhereTheStateOpensThem) {
