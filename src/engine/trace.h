@@ -47,6 +47,7 @@ struct Change {
 /// What a statement assigned, or would have: a field, or no field but a figure of the routine's own.
 struct Outcome {
   std::optional<std::size_t> field;
+  Figure before;
   Figure value;  ///< After the statement.
 };
 
@@ -61,6 +62,7 @@ struct TracedStatement {
   std::size_t firstChange = 0, changes = 0;
   std::size_t firstOutcome = 0, outcomes = 0;
   std::optional<AppliedRow> row;
+  std::optional<AmountsCounted> counted;
 };
 
 /// A calculation from the pay periods to the total and the check. The changes of its statements that are no parts, made
@@ -81,7 +83,7 @@ struct Trace {
   int number = 0;                               ///< Counts the calculations of a run from 1.
   std::array<int, fieldCount> touchedBy{};      ///< The calculation that assigned a field last; 0 if none did.
   std::array<int, fieldCount> touchedBefore{};  ///< The same before this calculation.
-  Fields afterLast;                             ///< As the calculation before this one left them.
+  std::array<int, fieldCount> setBefore{};      ///< The calculation before which a field was set otherwise; 0 for none.
 };
 
 /// Records all statements while it lives. One at a time.
@@ -97,12 +99,14 @@ class Recorder {
   void record(const char* title, std::span<const Target> targets, RunStatement run, void* statement,
               OnFailure onFailure);
   void rowApplied(const AppliedRow& row);
+  void amountsCounted(const AmountsCounted& counted);
   void notANumber(std::string_view text);
   void stateBegins(const char* caption);
   void stateEnds();
 
  private:
   std::optional<AppliedRow> row_;
+  std::optional<AmountsCounted> counted_;
   std::optional<std::string> badText_;
   bool within_ = false;
 };

@@ -20,7 +20,7 @@ static const Group* chosenGroup() {
 static void applyGroup(const Group& group) {
   Worksheet& work = worksheet();
   // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
-  step("Low-income test: no tax up to its amount", payData.stateTax,
+  step("No tax up to the low-income amount, which the table overrides", payData.stateTax,
        [&] { return work.stateWage <= group.gate.now() ? std::optional(Money{}) : std::nullopt; });
   step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - group.deduction.now(); });
   step("Tax by the table of filing status and pay period", payData.stateTax, [&] { return taxBy(group.bands.now()); });
@@ -43,7 +43,7 @@ void CalifTax() {
   const california::Group* group = california::chosenGroup();
   // The one gate that counts: Head of Family, Weekly, ends here, with neither credit nor `staAdd`.
   if (group == &california::groupCSchedule && payData.frequency == 0 && work.stateWage <= group->gate.weekly) {
-    step("Head of Family with a low weekly income: no tax", payData.stateTax, [] { return 0; });
+    step("No tax for a Head of Family with a low weekly income", payData.stateTax, [] { return 0; });
     return;
   }
   if (group) california::applyGroup(*group);

@@ -20,8 +20,14 @@ void Penn() {
 
 /// North Dakota, 1999. The federal withholding is the only wage figure that it sees: StateBase isn't called.
 void NorthDakota() {
-  step("North Dakota tax, 14% of the federal tax", payData.stateTax,
-       [] { return fromReal(toReal(payData.fedTax) * 0.14); });
+  Money federalTax;
+  step(
+      "North Dakota tax, 14% of the federal tax",
+      [&] {
+        federalTax = payData.fedTax;
+        payData.stateTax = fromReal(toReal(federalTax) * 0.14);
+      },
+      federalTax, payData.stateTax);
   finish();
 }
 

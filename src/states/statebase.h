@@ -34,6 +34,7 @@ class PerHead {
   constexpr PerHead(double dollars) : dollars_(dollars), whole_(false) {}  // NOLINT(google-explicit-constructor)
 
   friend Money operator*(Int16 count, PerHead amount) {
+    amountsCounted({count, amount.dollars_});
     if (amount.whole_) return count * Int16(static_cast<int>(amount.dollars_));
     return fromReal(toReal(count) * amount.dollars_);
   }
