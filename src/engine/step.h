@@ -4,6 +4,7 @@
 #include <concepts>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <variant>
 
 #include "engine/failure.h"
@@ -24,7 +25,7 @@ class Recorder;
 class Title {
  public:
   consteval Title(const char* words) : words_(words) {  // NOLINT(google-explicit-constructor): its words are the title
-    if (*words == '\0') throw "a statement needs a title";
+    if (std::string_view(words).empty()) throw "a statement needs a title";
   }
   constexpr const char* words() const { return words_; }
 

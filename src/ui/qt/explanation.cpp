@@ -39,7 +39,10 @@ const QColor grounds[] = {{38, 70, 83},    {120, 144, 156}, {62, 100, 116},
 
 }  // namespace
 
-ShareBar::ShareBar(QWidget* parent) : QWidget(parent) { setObjectName(QStringLiteral("bar")); }
+ShareBar::ShareBar(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("bar"));
+  setAccessibleName(QStringLiteral("Where the gross pay goes"));
+}
 
 void ShareBar::show(std::vector<Share> shares) {
   shares_ = std::move(shares);
@@ -62,8 +65,7 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(place, ground);
     painter.setPen(Qt::white);
     painter.drawLine(place.topRight(), place.bottomRight());
-    const QString words =
-        QStringLiteral("%1 %2%").arg(QString::fromLatin1(shares_[i].name)).arg(shares_[i].fraction * 100, 0, 'f', 1);
+    const QString words = text(shareText(shares_[i]));
     painter.setPen(ground.lightness() > 128 ? Qt::black : Qt::white);
     if (fontMetrics().horizontalAdvance(words) + look::tight < place.width()) {
       painter.drawText(place, Qt::AlignCenter, words);
@@ -109,6 +111,9 @@ ExplanationWindow::ExplanationWindow(QWidget* frame)
   auto* copyButton = new QPushButton(QStringLiteral("&Copy"), this);
   auto* printButton = new QPushButton(QStringLiteral("&Print"), this);
   auto* closeButton = new QPushButton(QStringLiteral("C&lose"), this);
+  copyButton->setObjectName(QStringLiteral("copy"));
+  printButton->setObjectName(QStringLiteral("print"));
+  closeButton->setObjectName(QStringLiteral("close"));
   connect(copyButton, &QPushButton::clicked, this, [this] { copy(); });
   connect(printButton, &QPushButton::clicked, this, [this] { print(); });
   connect(closeButton, &QPushButton::clicked, this, &QDialog::close);
@@ -161,6 +166,7 @@ void ExplanationWindow::refresh() {
   explanations_ = explain(*trace);
   bar_->show(sharesOf(*trace));
   shares_->setText(text(sharesText(*trace)));
+  bar_->setAccessibleDescription(shares_->text());
   const int chosen = std::max(0, figures_->currentRow());
   {
     const QSignalBlocker quiet(figures_);
