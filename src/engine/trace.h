@@ -26,13 +26,17 @@ struct Fields {
 
   /// Calls visit(name, field) for each, those of the record first.
   template <class Self, class Visit>
-  static void each(Self&& self, Visit&& visit) {
+  static constexpr void each(Self&& self, Visit&& visit) {
     forEachField(self.record, visit);
     forEachField(self.work, visit);
   }
 };
 
-inline constexpr std::size_t fieldCount = 41;
+inline constexpr std::size_t fieldCount = [] {
+  std::size_t count{};
+  Fields::each(Fields{}, [&](const char* /*name*/, const auto& /*field*/) { ++count; });
+  return count;
+}();
 
 /// A value of a field, or of a figure that a routine keeps to itself.
 using Figure = std::variant<Money, Int16, double>;
