@@ -61,7 +61,7 @@ extern PayData payData;
 /// Calls visit(name, field) for each field of a record, in declaration order.
 template <class Record, class Visit>
 requires std::is_same_v<std::remove_const_t<Record>, PayData>
-constexpr void forEachField(Record& record, Visit&& visit) {
+void forEachField(Record& record, Visit&& visit) {
   visit("depsDed", record.depsDed);
   visit("totalDed", record.totalDed);
   visit("rate401k", record.rate401k);

@@ -26,17 +26,15 @@ struct Fields {
 
   /// Calls visit(name, field) for each, those of the record first.
   template <class Self, class Visit>
-  static constexpr void each(Self&& self, Visit&& visit) {
+  static void each(Self&& self, Visit&& visit) {
     forEachField(self.record, visit);
     forEachField(self.work, visit);
   }
 };
 
-inline constexpr std::size_t fieldCount = [] {
-  std::size_t count{};
-  Fields::each(Fields{}, [&](const char* /*name*/, const auto& /*field*/) { ++count; });
-  return count;
-}();
+/// A number for each field, in their order.
+using PerField = std::array<int, 41>;
+inline constexpr std::size_t fieldCount = std::tuple_size_v<PerField>;
 
 /// A value of a field, or of a figure that a routine keeps to itself.
 using Figure = std::variant<Money, Int16, double>;
@@ -84,10 +82,10 @@ struct Trace {
   std::optional<Money> allowance;   ///< Federal allowance for each exemption, if the frequency has one.
   std::optional<Int16> exemptions;  ///< As chosen on the main screen, where they are a number.
 
-  int number = 0;                               ///< Counts the calculations of a run from 1.
-  std::array<int, fieldCount> touchedBy{};      ///< The calculation that assigned a field last; 0 if none did.
-  std::array<int, fieldCount> touchedBefore{};  ///< The same before this calculation.
-  std::array<int, fieldCount> setBefore{};      ///< The calculation before which a field was set otherwise; 0 for none.
+  int number = 0;            ///< Counts the calculations of a run from 1.
+  PerField touchedBy{};      ///< The calculation that assigned a field last; 0 if none did.
+  PerField touchedBefore{};  ///< The same before this calculation.
+  PerField setBefore{};      ///< The calculation before which a field was set otherwise; 0 for none.
 };
 
 /// Records all statements while it lives. One at a time.

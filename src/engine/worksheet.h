@@ -22,7 +22,7 @@ struct WorksheetFields {
 /// Calls visit(name, field) for each working field.
 template <class Fields, class Visit>
 requires std::is_same_v<std::remove_const_t<Fields>, WorksheetFields>
-constexpr void forEachField(Fields& fields, Visit&& visit) {
+void forEachField(Fields& fields, Visit&& visit) {
   visit("exemptions", fields.exemptions);
   visit("stateWage", fields.stateWage);
   visit("stateStdDed", fields.stateStdDed);

@@ -196,6 +196,35 @@ TEST_F(ExplainTest, SaysThatAnAllowanceWaitsForTheNextLoad) {
   EXPECT_THAT(linesOf("Federal Tax"), Not(Contains(HasSubstr("llowance of"))));
 }
 
+TEST_F(ExplainTest, TellsAPercentageAsItWasTyped) {
+  startSample();
+  main().txt401k.setText("1");
+  calculate();
+  EXPECT_THAT(linesOf("401k Deduction"),
+              ElementsAre("401(k) rate entered: 1.", "A rate of 1 or more is a percentage: 1%.",
+                          "401(k) contribution of the whole income: 1% of $1,000.00 is $10.00."));
+  main().txt401k.setText(".99");
+  calculate();
+  EXPECT_THAT(linesOf("401k Deduction"),
+              ElementsAre("401(k) rate entered: 99%.",
+                          "401(k) contribution of the whole income: 99% of $1,000.00 is $990.00."));
+}
+
+TEST_F(ExplainTest, TellsARowFromItsVeryBound) {
+  startSample(7);  // Delaware, Single: 687.50 a month is 5,000 a year above the standard deduction
+  main().lstFrequency.setIndex(3);
+  main().txtIncome.setText("687.5");
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"),
+              ElementsAre("Delaware.", "The year's wage: $687.50 times 12 is $8,250.00.",
+                          "Standard deduction of the filing status: $3,250.00.",
+                          "Less the standard deduction: $8,250.00 less $3,250.00 leaves $5,000.00.",
+                          "The year's tax by the table: $5,000.00 is $5,000.00 or more and below $10,000.00: 4.2% of "
+                          "$0.00, plus $78.00, is $78.00.",
+                          "The pay period's share, plus the additional amount asked for: $78.00 divided by 12 is "
+                          "$6.50."));
+}
+
 TEST_F(ExplainTest, SaysThatAGapOfATableMeetsNoRow) {
   startSample(18);  // Maine, Single: exactly 18,000 a year meets no row
   main().lstFrequency.setIndex(3);
@@ -264,6 +293,12 @@ TEST_F(ExplainTest, SharesTheGrossPayOut) {
   calculate();
   EXPECT_TRUE(sharesOf(*lastTrace()).empty());
   EXPECT_EQ(sharesText(*lastTrace()), "The gross pay is $0.00: there is nothing to share out.");
+}
+
+TEST(FieldsOfATrace, AreAsManyAsTheRecordAndTheWorkingFieldsHave) {
+  std::size_t count = 0;
+  Fields::each(Fields{}, [&](const char* /*name*/, const auto& /*field*/) { ++count; });
+  EXPECT_EQ(count, fieldCount);
 }
 
 TEST(AmountText, HasTwoDecimalsOrAsManyAsThereAre) {
