@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
+#include <span>
 #include <string_view>
 
 #include "engine/doubletext.h"
@@ -60,6 +62,11 @@ std::optional<Money> amountOf(const Figure& figure, std::optional<std::size_t> f
   return std::nullopt;
 }
 
+/// What a statement assigned, or would have.
+std::span<const Outcome> outcomesOf(const Trace& trace, const TracedStatement& statement) {
+  return std::span(trace.outcomes).subspan(statement.firstOutcome, statement.outcomes);
+}
+
 bool says(std::string_view title, std::string_view word) { return title.find(word) != std::string_view::npos; }
 
 /// "a, b and c".
@@ -78,7 +85,7 @@ std::string reachOf(const AppliedRow& row) {
   if (row.test == Test::above) return "is over " + bound;
   if (row.test == Test::atLeast) return "is " + bound + " or more";
   const bool atMost = row.test == Test::atMost;
-  if (row.lower <= 0 || row.x < row.lower) return (atMost ? "is at most " : "is below ") + bound;
+  if (row.lower == 0 || row.x < row.lower) return (atMost ? "is at most " : "is below ") + bound;
   const std::string from = row.x == row.lower ? amountText(row.lower) + " or more" : "over " + amountText(row.lower);
   return "is " + from + (atMost ? " and up to " : " and below ") + bound;
 }
@@ -162,15 +169,15 @@ std::string whyNot(const TracedStatement& statement) {
 std::string sumOf(const Trace& trace, const TracedStatement& statement, bool known) {
   const PayData& record = trace.after.record;
   const std::string_view title = statement.title;
-  const Outcome* outcomes = trace.outcomes.data() + statement.firstOutcome;
-  const Outcome& last = outcomes[statement.outcomes - 1];
+  const auto outcomes = outcomesOf(trace, statement);
+  const Outcome& last = outcomes.back();
   const Money result = *amountOf(last.value, last.field);
 
   Money from = *amountOf(last.before, last.field);
   if (says(title, "year's federal tax")) from = record.fedTax;
   if (!known && last.field == fedBase) from = record.taxableWage;
   if (!known && (last.field == stateWage || last.field == checkAmt)) from = record.grossPay;
-  if (says(title, "less the credit")) from = *amountOf(outcomes[0].value, outcomes[0].field);
+  if (says(title, "less the credit")) from = std::get<Money>(outcomes.front().value);
   const Money more = says(title, "additional amount") ? record.staAdd : Money{};
   const bool share = says(title, "share");
 
@@ -178,8 +185,8 @@ std::string sumOf(const Trace& trace, const TracedStatement& statement, bool kno
   if (!known && last.field == stateWage && says(title, "wage")) sum.less(record.statePreTax + record.state401k);
   if (says(title, "year's wage") || says(title, "year's federal tax")) sum.times(record.payPeriods);
   if (says(title, "That for each exemption")) sum.times(trace.after.work.exemptions);
-  if (share && statement.outcomes == 2) {
-    sum.less(from - *amountOf(outcomes[0].value, outcomes[0].field));  // the first figure is the tax after its credit
+  if (share && outcomes.size() == 2) {
+    sum.less(from - std::get<Money>(outcomes.front().value));  // the first figure is the tax after its credit
   } else if (says(title, "Less") || says(title, "less")) {
     sum.less(sum.value() - (result - more));
   } else if (says(title, "Plus") && !says(title, "additional amount")) {
@@ -195,7 +202,7 @@ std::string sumOf(const Trace& trace, const TracedStatement& statement, bool kno
 /// of the routine's own where it isn't 0 any more.
 bool isKnown(const Known& known, const Outcome& outcome) {
   if (outcome.field) return known.at(*outcome.field);
-  return outcome.before != Figure(Money{}) && outcome.before != Figure(Int16{}) && outcome.before != Figure(0.0);
+  return amountOf(outcome.before, outcome.field) != Money{};
 }
 
 /// The sum or figure behind a title; empty where the statement altered nothing that has been told.
@@ -203,20 +210,17 @@ std::string figuresOf(const Trace& trace, const Known& known, const TracedStatem
   if (statement.outcomes == 0) return "";
   const std::string_view title = statement.title;
   std::vector<std::string> texts;
-  for (std::size_t i = 0; i < statement.outcomes; ++i) {
-    const Outcome& outcome = trace.outcomes[statement.firstOutcome + i];
-    texts.push_back(textOf(outcome.value, outcome.field));
-  }
+  const auto outcomes = outcomesOf(trace, statement);
+  for (const Outcome& outcome : outcomes) texts.push_back(textOf(outcome.value, outcome.field));
   if (statement.row) return sumOf(*statement.row, texts[0]);
-  const Outcome& first = trace.outcomes[statement.firstOutcome];
-  if (std::holds_alternative<double>(first.value) && texts.size() == 3) {
+  if (std::holds_alternative<double>(outcomes.front().value) && texts.size() == 3) {
     return texts[0] + " of " + texts[1] + " is " + texts[2];
   }
   const bool credit = texts.size() == 2 && says(title, "credit");
   if (texts.size() == 2 && says(title, "% of") && !credit) return "of " + texts[0] + " it is " + texts[1];
   if (texts.size() > 1 && !credit) return listed(texts);
 
-  const Outcome& last = trace.outcomes[statement.firstOutcome + statement.outcomes - 1];
+  const Outcome& last = outcomes.back();
   if (isKnown(known, last) && last.before == last.value) return "";
   if (statement.counted && statement.counted->count != 1 &&
       amountOf(last.value, last.field) == fromReal(toReal(statement.counted->count) * statement.counted->each)) {
@@ -235,8 +239,8 @@ std::string figuresOf(const Trace& trace, const Known& known, const TracedStatem
 bool isWorkedOutAnew(const Trace& trace, std::size_t position, std::size_t field) {
   for (std::size_t i = position + 1; i < trace.statements.size(); ++i) {
     const TracedStatement& statement = trace.statements[i];
-    for (std::size_t k = 0; k < statement.outcomes; ++k) {
-      if (trace.outcomes[statement.firstOutcome + k].field == field) return statement.row.has_value();
+    for (const Outcome& outcome : outcomesOf(trace, statement)) {
+      if (outcome.field == field) return statement.row.has_value();
     }
   }
   return false;
@@ -246,21 +250,19 @@ bool isWorkedOutAnew(const Trace& trace, std::size_t position, std::size_t field
 std::string sentence(const Trace& trace, const Known& known, std::size_t position, std::size_t row) {
   const TracedStatement& statement = trace.statements[position];
   const std::string title = statement.title;
-  const Outcome* outcomes = trace.outcomes.data() + statement.firstOutcome;
+  const auto outcomes = outcomesOf(trace, statement);
   if (!statement.done || !statement.assigned) {
     std::vector<std::string> stays;
-    for (std::size_t i = 0; i < statement.outcomes; ++i) {
-      const auto field = outcomes[i].field;
+    for (const auto& [field, before, value] : outcomes) {
       if (!field || isWorkedOutAnew(trace, position, *field)) continue;
-      stays.push_back(known.at(*field) ? textOf(outcomes[i].value, field)
-                                       : standing(trace, *field, "the calculation before"));
+      stays.push_back(known.at(*field) ? textOf(value, field) : standing(trace, *field, "the calculation before"));
     }
     const std::string why = statement.done ? ": doesn't apply" : ": left out, because " + whyNot(statement);
     return title + why + (stays.empty() ? "" : "; " + listed(stays) + (stays.size() == 1 ? " stays" : " stay")) + ".";
   }
   // Nothing entered, nothing left untaxed: not worth a line under another figure.
-  if (statement.outcomes == 1 && !statement.row && outcomes[0].field != row && !isKnown(known, outcomes[0]) &&
-      amountOf(outcomes[0].value, outcomes[0].field) == Money{}) {
+  if (outcomes.size() == 1 && !statement.row && outcomes.front().field != row && !isKnown(known, outcomes.front()) &&
+      amountOf(outcomes.front().value, outcomes.front().field) == Money{}) {
     return "";
   }
   const std::string figures = figuresOf(trace, known, statement);
@@ -295,8 +297,8 @@ const std::vector<Row>& rows() {
 bool leadsTo(const Trace& trace, const Row& row, const TracedStatement& statement, std::size_t position) {
   const bool ofTheState = position >= trace.firstOfState && position < trace.endOfState;
   if (row.field == stateTax) return ofTheState;
-  for (std::size_t i = 0; i < statement.outcomes; ++i) {
-    const auto field = trace.outcomes[statement.firstOutcome + i].field;
+  for (const Outcome& outcome : outcomesOf(trace, statement)) {
+    const auto field = outcome.field;
     if (!field || std::find(row.ledBy.begin(), row.ledBy.end(), *field) == row.ledBy.end()) continue;
     if (!ofTheState || *field == row.field) return true;
   }
@@ -307,9 +309,8 @@ bool leadsTo(const Trace& trace, const Row& row, const TracedStatement& statemen
 std::size_t endOf(const Trace& trace, std::size_t field) {
   std::size_t end = 0;
   for (std::size_t i = 0; i < trace.statements.size(); ++i) {
-    const TracedStatement& statement = trace.statements[i];
-    for (std::size_t k = 0; k < statement.outcomes; ++k) {
-      if (trace.outcomes[statement.firstOutcome + k].field == field) end = i + 1;
+    for (const Outcome& outcome : outcomesOf(trace, trace.statements[i])) {
+      if (outcome.field == field) end = i + 1;
     }
   }
   return end;
@@ -331,7 +332,7 @@ void addBackground(const Trace& trace, const Row& row, std::vector<std::string>&
   }
   if (row.field != fedTax || !trace.allowance) return;
   const std::int64_t each = trace.allowance->units();
-  if (record.depsDed > 0 && record.depsDed.units() % each == 0) {
+  if (record.depsDed != 0 && record.depsDed.units() % each == 0) {
     const std::int64_t count = record.depsDed.units() / each;
     lines.push_back("The federal allowance of " + amountText(record.depsDed) + " is for " + std::to_string(count) +
                     (count == 1 ? " exemption." : " exemptions."));
@@ -351,13 +352,15 @@ void addBackground(const Trace& trace, const Row& row, std::vector<std::string>&
 
 std::vector<Share> sharesOf(const Trace& trace) {
   const PayData& record = trace.after.record;
-  std::vector<Share> shares{{"401(k)", record.amt401k, 0},     {"federal tax", record.fedTax, 0},
-                            {"state tax", record.stateTax, 0}, {"local tax", record.localTax, 0},
-                            {"FICA", record.fica, 0},          {"check", record.checkAmt, 0}};
   if (record.grossPay <= 0) return {};
-  for (Share& share : shares) {
-    if (share.amount < 0) return {};
-    share.fraction = toReal(share.amount) / toReal(record.grossPay);
+  const auto share = [&](const char* name, Money amount) {
+    return Share{name, amount, toReal(amount) / toReal(record.grossPay)};
+  };
+  std::vector<Share> shares{share("401(k)", record.amt401k),     share("federal tax", record.fedTax),
+                            share("state tax", record.stateTax), share("local tax", record.localTax),
+                            share("FICA", record.fica),          share("check", record.checkAmt)};
+  for (const Share& part : shares) {
+    if (part.amount < 0) return {};
   }
   return shares;
 }
@@ -387,7 +390,7 @@ std::string amountText(Money amount) {
   const auto units = amount.units();
   std::string text = currency(Money::ofUnits(units - units % 100));
   if (negative) text = text.front() == '(' ? text.substr(1, text.size() - 2) : text;
-  if (const auto rest = units % 100 < 0 ? -(units % 100) : units % 100; rest != 0) {
+  if (const auto rest = std::abs(units % 100); rest != 0) {
     text += static_cast<char>('0' + rest / 10);
     if (rest % 10 != 0) text += static_cast<char>('0' + rest % 10);
   }
@@ -420,8 +423,8 @@ std::vector<Explanation> explain(const Trace& trace) {
         }
         if (statement.part && !statement.done && !whole->done) lines.emplace_back("The rest is given up.");
       }
-      for (std::size_t k = 0; k < statement.outcomes; ++k) {
-        if (const auto field = trace.outcomes[statement.firstOutcome + k].field) known.at(*field) = true;
+      for (const Outcome& outcome : outcomesOf(trace, statement)) {
+        if (outcome.field) known.at(*outcome.field) = true;
       }
     }
     const bool touched = trace.touchedBy.at(row.field) == trace.number;

@@ -210,6 +210,65 @@ TEST_F(ExplainTest, TellsAPercentageAsItWasTyped) {
                           "401(k) contribution of the whole income: 99% of $1,000.00 is $990.00."));
 }
 
+TEST_F(ExplainTest, LeavesOutADeductionOfNothing) {
+  startSample(3);  // Arkansas
+  main().cboExemptions.setIndex(0);
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"), Not(Contains(HasSubstr("Credit of 20"))));
+  EXPECT_THAT(linesOf("State Tax"), Contains("The year's wage: $1,000.00 times 52 is $52,000.00."));
+}
+
+TEST_F(ExplainTest, SharesAWholeDollarOutAndNothingOfNothing) {
+  startSample();
+  main().txt401k.setText("");
+  main().txtIncome.setText("1");
+  calculate();
+  EXPECT_EQ(sharesOf(*lastTrace()).size(), 6U);
+  EXPECT_EQ(sharesText(*lastTrace()), "Of the gross pay of $1.00: state tax 2.8%, FICA 7.7%, check 89.6%.");
+  main().txtIncome.setText("0");
+  calculate();
+  EXPECT_TRUE(sharesOf(*lastTrace()).empty());
+}
+
+/// The explanation of statements that are written here, in the state's part of a calculation.
+TEST_F(ExplainTest, NeedsNothingAroundAStatement) {
+  static constexpr Band bands[] = {{tallyfin::Test::above, 0, 0, 0.5}};
+  startSample();
+  {
+    Recorder recording;
+    step("Gross pay", payData.grossPay, [] { return 100; });
+  }
+  EXPECT_THAT(linesOf("Gross Pay"), ElementsAre("Gross pay: $100.00."));
+  {
+    Recorder recording;
+    step("The income entered", payData.taxableWage, [] { return 100; });
+  }
+  EXPECT_THAT(linesOf("Gross Pay"),
+              ElementsAre("No income is entered.", "Not touched by this calculation: $100.00 from the one before."));
+  {
+    Recorder recording;
+    recording.stateBegins("Here");
+    step("By another table", payData.stateTax, []() -> std::optional<Money> { return std::nullopt; });
+    step("By the table", payData.stateTax, [] { return taxOf(bands, 100); });
+    recording.stateEnds();
+    step("Pre-tax amount", payData.preTax, [] { return 7; });
+    step("Federal tax", payData.fedTax, [] { return 8; });
+  }
+  EXPECT_THAT(linesOf("State Tax"), ElementsAre("Here.", "By another table: doesn't apply.",
+                                                "By the table: $100.00 is over $0.00: 50% of $100.00 is $50.00."));
+  EXPECT_THAT(linesOf("Federal Tax"), ElementsAre("Pre-tax amount: $7.00.", "Federal tax: $8.00."));
+  {
+    Recorder recording;
+    recording.stateBegins("There");
+    step("As a whole",
+         [] { part("A part", payData.stateTax, []() -> Money { throw FailedStatement{"it can't be"}; }); });
+    recording.stateEnds();
+  }
+  EXPECT_THAT(linesOf("State Tax"),
+              ElementsAre("There.", "A part: left out, because it can't be; $50.00 from the calculation before stays.",
+                          "The rest is given up.", "Not touched by this calculation: $50.00 from the one before."));
+}
+
 TEST_F(ExplainTest, TellsARowFromItsVeryBound) {
   startSample(7);  // Delaware, Single: 687.50 a month is 5,000 a year above the standard deduction
   main().lstFrequency.setIndex(3);
@@ -310,6 +369,7 @@ TEST(AmountText, HasTwoDecimalsOrAsManyAsThereAre) {
   EXPECT_EQ(rateText(0.0765), "7.65%");
   EXPECT_EQ(rateText(0.1F), "10%");
   EXPECT_EQ(rateText(1e308), "1E+308");
+  EXPECT_EQ(rateText(1.78e306), "1.78E+308%");
 }
 
 using TraceLaws = ExplainTest;
