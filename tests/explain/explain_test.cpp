@@ -216,6 +216,18 @@ TEST_F(ExplainTest, LeavesOutADeductionOfNothing) {
   calculate();
   EXPECT_THAT(linesOf("State Tax"), Not(Contains(HasSubstr("Credit of 20"))));
   EXPECT_THAT(linesOf("State Tax"), Contains("The year's wage: $1,000.00 times 52 is $52,000.00."));
+  main().cboState.setIndex(1);  // Alabama
+  main().txtIncome.setText("0");
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"), Not(Contains(HasSubstr("Standard deduction, 20%"))));
+}
+
+TEST_F(ExplainTest, SaysThatAFigureStandsFromTheStart) {
+  startSample(0);
+  payData.stateTax = dollars("12.5");
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"),
+              ElementsAre("No state is chosen.", "Not touched by this calculation: $12.50 from the start."));
 }
 
 TEST_F(ExplainTest, SharesAWholeDollarOutAndNothingOfNothing) {
