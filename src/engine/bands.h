@@ -73,6 +73,20 @@ inline void rowApplied(const AppliedRow& row) {
     reportRow(row);
 }
 
+/// An amount for each of a count, as a statement multiplied them.
+struct AmountsCounted {
+  Int16 count;
+  double each;  ///< Dollars.
+};
+
+[[gnu::cold]] void reportAmounts(const AmountsCounted& counted);
+
+/// Whoever multiplies an amount by a count says so to the recorder, if there is one.
+inline void amountsCounted(const AmountsCounted& counted) {
+  if (recorder != nullptr) [[unlikely]]
+    reportAmounts(counted);
+}
+
 /// The tax on x: the subtraction in Money, the rest in one real step.
 inline Money taxOf(Bands table, Money x) {
   const Band& band = bandOf(table, x);

@@ -20,7 +20,8 @@ void takeIncome() {
     const std::string& income = worksheet().incomeText();
     if (income.empty()) {
       // grossPay stays: FICA is still worked out on the income of the last calculation.
-      step("No income is entered: the wage is nothing, the gross pay stays", payData.taxableWage, [] { return 0; });
+      step("No income is entered, so that the wage is nothing and the gross pay stays", payData.taxableWage,
+           [] { return 0; });
       return;
     }
     // Where the text is no number, grossPay takes the reduced wage that the last calculation left.
@@ -39,14 +40,16 @@ void GetPreTax() {
   const Worksheet& boxes = worksheet();
   step("Pre-FICA amount entered", payData.preFica, [&] { return amountIn(boxes.preFicaText()); });
   step("Pre-tax amount entered", payData.preTax, [&] { return amountIn(boxes.preTaxText()); });
+  double rate = 0;
   Money income;
   step(
-      "401(k) contribution, at that rate of the whole income",
+      "401(k) contribution of the whole income",
       [&] {
+        rate = payData.rate401k;
         income = payData.taxableWage;
-        payData.amt401k = fromReal(toReal(income) * payData.rate401k);
+        payData.amt401k = fromReal(toReal(income) * rate);
       },
-      income, payData.amt401k);
+      rate, income, payData.amt401k);
 }
 
 void Calculate() {

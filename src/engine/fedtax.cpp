@@ -94,7 +94,7 @@ const Bands& federalTable() {
 
 /// A part of FICA at a rate: a product of its own, so that the total can differ from its parts in the last decimal;
 /// there is no wage base and no floor.
-[[gnu::always_inline]] inline void share(const char* title, Money& part, double rate) {
+[[gnu::always_inline]] inline void share(Title title, Money& part, double rate) {
   Money base;
   step(
       title,
@@ -112,15 +112,15 @@ void fica() {
 }
 
 void ficaOfTheSelfEmployed() {
-  share("FICA of the self-employed, 15.3% instead", payData.fica, 0.153);
-  share("Social Security of the self-employed, 12.4% instead", payData.socSec, 0.124);
-  share("Medicare of the self-employed, 2.9% instead", payData.medicare, 0.029);
+  share("FICA of the self-employed, 15.3% of the same instead", payData.fica, 0.153);
+  share("Social Security of the self-employed, 12.4% of the same instead", payData.socSec, 0.124);
+  share("Medicare of the self-employed, 2.9% of the same instead", payData.medicare, 0.029);
 }
 
 void showFigures() {
   // lbl8 shows the local tax of the calculation before: LocalTaxCalc runs after this.
   struct Shown {
-    const char* title;
+    Title title;
     Money PayData::*figure;
   };
   static constexpr Shown shown[] = {

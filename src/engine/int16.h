@@ -32,7 +32,7 @@ class Int16 {
   template <std::integral T>
   static constexpr std::int16_t checked(T number) {
     if (number < std::numeric_limits<std::int16_t>::min() || number > std::numeric_limits<std::int16_t>::max()) {
-      throw FailedStatement{"the number is beyond the 16 bits of a count"};
+      throw FailedStatement{"the number is beyond the range of a whole number, -32,768 to 32,767"};
     }
     return static_cast<std::int16_t>(number);
   }

@@ -22,14 +22,16 @@ Money localBase() {
 }  // namespace
 
 void LocalTaxCalc() {
+  double rate = 0;
   Money base;
   step(
-      "The local rate of the base chosen on the Local Tax page",
+      "Local tax on the base chosen on the Local Tax page",
       [&] {
+        rate = payData.localRate;
         base = localBase();
-        payData.localTax = fromReal(toReal(base) * payData.localRate);
+        payData.localTax = fromReal(toReal(base) * rate);
       },
-      base, payData.localTax);
+      rate, base, payData.localTax);
 }
 
 }  // namespace tallyfin

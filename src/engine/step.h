@@ -4,6 +4,7 @@
 #include <concepts>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <variant>
 
 #include "engine/failure.h"
@@ -19,6 +20,18 @@ class Recorder;
 
 /// The recorder of the calculation that runs; none for most.
 [[gnu::visibility("hidden")]] inline Recorder* recorder = nullptr;
+
+/// The title of a statement. An empty one isn't compiled.
+class Title {
+ public:
+  consteval Title(const char* words) : words_(words) {  // NOLINT(google-explicit-constructor): its words are the title
+    if (std::string_view(words).empty()) throw "a statement needs a title";
+  }
+  constexpr const char* words() const { return words_; }
+
+ private:
+  const char* words_;
+};
 
 /// What a statement assigns: a field of the record, a working field, or a figure of the routine's own.
 using Target = std::variant<const Money*, const Int16*, const double*, const float*>;
@@ -70,10 +83,10 @@ template <class Statement, class... Targets>
 /// that says false has assigned nothing.
 template <class Statement, class... Targets>
 requires std::invocable<Statement&>
-[[gnu::always_inline]] inline void step(const char* title, Statement&& statement, const Targets&... targets) {
+[[gnu::always_inline]] inline void step(Title title, Statement&& statement, const Targets&... targets) {
   if (recorder != nullptr) [[unlikely]] {
     auto watched = statement;  // a copy: without a recorder nobody takes the statement's own address
-    detail::watched(OnFailure::skip, title, watched, targets...);
+    detail::watched(OnFailure::skip, title.words(), watched, targets...);
     return;
   }
   try {
@@ -85,17 +98,17 @@ requires std::invocable<Statement&>
 /// Assigns a value to the target; where the value can't be worked out, or there is none, the target stays as it was.
 template <class T, class Value>
 requires(std::invocable<Value&> && !std::invocable<T&>)
-    [[gnu::always_inline]] inline void step(const char* title, T& target, Value&& value) {
+    [[gnu::always_inline]] inline void step(Title title, T& target, Value&& value) {
   step(
       title, [&target, value] { return detail::assign(target, value()); }, target);
 }
 
 /// Assigns a value to the target as a part of a statement: a failure is that of the whole statement.
 template <class T, class Value>
-void part(const char* title, T& target, Value&& value) {
+void part(Title title, T& target, Value&& value) {
   if (recorder != nullptr) [[unlikely]] {
     auto watched = [&target, value] { return detail::assign(target, value()); };
-    detail::watched(OnFailure::passOn, title, watched, target);
+    detail::watched(OnFailure::passOn, title.words(), watched, target);
     return;
   }
   detail::assign(target, value());

@@ -58,6 +58,8 @@ void watch(const char* title, std::span<const Target> targets, RunStatement run,
 
 void reportRow(const AppliedRow& row) { recorder->rowApplied(row); }
 
+void reportAmounts(const AmountsCounted& counted) { recorder->amountsCounted(counted); }
+
 Recorder::Recorder() {
   if (!last) last.emplace();
   Trace& trace = *last;
@@ -68,10 +70,13 @@ Recorder::Recorder() {
   trace.firstOfState = trace.endOfState = 0;
   trace.allowance.reset();
   trace.exemptions.reset();
-  trace.afterLast = trace.after;
   trace.touchedBefore = trace.touchedBy;
   ++trace.number;
-  trace.before = trace.after = fieldsNow();
+  trace.before = fieldsNow();
+  std::vector<Change> setSince;
+  if (trace.number > 1) addChanges(setSince, trace.after, trace.before);
+  for (const Change& change : setSince) trace.setBefore.at(change.field) = trace.number;
+  trace.after = trace.before;
   recorder = this;
 }
 
@@ -92,8 +97,11 @@ void Recorder::record(const char* title, std::span<const Target> targets, RunSta
   const bool outer = !within_;
   within_ = true;
   const auto rowSoFar = std::exchange(row_, std::nullopt);
+  counted_.reset();
   badText_.reset();
 
+  std::vector<Figure> figuresBefore;
+  for (const Target& target : targets) figuresBefore.push_back(figureAt(target));
   const Fields before = fieldsNow();
   bool done = true;
   bool assigned = false;
@@ -115,13 +123,14 @@ void Recorder::record(const char* title, std::span<const Target> targets, RunSta
   }
   traced.row = row_;
   if (!row_) row_ = rowSoFar;  // what a part has applied, the whole has
+  traced.counted = counted_;
   traced.firstChange = trace.changes.size();
   if (const Fields after = fieldsNow(); after != before) addChanges(trace.changes, before, after);
   traced.changes = trace.changes.size() - traced.firstChange;
   traced.firstOutcome = trace.outcomes.size();
-  for (const Target& target : targets) {
-    const auto field = fieldAt(addressOf(target));
-    trace.outcomes.push_back({field, figureAt(target)});
+  for (std::size_t i = 0; i < targets.size(); ++i) {
+    const auto field = fieldAt(addressOf(targets[i]));
+    trace.outcomes.push_back({field, figuresBefore[i], figureAt(targets[i])});
     if (field && assigned) trace.touchedBy.at(*field) = trace.number;
   }
   traced.outcomes = targets.size();
@@ -129,6 +138,8 @@ void Recorder::record(const char* title, std::span<const Target> targets, RunSta
 }
 
 void Recorder::rowApplied(const AppliedRow& row) { row_ = row; }
+
+void Recorder::amountsCounted(const AmountsCounted& counted) { counted_ = counted; }
 
 void Recorder::notANumber(std::string_view text) { badText_ = std::string(text); }
 

@@ -32,7 +32,9 @@ struct Fields {
   }
 };
 
-inline constexpr std::size_t fieldCount = 41;
+/// A number for each field, in their order.
+using PerField = std::array<int, 41>;
+inline constexpr std::size_t fieldCount = std::tuple_size_v<PerField>;
 
 /// A value of a field, or of a figure that a routine keeps to itself.
 using Figure = std::variant<Money, Int16, double>;
@@ -47,6 +49,7 @@ struct Change {
 /// What a statement assigned, or would have: a field, or no field but a figure of the routine's own.
 struct Outcome {
   std::optional<std::size_t> field;
+  Figure before;
   Figure value;  ///< After the statement.
 };
 
@@ -61,6 +64,7 @@ struct TracedStatement {
   std::size_t firstChange = 0, changes = 0;
   std::size_t firstOutcome = 0, outcomes = 0;
   std::optional<AppliedRow> row;
+  std::optional<AmountsCounted> counted;
 };
 
 /// A calculation from the pay periods to the total and the check. The changes of its statements that are no parts, made
@@ -78,10 +82,10 @@ struct Trace {
   std::optional<Money> allowance;   ///< Federal allowance for each exemption, if the frequency has one.
   std::optional<Int16> exemptions;  ///< As chosen on the main screen, where they are a number.
 
-  int number = 0;                               ///< Counts the calculations of a run from 1.
-  std::array<int, fieldCount> touchedBy{};      ///< The calculation that assigned a field last; 0 if none did.
-  std::array<int, fieldCount> touchedBefore{};  ///< The same before this calculation.
-  Fields afterLast;                             ///< As the calculation before this one left them.
+  int number = 0;            ///< Counts the calculations of a run from 1.
+  PerField touchedBy{};      ///< The calculation that assigned a field last; 0 if none did.
+  PerField touchedBefore{};  ///< The same before this calculation.
+  PerField setBefore{};      ///< The calculation before which a field was set otherwise; 0 for none.
 };
 
 /// Records all statements while it lives. One at a time.
@@ -97,12 +101,14 @@ class Recorder {
   void record(const char* title, std::span<const Target> targets, RunStatement run, void* statement,
               OnFailure onFailure);
   void rowApplied(const AppliedRow& row);
+  void amountsCounted(const AmountsCounted& counted);
   void notANumber(std::string_view text);
   void stateBegins(const char* caption);
   void stateEnds();
 
  private:
   std::optional<AppliedRow> row_;
+  std::optional<AmountsCounted> counted_;
   std::optional<std::string> badText_;
   bool within_ = false;
 };

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
+#include <span>
 #include <string_view>
 
 #include "engine/doubletext.h"
@@ -40,178 +42,230 @@ const auto medicare = numberOf("medicare");
 const auto totalDed = numberOf("totalDed");
 const auto checkAmt = numberOf("checkAmt");
 const auto stateWage = numberOf("stateWage");
+const auto staExmp = numberOf("staExmp");
 
-/// What people call a field, where a statement assigns more than one.
-std::string nameOf(std::size_t field) {
-  if (field == numberOf("stateDepsDed")) return "allowance ";
-  if (field == numberOf("stateStdDed")) return "deduction ";
-  if (field == numberOf("staExmp")) return "standard deduction ";
-  if (field == stateWage) return "wage ";
-  return "";
+/// Whether a whole number that a statement works out is dollars. The routines assign counts to fields; a figure of
+/// their own, and what they leave in `staExmp`, is an amount.
+bool isDollars(std::optional<std::size_t> field) { return !field || field == staExmp; }
+
+std::string textOf(const Figure& figure, std::optional<std::size_t> field) {
+  if (const auto* amount = std::get_if<Money>(&figure)) return amountText(*amount);
+  if (const auto* count = std::get_if<Int16>(&figure)) return isDollars(field) ? amountText(*count) : toText(*count);
+  const double rate = std::get<double>(figure);
+  return field == rate401k && rate >= 1 ? toText(rate) : rateText(rate);  // a percentage as it was typed
 }
 
-std::string textOf(const Figure& figure) {
-  if (const auto* amount = std::get_if<Money>(&figure)) return amountText(*amount);
-  if (const auto* count = std::get_if<Int16>(&figure)) return toText(*count);
-  const double rate = std::get<double>(figure);
-  return rate < 1 ? rateText(rate) : toText(rate);  // 1 or more: a percentage as it was typed
+/// The dollars of a figure; none of a count or a rate.
+std::optional<Money> amountOf(const Figure& figure, std::optional<std::size_t> field) {
+  if (const auto* amount = std::get_if<Money>(&figure)) return *amount;
+  if (const auto* count = std::get_if<Int16>(&figure); count != nullptr && isDollars(field)) return Money(*count);
+  return std::nullopt;
+}
+
+/// What a statement assigned, or would have.
+std::span<const Outcome> outcomesOf(const Trace& trace, const TracedStatement& statement) {
+  return std::span(trace.outcomes).subspan(statement.firstOutcome, statement.outcomes);
 }
 
 bool says(std::string_view title, std::string_view word) { return title.find(word) != std::string_view::npos; }
 
-std::optional<Money> difference(Money a, Money b) {
-  try {
-    return a - b;
-  } catch (const FailedStatement&) {
-    return std::nullopt;
+/// "a, b and c".
+std::string listed(const std::vector<std::string>& texts) {
+  std::string list;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    if (i > 0) list += i + 1 == texts.size() ? " and " : ", ";
+    list += texts[i];
   }
+  return list;
 }
 
-/// "over $525.00 up to $1,125.00".
+/// "is over $525.00 and up to $1,125.00".
 std::string reachOf(const AppliedRow& row) {
-  std::string bound = amountText(row.bound);
-  const std::string from = row.lower > 0 && row.lower < row.bound ? "over " + amountText(row.lower) + " " : "";
-  switch (row.test) {
-    case Test::atMost: return from + "up to " + bound;
-    case Test::below: return from + "below " + bound;
-    case Test::above: return "over " + bound;
-    case Test::atLeast: return "from " + bound;
-  }
-  return bound;
+  const std::string bound = amountText(row.bound);
+  if (row.test == Test::above) return "is over " + bound;
+  if (row.test == Test::atLeast) return "is " + bound + " or more";
+  const bool atMost = row.test == Test::atMost;
+  if (row.lower == 0 || row.x < row.lower) return (atMost ? "is at most " : "is below ") + bound;
+  const std::string from = row.x == row.lower ? amountText(row.lower) + " or more" : "over " + amountText(row.lower);
+  return "is " + from + (atMost ? " and up to " : " and below ") + bound;
 }
 
 std::string inDollars(double dollars) { return amountText(fromReal(dollars)); }
 
 std::string sumOf(const AppliedRow& row, const std::string& result) {
-  const std::string reach = amountText(row.x) + " is " + reachOf(row) + ": ";
+  const std::string reach = amountText(row.x) + " " + reachOf(row) + ": ";
   if (row.gives != AppliedRow::Gives::tax) return reach + result;
-  std::string sum = row.rate == 0 ? "" : rateText(row.rate) + " of " + amountText(row.x - row.lower);
-  if (sum.empty() && row.plus == 0 && row.credit == 0) return reach + "no tax";
-  if (row.plus > 0) sum += (sum.empty() ? "" : ", plus ") + inDollars(row.plus);
+  if (row.rate == 0 && row.plus == 0 && row.credit == 0) return reach + "no tax";
+  std::string sum = rateText(row.rate) + " of " + amountText(row.x - row.lower);
+  if (row.plus > 0) sum += ", plus " + inDollars(row.plus);
   if (row.plus < 0) sum += ", less " + inDollars(-row.plus);
   if (row.credit != 0) sum += ", less a credit of " + inDollars(row.credit);
-  return reach + sum + ", is " + result;
+  return reach + sum + (row.plus == 0 && row.credit == 0 ? " is " : ", is ") + result;
 }
 
-/// The record while the statements of a trace are gone through again.
-class Replay {
+/// A sum in words: "$1,800.00 less $108.00 leaves $1,692.00; times 24 it is $40,608.00". A step that alters nothing
+/// isn't told.
+class Sum {
  public:
-  explicit Replay(const Trace& trace) : trace_(trace) {
-    std::size_t number = 0;
-    Fields::each(trace.before, [&](const char* /*name*/, const auto& field) { now_.at(number++) = field; });
+  explicit Sum(Money from) : value_(from) {}
+
+  void to(Money next, const std::string& how, const char* verb) {
+    if (next == value_) return;
+    words_ += words_.empty() ? amountText(value_) + " " + how + " " + verb : "; " + how + " it is";
+    words_ += " " + amountText(next);
+    value_ = next;
+  }
+  void plus(Money amount) {
+    if (amount < 0) return less(Money{} - amount);
+    to(value_ + amount, "plus " + amountText(amount), "makes");
+  }
+  void less(Money amount) {
+    if (amount < 0) return plus(Money{} - amount);
+    to(value_ - amount, "less " + amountText(amount), "leaves");
+  }
+  void times(Int16 count) { to(value_ * count, "times " + toText(count), "is"); }
+  void dividedBy(Int16 count) { to(fromReal(toReal(value_) / toReal(count)), "divided by " + toText(count), "is"); }
+  void atLeastZero() {
+    if (!words_.empty()) return to(tallyfin::atLeastZero(value_), "at least 0", "is");
+    value_ = tallyfin::atLeastZero(value_);  // the title has said it
   }
 
-  const Figure& at(std::size_t field) const { return now_.at(field); }
-  Money amountAt(std::size_t field) const { return std::get<Money>(at(field)); }
-  bool touched(std::size_t field) const { return touched_.at(field); }
-
-  void carryOut(const TracedStatement& statement) {
-    for (std::size_t i = 0; i < statement.changes; ++i) {
-      const Change& change = trace_.changes[statement.firstChange + i];
-      now_.at(change.field) = change.to;
-      touched_.at(change.field) = true;
-    }
-    for (std::size_t i = 0; i < statement.outcomes; ++i) {
-      const Outcome& outcome = trace_.outcomes[statement.firstOutcome + i];
-      if (outcome.field && statement.done && statement.assigned) touched_.at(*outcome.field) = true;
-    }
-  }
+  Money value() const { return value_; }
+  const std::string& words() const { return words_; }
 
  private:
-  const Trace& trace_;
-  std::array<Figure, fieldCount> now_;
-  std::array<bool, fieldCount> touched_{};
+  Money value_;
+  std::string words_;
 };
 
+/// Which fields the reader knows the figure of, from the statements that have been told.
+using Known = std::array<bool, fieldCount>;
+
 /// Since when a field stands as it was before the calculation.
-std::string standing(const Trace& trace, std::size_t field) {
-  std::array<Figure, fieldCount> lastLeft;
-  std::array<Figure, fieldCount> before;
+std::string standing(const Trace& trace, std::size_t field, const std::string& theOneBefore) {
+  std::string value;
   std::size_t number = 0;
-  Fields::each(trace.afterLast, [&](const char* /*name*/, const auto& value) { lastLeft.at(number++) = value; });
-  number = 0;
-  Fields::each(trace.before, [&](const char* /*name*/, const auto& value) { before.at(number++) = value; });
-  const std::string value = textOf(before.at(field));
-  if (before.at(field) != lastLeft.at(field)) return value + " as it was set since the last calculation";
+  Fields::each(trace.before, [&](const char* /*name*/, const auto& figure) {
+    if (number++ == field) value = textOf(figure, field);
+  });
   const int by = trace.touchedBefore.at(field);
+  if (const int set = trace.setBefore.at(field); set > by) {
+    if (set == trace.number) return value + " as it was set since the last calculation";
+    if (set == trace.number - 1) return value + " as it was set before the last calculation";
+    return value + " as it was set before the last " + std::to_string(trace.number - set) + " calculations";
+  }
   if (by == 0) return value + " from the start";
   const int ago = trace.number - by;
-  return value + (ago == 1 ? " from the one before" : " from " + std::to_string(ago) + " calculations ago");
+  return value + " from " + (ago == 1 ? theOneBefore : std::to_string(ago) + " calculations ago");
 }
 
 std::string whyNot(const TracedStatement& statement) {
-  return statement.badText ? "\"" + *statement.badText + "\" isn't a number" : statement.why;
+  if (!statement.badText) return statement.why;
+  return statement.badText->empty() ? "no number is entered" : "\"" + *statement.badText + "\" isn't a number";
 }
 
-/// The sum or figure behind a title; empty where the statement altered nothing that wasn't so already.
-std::string figuresOf(const Trace& trace, const Replay& replay, const TracedStatement& statement) {
-  const Outcome* outcomes = trace.outcomes.data() + statement.firstOutcome;
-  if (statement.outcomes == 0) return "";
-  std::string result = textOf(outcomes[0].value);
-  if (statement.row) return sumOf(*statement.row, result);
-  if (statement.outcomes == 2 && !outcomes[0].field && outcomes[1].field) {
-    return "of " + result + " it is " + textOf(outcomes[1].value);
-  }
-  if (statement.outcomes > 1) {
-    std::string list;
-    for (std::size_t i = 0; i < statement.outcomes; ++i) {
-      list += (i == 0 ? "" : ", ") + (outcomes[i].field ? nameOf(*outcomes[i].field) : "") + textOf(outcomes[i].value);
-    }
-    return list;
-  }
-  const auto* to = std::get_if<Money>(&outcomes[0].value);
-  if (!outcomes[0].field || to == nullptr) return result;
-
-  // What it starts from: its own figure so far, or the one that it is first made of.
-  std::size_t source = *outcomes[0].field;
-  const bool refines = replay.touched(source);
-  if (!refines) {
-    if (source != fedBase && source != stateWage && source != checkAmt) return result;
-    source = source == fedBase ? taxableWage : grossPay;
-  }
-  Money from = replay.amountAt(source);
-  if (from == *to) return refines ? "" : result;
+/// The sum that makes one amount of another; what it is made of follows from the title, and it is told only where it
+/// adds up.
+std::string sumOf(const Trace& trace, const TracedStatement& statement, bool known) {
+  const PayData& record = trace.after.record;
   const std::string_view title = statement.title;
-  const Int16 periods = std::get<Int16>(replay.at(numberOf("payPeriods")));
-  if (!refines && says(title, "year's wage")) {
-    from = from - (replay.amountAt(numberOf("statePreTax")) + replay.amountAt(numberOf("state401k")));
+  const auto outcomes = outcomesOf(trace, statement);
+  const Outcome& last = outcomes.back();
+  const Money result = *amountOf(last.value, last.field);
+
+  Money from = *amountOf(last.before, last.field);
+  if (says(title, "year's federal tax")) from = record.fedTax;
+  if (!known && last.field == fedBase) from = record.taxableWage;
+  if (!known && (last.field == stateWage || last.field == checkAmt)) from = record.grossPay;
+  if (says(title, "less the credit")) from = std::get<Money>(outcomes.front().value);
+  const Money more = says(title, "additional amount") ? record.staAdd : Money{};
+  const bool share = says(title, "share");
+
+  Sum sum(from);
+  if (!known && last.field == stateWage && says(title, "wage")) sum.less(record.statePreTax + record.state401k);
+  if (says(title, "year's wage") || says(title, "year's federal tax")) sum.times(record.payPeriods);
+  if (says(title, "That for each exemption")) sum.times(trace.after.work.exemptions);
+  if (share && outcomes.size() == 2) {
+    sum.less(from - std::get<Money>(outcomes.front().value));  // the first figure is the tax after its credit
+  } else if (says(title, "Less") || says(title, "less")) {
+    sum.less(sum.value() - (result - more));
+  } else if (says(title, "Plus") && !says(title, "additional amount")) {
+    sum.plus(result - from);
   }
-  if (says(title, "year's wage") && periods != 0 && *to == from * periods) {
-    return toText(periods) + " times " + amountText(from) + " is " + result;
+  if (share) sum.dividedBy(record.payPeriods);
+  sum.plus(more);
+  if (says(title, "at least 0")) sum.atLeastZero();
+  return sum.value() == result ? sum.words() : "";
+}
+
+/// Whether a figure was worked out before the statement, in words that have been told: a field by one of them, a figure
+/// of the routine's own where it isn't 0 any more.
+bool isKnown(const Known& known, const Outcome& outcome) {
+  if (outcome.field) return known.at(*outcome.field);
+  return amountOf(outcome.before, outcome.field) != Money{};
+}
+
+/// The sum or figure behind a title; empty where the statement altered nothing that has been told.
+std::string figuresOf(const Trace& trace, const Known& known, const TracedStatement& statement) {
+  if (statement.outcomes == 0) return "";
+  const std::string_view title = statement.title;
+  std::vector<std::string> texts;
+  const auto outcomes = outcomesOf(trace, statement);
+  for (const Outcome& outcome : outcomes) texts.push_back(textOf(outcome.value, outcome.field));
+  if (statement.row) return sumOf(*statement.row, texts[0]);
+  if (std::holds_alternative<double>(outcomes.front().value) && texts.size() == 3) {
+    return texts[0] + " of " + texts[1] + " is " + texts[2];
   }
-  if (says(title, "pay period's share") && periods != 0 && *to == fromReal(toReal(from) / toReal(periods))) {
-    return amountText(from) + " divided by " + toText(periods) + " is " + result;
+  const bool credit = texts.size() == 2 && says(title, "credit");
+  if (texts.size() == 2 && says(title, "% of") && !credit) return "of " + texts[0] + " it is " + texts[1];
+  if (texts.size() > 1 && !credit) return listed(texts);
+
+  const Outcome& last = outcomes.back();
+  if (isKnown(known, last) && last.before == last.value) return "";
+  if (statement.counted && statement.counted->count != 1 &&
+      amountOf(last.value, last.field) == fromReal(toReal(statement.counted->count) * statement.counted->each)) {
+    return toText(statement.counted->count) + " times " + inDollars(statement.counted->each) + " is " + texts.back();
   }
-  const bool sum = says(title, "Less") || says(title, "less") || says(title, "Plus");
-  const auto more = difference(*to, from);
-  const auto fewer = difference(from, *to);
-  if (!sum || !more || !fewer || says(title, "year's") || says(title, "share")) return result;
-  if (*more > 0) return amountText(from) + " plus " + amountText(*more) + " makes " + result;
-  return amountText(from) + " less " + amountText(*fewer) + " leaves " + result;
+  std::string sum;
+  try {
+    if (amountOf(last.value, last.field)) sum = sumOf(trace, statement, isKnown(known, last));
+  } catch (const FailedStatement&) {
+    sum.clear();  // beyond the amounts that can be told
+  }
+  return sum.empty() ? texts.back() : sum;
+}
+
+/// Whether a statement behind this one works the field out anew by a table, whatever it was before.
+bool isWorkedOutAnew(const Trace& trace, std::size_t position, std::size_t field) {
+  for (std::size_t i = position + 1; i < trace.statements.size(); ++i) {
+    const TracedStatement& statement = trace.statements[i];
+    for (const Outcome& outcome : outcomesOf(trace, statement)) {
+      if (outcome.field == field) return statement.row.has_value();
+    }
+  }
+  return false;
 }
 
 /// What a statement did, as a sentence for a row; empty where it isn't worth one.
-std::string sentence(const Trace& trace, const Replay& replay, const TracedStatement& statement, std::size_t row) {
+std::string sentence(const Trace& trace, const Known& known, std::size_t position, std::size_t row) {
+  const TracedStatement& statement = trace.statements[position];
   const std::string title = statement.title;
-  const Outcome* outcomes = trace.outcomes.data() + statement.firstOutcome;
+  const auto outcomes = outcomesOf(trace, statement);
   if (!statement.done || !statement.assigned) {
-    std::string stays;
-    for (std::size_t i = 0; i < statement.outcomes; ++i) {
-      const auto field = outcomes[i].field;
-      if (!field) continue;
-      stays += (stays.empty() ? "; " : ", ") +
-               (replay.touched(*field) ? textOf(replay.at(*field)) : standing(trace, *field));
+    std::vector<std::string> stays;
+    for (const auto& [field, before, value] : outcomes) {
+      if (!field || isWorkedOutAnew(trace, position, *field)) continue;
+      stays.push_back(known.at(*field) ? textOf(value, field) : standing(trace, *field, "the calculation before"));
     }
-    const std::string why = statement.done ? ": doesn't apply" : " left out: " + whyNot(statement);
-    return title + why + (stays.empty() ? "" : stays + " stays") + ".";
+    const std::string why = statement.done ? ": doesn't apply" : ": left out, because " + whyNot(statement);
+    return title + why + (stays.empty() ? "" : "; " + listed(stays) + (stays.size() == 1 ? " stays" : " stay")) + ".";
   }
   // Nothing entered, nothing left untaxed: not worth a line under another figure.
-  const bool nothing = statement.outcomes == 1 && outcomes[0].value == Figure(Money{});
-  if (nothing && !statement.row && outcomes[0].field != row &&
-      !(outcomes[0].field && replay.touched(*outcomes[0].field))) {
+  if (outcomes.size() == 1 && !statement.row && outcomes.front().field != row && !isKnown(known, outcomes.front()) &&
+      amountOf(outcomes.front().value, outcomes.front().field) == Money{}) {
     return "";
   }
-  const std::string figures = figuresOf(trace, replay, statement);
+  const std::string figures = figuresOf(trace, known, statement);
   return figures.empty() ? "" : title + ": " + figures + ".";
 }
 
@@ -243,8 +297,8 @@ const std::vector<Row>& rows() {
 bool leadsTo(const Trace& trace, const Row& row, const TracedStatement& statement, std::size_t position) {
   const bool ofTheState = position >= trace.firstOfState && position < trace.endOfState;
   if (row.field == stateTax) return ofTheState;
-  for (std::size_t i = 0; i < statement.outcomes; ++i) {
-    const auto field = trace.outcomes[statement.firstOutcome + i].field;
+  for (const Outcome& outcome : outcomesOf(trace, statement)) {
+    const auto field = outcome.field;
     if (!field || std::find(row.ledBy.begin(), row.ledBy.end(), *field) == row.ledBy.end()) continue;
     if (!ofTheState || *field == row.field) return true;
   }
@@ -255,9 +309,8 @@ bool leadsTo(const Trace& trace, const Row& row, const TracedStatement& statemen
 std::size_t endOf(const Trace& trace, std::size_t field) {
   std::size_t end = 0;
   for (std::size_t i = 0; i < trace.statements.size(); ++i) {
-    const TracedStatement& statement = trace.statements[i];
-    for (std::size_t k = 0; k < statement.outcomes; ++k) {
-      if (trace.outcomes[statement.firstOutcome + k].field == field) end = i + 1;
+    for (const Outcome& outcome : outcomesOf(trace, trace.statements[i])) {
+      if (outcome.field == field) end = i + 1;
     }
   }
   return end;
@@ -269,17 +322,17 @@ void addBackground(const Trace& trace, const Row& row, std::vector<std::string>&
   if (row.field == stateTax) {
     lines.insert(lines.begin(), *trace.state == '\0' ? "No state is chosen." : std::string(trace.state) + ".");
   }
-  if (row.field == localTax) lines.insert(lines.begin(), "The local rate is " + rateText(record.localRate) + ".");
   if (row.field == grossPay && trace.touchedBy.at(grossPay) != trace.number) {
     lines.emplace_back("No income is entered.");
   }
-  if (row.field == totalDed) {
-    lines.push_back(amountText(record.amt401k) + " + " + amountText(record.fica) + " + " + amountText(record.fedTax) +
-                    " + " + amountText(record.stateTax) + " + " + amountText(record.localTax) + ".");
+  if (row.field == totalDed && trace.touchedBy.at(totalDed) == trace.number) {
+    lines.insert(lines.begin(), "401(k) " + amountText(record.amt401k) + ", FICA " + amountText(record.fica) +
+                                    ", federal tax " + amountText(record.fedTax) + ", state tax " +
+                                    amountText(record.stateTax) + ", local tax " + amountText(record.localTax) + ".");
   }
   if (row.field != fedTax || !trace.allowance) return;
   const std::int64_t each = trace.allowance->units();
-  if (record.depsDed > 0 && record.depsDed.units() % each == 0) {
+  if (record.depsDed != 0 && record.depsDed.units() % each == 0) {
     const std::int64_t count = record.depsDed.units() / each;
     lines.push_back("The federal allowance of " + amountText(record.depsDed) + " is for " + std::to_string(count) +
                     (count == 1 ? " exemption." : " exemptions."));
@@ -287,8 +340,11 @@ void addBackground(const Trace& trace, const Row& row, std::vector<std::string>&
   if (!trace.exemptions) return;
   const Money chosen = *trace.allowance * *trace.exemptions;
   if (chosen != record.depsDed) {
-    lines.push_back("The number of exemptions chosen now, " + toText(*trace.exemptions) + ", makes an allowance of " +
-                    amountText(chosen) + "; it waits until it is saved and the screen is loaded again.");
+    lines.push_back("What is chosen now, " + toText(*trace.exemptions) +
+                    (*trace.exemptions == 1 ? " exemption" : " exemptions") + " at " + amountText(*trace.allowance) +
+                    " each, makes an allowance of " + amountText(chosen) +
+                    ". It counts once the main screen is loaded again; until then the allowance stays " +
+                    amountText(record.depsDed) + ".");
   }
 }
 
@@ -296,15 +352,21 @@ void addBackground(const Trace& trace, const Row& row, std::vector<std::string>&
 
 std::vector<Share> sharesOf(const Trace& trace) {
   const PayData& record = trace.after.record;
-  std::vector<Share> shares{{"401(k)", record.amt401k, 0},     {"federal tax", record.fedTax, 0},
-                            {"state tax", record.stateTax, 0}, {"local tax", record.localTax, 0},
-                            {"FICA", record.fica, 0},          {"check", record.checkAmt, 0}};
   if (record.grossPay <= 0) return {};
-  for (Share& share : shares) {
-    if (share.amount < 0) return {};
-    share.fraction = toReal(share.amount) / toReal(record.grossPay);
+  const auto share = [&](const char* name, Money amount) {
+    return Share{name, amount, toReal(amount) / toReal(record.grossPay)};
+  };
+  std::vector<Share> shares{share("401(k)", record.amt401k),     share("federal tax", record.fedTax),
+                            share("state tax", record.stateTax), share("local tax", record.localTax),
+                            share("FICA", record.fica),          share("check", record.checkAmt)};
+  for (const Share& part : shares) {
+    if (part.amount < 0) return {};
   }
   return shares;
+}
+
+std::string shareText(const Share& share) {
+  return std::string(share.name) + " " + toText(std::round(share.fraction * 1000) / 10) + "%";
 }
 
 std::string sharesText(const Trace& trace) {
@@ -318,8 +380,7 @@ std::string sharesText(const Trace& trace) {
   std::string parts;
   for (const Share& share : shares) {
     if (share.amount == 0) continue;
-    parts += (parts.empty() ? "" : ", ") + std::string(share.name) + " " +
-             toText(std::round(share.fraction * 1000) / 10) + "%";
+    parts += (parts.empty() ? "" : ", ") + shareText(share);
   }
   return "Of the gross pay of " + amountText(record.grossPay) + ": " + parts + ".";
 }
@@ -329,7 +390,7 @@ std::string amountText(Money amount) {
   const auto units = amount.units();
   std::string text = currency(Money::ofUnits(units - units % 100));
   if (negative) text = text.front() == '(' ? text.substr(1, text.size() - 2) : text;
-  if (const auto rest = units % 100 < 0 ? -(units % 100) : units % 100; rest != 0) {
+  if (const auto rest = std::abs(units % 100); rest != 0) {
     text += static_cast<char>('0' + rest / 10);
     if (rest % 10 != 0) text += static_cast<char>('0' + rest % 10);
   }
@@ -347,7 +408,7 @@ std::string rateText(double fraction) {
 std::vector<Explanation> explain(const Trace& trace) {
   std::vector<Explanation> all;
   for (const Row& row : rows()) {
-    Replay replay(trace);
+    Known known{};
     std::vector<std::string> lines;
     const std::size_t end = row.field == stateTax ? trace.endOfState : endOf(trace, row.field);
     const TracedStatement* whole = nullptr;
@@ -357,16 +418,19 @@ std::vector<Explanation> explain(const Trace& trace) {
       if (!statement.part) whole = &statement;
       if (hasParts) continue;
       if (leadsTo(trace, row, statement, i)) {
-        if (std::string line = sentence(trace, replay, statement, row.field); !line.empty()) {
+        if (std::string line = sentence(trace, known, i, row.field); !line.empty()) {
           lines.push_back(std::move(line));
         }
         if (statement.part && !statement.done && !whole->done) lines.emplace_back("The rest is given up.");
       }
-      replay.carryOut(statement);
+      for (const Outcome& outcome : outcomesOf(trace, statement)) {
+        if (outcome.field) known.at(*outcome.field) = true;
+      }
     }
     const bool touched = trace.touchedBy.at(row.field) == trace.number;
     addBackground(trace, row, lines);
-    if (!touched) lines.push_back("Not touched by this calculation: " + standing(trace, row.field) + ".");
+    if (!touched)
+      lines.push_back("Not touched by this calculation: " + standing(trace, row.field, "the one before") + ".");
     Money amount;
     std::size_t number = 0;
     Fields::each(trace.after, [&](const char* /*name*/, const auto& field) {

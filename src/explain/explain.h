@@ -30,6 +30,9 @@ struct Share {
 /// there is no gross pay to share out, or a part is negative.
 std::vector<Share> sharesOf(const Trace& trace);
 
+/// A part in words: "federal tax 17.2%".
+std::string shareText(const Share& share);
+
 /// The same in one sentence, or why there are none.
 std::string sharesText(const Trace& trace);
 

@@ -54,7 +54,7 @@ void Alabama() {
   Int16 dependentDeduction;
   StateBase();
   step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
-  step("Standard deduction, 20% of it to a whole dollar", payData.staExmp,
+  step("Standard deduction, 20% of it, to a whole dollar", payData.staExmp,
        [&] { return integerRounded(toReal(work.stateWage) * 0.2); });
   step(
       "Standard deduction up to its cap, and the personal exemption of the option",
@@ -181,8 +181,14 @@ void Kentucky() {
   step("The year's wage less the standard deduction of 650", work.stateWage,
        [] { return stateGross() * payData.payPeriods - 650; });
   step("The year's tax by the table", payData.stateTax, [] { return taxBy(kentucky::bands); });
-  step("The pay period's share, after a credit of 20 for each exemption", payData.stateTax,
-       [&] { return perPeriod(payData.stateTax - work.exemptions * 20); });
+  Money afterCredit;
+  step(
+      "The pay period's share, after a credit of 20 for each exemption",
+      [&] {
+        afterCredit = payData.stateTax - work.exemptions * 20;
+        payData.stateTax = perPeriod(afterCredit);
+      },
+      afterCredit, payData.stateTax);
   finish();
 }
 

@@ -23,7 +23,7 @@ static bool withinGate(const Group& group) { return worksheet().stateWage <= gro
 static void applyGroup(const Group& group) {
   Worksheet& work = worksheet();
   // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
-  step("Low-income test: no tax up to its amount", payData.stateTax,
+  step("No tax up to the low-income amount, which the table overrides", payData.stateTax,
        [&] { return withinGate(group) ? std::optional(Money{}) : std::nullopt; });
   step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - group.deduction.now(); });
   step("Tax by the table of filing status and pay period", payData.stateTax, [&] { return taxBy(group.bands.now()); });
@@ -50,7 +50,7 @@ void CalifTax() {
   // The one gate that counts: Head of Family, Weekly, ends here, with neither credit nor `staAdd`.
   if (group == &california::groupCSchedule && payData.frequency == frequency::weekly &&
       california::withinGate(*group)) {
-    step("Head of Family with a low weekly income: no tax", payData.stateTax, [] { return 0; });
+    step("No tax for a Head of Family with a low weekly income", payData.stateTax, [] { return 0; });
     return;
   }
   if (group) california::applyGroup(*group);

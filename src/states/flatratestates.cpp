@@ -8,8 +8,16 @@ namespace tallyfin {
 ///
 /// Reads `fedTax`, `staExmp`, `staAdd`. Writes `stateTax`.
 void Arizona() {
-  step("Arizona tax, the chosen percentage of the federal tax", payData.stateTax,
-       [] { return fromReal(toReal(payData.fedTax) * (toReal(payData.staExmp) / 100)); });
+  double rate = 0;
+  Money base;
+  step(
+      "Arizona tax, the chosen percentage of the federal tax",
+      [&] {
+        rate = toReal(payData.staExmp) / 100;
+        base = payData.fedTax;
+        payData.stateTax = fromReal(toReal(base) * rate);
+      },
+      rate, base, payData.stateTax);
   finish();
 }
 
@@ -28,8 +36,14 @@ void IndianaTax() {
        [] { return payData.staDeps * indiana::perDependent.now(); });
   StateBase();
   step("The pay period's wage that the state taxes", work.stateWage, stateGross);
-  step("Indiana tax, 3.4% of the wage less the allowance", payData.stateTax,
-       [&] { return fromReal(toReal(work.stateWage - payData.stateDepsDed) * 0.034); });
+  Money base;
+  step(
+      "Indiana tax, 3.4% of the wage less the allowance",
+      [&] {
+        base = work.stateWage - payData.stateDepsDed;
+        payData.stateTax = fromReal(toReal(base) * 0.034);
+      },
+      base, payData.stateTax);
   finish();
 }
 
@@ -80,9 +94,9 @@ void MichiganTax() {
   step("Allowance of one whom another claims as dependent", dependentDeduction,
        [] { return michigan::claimedByAnother.now().amount; });
   if (payData.staMarried != stateStatus::headOfFamily) {
-    step("Not claimed by another: that allowance is 0", dependentDeduction, [] { return 0; });
+    step("No such allowance without that claim", dependentDeduction, [] { return 0; });
   } else {
-    step("Claimed by another: the exemptions count nothing", payData.stateDepsDed, [] { return 0; });
+    step("The exemptions count nothing under that claim", payData.stateDepsDed, [] { return 0; });
   }
   StateBase();
   step(
@@ -124,9 +138,15 @@ void Massachusetts() {
   StateBase();
   step("Gross pay less the untaxed amounts, FICA and the allowance", work.stateWage,
        [] { return stateGross() - payData.fica - payData.stateDepsDed; });
-  if (payData.staMarried != stateStatus::headOfFamily) step("Not Head of Family: no credit", credit, [] { return 0; });
-  step("Massachusetts tax, 5.95% of it less the credit", payData.stateTax,
-       [&] { return fromReal(toReal(work.stateWage) * 0.0595) - credit; });
+  if (payData.staMarried != stateStatus::headOfFamily) step("No credit for any but a Head of Family", credit, [] { return 0; });
+  Money beforeCredit;
+  step(
+      "Massachusetts tax, 5.95% of it, less the credit",
+      [&] {
+        beforeCredit = fromReal(toReal(work.stateWage) * 0.0595);
+        payData.stateTax = beforeCredit - credit;
+      },
+      beforeCredit, payData.stateTax);
   finish();
 }
 
@@ -160,8 +180,14 @@ void Louisiana() {
          if (payData.staExmp == 2) return perPeriod(15000);
          return std::nullopt;
        });
-  step("Second tax, 1% of the wage over the bracket", secondTax,
-       [&] { return fromReal(toReal(work.stateWage - payData.stateDepsDed) * 0.01); });
+  Money overBracket;
+  step(
+      "Second tax, 1% of the wage over the bracket",
+      [&] {
+        overBracket = work.stateWage - payData.stateDepsDed;
+        secondTax = fromReal(toReal(overBracket) * 0.01);
+      },
+      overBracket, secondTax);
   step("The second tax is at least 0", secondTax, [&] { return atLeastZero(secondTax); });
   step("Louisiana tax, both together", payData.stateTax, [&] { return firstTax + secondTax; });
   finish();

@@ -24,8 +24,14 @@ void Penn() {
 ///
 /// Reads `fedTax`, `staAdd`. Writes `stateTax`.
 void NorthDakota() {
-  step("North Dakota tax, 14% of the federal tax", payData.stateTax,
-       [] { return fromReal(toReal(payData.fedTax) * 0.14); });
+  Money federalTax;
+  step(
+      "North Dakota tax, 14% of the federal tax",
+      [&] {
+        federalTax = payData.fedTax;
+        payData.stateTax = fromReal(toReal(federalTax) * 0.14);
+      },
+      federalTax, payData.stateTax);
   finish();
 }
 

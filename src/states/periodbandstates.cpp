@@ -9,7 +9,26 @@ namespace tallyfin {
 namespace colorado {
 /// Dollars a pay period.
 constexpr PerFrequency<PerHead> perExemption{real(45.19), real(97.92), real(90.38), real(195.83)};
-constexpr PerFrequency<Dollars> threshold{74, 160, 148, 321};
+
+// clang-format off
+constexpr Band weekly[] = {
+    {atMost, 74, 0, 0},
+    {above, 74, 74, 0.05},
+};
+constexpr Band twiceAMonth[] = {
+    {atMost, 160, 0, 0},
+    {above, 160, 160, 0.05},
+};
+constexpr Band everyTwoWeeks[] = {
+    {atMost, 148, 0, 0},
+    {above, 148, 148, 0.05},
+};
+constexpr Band monthly[] = {
+    {atMost, 321, 0, 0},
+    {above, 321, 321, 0.05},
+};
+// clang-format on
+constexpr PerFrequency<Bands> married{weekly, twiceAMonth, everyTwoWeeks, monthly};
 }  // namespace colorado
 
 /// Colorado, 1999. Only Married has a table. `stateDepsDed`: dollars a pay period.
@@ -24,12 +43,8 @@ void Colorado() {
   StateBase();
   step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
        [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax of Married, 5% of what is over the threshold of the pay period", payData.stateTax,
-       [&]() -> std::optional<Money> {
-         if (payData.maritalStat != status::married) return std::nullopt;
-         const Money threshold = colorado::threshold.now().amount;
-         return work.stateWage <= threshold ? 0 : fromReal(toReal(work.stateWage - threshold) * 0.05);
-       });
+  step("Tax of Married by the table of the pay period; no other status has one", payData.stateTax,
+       [] { return payData.maritalStat == status::married ? std::optional(taxBy(colorado::married.now())) : std::nullopt; });
   finish();
 }
 

@@ -32,6 +32,7 @@ struct PerHead {
   bool inInt16;
 
   friend Money operator*(Int16 count, PerHead amount) {
+    amountsCounted({count, amount.dollars});
     if (amount.inInt16) return count * Int16(static_cast<int>(amount.dollars));
     return fromReal(toReal(count) * amount.dollars);
   }

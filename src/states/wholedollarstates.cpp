@@ -50,8 +50,14 @@ void IowaTax() {
          if (work.exemptions >= 3 && work.exemptions <= 15) return (work.exemptions - 2) * 40 + 40;
          return std::nullopt;
        });
-  step("The pay period's share, after the credit", payData.stateTax,
-       [&] { return perPeriod(payData.stateTax - credit); });
+  Money afterCredit;
+  step(
+      "The pay period's share, after the credit",
+      [&] {
+        afterCredit = payData.stateTax - credit;
+        payData.stateTax = perPeriod(afterCredit);
+      },
+      afterCredit, payData.stateTax);
   step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
@@ -102,7 +108,7 @@ void MaineTax() {
     if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(maine::marriedClaimingSingle);
     return std::nullopt;
   });
-  step("A year's tax of 40 or less is forgiven", payData.stateTax,
+  step("A year's tax up to 40 is forgiven", payData.stateTax,
        [] { return payData.stateTax <= 40 ? Money{} : payData.stateTax; });
   step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
   step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });

@@ -69,8 +69,14 @@ void Wisconsin() {
          if (payData.maritalStat == status::single) return wisconsin::taxBy(wisconsin::single);
          return std::nullopt;
        });
-  step("The pay period's share, after a credit of 20 for each exemption", payData.stateTax,
-       [&] { return perPeriod(payData.stateTax - work.exemptions * 20); });
+  Money afterCredit;
+  step(
+      "The pay period's share, after a credit of 20 for each exemption",
+      [&] {
+        afterCredit = payData.stateTax - work.exemptions * 20;
+        payData.stateTax = perPeriod(afterCredit);
+      },
+      afterCredit, payData.stateTax);
   finish();
 }
 

@@ -9,12 +9,14 @@
 
 #include "script/session.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/explanation.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 
 /// tallyfin99-screenshots FOLDER SHOTS-FILE: saves pictures of the screens. The file holds lines of the script protocol
-/// and three more: `fresh` begins with an empty store and no run, `group NAME` opens a group of the list bar, `shot
-/// NAME` saves what the frame shows as NAME.png, and a box above it as NAME-box.png.
+/// and four more: `fresh` begins with an empty store and no run, `group NAME` opens a group of the list bar, `how ROW`
+/// opens the explanation of that row of the results, `shot NAME` saves what the frame shows as NAME.png, and a box
+/// above it as NAME-box.png.
 
 namespace {
 
@@ -68,6 +70,8 @@ int main(int argc, char** argv) {
     } else if (line.startsWith("group ")) {
       auto* header = stage->desktop->frame()->findChild<QAbstractButton*>(line);
       if (header != nullptr) header->click();
+    } else if (line.startsWith("how ")) {
+      qt::ExplanationWindow::open(*stage->desktop->frame(), line.mid(4));
     } else if (line.startsWith("shot ")) {
       shoot(*stage, folder, line.mid(5));
     } else if (const auto answer = stage->session.answer(line.toStdString()); answer && answer->front() == '!') {

@@ -24,13 +24,25 @@ const QString windowName = QStringLiteral("explanation");
 
 QString text(const std::string& words) { return QString::fromStdString(words); }
 
-/// Title and sentences of an explanation as a page.
+/// An explanation as a page, laid out as a pay stub is: what was done at the left, its sum at the right, every second
+/// line on a darker ground, the figure at the end.
 QString htmlOf(const Explanation& explanation) {
-  QString html = QStringLiteral("<h2>%1</h2>").arg(QString::fromLatin1(explanation.title).toHtmlEscaped());
+  const QString title = QString::fromLatin1(explanation.title).toHtmlEscaped();
+  QString html = QStringLiteral("<h2>%1</h2><table width='100%' cellspacing='0' cellpadding='4'>").arg(title);
+  bool darker = false;
   for (const std::string& line : explanation.lines) {
-    html += QStringLiteral("<p>%1</p>").arg(text(line).toHtmlEscaped());
+    const QString words = text(line).toHtmlEscaped();
+    const qsizetype colon = words.indexOf(QStringLiteral(": "));
+    html += QStringLiteral("<tr bgcolor='%1'>")
+                .arg(look::onWhite().color(darker ? QPalette::AlternateBase : QPalette::Base).name());
+    html += colon < 0 ? QStringLiteral("<td colspan='2'>%1</td>").arg(words)
+                      : QStringLiteral("<td width='42%'>%1</td><td>%2</td>")
+                            .arg(words.left(colon), words.mid(colon + 2).chopped(1));
+    html += QStringLiteral("</tr>");
+    darker = !darker;
   }
-  return html + QStringLiteral("<p><b>%1</b></p>").arg(text(amountText(explanation.amount)));
+  return html + QStringLiteral("<tr><td><b>%1</b></td><td><b>%2</b></td></tr></table>")
+                    .arg(title, text(amountText(explanation.amount)));
 }
 
 /// Grounds of the parts, told apart by their lightness too; the check is the lightest.
@@ -39,7 +51,10 @@ const QColor grounds[] = {{38, 70, 83},    {120, 144, 156}, {62, 100, 116},
 
 }  // namespace
 
-ShareBar::ShareBar(QWidget* parent) : QWidget(parent) { setObjectName(QStringLiteral("bar")); }
+ShareBar::ShareBar(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("bar"));
+  setAccessibleName(QStringLiteral("Where the gross pay goes"));
+}
 
 void ShareBar::show(std::vector<Share> shares) {
   shares_ = std::move(shares);
@@ -62,8 +77,7 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(place, ground);
     painter.setPen(Qt::white);
     painter.drawLine(place.topRight(), place.bottomRight());
-    const QString words =
-        QStringLiteral("%1 %2%").arg(QString::fromLatin1(shares_[i].name)).arg(shares_[i].fraction * 100, 0, 'f', 1);
+    const QString words = text(shareText(shares_[i]));
     painter.setPen(ground.lightness() > 128 ? Qt::black : Qt::white);
     if (fontMetrics().horizontalAdvance(words) + look::tight < place.width()) {
       painter.drawText(place, Qt::AlignCenter, words);
@@ -94,6 +108,8 @@ ExplanationWindow::ExplanationWindow(QWidget* frame)
   figures_->setSelectionMode(QAbstractItemView::SingleSelection);
   figures_->setSelectionBehavior(QAbstractItemView::SelectRows);
   figures_->setShowGrid(false);
+  figures_->verticalHeader()->setMinimumSectionSize(1);
+  figures_->verticalHeader()->setDefaultSectionSize(figures_->fontMetrics().height() + look::row);
   figures_->setTabKeyNavigation(false);
   figures_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
   figures_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
@@ -109,6 +125,9 @@ ExplanationWindow::ExplanationWindow(QWidget* frame)
   auto* copyButton = new QPushButton(QStringLiteral("&Copy"), this);
   auto* printButton = new QPushButton(QStringLiteral("&Print"), this);
   auto* closeButton = new QPushButton(QStringLiteral("C&lose"), this);
+  copyButton->setObjectName(QStringLiteral("copy"));
+  printButton->setObjectName(QStringLiteral("print"));
+  closeButton->setObjectName(QStringLiteral("close"));
   connect(copyButton, &QPushButton::clicked, this, [this] { copy(); });
   connect(printButton, &QPushButton::clicked, this, [this] { print(); });
   connect(closeButton, &QPushButton::clicked, this, &QDialog::close);
@@ -161,6 +180,7 @@ void ExplanationWindow::refresh() {
   explanations_ = explain(*trace);
   bar_->show(sharesOf(*trace));
   shares_->setText(text(sharesText(*trace)));
+  bar_->setAccessibleDescription(shares_->text());
   const int chosen = std::max(0, figures_->currentRow());
   {
     const QSignalBlocker quiet(figures_);
@@ -188,7 +208,12 @@ void ExplanationWindow::tell() {
   if (row < explanations_.size()) page_->setHtml(htmlOf(explanations_[row]));
 }
 
-QString ExplanationWindow::chosenText() const { return page_->toPlainText(); }
+QString ExplanationWindow::chosenText() const {
+  const Explanation& chosen = explanations_.at(static_cast<std::size_t>(std::max(0, figures_->currentRow())));
+  QString all = QString::fromLatin1(chosen.title) + QLatin1Char('\n');
+  for (const std::string& line : chosen.lines) all += text(line) + QLatin1Char('\n');
+  return all + text(amountText(chosen.amount));
+}
 
 void ExplanationWindow::copy() const { QGuiApplication::clipboard()->setText(chosenText()); }
 

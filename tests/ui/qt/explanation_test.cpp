@@ -1,8 +1,11 @@
 #include "ui/qt/explanation.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QClipboard>
 #include <QPrinter>
+#include <QProcess>
+#include <QScrollBar>
 #include <QTextBrowser>
 
 #include "desktoptest.h"
@@ -15,6 +18,7 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
 
 class ExplanationOfTheResults : public DesktopTest {
  protected:
@@ -40,6 +44,10 @@ class ExplanationOfTheResults : public DesktopTest {
     QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, grid().visualItemRect(grid().item(row, 0)).center());
     QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, grid().visualItemRect(grid().item(row, 0)).center());
     settle();
+  }
+  template <class Widget>
+  Widget& part(const char* name) const {
+    return *window()->findChild<Widget*>(name);
   }
   std::string told() const { return window()->chosenText().toStdString(); }
 };
@@ -112,10 +120,107 @@ TEST_F(ExplanationOfTheResults, CopiesTheRowsAndTheExplanation) {
   QTest::keySequence(&grid(), QKeySequence::Copy);
   EXPECT_THAT(QApplication::clipboard()->text().toStdString(), StartsWith("Gross Pay\t$1,000.00\n401k Deduction\t"));
   doubleClick(9);
-  for (QPushButton* button : window()->findChildren<QPushButton*>()) {
-    if (button->text() == "&Copy") click(*button);
-  }
+  click(part<QPushButton>("copy"));
   EXPECT_THAT(QApplication::clipboard()->text().toStdString(), StartsWith("Medicare\n"));
+}
+
+TEST_F(ExplanationOfTheResults, PrintsAllTwelveAsTheReportIsPrinted) {
+  QTemporaryDir folder;
+  const QString file = folder.filePath("explanation.pdf");
+  desktop().screenPrinter().setUp = [&file](QPrinter& printer) {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    return true;
+  };
+  doubleClick(5);
+  click(part<QPushButton>("print"));
+  QProcess reader;
+  reader.start("pdftotext", {"-raw", file, "-"});
+  ASSERT_TRUE(reader.waitForFinished()) << "pdftotext is needed";
+  const std::string paper = QString::fromUtf8(reader.readAllStandardOutput()).simplified().toStdString();
+  EXPECT_THAT(paper, StartsWith("Of the gross pay of $1,000.00: "));
+  std::size_t from = 0;
+  for (int row = 0; row < 12; ++row) {
+    const std::string title = part<QTableWidget>("figures").item(row, 0)->text().toStdString();
+    const std::size_t place = paper.find(title + " ", from);
+    EXPECT_NE(place, std::string::npos) << title;
+    from = place;
+  }
+  EXPECT_THAT(paper, HasSubstr("Pennsylvania tax, 2.8% of the wage of $1,000.00 it is $28.00 "));
+  EXPECT_THAT(paper, HasSubstr("28% of $475.00, plus $71.10, is $204.10 "));
+}
+
+TEST_F(ExplanationOfTheResults, PrintsNothingForOneWhoDoesNotWantToAfterAll) {
+  int asked = 0;
+  QTemporaryDir folder;
+  desktop().screenPrinter().setUp = [&](QPrinter& printer) {
+    ++asked;
+    printer.setOutputFileName(folder.filePath("explanation.pdf"));
+    return false;
+  };
+  doubleClick(5);
+  click(part<QPushButton>("print"));
+  EXPECT_EQ(asked, 1);
+  EXPECT_FALSE(QFile::exists(folder.filePath("explanation.pdf")));
+}
+
+TEST_F(ExplanationOfTheResults, TheKeyboardReachesEverythingAndAScreenReaderNamesIt) {
+  doubleClick(5);
+  std::vector<std::string> reached;
+  for (int i = 0; i < 6; ++i) {
+    reached.push_back(focused());
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+    ASSERT_NE(face, nullptr) << focused();
+    EXPECT_NE(face->role(), QAccessible::NoRole) << focused();
+    EXPECT_FALSE(face->text(QAccessible::Name).isEmpty()) << focused();
+    press(Qt::Key_Tab);
+  }
+  EXPECT_THAT(reached, UnorderedElementsAre("shares", "figures", "page", "copy", "print", "close"));
+  EXPECT_EQ(reached.front(), "figures");
+  EXPECT_EQ(window()->windowTitle(), "How this was worked out");
+  const auto role = [](QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget)->role(); };
+  EXPECT_EQ(role(part<QTableWidget>("figures")), QAccessible::Table);
+  EXPECT_EQ(role(part<QTextBrowser>("page")), QAccessible::EditableText);
+  QAccessibleInterface& bar = *QAccessible::queryAccessibleInterface(&part<QWidget>("bar"));
+  EXPECT_EQ(bar.text(QAccessible::Name), "Where the gross pay goes");
+  EXPECT_EQ(bar.text(QAccessible::Description), part<QLabel>("shares").text());
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(window()->isVisible());
+  doubleClick(7);
+  EXPECT_TRUE(window()->isVisible());
+  EXPECT_THAT(told(), StartsWith("FICA\n"));
+}
+
+TEST_F(ExplanationOfTheResults, SaysInWordsWhyThereIsNoBar) {
+  doubleClick(7);
+  frame().activateWindow();
+  type("frmMain", "txtPreFICA", "2000");
+  calculate();
+  EXPECT_FALSE(part<QWidget>("bar").isVisible());
+  EXPECT_EQ(part<QLabel>("shares").text(),
+            "The gross pay is $1,000.00; a part of it is negative, so the parts make no bar.");
+}
+
+TEST_F(ExplanationOfTheResults, CutsNothingOffAtALargerFont) {
+  const QFont normal = QApplication::font();
+  QFont large = normal;
+  large.setPointSizeF(2 * normal.pointSizeF());
+  QApplication::setFont(large);
+  doubleClick(4);
+  auto& figures = part<QTableWidget>("figures");
+  EXPECT_FALSE(figures.horizontalScrollBar()->isVisible());
+  EXPECT_FALSE(part<QTextBrowser>("page").horizontalScrollBar()->isVisible());
+  for (int row = 0; row < figures.rowCount(); ++row) {
+    for (int column = 0; column < 2; ++column) {
+      const QTableWidgetItem& item = *figures.item(row, column);
+      EXPECT_LE(QFontMetrics(figures.font()).horizontalAdvance(item.text()), figures.visualItemRect(&item).width());
+      EXPECT_LE(QFontMetrics(figures.font()).height(), figures.visualItemRect(&item).height());
+    }
+  }
+  for (const char* name : {"copy", "print", "close"}) {
+    EXPECT_GE(part<QPushButton>(name).width(), part<QPushButton>(name).minimumSizeHint().width()) << name;
+  }
+  QApplication::setFont(normal);
 }
 
 }  // namespace
