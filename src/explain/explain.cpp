@@ -307,6 +307,10 @@ std::vector<Share> sharesOf(const Trace& trace) {
   return shares;
 }
 
+std::string shareText(const Share& share) {
+  return std::string(share.name) + " " + toText(std::round(share.fraction * 1000) / 10) + "%";
+}
+
 std::string sharesText(const Trace& trace) {
   const PayData& record = trace.after.record;
   if (record.grossPay <= 0)
@@ -318,8 +322,7 @@ std::string sharesText(const Trace& trace) {
   std::string parts;
   for (const Share& share : shares) {
     if (share.amount == 0) continue;
-    parts += (parts.empty() ? "" : ", ") + std::string(share.name) + " " +
-             toText(std::round(share.fraction * 1000) / 10) + "%";
+    parts += (parts.empty() ? "" : ", ") + shareText(share);
   }
   return "Of the gross pay of " + amountText(record.grossPay) + ": " + parts + ".";
 }

@@ -47,7 +47,19 @@ export const browse = (profile) =>
 
 /** Opens the page and waits until it is ready; errors and refused resources of the page end up in `page.troubles`. */
 export async function open(browser, address, size = { width: 1100, height: 800 }) {
-  const page = await browser.newPage();
+  return enter(await browser.newPage(), address, size);
+}
+
+/** The same in a window of its own, which can be seen beside another. */
+export async function openWindow(context, address, size = { width: 1100, height: 800 }) {
+  const client = await context.browser().target().createCDPSession();
+  const before = new Set(context.targets());
+  await client.send('Target.createTarget', { url: 'about:blank', browserContextId: context.id, newWindow: true });
+  const target = await context.waitForTarget((one) => one.type() === 'page' && !before.has(one));
+  return enter(await target.page(), address, size);
+}
+
+async function enter(page, address, size) {
   page.troubles = [];
   page.on('pageerror', (error) => page.troubles.push(String(error)));
   page.on('console', (message) => message.type() === 'error' && page.troubles.push(message.text()));

@@ -62,8 +62,7 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(place, ground);
     painter.setPen(Qt::white);
     painter.drawLine(place.topRight(), place.bottomRight());
-    const QString words =
-        QStringLiteral("%1 %2%").arg(QString::fromLatin1(shares_[i].name)).arg(shares_[i].fraction * 100, 0, 'f', 1);
+    const QString words = text(shareText(shares_[i]));
     painter.setPen(ground.lightness() > 128 ? Qt::black : Qt::white);
     if (fontMetrics().horizontalAdvance(words) + look::tight < place.width()) {
       painter.drawText(place, Qt::AlignCenter, words);

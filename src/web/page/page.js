@@ -1,7 +1,7 @@
 // The page: starts the program, shows its screens and stands in for the machine around it.
 
 import * as protocol from './protocol.js';
-import * as store from './store.js';
+import * as storage from './store.js';
 import { addKind, bind, elementOf, refreshChanged } from './binder.js';
 import { calendar } from './calendar.js';
 import { report } from './report.js';
@@ -101,6 +101,7 @@ function button(text, onClick, current, name) {
   return element;
 }
 
+/** Prints a screen or another part of the page. */
 function print(name) {
   update();
   document.body.dataset.prints = name;
@@ -112,8 +113,7 @@ function startRun() {
   document.title = titleOf('MDIOpen');
 }
 
-function eraseStore() {
-  store.eraseAll();
+function eraseStorage() {
   for (const [section, keys] of Object.entries(protocol.ask('store'))) {
     for (const key of Object.keys(keys)) protocol.tell('store', 'erase', protocol.quoted(section), protocol.quoted(key));
   }
@@ -140,7 +140,7 @@ function bindPage() {
   at('print-form').addEventListener('click', () => act(() => protocol.tell('dblclick', 'frmW4')));
   at('print-report').addEventListener('click', () => print('frmPrint'));
   at('erase').addEventListener('click', () => at('question').showModal());
-  at('erase-yes').addEventListener('click', eraseStore);
+  at('erase-yes').addEventListener('click', eraseStorage);
   at('menu').addEventListener('click', () => openMenu(at('menu').getAttribute('aria-expanded') !== 'true'));
   at('bar').addEventListener('click', (event) => event.target.closest('button') && openMenu(false));
   elementOf('frmW4.Label20').addEventListener('keydown', (event) => {
@@ -161,15 +161,14 @@ function openMenu(open) {
 
 performance.mark('opening');
 await protocol.open({
-  pageKeeps: store.keep,
+  storage,
   pagePrints: print,
   pageHelps: (file, context) => openHelp(file, context === 0 ? 'index' : String(context)),
 });
 performance.mark('opened');
-store.readAll(protocol.remember);
 bindPage();
 prepareHelp();
-prepareExplanation();
+prepareExplanation(print);
 startRun();
 at('loading').hidden = true;
 document.body.dataset.ready = '';
