@@ -8,7 +8,7 @@ import { gzipSync } from 'node:zlib';
 import puppeteer from 'puppeteer-core';
 
 export const project = join(dirname(fileURLToPath(import.meta.url)), '..', '..');
-const folder = join(project, 'build', 'web');
+export const builtPage = join(project, 'build', 'web');
 
 const types = {
   '.html': 'text/html', '.css': 'text/css', '.js': 'text/javascript', '.wasm': 'application/wasm',
@@ -16,7 +16,7 @@ const types = {
 };
 
 /** Serves the page; `bytes` counts what went over the wire, gzipped. */
-export async function serve() {
+export async function serve(folder = builtPage) {
   const counter = { bytes: 0, requests: [] };
   const server = createServer(async (request, response) => {
     const path = normalize(new URL(request.url, 'http://x').pathname).replace(/\/$/, '/index.html');

@@ -2,12 +2,12 @@
 
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
-import { mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
+import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
-import { browse, open, openWindow, screens, selector, serve, user } from './browser.js';
+import { browse, builtPage, open, openWindow, screens, selector, serve, user } from './browser.js';
 import { differences } from './faithful.js';
 
 const axe = await readFile(fileURLToPath(import.meta.resolve('axe-core/axe.min.js')), 'utf8');
@@ -267,6 +267,56 @@ test('after one visit the page works without its server', async (t) => {
   await page.waitForSelector('#help-topic h3');
 });
 
+test('a new version waits until the old one is closed, and comes whole', async (t) => {
+  const folder = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(folder, { recursive: true, force: true }));
+  await cp(builtPage, folder, { recursive: true });
+  const own = await serve(folder);
+  t.after(own.close);
+  const context = await browser.createBrowserContext();
+  t.after(() => context.close());
+  const page = await open(context, own.address);
+  await page.evaluate(() => navigator.serviceWorker.ready);
+
+  const change = async (file, from, to) => {
+    const text = await readFile(join(folder, file), 'utf8');
+    assert.ok(text.includes(from));
+    await writeFile(join(folder, file), text.replace(from, to));
+  };
+  await change('index.html', 'is loading', 'is on its way');
+  await change('worker.js', "version = '", "version = 'next");
+  const words = (one) => one.$eval('#loading', (loading) => loading.textContent);
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  await page.waitForFunction(async () => (await navigator.serviceWorker.getRegistration()).waiting);
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  assert.equal(await words(page), 'Tallyfin 99 is loading.');
+
+  const blank = await context.newPage(); // keeps the context's last window
+  await page.close();
+  await blank.close();
+  const next = await open(context, own.address);
+  await next.waitForFunction(async () => !(await navigator.serviceWorker.getRegistration()).waiting);
+  await next.reload();
+  await next.waitForSelector('body[data-ready]');
+  assert.equal(await words(next), 'Tallyfin 99 is on its way.');
+  const caches = await next.evaluate(() => window.caches.keys());
+  assert.equal(caches.length, 1);
+  assert.match(caches[0], /^tallyfin99-next/);
+});
+
+test('the page can be installed', async (t) => {
+  const own = await browse();
+  t.after(() => own.close());
+  const page = await open(own, server.address);
+  await page.evaluate(() => navigator.serviceWorker.ready);
+  const client = await page.createCDPSession();
+  assert.deepEqual((await client.send('Page.getInstallabilityErrors')).installabilityErrors, []);
+  const { url, errors, data } = await client.send('Page.getAppManifest');
+  assert.deepEqual([url, errors, JSON.parse(data).name], [`${server.address}manifest.json`, [], 'Tallyfin 99']);
+});
+
 test('the page asks no other host, and its policy forbids it', async (t) => {
   const page = await fresh(t);
   const hosts = new Set();
@@ -371,6 +421,42 @@ test('by the keyboard alone', async (t) => {
   assert.equal(await exempt(), true);
   await page.keyboard.press('Space');
   assert.equal(await exempt(), false);
+});
+
+test('the focus can be seen wherever the Tab key leads', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await page.evaluate(() => { window.print = () => {}; });
+  for (const [name, go] of Object.entries(screens)) {
+    await go(u);
+    await page.evaluate(() => document.activeElement.blur());
+    const seen = new Set();
+    for (let i = 0; i < 80; ++i) {
+      await page.keyboard.press('Tab');
+      const [what, outlined] = await page.evaluate(() => {
+        const element = document.activeElement;
+        const { outlineStyle, outlineWidth } = getComputedStyle(element);
+        return [element === document.body ? '' : element.dataset.address ?? (element.id || element.ariaLabel || element.textContent), outlineStyle === 'solid' && outlineWidth === '2px'];
+      });
+      if (what === '') continue; // beyond the end the page comes round
+      if (seen.has(what)) break;
+      seen.add(what);
+      assert.ok(outlined, `${name}: ${what}`);
+    }
+    assert.ok(seen.size > 15, `${name}: ${seen.size} places`); // the list bar alone has fourteen
+  }
+});
+
+test('nothing moves where the user wants no motion', async (t) => {
+  const page = await fresh(t);
+  const fading = () => page.$$eval('*', (all) => all.filter((element) => {
+    const { transitionDuration, animationName } = getComputedStyle(element);
+    return transitionDuration !== '0s' || animationName !== 'none';
+  }).length);
+  await page.emulateMediaFeatures([{ name: 'prefers-reduced-motion', value: 'no-preference' }]);
+  assert.ok((await fading()) > 0);
+  await page.emulateMediaFeatures([{ name: 'prefers-reduced-motion', value: 'reduce' }]);
+  assert.equal(await fading(), 0);
 });
 
 test('a table row is chosen by a click or by Enter, not by the arrows', async (t) => {
