@@ -114,3 +114,19 @@ export const screens = {
   frmCalendar: async (u) => { await u.bar('TwoWork'); await u.click('frm2Workers.cmdW4Back(0)'); await u.click('frm2Workers.cmdW4Back(2)'); },
   frmW4: (u) => u.bar('W4'),
 };
+
+async function helpOnPersonal(u, page) {
+  await u.bar('Personal');
+  await page.keyboard.press('F1');
+  await page.waitForSelector('#erase', { visible: true });
+}
+
+/** The windows above the screens, after those: the way to each, and what closes it. */
+export const windows = {
+  explanation: [async (u, page) => { await u.bar('Calc'); await page.click('#explain'); }, '#explanation [data-dismiss]'],
+  MsgBox: [async (u) => { await u.bar('Calc'); await u.click('frmMain.cmdToolBar(2)'); await u.bar('Analysis'); }, selector('MsgBox.OK')],
+  frmAbt: [(u) => u.bar('About'), '[data-close=frmAbt]'],
+  help: [async (u, page) => { await u.bar('Help'); await page.waitForSelector('#help-topic h3'); }, '#help [data-dismiss]'],
+  'help on Personal Information': [helpOnPersonal, '#help [data-dismiss]'],
+  question: [async (u, page) => { await helpOnPersonal(u, page); await page.click('#erase'); }, '#question [data-dismiss]'],
+};

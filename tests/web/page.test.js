@@ -7,7 +7,7 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
-import { browse, builtPage, open, openWindow, screens, selector, serve, user } from './browser.js';
+import { browse, builtPage, open, openWindow, screens, selector, serve, user, windows } from './browser.js';
 import { differences } from './faithful.js';
 
 const axe = await readFile(fileURLToPath(import.meta.resolve('axe-core/axe.min.js')), 'utf8');
@@ -100,17 +100,11 @@ for (const size of [{ width: 1100, height: 800 }, { width: 360, height: 740 }, {
       assert.equal(await u.front(), name.split(',')[0]);
       await check(name);
     }
-    await u.bar('Calc');
-    await u.click('frmMain.cmdToolBar(2)');
-    await u.bar('Analysis');
-    await check('MsgBox');
-    await u.click('MsgBox.OK');
-    await u.bar('About');
-    await check('frmAbt');
-    await page.click('[data-close=frmAbt]');
-    await u.bar('Help');
-    await page.waitForSelector('#help-topic h3');
-    await check('help');
+    for (const [name, [go, close]] of Object.entries(windows)) {
+      await go(u, page);
+      await check(name);
+      await page.click(close);
+    }
     assert.deepEqual(page.troubles, []);
   });
 }
@@ -238,10 +232,7 @@ test('erasing asks first, then leaves nothing and starts afresh', async (t) => {
   const u = user(page);
   await samplePaycheck(u);
   const kept = () => page.evaluate(() => Object.keys(localStorage).filter((name) => name.startsWith('Tallyfin99/')).length);
-  await u.bar('Personal');
-  await page.keyboard.press('F1');
-  await page.waitForSelector('#erase', { visible: true });
-  await page.click('#erase');
+  await windows.question[0](u, page);
   await page.click('#question [data-dismiss]');
   assert.ok((await kept()) > 5);
   await page.click('#erase');

@@ -2,7 +2,7 @@
 
 import { mkdir } from 'node:fs/promises';
 import { join } from 'node:path';
-import { browse, open, screens, serve, user } from './browser.js';
+import { browse, open, screens, serve, user, windows } from './browser.js';
 
 const folder = process.argv[2];
 await mkdir(folder, { recursive: true });
@@ -16,28 +16,11 @@ for (const [width, scale] of [[1100, 1], [360, 1], [550, 2]]) {
     await go(u);
     await shot(name);
   }
-  await u.bar('Calc');
-  await page.click('#explain');
-  await shot('explanation');
-  await page.click('#explanation [data-dismiss]');
-  await u.click('frmMain.cmdToolBar(2)');
-  await u.bar('Analysis');
-  await shot('MsgBox');
-  await u.click('MsgBox.OK');
-  await u.bar('About');
-  await shot('frmAbt');
-  await page.click('[data-close=frmAbt]');
-  await u.bar('Help');
-  await page.waitForSelector('#help-topic h3');
-  await shot('help');
-  await page.click('#help [data-dismiss]');
-  await u.bar('Personal');
-  await page.keyboard.press('F1');
-  await page.waitForSelector('#erase', { visible: true });
-  await shot('erase');
-  await page.click('#erase');
-  await shot('question');
-  await page.click('#question [data-dismiss]');
+  for (const [name, [go, close]] of Object.entries(windows)) {
+    await go(u, page);
+    await shot(name);
+    await page.click(close);
+  }
   await page.click('#help [data-dismiss]');
   await u.bar('ExitProgram');
   await shot('ended');
