@@ -94,6 +94,11 @@ export const user = (page) => ({
 export const screens = {
   frmName: (u) => u.bar('Personal'),
   frmMain: async (u) => { await u.bar('Calc'); },
+  'frmMain, results': async (u) => {
+    await u.bar('Calc');
+    await u.type('frmMain.txtIncome', '1000');
+    await u.click('frmMain.cmdToolBar(0)');
+  },
   frmState: (u) => u.bar('StateInfo'),
   'frmMisc, local tax': async (u) => { await u.bar('Calc'); await u.click('frmMain.cmdAdditional(0)'); },
   'frmMisc, raise': async (u) => {

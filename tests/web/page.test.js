@@ -80,7 +80,25 @@ test('the sample paycheck', async (t) => {
   assert.deepEqual(page.troubles, []);
 });
 
-for (const size of [{ width: 1100, height: 800 }, { width: 360, height: 740 }, { width: 550, height: 400 }]) {
+/** Elements in front that lie over one another, or whose words or boxes have no room. */
+const crowded = (page) =>
+  page.evaluate(() => {
+    const root = [...document.querySelectorAll('dialog[open]')].at(-1) ?? document.querySelector('section[data-screen]:not([hidden])');
+    const inside = [...root.querySelectorAll('label, button, input, select, output, p, td, [data-address]')].filter((element) =>
+      element.checkVisibility({ visibilityProperty: true }) && !element.closest('.unseen, .title') && element.getClientRects().length > 0 && getComputedStyle(element).opacity !== '0');
+    const name = (element) => element.dataset.address ?? (element.id || `${element.tagName} ${element.textContent.slice(0, 30)}`);
+    const found = inside.filter((element) => element.scrollWidth > element.clientWidth + 1 && element.clientWidth > 0 &&
+      !['INPUT', 'SELECT'].includes(element.tagName) && !['auto', 'scroll'].includes(getComputedStyle(element).overflowX)).map((element) => `${name(element)} is too narrow`);
+    inside.forEach((one, i) => inside.slice(i + 1).forEach((other) => {
+      if (one.contains(other) || other.contains(one)) return;
+      const over = ([a, b]) => Math.min(a.right, b.right) - Math.max(a.left, b.left) > 2 && Math.min(a.bottom, b.bottom) - Math.max(a.top, b.top) > 2;
+      const pairs = [...one.getClientRects()].flatMap((a) => [...other.getClientRects()].map((b) => [a, b]));
+      if (pairs.some(over)) found.push(`${name(one)} and ${name(other)} overlap`);
+    }));
+    return found;
+  });
+
+for (const size of [{ width: 1100, height: 800 }, { width: 740, height: 360 }, { width: 360, height: 740 }, { width: 550, height: 400 }]) {
   test(`every screen at ${size.width} pixels: no violation, nothing cut off, shows what its controls hold`, async (t) => {
     const page = await fresh(t, size);
     const u = user(page);
@@ -92,6 +110,7 @@ for (const size of [{ width: 1100, height: 800 }, { width: 360, height: 740 }, {
       const found = violations.map((v) => `${v.id}: ${v.nodes.map((n) => `${n.target} ${n.any[0]?.message ?? ''}`).join(' | ')}`);
       assert.deepEqual(found, [], name);
       assert.deepEqual(await differences(page), [], name);
+      assert.deepEqual(await crowded(page), [], name);
       const [wide, view] = await page.evaluate(() => [document.scrollingElement.scrollWidth, window.innerWidth]);
       assert.ok(wide <= view, `${name} is ${wide} wide`);
     };
