@@ -15,7 +15,7 @@ MAY_INCLUDE = {
     **{folder: SCREENS | {"controls", "engine", "states"} for folder in SCREENS},
     "ui/qt": SCREENS | {"controls", "engine", "explain", "states", "ui/qt"},
     "script": SCREENS | {"controls", "engine", "explain", "states", "script"},
-    "web": {"controls", "engine", "script", "web"},
+    "web": {"controls", "engine", "explain", "script", "web"},
 }
 THE_STORE = "store/store.h"  # what a program opens; the rest knows the interface alone
 
