@@ -398,6 +398,11 @@ test('printing the form hides what the paper does not have, and shows it again',
   assert.match(report, /Check Amount +\$663\.01/);
   assert.doesNotMatch(report, /Zoom|Personal/);
   assert.equal(report.split('\f').length, 2, 'one page');
+
+  await u.bar('Calc');
+  const byTheBrowser = await onPaper(t, page);
+  assert.match(byTheBrowser, /Check Amt +\$663\.01/);
+  assert.doesNotMatch(byTheBrowser, /Personal|Zoom|Withholding/);
 });
 
 test('by the keyboard alone', async (t) => {

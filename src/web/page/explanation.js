@@ -64,7 +64,7 @@ function show(row) {
   drawBar(shares);
 }
 
-/** `print` prints a part of the page by its id. */
+/** `print` prints an element of the page. */
 export function prepareExplanation(print) {
   at('explain').addEventListener('click', () => show(0));
   at('results').addEventListener('dblclick', ({ target }) => {
@@ -73,5 +73,5 @@ export function prepareExplanation(print) {
   });
   at('explanation-copy').hidden = !navigator.clipboard; // there is one on https and on this machine
   at('explanation-copy').addEventListener('click', () => navigator.clipboard.writeText(at('explanation-text').innerText));
-  at('explanation-print').addEventListener('click', () => print('explanation-paper'));
+  at('explanation-print').addEventListener('click', () => print(at('explanation-paper')));
 }

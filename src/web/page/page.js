@@ -11,6 +11,7 @@ import { prepareExplanation, refreshExplanation } from './explanation.js';
 const at = (id) => document.getElementById(id);
 const screenElements = [...document.querySelectorAll('[data-screen]')];
 let front = '';
+let printed = null;
 
 addKind('calendar', calendar);
 addKind('engine', report);
@@ -101,11 +102,21 @@ function button(text, onClick, current, name) {
   return element;
 }
 
-/** Prints a screen or another part of the page. */
-function print(name) {
+/** Prints an element of the page, a screen or another. */
+function print(element) {
   update();
-  document.body.dataset.prints = name;
+  printed = element;
   window.print();
+}
+
+function bindPrinting() {
+  // Without a word from the program the browser prints the screen in front.
+  window.addEventListener('beforeprint', () => (printed ?? documentOf(front))?.classList.add('printed'));
+  window.addEventListener('afterprint', () => {
+    document.querySelector('.printed')?.classList.remove('printed');
+    printed = null;
+  });
+  at('print-report').addEventListener('click', () => print(documentOf('frmPrint')));
 }
 
 function startRun() {
@@ -138,7 +149,6 @@ function bindPage() {
   }
   at('again').addEventListener('click', startRun);
   at('print-form').addEventListener('click', () => act(() => protocol.tell('dblclick', 'frmW4')));
-  at('print-report').addEventListener('click', () => print('frmPrint'));
   at('erase').addEventListener('click', () => at('question').showModal());
   at('erase-yes').addEventListener('click', eraseStorage);
   at('menu').addEventListener('click', () => openMenu(at('menu').getAttribute('aria-expanded') !== 'true'));
@@ -162,11 +172,12 @@ function openMenu(open) {
 performance.mark('opening');
 await protocol.open({
   storage,
-  pagePrints: print,
+  pagePrints: (name) => print(documentOf(name)),
   pageHelps: (file, context) => openHelp(file, context === 0 ? 'index' : String(context)),
 });
 performance.mark('opened');
 bindPage();
+bindPrinting();
 prepareHelp();
 prepareExplanation(print);
 startRun();
