@@ -1,7 +1,7 @@
 // What the tests share: a server of the built page on the loopback address, a browser, and the screens' names.
 
 import { createServer } from 'node:http';
-import { readFile } from 'node:fs/promises';
+import { readFile, stat } from 'node:fs/promises';
 import { dirname, extname, join, normalize } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { gzipSync } from 'node:zlib';
@@ -18,10 +18,16 @@ const types = {
 /** Serves the page; `bytes` counts what went over the wire, gzipped. */
 export async function serve(folder = builtPage) {
   const counter = { bytes: 0, requests: [] };
+  const zipped = new Map(); // each file once, as long as it stays the same
+  const bodyOf = async (path) => {
+    const name = `${path} of ${(await stat(path)).mtimeMs}`;
+    if (!zipped.has(name)) zipped.set(name, gzipSync(await readFile(path), { level: 9 }));
+    return zipped.get(name);
+  };
   const server = createServer(async (request, response) => {
     const path = normalize(new URL(request.url, 'http://x').pathname).replace(/\/$/, '/index.html');
     try {
-      const body = gzipSync(await readFile(join(folder, path)), { level: 9 });
+      const body = await bodyOf(join(folder, path));
       counter.bytes += body.length;
       counter.requests.push(path);
       const type = types[extname(path)] ?? 'application/octet-stream';
