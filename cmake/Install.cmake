@@ -15,9 +15,7 @@ install(FILES packaging/tallyfin99.1 packaging/tallyfin99-script.1 packaging/tal
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99 RENAME copyright)
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
 # The page for a web server, where tools/web --build has made it.
-if(EXISTS ${PROJECT_SOURCE_DIR}/build/web/tallyfin99.wasm)
-  install(DIRECTORY build/web DESTINATION ${CMAKE_INSTALL_DATADIR}/tallyfin99)
-endif()
+install(DIRECTORY build/web DESTINATION ${CMAKE_INSTALL_DATADIR}/tallyfin99 OPTIONAL)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tallyfin99)

@@ -35,17 +35,6 @@ inline std::string shortTextOf(double value) {
   return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
-/// The fewest digits that still tell this number from every other of single precision.
-inline std::string shortestTextOf(float value) {
-  std::array<char, 32> buffer{};
-  int length = 0;
-  for (int digits = 1; digits <= std::numeric_limits<float>::max_digits10; ++digits) {
-    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", digits, static_cast<double>(value));
-    if (std::strtof(buffer.data(), nullptr) == value) break;
-  }
-  return {buffer.data(), static_cast<std::size_t>(length)};
-}
-
 }  // namespace clibrary
 
 #ifdef __cpp_lib_to_chars
@@ -64,17 +53,22 @@ inline std::string shortTextOf(double value) {
   return {buffer.data(), result.ptr};
 }
 
-inline std::string shortestTextOf(float value) {
-  std::array<char, 32> buffer{};
-  return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
-}
-
 #else
 
 using clibrary::doubleOf;
-using clibrary::shortestTextOf;
 using clibrary::shortTextOf;
 
 #endif
+
+/// This number rounded to the fewest digits that still tell it from every other of single precision.
+inline std::string shortestTextOf(float value) {
+  std::array<char, 32> buffer{};
+  int length = 0;
+  for (int digits = 1; digits <= std::numeric_limits<float>::max_digits10; ++digits) {
+    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", digits, static_cast<double>(value));
+    if (std::strtof(buffer.data(), nullptr) == value) break;
+  }
+  return {buffer.data(), static_cast<std::size_t>(length)};
+}
 
 }  // namespace tallyfin

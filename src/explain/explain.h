@@ -30,10 +30,10 @@ struct Share {
 /// there is no gross pay to share out, or a part is negative.
 std::vector<Share> sharesOf(const Trace& trace);
 
-/// A part in words: "federal tax 17.2%".
+/// A part by its name and its percentage, which is rounded to a tenth: federal tax 17.2%.
 std::string shareText(const Share& share);
 
-/// The same in one sentence, or why there are none.
+/// All of them in one sentence, or why there are none.
 std::string sharesText(const Trace& trace);
 
 /// An amount as currency, with two decimals or as many more as it has: $1,000.00, $172.4936, ($5.00).

@@ -1,11 +1,18 @@
 #include <emscripten.h>
 
+#include <cstdlib>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "controls/desk.h"
+#include "engine/failure.h"
+#include "engine/numbertext.h"
 #include "engine/settingsstore.h"
+#include "engine/trace.h"
+#include "explain/explain.h"
 #include "machine/machine.h"
 #include "script/session.h"
 #include "script/words.h"
@@ -15,8 +22,14 @@
 /// missing.
 
 // clang-format off
-EM_JS(void, pageKeeps, (const char* section, const char* key, const char* text), {
-  if (Module["pageKeeps"]) Module["pageKeeps"](UTF8ToString(section), UTF8ToString(key), text ? UTF8ToString(text) : null);
+EM_JS(int, pageHasStorage, (), { return Module["storage"] ? 1 : 0; });
+EM_JS(char*, pageStores, (const char* request), {
+  try {
+    const [act, ...texts] = JSON.parse(UTF8ToString(request));
+    return allocateUTF8(Module["storage"][act](...texts).map((text) => JSON.stringify(text)).join(" "));
+  } catch {
+    return 0;
+  }
 });
 EM_JS(void, pagePrints, (const char* screen), { if (Module["pagePrints"]) Module["pagePrints"](UTF8ToString(screen)); });
 EM_JS(void, pageHelps, (const char* file, int context), {
@@ -29,19 +42,37 @@ namespace tallyfin::web {
 
 namespace {
 
-/// Keeps everything in memory and hands each change to the page, which stores it.
-class PageStore : public MemoryStore {
+/// The browser's storage, by the functions that the page hands over: each takes texts, gives texts back, and throws
+/// where the storage is full, forbidden or gone. A reading gives what is stored at that moment, by whatever tab.
+class PageStore : public SettingsStore {
  public:
+  std::optional<std::string> read(std::string_view section, std::string_view key) const override {
+    const auto texts = carryOut({"read", std::string(section), std::string(key)});
+    if (!texts || texts->empty()) return std::nullopt;
+    return texts->front().text;
+  }
   void write(std::string_view section, std::string_view key, const std::string& text) override {
-    MemoryStore::write(section, key, text);
-    pageKeeps(std::string(section).c_str(), std::string(key).c_str(), text.c_str());
+    if (!carryOut({"write", std::string(section), std::string(key), text})) throw FailedStatement{};
   }
   void erase(std::string_view section, std::string_view key) override {
-    MemoryStore::erase(section, key);
-    pageKeeps(std::string(section).c_str(), std::string(key).c_str(), nullptr);
+    if (!carryOut({"erase", std::string(section), std::string(key)})) throw FailedStatement{};
   }
-  /// What the page had stored comes back.
-  void remember(const char* section, const char* key, const char* text) { MemoryStore::write(section, key, text); }
+  Sections all() const override {
+    Sections sections;
+    const auto texts = carryOut({"all"});  // section, key and text by turns
+    for (std::size_t i = 0; texts && i + 2 < texts->size(); i += 3) {
+      sections[(*texts)[i].text][(*texts)[i + 1].text] = (*texts)[i + 2].text;
+    }
+    return sections;
+  }
+
+ private:
+  /// What the storage gives back; none where it failed.
+  static std::optional<std::vector<script::Word>> carryOut(const std::vector<std::string>& request) {
+    const std::unique_ptr<char, decltype(&std::free)> texts(pageStores(script::json(request).c_str()), std::free);
+    if (!texts) return std::nullopt;
+    return script::wordsOf(texts.get());
+  }
 };
 
 class PagePrinter : public Printer {
@@ -88,22 +119,42 @@ class Changes final : public DeskWatcher {
 
 /// One program.
 class Page {
- public:
-  PageStore store;
-  Changes changes;
+  /// In memory where nobody hands over a storage.
+  static std::unique_ptr<SettingsStore> makeStore() {
+    if (pageHasStorage() != 0) return std::make_unique<PageStore>();
+    return std::make_unique<MemoryStore>();
+  }
 
- private:
+  std::unique_ptr<SettingsStore> store_ = makeStore();
   PagePrinter printer_;
   PageHelp help_;
   PageBeeper beeper_;
 
  public:
-  script::Session session{store, {plainMachine().clock, &beeper_, plainMachine().pointer, &printer_, &help_}, &changes};
+  Changes changes;
+  script::Session session{*store_, {plainMachine().clock, &beeper_, plainMachine().pointer, &printer_, &help_}, &changes};
 };
 
 Page& page() {
   static Page thePage;
   return thePage;
+}
+
+/// How the last calculation was worked out, as JSON: the parts of the gross pay, each with its words and its fraction,
+/// the sentence about them, and the twelve figures, each with its title, its amount and its lines.
+std::string explained() {
+  const Trace* trace = lastTrace();
+  if (trace == nullptr) return "null";
+  std::vector<std::vector<std::string>> shares;
+  for (const Share& share : sharesOf(*trace)) shares.push_back({shareText(share), toText(share.fraction)});
+  std::vector<std::vector<std::string>> figures;
+  for (const Explanation& explanation : explain(*trace)) {
+    std::vector<std::string> figure{explanation.title, amountText(explanation.amount)};
+    figure.insert(figure.end(), explanation.lines.begin(), explanation.lines.end());
+    figures.push_back(figure);
+  }
+  return "{\"shares\":" + script::json(shares) + ",\"sentence\":" + script::json(sharesText(*trace)) +
+         ",\"figures\":" + script::json(figures) + "}";
 }
 
 /// A text that stays until the next call.
@@ -133,8 +184,6 @@ EMSCRIPTEN_KEEPALIVE const char* focused() {
   return tallyfin::web::handOver(control == nullptr ? "" : control->screen().name() + "." + control->address());
 }
 
-/// A text that was stored before this run.
-EMSCRIPTEN_KEEPALIVE void remember(const char* section, const char* key, const char* text) {
-  tallyfin::web::page().store.remember(section, key, text);
-}
+/// How the last calculation was worked out; null before the first.
+EMSCRIPTEN_KEEPALIVE const char* explained() { return tallyfin::web::handOver(tallyfin::web::explained()); }
 }

@@ -27,11 +27,10 @@ RC_GTEST_PROP(DoubleText, IsReadAlikeByBothWays, ()) {
   RC_ASSERT(doubleOf(plain) == clibrary::doubleOf(plain));
 }
 
-RC_GTEST_PROP(DoubleText, OfSinglePrecisionIsTheSameNumberByBothWays, ()) {
+RC_GTEST_PROP(DoubleText, OfSinglePrecisionIsReadBackAsItself, ()) {
   const auto value = std::bit_cast<float>(*rc::gen::arbitrary<std::uint32_t>());
   RC_PRE(std::isfinite(value));
-  // They may write an exponent where the other writes zeros: what counts is the decimal.
-  RC_ASSERT(doubleOf(shortestTextOf(value)) == doubleOf(clibrary::shortestTextOf(value)));
+  RC_ASSERT(static_cast<float>(doubleOf(shortestTextOf(value)).value()) == value);
 }
 
 TEST(DoubleText, EndsOfTheRange) {
@@ -49,7 +48,7 @@ TEST(DoubleText, FifteenDigits) {
   EXPECT_EQ(clibrary::shortTextOf(1e15), "1e+15");
   EXPECT_EQ(clibrary::shortTextOf(0.00001), "1e-05");
   EXPECT_EQ(clibrary::shortTextOf(86.66), "86.66");
-  EXPECT_EQ(clibrary::shortestTextOf(0.028F), "0.028");
+  EXPECT_EQ(shortestTextOf(0.028F), "0.028");
 }
 
 }  // namespace

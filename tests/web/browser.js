@@ -1,14 +1,14 @@
 // What the tests share: a server of the built page on the loopback address, a browser, and the screens' names.
 
 import { createServer } from 'node:http';
-import { readFile } from 'node:fs/promises';
+import { readFile, stat } from 'node:fs/promises';
 import { dirname, extname, join, normalize } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { gzipSync } from 'node:zlib';
 import puppeteer from 'puppeteer-core';
 
 export const project = join(dirname(fileURLToPath(import.meta.url)), '..', '..');
-const folder = join(project, 'build', 'web');
+export const builtPage = join(project, 'build', 'web');
 
 const types = {
   '.html': 'text/html', '.css': 'text/css', '.js': 'text/javascript', '.wasm': 'application/wasm',
@@ -16,12 +16,18 @@ const types = {
 };
 
 /** Serves the page; `bytes` counts what went over the wire, gzipped. */
-export async function serve() {
+export async function serve(folder = builtPage) {
   const counter = { bytes: 0, requests: [] };
+  const zipped = new Map(); // each file once, as long as it stays the same
+  const bodyOf = async (path) => {
+    const name = `${path} of ${(await stat(path)).mtimeMs}`;
+    if (!zipped.has(name)) zipped.set(name, gzipSync(await readFile(path), { level: 9 }));
+    return zipped.get(name);
+  };
   const server = createServer(async (request, response) => {
     const path = normalize(new URL(request.url, 'http://x').pathname).replace(/\/$/, '/index.html');
     try {
-      const body = gzipSync(await readFile(join(folder, path)), { level: 9 });
+      const body = await bodyOf(join(folder, path));
       counter.bytes += body.length;
       counter.requests.push(path);
       const type = types[extname(path)] ?? 'application/octet-stream';
@@ -47,7 +53,19 @@ export const browse = (profile) =>
 
 /** Opens the page and waits until it is ready; errors and refused resources of the page end up in `page.troubles`. */
 export async function open(browser, address, size = { width: 1100, height: 800 }) {
-  const page = await browser.newPage();
+  return enter(await browser.newPage(), address, size);
+}
+
+/** The same in a window of its own, which can be seen beside another. */
+export async function openWindow(context, address, size = { width: 1100, height: 800 }) {
+  const client = await context.browser().target().createCDPSession();
+  const before = new Set(context.targets());
+  await client.send('Target.createTarget', { url: 'about:blank', browserContextId: context.id, newWindow: true });
+  const target = await context.waitForTarget((one) => one.type() === 'page' && !before.has(one));
+  return enter(await target.page(), address, size);
+}
+
+async function enter(page, address, size) {
   page.troubles = [];
   page.on('pageerror', (error) => page.troubles.push(String(error)));
   page.on('console', (message) => message.type() === 'error' && page.troubles.push(message.text()));
@@ -82,6 +100,11 @@ export const user = (page) => ({
 export const screens = {
   frmName: (u) => u.bar('Personal'),
   frmMain: async (u) => { await u.bar('Calc'); },
+  'frmMain, results': async (u) => {
+    await u.bar('Calc');
+    await u.type('frmMain.txtIncome', '1000');
+    await u.click('frmMain.cmdToolBar(0)');
+  },
   frmState: (u) => u.bar('StateInfo'),
   'frmMisc, local tax': async (u) => { await u.bar('Calc'); await u.click('frmMain.cmdAdditional(0)'); },
   'frmMisc, raise': async (u) => {
@@ -101,4 +124,20 @@ export const screens = {
   frmTableOne: async (u) => { await u.bar('TwoWork'); await u.click('frm2Workers.cmdTable1Show(0)'); },
   frmCalendar: async (u) => { await u.bar('TwoWork'); await u.click('frm2Workers.cmdW4Back(0)'); await u.click('frm2Workers.cmdW4Back(2)'); },
   frmW4: (u) => u.bar('W4'),
+};
+
+async function helpOnPersonal(u, page) {
+  await u.bar('Personal');
+  await page.keyboard.press('F1');
+  await page.waitForSelector('#erase', { visible: true });
+}
+
+/** The windows above the screens, after those: the way to each, and what closes it. */
+export const windows = {
+  explanation: [async (u, page) => { await u.bar('Calc'); await page.click('#explain'); }, '#explanation [data-dismiss]'],
+  MsgBox: [async (u) => { await u.bar('Calc'); await u.click('frmMain.cmdToolBar(2)'); await u.bar('Analysis'); }, selector('MsgBox.OK')],
+  frmAbt: [(u) => u.bar('About'), '[data-close=frmAbt]'],
+  help: [async (u, page) => { await u.bar('Help'); await page.waitForSelector('#help-topic h3'); }, '#help [data-dismiss]'],
+  'help on Personal Information': [helpOnPersonal, '#help [data-dismiss]'],
+  question: [async (u, page) => { await helpOnPersonal(u, page); await page.click('#erase'); }, '#question [data-dismiss]'],
 };

@@ -4,6 +4,7 @@
 export const differences = (page) =>
   page.evaluate(async () => {
     const { ask } = await import('./protocol.js');
+    const rgb = (numbers) => `rgb(${numbers.split(',').join(', ')})`;
     const wrong = [];
     const shown = ask('screens')?.shown ?? [];
     const compare = (address, what, is, holds) => {
@@ -13,6 +14,20 @@ export const differences = (page) =>
     const inFront = [...shown.filter((name) => document.querySelector(`dialog[data-screen="${name}"]`)),
       shown.find((name) => document.querySelector(`section[data-screen="${name}"]`))].filter(Boolean);
     compare('page', 'screens', views.map((view) => view.dataset.screen).sort(), inFront.sort());
+
+    for (const view of views) {
+      const name = view.dataset.screen;
+      const title = view.querySelector(`[data-title="${name}"]`);
+      if (title) compare(name, 'title', title.textContent, ask('get', name, 'title'));
+      const ownGround = ask('get', name, 'backcolor');
+      if (ownGround !== 'default') compare(name, 'ground', getComputedStyle(view).backgroundColor, rgb(ownGround));
+      const without = (ask('controls', name) ?? []).filter((address) => !view.querySelector(`[data-address="${address}"]`));
+      compare(name, 'controls without an element that are seen', without.filter((address) => ask('get', address, 'visible') &&
+        ask('get', address, 'caption') !== ''), []);
+    }
+    // What has the focus on the page has it in the program.
+    const focused = document.activeElement?.dataset.address;
+    if (focused && ask('running')) compare(focused, 'focused', true, ask('get', focused, 'focused'));
 
     const roots = [...views, document.getElementById('bar')];
     for (const element of roots.flatMap((root) => [...root.querySelectorAll('[data-address]')])) {
@@ -27,6 +42,8 @@ export const differences = (page) =>
       const outOfSight = kind === 'panel' && get('left') < 0;
       compare(address, 'visible', !part.hidden, get('visible') && !outOfSight);
       if ('disabled' in element) compare(address, 'enabled', !element.disabled, get('enabled'));
+      compare(address, 'looks enabled', !part.classList.contains('off'), get('enabled'));
+      if (get('tooltip') !== '') compare(address, 'tooltip', element.title, get('tooltip'));
       const caption = () => part.querySelector(':scope > [data-caption]')?.textContent ?? element.textContent;
       const kindless = kind === undefined;
       if (element.tagName === 'SELECT') {
@@ -49,10 +66,16 @@ export const differences = (page) =>
       } else if (kindless && !element.querySelector('img')) {
         compare(address, 'caption', caption(), get('caption'));
       }
-      const own = get('forecolor');
-      if (kindless && own !== 'default' && get('enabled')) {
-        compare(address, 'colour', getComputedStyle(part).color, `rgb(${own.split(',').join(', ')})`);
+      if (kind === 'panel' && part.querySelector(':scope > [data-caption]')) compare(address, 'caption', caption(), get('caption'));
+      if (kind === 'calendar') {
+        // Its control holds one date; the month that is looked at is the page's.
+        const month = new Date(`${get('date')}T12:00`).toLocaleDateString('en-US', { month: 'long', year: 'numeric' });
+        const here = element.querySelector('caption').textContent === month;
+        compare(address, 'date', element.querySelector('[aria-current=date]')?.textContent, here ? String(Number(get('date').slice(-2))) : undefined);
       }
+      const [ink, ground] = [get('forecolor'), get('backcolor')];
+      if (ink !== 'default' && get('enabled')) compare(address, 'colour', getComputedStyle(part).color, rgb(ink));
+      if (ground !== 'default') compare(address, 'ground', getComputedStyle(element).backgroundColor, rgb(ground));
     }
     return wrong;
   });

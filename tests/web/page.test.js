@@ -2,12 +2,12 @@
 
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
-import { mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
+import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
-import { browse, open, screens, selector, serve, user } from './browser.js';
+import { browse, builtPage, open, openWindow, screens, selector, serve, user, windows } from './browser.js';
 import { differences } from './faithful.js';
 
 const axe = await readFile(fileURLToPath(import.meta.resolve('axe-core/axe.min.js')), 'utf8');
@@ -80,7 +80,25 @@ test('the sample paycheck', async (t) => {
   assert.deepEqual(page.troubles, []);
 });
 
-for (const size of [{ width: 1100, height: 800 }, { width: 360, height: 740 }, { width: 550, height: 400 }]) {
+/** Elements in front that lie over one another, or whose words or boxes have no room. */
+const crowded = (page) =>
+  page.evaluate(() => {
+    const root = [...document.querySelectorAll('dialog[open]')].at(-1) ?? document.querySelector('section[data-screen]:not([hidden])');
+    const inside = [...root.querySelectorAll('label, button, input, select, output, p, td, [data-address]')].filter((element) =>
+      element.checkVisibility({ visibilityProperty: true }) && !element.closest('.unseen, .title') && element.getClientRects().length > 0 && getComputedStyle(element).opacity !== '0');
+    const name = (element) => element.dataset.address ?? (element.id || `${element.tagName} ${element.textContent.slice(0, 30)}`);
+    const found = inside.filter((element) => element.scrollWidth > element.clientWidth + 1 && element.clientWidth > 0 &&
+      !['INPUT', 'SELECT'].includes(element.tagName) && !['auto', 'scroll'].includes(getComputedStyle(element).overflowX)).map((element) => `${name(element)} is too narrow`);
+    inside.forEach((one, i) => inside.slice(i + 1).forEach((other) => {
+      if (one.contains(other) || other.contains(one)) return;
+      const over = ([a, b]) => Math.min(a.right, b.right) - Math.max(a.left, b.left) > 2 && Math.min(a.bottom, b.bottom) - Math.max(a.top, b.top) > 2;
+      const pairs = [...one.getClientRects()].flatMap((a) => [...other.getClientRects()].map((b) => [a, b]));
+      if (pairs.some(over)) found.push(`${name(one)} and ${name(other)} overlap`);
+    }));
+    return found;
+  });
+
+for (const size of [{ width: 1100, height: 800 }, { width: 740, height: 360 }, { width: 360, height: 740 }, { width: 550, height: 400 }]) {
   test(`every screen at ${size.width} pixels: no violation, nothing cut off, shows what its controls hold`, async (t) => {
     const page = await fresh(t, size);
     const u = user(page);
@@ -92,6 +110,7 @@ for (const size of [{ width: 1100, height: 800 }, { width: 360, height: 740 }, {
       const found = violations.map((v) => `${v.id}: ${v.nodes.map((n) => `${n.target} ${n.any[0]?.message ?? ''}`).join(' | ')}`);
       assert.deepEqual(found, [], name);
       assert.deepEqual(await differences(page), [], name);
+      assert.deepEqual(await crowded(page), [], name);
       const [wide, view] = await page.evaluate(() => [document.scrollingElement.scrollWidth, window.innerWidth]);
       assert.ok(wide <= view, `${name} is ${wide} wide`);
     };
@@ -100,17 +119,11 @@ for (const size of [{ width: 1100, height: 800 }, { width: 360, height: 740 }, {
       assert.equal(await u.front(), name.split(',')[0]);
       await check(name);
     }
-    await u.bar('Calc');
-    await u.click('frmMain.cmdToolBar(2)');
-    await u.bar('Analysis');
-    await check('MsgBox');
-    await u.click('MsgBox.OK');
-    await u.bar('About');
-    await check('frmAbt');
-    await page.click('[data-close=frmAbt]');
-    await u.bar('Help');
-    await page.waitForSelector('#help-topic h3');
-    await check('help');
+    for (const [name, [go, close]] of Object.entries(windows)) {
+      await go(u, page);
+      await check(name);
+      await page.click(close);
+    }
     assert.deepEqual(page.troubles, []);
   });
 }
@@ -138,31 +151,107 @@ test('entries survive a restart of the browser, each as it was saved', async (t)
   assert.deepEqual(await shownRows(page), sampleRows);
 });
 
-for (const [how, spoil] of Object.entries({
-  full: () => { Storage.prototype.setItem = () => { throw new DOMException('full', 'QuotaExceededError'); }; },
-  forbidden: () => Object.defineProperty(window, 'localStorage', { get() { throw new DOMException('no', 'SecurityError'); } }),
-})) {
-  test(`a storage that is ${how} stops nothing`, async (t) => {
-    const context = await browser.createBrowserContext();
-    t.after(() => context.close());
-    const page = await context.newPage();
-    await page.evaluateOnNewDocument(spoil);
-    await page.goto(server.address);
-    await page.waitForSelector('body[data-ready]');
-    await samplePaycheck(user(page));
-    assert.deepEqual(await shownRows(page), sampleRows);
-  });
+const close = async (page, name) => page.click(`[aria-label="Close ${await page.$eval(`#${name}-title`, (h) => h.textContent)}"]`);
+const income = (page) => page.$eval(selector('frmMain.txtIncome'), (box) => box.value);
+const storedIncome = (page) => page.evaluate(() => localStorage.getItem('Tallyfin99/Settings/IncAmt'));
+
+async function reopenMain(page) {
+  await close(page, 'frmMain');
+  await user(page).bar('Calc');
 }
+
+test('a full storage keeps what it has, and the page knows nothing else', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await samplePaycheck(u);
+  const room = await page.evaluate(() => {
+    let piece = 'x'.repeat(1 << 20);
+    for (let number = 0; piece !== ''; ++number) {
+      try {
+        localStorage.setItem(`fill${number}`, piece);
+      } catch {
+        piece = piece.slice(piece.length / 2 + 0.5);
+      }
+    }
+    return Object.entries(localStorage).reduce((sum, [name, text]) => sum + name.length + text.length, 0);
+  });
+  assert.ok(room > 5_000_000, `${room} characters fill it`);
+  await u.type('frmMain.txtIncome', '123456789.25');
+  await u.click('frmMain.cmdToolBar(0)');
+  assert.deepEqual((await shownRows(page))[0], ['Gross Pay', '$123,456,789.25']);
+  assert.equal(await storedIncome(page), '1000');
+  await reopenMain(page);
+  assert.equal(await income(page), '$1,000.00');
+  assert.deepEqual(await differences(page), []);
+
+  await page.evaluate(() => localStorage.removeItem('fill0'));
+  await u.type('frmMain.txtIncome', '123456789.25');
+  await u.click('frmMain.cmdToolBar(0)');
+  assert.equal(await storedIncome(page), '123456789.25');
+  assert.deepEqual(page.troubles, []);
+});
+
+test('a forbidden storage gives the defaults, without a word', async (t) => {
+  const profile = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(profile, { recursive: true, force: true, maxRetries: 5 }));
+  await mkdir(join(profile, 'Default'));
+  const forbidding = { profile: { default_content_setting_values: { cookies: 2 } } };
+  await writeFile(join(profile, 'Default', 'Preferences'), JSON.stringify(forbidding));
+  const guarded = await browse(profile);
+  t.after(() => guarded.close());
+  const page = await open(guarded, server.address);
+  const why = await page.evaluate(() => {
+    try {
+      return String(localStorage.length);
+    } catch (error) {
+      return error.name;
+    }
+  });
+  assert.equal(why, 'SecurityError');
+  const u = user(page);
+  await u.type('frmName.txtName', 'Ada');
+  await u.click('frmName.cmdExit');
+  await u.bar('Calc');
+  await u.type('frmMain.txtIncome', '1000');
+  await u.click('frmMain.cmdToolBar(0)');
+  assert.deepEqual((await shownRows(page))[0], ['Gross Pay', '$1,000.00']);
+  await reopenMain(page);
+  assert.equal(await income(page), '$0.00');
+  await u.bar('Personal');
+  assert.equal(await page.$eval(selector('frmName.txtName'), (box) => box.value), '-');
+  assert.deepEqual(await differences(page), []);
+  assert.deepEqual(page.troubles, []);
+});
+
+test('two tabs share the storage, key by key', async (t) => {
+  const context = await browser.createBrowserContext();
+  t.after(() => context.close());
+  const one = await open(context, server.address);
+  const other = await openWindow(context, server.address);
+  await user(one).bar('Calc');
+  await user(other).bar('Calc');
+  await user(other).type('frmMain.txtIncome', '777');
+  await user(other).click('frmMain.cmdToolBar(0)');
+  assert.equal(await income(one), '$0.00'); // it was loaded before
+  await reopenMain(one);
+  assert.equal(await income(one), '$777.00');
+
+  await user(one).bar('Personal');
+  await user(one).type('frmName.txtName', 'Ada');
+  await user(one).click('frmName.cmdExit');
+  await user(other).bar('Personal');
+  await close(other, 'frmName');
+  await user(other).bar('Personal');
+  assert.equal(await other.$eval(selector('frmName.txtName'), (box) => box.value), 'Ada');
+  assert.equal(await storedIncome(one), '777');
+});
 
 test('erasing asks first, then leaves nothing and starts afresh', async (t) => {
   const page = await fresh(t);
   const u = user(page);
   await samplePaycheck(u);
   const kept = () => page.evaluate(() => Object.keys(localStorage).filter((name) => name.startsWith('Tallyfin99/')).length);
-  await u.bar('Personal');
-  await page.keyboard.press('F1');
-  await page.waitForSelector('#erase', { visible: true });
-  await page.click('#erase');
+  await windows.question[0](u, page);
   await page.click('#question [data-dismiss]');
   assert.ok((await kept()) > 5);
   await page.click('#erase');
@@ -186,6 +275,56 @@ test('after one visit the page works without its server', async (t) => {
   assert.deepEqual(await shownRows(page), sampleRows);
   await user(page).bar('Help');
   await page.waitForSelector('#help-topic h3');
+});
+
+test('a new version waits until the old one is closed, and comes whole', async (t) => {
+  const folder = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(folder, { recursive: true, force: true }));
+  await cp(builtPage, folder, { recursive: true });
+  const own = await serve(folder);
+  t.after(own.close);
+  const context = await browser.createBrowserContext();
+  t.after(() => context.close());
+  const page = await open(context, own.address);
+  await page.evaluate(() => navigator.serviceWorker.ready);
+
+  const change = async (file, from, to) => {
+    const text = await readFile(join(folder, file), 'utf8');
+    assert.ok(text.includes(from));
+    await writeFile(join(folder, file), text.replace(from, to));
+  };
+  await change('index.html', 'is loading', 'is on its way');
+  await change('worker.js', "version = '", "version = 'next");
+  const words = (one) => one.$eval('#loading', (loading) => loading.textContent);
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  await page.waitForFunction(async () => (await navigator.serviceWorker.getRegistration()).waiting);
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  assert.equal(await words(page), 'Tallyfin 99 is loading.');
+
+  const blank = await context.newPage(); // keeps the context's last window
+  await page.close();
+  await blank.close();
+  const next = await open(context, own.address);
+  await next.waitForFunction(async () => !(await navigator.serviceWorker.getRegistration()).waiting);
+  await next.reload();
+  await next.waitForSelector('body[data-ready]');
+  assert.equal(await words(next), 'Tallyfin 99 is on its way.');
+  const caches = await next.evaluate(() => window.caches.keys());
+  assert.equal(caches.length, 1);
+  assert.match(caches[0], /^tallyfin99-next/);
+});
+
+test('the page can be installed', async (t) => {
+  const own = await browse();
+  t.after(() => own.close());
+  const page = await open(own, server.address);
+  await page.evaluate(() => navigator.serviceWorker.ready);
+  const client = await page.createCDPSession();
+  assert.deepEqual((await client.send('Page.getInstallabilityErrors')).installabilityErrors, []);
+  const { url, errors, data } = await client.send('Page.getAppManifest');
+  assert.deepEqual([url, errors, JSON.parse(data).name], [`${server.address}manifest.json`, [], 'Tallyfin 99']);
 });
 
 test('the page asks no other host, and its policy forbids it', async (t) => {
@@ -223,6 +362,14 @@ test('module and page are below 400 KB over the wire', async (t) => {
   assert.ok(counter.bytes < 400_000, `${counter.bytes} bytes`);
 });
 
+/** What the page would print, as text. */
+async function onPaper(t, page) {
+  const folder = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(folder, { recursive: true, force: true }));
+  await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
+  return execFileSync('pdftotext', ['-layout', join(folder, 'x.pdf'), '-'], { encoding: 'utf8' });
+}
+
 test('printing the form hides what the paper does not have, and shows it again', async (t) => {
   const page = await fresh(t);
   const u = user(page);
@@ -238,13 +385,7 @@ test('printing the form hides what the paper does not have, and shows it again',
   assert.deepEqual(await differences(page), []);
   assert.ok(await page.$eval(selector('frmW4.cmdW4Exit'), (button) => button.checkVisibility({ visibilityProperty: true })));
 
-  const folder = await mkdtemp(join(tmpdir(), 'web-'));
-  t.after(() => rm(folder, { recursive: true, force: true }));
-  const paper = async () => {
-    await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
-    return execFileSync('pdftotext', ['-layout', join(folder, 'x.pdf'), '-'], { encoding: 'utf8' });
-  };
-  const form = await paper();
+  const form = await onPaper(t, page);
   assert.match(form, /Employee's Withholding Allowance Certificate/);
   assert.doesNotMatch(form, /Double Click|Print Form|Calculations/);
   assert.equal(form.split('\f').length, 2, 'one page');
@@ -252,11 +393,16 @@ test('printing the form hides what the paper does not have, and shows it again',
   await samplePaycheck(u);
   await u.click('frmMain.cmdToolBar(1)');
   await page.click('#print-report');
-  const report = await paper();
+  const report = await onPaper(t, page);
   assert.match(report, /Prepared for - on/);
   assert.match(report, /Check Amount +\$663\.01/);
   assert.doesNotMatch(report, /Zoom|Personal/);
   assert.equal(report.split('\f').length, 2, 'one page');
+
+  await u.bar('Calc');
+  const byTheBrowser = await onPaper(t, page);
+  assert.match(byTheBrowser, /Check Amt +\$663\.01/);
+  assert.doesNotMatch(byTheBrowser, /Personal|Zoom|Withholding/);
 });
 
 test('by the keyboard alone', async (t) => {
@@ -292,6 +438,42 @@ test('by the keyboard alone', async (t) => {
   assert.equal(await exempt(), false);
 });
 
+test('the focus can be seen wherever the Tab key leads', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await page.evaluate(() => { window.print = () => {}; });
+  for (const [name, go] of Object.entries(screens)) {
+    await go(u);
+    await page.evaluate(() => document.activeElement.blur());
+    const seen = new Set();
+    for (let i = 0; i < 80; ++i) {
+      await page.keyboard.press('Tab');
+      const [what, outlined] = await page.evaluate(() => {
+        const element = document.activeElement;
+        const { outlineStyle, outlineWidth } = getComputedStyle(element);
+        return [element === document.body ? '' : element.dataset.address ?? (element.id || element.ariaLabel || element.textContent), outlineStyle === 'solid' && outlineWidth === '2px'];
+      });
+      if (what === '') continue; // beyond the end the page comes round
+      if (seen.has(what)) break;
+      seen.add(what);
+      assert.ok(outlined, `${name}: ${what}`);
+    }
+    assert.ok(seen.size > 15, `${name}: ${seen.size} places`); // the list bar alone has fourteen
+  }
+});
+
+test('nothing moves where the user wants no motion', async (t) => {
+  const page = await fresh(t);
+  const fading = () => page.$$eval('*', (all) => all.filter((element) => {
+    const { transitionDuration, animationName } = getComputedStyle(element);
+    return transitionDuration !== '0s' || animationName !== 'none';
+  }).length);
+  await page.emulateMediaFeatures([{ name: 'prefers-reduced-motion', value: 'no-preference' }]);
+  assert.ok((await fading()) > 0);
+  await page.emulateMediaFeatures([{ name: 'prefers-reduced-motion', value: 'reduce' }]);
+  assert.equal(await fading(), 0);
+});
+
 test('a table row is chosen by a click or by Enter, not by the arrows', async (t) => {
   const page = await fresh(t);
   const u = user(page);
@@ -322,11 +504,30 @@ test('the figures of a calculation are explained, once there are some', async (t
   assert.equal(await page.$eval('#explain', (button) => button.disabled), true);
   await samplePaycheck(u);
   await page.click('#explain');
-  const titles = await page.$$eval('#explanation-text h3', (headings) => headings.map((h) => h.textContent));
-  assert.deepEqual(titles, sampleRows.map(([title]) => title));
+  const figures = await page.$$eval('#figures label', (labels) => labels.map((label) => [...label.children].slice(1).map((part) => part.textContent)));
+  assert.deepEqual(figures.map(([title]) => title), sampleRows.map(([title]) => title));
+  assert.deepEqual(figures[4], ['Federal Tax', '$172.49']);
+  assert.equal(await page.$eval('#explanation-text h3', (heading) => heading.textContent), 'Gross Pay');
+  for (let row = 0; row < 4; ++row) await page.keyboard.press('ArrowDown');
   const text = await page.$eval('#explanation-text', (element) => element.innerText);
-  assert.match(text, /887\.12/);
+  assert.match(text, /^Federal Tax\n[^]*\$887\.12 is over \$525\.00[^]*\$172\.4936[^]*\n\$172\.49$/);
+  // 60, 172.49, 28, 0, 76.5 and 663.01 of 1000.
+  assert.equal(await page.$eval('#shares-sentence', (sentence) => sentence.textContent),
+    'Of the gross pay of $1,000.00: 401(k) 6%, federal tax 17.2%, state tax 2.8%, FICA 7.7%, check 66.3%.');
+  const parts = await page.$$eval('#shares span', (spans) => spans.map((span) => span.getBoundingClientRect().width));
+  const whole = await page.$eval('#shares', (bar) => bar.getBoundingClientRect().width);
+  [0.06, 0.17249, 0.028, 0, 0.0765, 0.66301].forEach((fraction, i) => assert.ok(Math.abs(parts[i] - fraction * whole) < 1));
   await page.evaluate(axe);
   const { violations } = await page.evaluate(() => window.axe.run());
   assert.deepEqual(violations.map((v) => v.id), []);
+
+  await page.evaluate(() => { window.print = () => {}; });
+  await page.click('#explanation-print');
+  const paper = await onPaper(t, page);
+  assert.deepEqual(sampleRows.map(([title]) => title).filter((title) => !paper.includes(title)), []);
+  assert.doesNotMatch(paper, /Close|Calculations/);
+
+  await page.click('#explanation [data-dismiss]');
+  await page.click('#results tbody tr:nth-child(12)', { count: 2 });
+  assert.equal(await page.$eval('#explanation-text h3', (heading) => heading.textContent), 'Check Amt');
 });

@@ -2,10 +2,10 @@
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { browse, open, serve } from './browser.js';
+import { browse, open, serve, user } from './browser.js';
 import { differences } from './faithful.js';
 
-const steps = Number(process.env.STEPS ?? 250);
+const steps = Number(process.env.STEPS ?? 400);
 const seed = Number(process.env.SEED ?? 99);
 
 /** Numbers from 0 to below n, the same for the same seed. */
@@ -18,54 +18,131 @@ function dice(start) {
 }
 
 const texts = ['0', '1000', '$1,234.56', '(50)', '.06', '2', '-3', 'x', '', '1e3', '99999999', 'ä€'];
+const keys = ['Tab', 'Tab', 'Shift+Tab', 'ArrowDown', 'ArrowUp', 'Enter', 'Space', 'Escape', 'F1'];
 
-test(`a walk of ${steps} steps from seed ${seed}`, async (t) => {
+/** The elements that a user could act on now; each by its number in `window.places`, its type and its name. */
+const placesOf = (page, within) =>
+  page.evaluate((onlyScreen) => {
+    const modal = [...document.querySelectorAll('dialog[open]')].at(-1);
+    const roots = modal ? [modal] : [...document.querySelectorAll(`${onlyScreen ? '' : '#bar, #tabs, '}section[data-screen]:not([hidden]), #ended`)];
+    window.places = roots.flatMap((root) => [...root.querySelectorAll('button, input, select, output, [data-kind=grid] td, p[data-address], label[data-address], span[data-address]')])
+      .filter((place) => !place.disabled && place.checkVisibility({ visibilityProperty: true }));
+    return window.places.map((place) => [place.type ?? place.tagName, place.dataset.address ?? (place.id || place.textContent)]);
+  }, within);
+
+async function press(page, key) {
+  const [name, modifier] = key.split('+').reverse();
+  if (modifier) await page.keyboard.down(modifier);
+  await page.keyboard.press(name);
+  if (modifier) await page.keyboard.up(modifier);
+}
+
+async function actOn(page, place, type, random) {
+  if (type === 'select-one') {
+    // A list that has opened stands outside of the page; what the user chooses there reaches it as this event.
+    const entry = random(1 << 16);
+    await place.evaluate((list, n) => {
+      list.focus();
+      if (list.options.length === 0) return;
+      list.selectedIndex = n % list.options.length;
+      list.dispatchEvent(new Event('change', { bubbles: true }));
+    }, entry);
+  } else if (type === 'text' || type === 'number') {
+    await place.click({ count: 3 });
+    await page.keyboard.press('Backspace');
+    await page.keyboard.type(texts[random(texts.length)]);
+  } else if (random(8) === 0) {
+    await place.hover();
+  } else {
+    await place.click({ count: 1 + random(2) });
+  }
+}
+
+async function start(t) {
   const server = await serve();
   const browser = await browse();
   t.after(() => browser.close().then(server.close));
   const page = await open(browser, server.address);
+  await page.evaluate(() => { window.print = () => {}; }); // its window stands outside of the page
+  return page;
+}
+
+test(`a walk of ${steps} steps from seed ${seed}`, async (t) => {
+  const page = await start(t);
   const random = dice(seed);
   const trail = [];
-  const kinds = new Set();
+  const met = new Map();
   for (let step = 0; step < steps; ++step) {
-    // Half of the steps stay on the screen that is open.
-    const within = random(2) === 0 ? '#bar, #tabs, ' : '';
-    const modal = (await page.$('dialog[open]')) !== null;
-    const roots = modal ? 'dialog[open]' : `${within}section[data-screen]:not([hidden]), #ended`;
-    const all = (await page.$$(roots.split(', ').flatMap((root) => ['button', 'input', 'select', 'output', 'p[data-address]']
-      .map((tag) => `${root} ${tag}`)).join(', ')));
-    const places = [];
-    for (const place of all) if (await place.evaluate((e) => !e.disabled && e.checkVisibility({ visibilityProperty: true }))) places.push(place);
-    if (places.length === 0) {
-      await page.click('#bar button');
-      continue;
-    }
-    const place = places[random(places.length)];
-    const [tag, name] = await place.evaluate((e) => [e.type ?? e.tagName, e.dataset.address ?? e.id ?? e.textContent]);
-    trail.push(`${tag} ${name}`);
-    kinds.add(tag);
-    if (tag === 'select-one') {
-      const entries = await place.evaluate((e) => e.options.length);
-      if (entries > 0) {
-        const entry = random(entries);
-        await place.evaluate((e, n) => {
-          e.focus();
-          e.selectedIndex = n;
-          e.dispatchEvent(new Event('change', { bubbles: true }));
-        }, entry);
-      }
-    } else if (tag === 'text') {
-      await place.click({ count: 3 });
-      await page.keyboard.press('Backspace');
-      await page.keyboard.type(texts[random(texts.length)]);
-      if (random(2)) await page.keyboard.press('Tab');
+    if (random(4) === 0) {
+      const key = keys[random(keys.length)];
+      trail.push(key);
+      await press(page, key);
     } else {
-      await place.click({ count: 1 + random(2) });
+      // Half of the steps stay on the screen that is open.
+      const inside = await placesOf(page, random(2) === 0);
+      const places = inside.length > 0 ? inside : await placesOf(page, false); // all screens are closed
+      const number = random(places.length);
+      const [type, name] = places[number];
+      trail.push(`${type} ${name}`);
+      met.set(type, (met.get(type) ?? 0) + 1);
+      const place = await page.evaluateHandle((n) => window.places[n], number);
+      await actOn(page, place, type, random);
+      await place.dispose();
     }
     await page.evaluate(() => new Promise((done) => setTimeout(done)));
-    assert.deepEqual(await differences(page), [], trail.slice(-5).join(' > '));
+    assert.deepEqual(await differences(page), [], `step ${step}: ${trail.slice(-6).join(' > ')}`);
   }
   assert.deepEqual(page.troubles, []);
-  t.diagnostic(`kinds of elements met: ${[...kinds].join(', ')}`);
-  assert.ok(kinds.size >= 5);
+  t.diagnostic(`met: ${[...met].map(([type, number]) => `${number} ${type}`).join(', ')}`);
+  for (const type of ['button', 'text', 'radio', 'checkbox', 'select-one']) assert.ok(met.get(type) > 0, type);
 });
+
+test('an element that shows something else than its control holds is noticed', async (t) => {
+  const page = await start(t);
+  const u = user(page);
+  await u.bar('Calc');
+  await u.click('frmMain.optStatus(0)'); // has a colour of its own while it has the focus
+  assert.deepEqual(await differences(page), []);
+  const spoilings = {
+    'frmMain.txtIncome text': () => { at('frmMain.txtIncome').value = '$1.00'; },
+    'frmMain.lblIncome caption': () => { at('frmMain.lblIncome').textContent = 'x'; },
+    'frmMain.optStatus(1) value': () => { at('frmMain.optStatus(1)').checked = true; },
+    'frmMain.optStatus(1) caption': () => { at('frmMain.optStatus(1)').nextElementSibling.textContent = 'x'; },
+    'frmMain.cboState index': () => { at('frmMain.cboState').selectedIndex = 3; },
+    'frmMain.cboState list': () => { at('frmMain.cboState').options[2].text = 'x'; },
+    'frmMain.txtHours enabled': () => { at('frmMain.txtHours').disabled = true; },
+    'frmMain.cmdToolBar(0) visible': () => { at('frmMain.cmdToolBar(0)').hidden = true; },
+    'frmMain.cmdToolBar(0) tooltip': () => { at('frmMain.cmdToolBar(0)').title = 'x'; },
+    'frmMain.optStatus(0) colour': () => { at('frmMain.optStatus(0)').closest('.option').style.color = '#123456'; },
+    'frmMain.dbgDisplay cells': () => { at('frmMain.dbgDisplay').tBodies[0].insertRow().insertCell().textContent = 'x'; },
+    'MDIOpen.SSListBar1(Calc) highlighted': () => { at('MDIOpen.SSListBar1(Calc)').classList.toggle('highlighted'); },
+    'frmMain title': () => { document.getElementById('frmMain-title').textContent = 'x'; },
+    'frmMain.txtPreTax focused': () => {
+      at('frmMain.txtPreTax').addEventListener('focusin', (event) => event.stopPropagation());
+      at('frmMain.txtPreTax').focus();
+    },
+  };
+  await noticed(page, spoilings);
+
+  await u.bar('Multi');
+  await noticed(page, {
+    'frmMultiCheck ground': () => { document.querySelector('[data-screen=frmMultiCheck]').style.background = '#fff'; },
+    'frmMultiCheck controls without an element that are seen': () => { at('frmMultiCheck.Label4').removeAttribute('data-address'); },
+  });
+
+  await u.bar('Calc');
+  await u.click('frmMain.cmdAdditional(0)');
+  await noticed(page, {
+    'frmMisc.txtTaxPerCnt ground': () => { at('frmMisc.txtTaxPerCnt').style.backgroundColor = '#fff'; },
+  });
+});
+
+async function noticed(page, spoilings) {
+  const at = (address) => document.querySelector(`[data-address="${address}"]`);
+  for (const [where, spoil] of Object.entries(spoilings)) {
+    const before = await differences(page);
+    await page.evaluate(`{ const at = ${at}; (${spoil})(); }`);
+    const found = (await differences(page)).filter((line) => !before.includes(line));
+    assert.ok(found.some((line) => line.startsWith(`${where}:`)), `${where}: ${found}`);
+  }
+}

@@ -50,15 +50,12 @@ function showGrid(table, { cells }) {
   body.replaceChildren(...rows);
 }
 
+const click = (element, address) => protocol.tell('click', address);
+
 /** A kind: the properties that it shows, how, and what the user's events tell the control. */
 const kinds = {
   text: {
     properties: ['text', 'shown', 'selstart', 'sellength'],
-    show: showInBox,
-    input: (element, address) => protocol.tell('type', address, protocol.quoted(element.value)),
-  },
-  comboText: {
-    properties: ['text'],
     show: showInBox,
     input: (element, address) => protocol.tell('type', address, protocol.quoted(element.value)),
   },
@@ -81,12 +78,12 @@ const kinds = {
       if (captionPlace(element)) showCaption(element, caption);
       element.checked = value;
     },
-    click: (element, address) => protocol.tell('click', address),
+    click,
   },
   button: {
     properties: ['caption'],
     show: (element, { caption }) => showCaption(element, caption),
-    click: (element, address) => protocol.tell('click', address),
+    click,
   },
   item: {
     properties: ['caption', 'highlighted'],
@@ -94,13 +91,13 @@ const kinds = {
       showCaption(element, caption);
       element.classList.toggle('highlighted', highlighted);
     },
-    click: (element, address) => protocol.tell('click', address),
+    click,
   },
-  image: { properties: [], click: (element, address) => protocol.tell('click', address) },
+  image: { properties: [], click },
   label: {
     properties: ['caption'],
     show: (element, { caption }) => setText(element, caption),
-    click: (element, address) => protocol.tell('click', address),
+    click,
     dblclick: (element, address) => protocol.tell('dblclick', address),
   },
   panel: {
@@ -123,8 +120,7 @@ function kindOf(element) {
   if (element.tagName === 'SELECT') return kinds.list;
   if (element.tagName === 'BUTTON') return kinds.button;
   if (element.tagName !== 'INPUT') return kinds.label;
-  if (element.type !== 'text') return kinds.option;
-  return element.closest('.combo') ? kinds.comboText : kinds.text;
+  return element.type === 'text' ? kinds.text : kinds.option;
 }
 
 function values(element, address) {

@@ -1,7 +1,7 @@
 // The page: starts the program, shows its screens and stands in for the machine around it.
 
 import * as protocol from './protocol.js';
-import * as store from './store.js';
+import * as storage from './store.js';
 import { addKind, bind, elementOf, refreshChanged } from './binder.js';
 import { calendar } from './calendar.js';
 import { report } from './report.js';
@@ -11,6 +11,7 @@ import { prepareExplanation, refreshExplanation } from './explanation.js';
 const at = (id) => document.getElementById(id);
 const screenElements = [...document.querySelectorAll('[data-screen]')];
 let front = '';
+let printed = null;
 
 addKind('calendar', calendar);
 addKind('engine', report);
@@ -101,10 +102,21 @@ function button(text, onClick, current, name) {
   return element;
 }
 
-function print(name) {
+/** Prints an element of the page, a screen or another. */
+function print(element) {
   update();
-  document.body.dataset.prints = name;
+  printed = element;
   window.print();
+}
+
+function bindPrinting() {
+  // Without a word from the program the browser prints the screen in front.
+  window.addEventListener('beforeprint', () => (printed ?? documentOf(front))?.classList.add('printed'));
+  window.addEventListener('afterprint', () => {
+    document.querySelector('.printed')?.classList.remove('printed');
+    printed = null;
+  });
+  at('print-report').addEventListener('click', () => print(documentOf('frmPrint')));
 }
 
 function startRun() {
@@ -112,8 +124,7 @@ function startRun() {
   document.title = titleOf('MDIOpen');
 }
 
-function eraseStore() {
-  store.eraseAll();
+function eraseStorage() {
   for (const [section, keys] of Object.entries(protocol.ask('store'))) {
     for (const key of Object.keys(keys)) protocol.tell('store', 'erase', protocol.quoted(section), protocol.quoted(key));
   }
@@ -138,9 +149,8 @@ function bindPage() {
   }
   at('again').addEventListener('click', startRun);
   at('print-form').addEventListener('click', () => act(() => protocol.tell('dblclick', 'frmW4')));
-  at('print-report').addEventListener('click', () => print('frmPrint'));
   at('erase').addEventListener('click', () => at('question').showModal());
-  at('erase-yes').addEventListener('click', eraseStore);
+  at('erase-yes').addEventListener('click', eraseStorage);
   at('menu').addEventListener('click', () => openMenu(at('menu').getAttribute('aria-expanded') !== 'true'));
   at('bar').addEventListener('click', (event) => event.target.closest('button') && openMenu(false));
   elementOf('frmW4.Label20').addEventListener('keydown', (event) => {
@@ -161,15 +171,15 @@ function openMenu(open) {
 
 performance.mark('opening');
 await protocol.open({
-  pageKeeps: store.keep,
-  pagePrints: print,
+  storage,
+  pagePrints: (name) => print(documentOf(name)),
   pageHelps: (file, context) => openHelp(file, context === 0 ? 'index' : String(context)),
 });
 performance.mark('opened');
-store.readAll(protocol.remember);
 bindPage();
+bindPrinting();
 prepareHelp();
-prepareExplanation();
+prepareExplanation(print);
 startRun();
 at('loading').hidden = true;
 document.body.dataset.ready = '';

@@ -31,5 +31,5 @@ export const changed = () => JSON.parse(call('changed'));
 /** The address of the control that has the focus, empty where none has. */
 export const focused = () => call('focused');
 
-export const remember = (section, key, text) =>
-  module.ccall('remember', null, ['string', 'string', 'string'], [section, key, text]);
+/** How the last calculation was worked out; null before the first. */
+export const explained = () => JSON.parse(call('explained'));

@@ -1,34 +1,29 @@
-// The settings in the browser's own storage, one item for each key: "Tallyfin99/Settings/IncAmt".
+// The settings in the browser's own storage, one item for each key: "Tallyfin99/Settings/IncAmt". Each function gives a list
+// of texts, and throws where the storage is full or forbidden.
 
 const application = 'Tallyfin99/';
+const nameOf = (section, key) => `${application}${section}/${key}`;
 
-function items() {
-  try {
-    return Object.keys(localStorage).filter((name) => name.startsWith(application));
-  } catch {
-    return []; // the storage is forbidden
-  }
+/** The stored text, or nothing. */
+export function read(section, key) {
+  const text = localStorage.getItem(nameOf(section, key));
+  return text === null ? [] : [text];
 }
 
-/** Hands over every stored text. */
-export function readAll(take) {
-  for (const name of items()) {
-    const [, section, key] = name.match(/^[^/]*\/([^/]*)\/(.*)$/s) ?? [];
-    if (section !== undefined) take(section, key, localStorage.getItem(name));
-  }
+export function write(section, key, text) {
+  localStorage.setItem(nameOf(section, key), text);
+  return [];
 }
 
-/** Stores a text, or takes the key away where there is none. A storage that is full or forbidden keeps what it has. */
-export function keep(section, key, text) {
-  try {
-    const name = `${application}${section}/${key}`;
-    if (text === null) localStorage.removeItem(name);
-    else localStorage.setItem(name, text);
-  } catch {
-    // A statement that fails is skipped; the text counts for this run.
-  }
+export function erase(section, key) {
+  localStorage.removeItem(nameOf(section, key));
+  return [];
 }
 
-export function eraseAll() {
-  for (const name of items()) localStorage.removeItem(name);
+/** Section, key and text of each item by turns. */
+export function all() {
+  return Object.keys(localStorage).flatMap((name) => {
+    const [, section, key] = name.startsWith(application) ? name.match(/^[^/]*\/([^/]*)\/(.*)$/s) ?? [] : [];
+    return section === undefined ? [] : [section, key, localStorage.getItem(name)];
+  });
 }
