@@ -180,7 +180,7 @@ TEST_F(ExplainTest, SaysThatAnAllowanceWaitsForTheNextLoad) {
                "main screen is loaded again; until then the allowance stays $52.88."));
   main().cboExemptions.setIndex(2);
   calculate();
-  restart();
+  program.start();
   calculate();
   EXPECT_THAT(linesOf("Federal Tax"), Contains("The federal allowance of $105.76 is for 2 exemptions."));
   EXPECT_THAT(linesOf("Federal Tax"), Not(Contains(HasSubstr("chosen now"))));
