@@ -97,6 +97,7 @@ ExplanationWindow::ExplanationWindow(QWidget* frame)
   shares_->setObjectName(QStringLiteral("shares"));
   shares_->setWordWrap(true);
   shares_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  shares_->setFocusPolicy(Qt::StrongFocus);
 
   figures_->setObjectName(QStringLiteral("figures"));
   figures_->setAccessibleName(QStringLiteral("Figures"));
@@ -148,6 +149,7 @@ ExplanationWindow::ExplanationWindow(QWidget* frame)
     buttons->addWidget(button);
   }
   layout->addLayout(buttons);
+  figures_->setFocus();
   resize(look::scaled(640), look::scaled(430));
 }
 
