@@ -108,7 +108,7 @@ class Changes final : public DeskWatcher {
   void discarded(Screen& screen) override { addresses_.insert(screen.name()); }
 
   std::string take() {
-    const std::string list = script::json(std::vector<std::string>(addresses_.begin(), addresses_.end()));
+    std::string list = script::json(std::vector<std::string>(addresses_.begin(), addresses_.end()));
     addresses_.clear();
     return list;
   }
