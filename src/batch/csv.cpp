@@ -70,8 +70,7 @@ CsvReader::Outcome CsvReader::next(Row& row) {
         lines += static_cast<std::size_t>(std::count(at, quote, '\n'));
         if (quote == end) return unfinished(true);
         at = quote + 1;
-        if (at == end && !finished_) return unfinished(true);  // the quote may be doubled
-        if (*at != '"' || at == end) break;
+        if (*at != '"') break;
       }
     }
     while (*at != ',' && *at != '\n') ++at;

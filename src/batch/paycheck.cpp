@@ -168,17 +168,6 @@ Paycheck::Paycheck() {
   for (std::size_t column = 0; column < columnCount; ++column) takeCell(static_cast<Column>(column), {});
 }
 
-const std::string& Paycheck::exemptionsText() const {
-  static const std::vector<std::string> entries = [] {
-    std::vector<std::string> all;
-    for (int entry = rules[exemptionCount].first; entry <= rules[exemptionCount].last; ++entry) {
-      all.push_back(std::to_string(entry));
-    }
-    return all;
-  }();
-  return entries[static_cast<std::size_t>(numbers_[exemptionCount])];
-}
-
 bool Paycheck::work(const Header& header, const Row& row, std::string& out) {
   problem_.clear();
   if (row.cells.size() > header.size()) problem_ = "more cells than the header has columns";
@@ -237,6 +226,7 @@ void Paycheck::calculate() {
   payData.frequency = numbers_[frequency];
   payData.mMethod = numbers_[stateMethod];
   exemptions = numbers_[exemptionCount];
+  exemptionsText_ = std::to_string(numbers_[exemptionCount]);
   takeAllowance(exemptions);
   takeStatus(numbers_[status], false);
   additional_ = texts_[stateAdditional];

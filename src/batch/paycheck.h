@@ -75,7 +75,7 @@ class Paycheck final : public Worksheet, private WorksheetProvider {
   const std::string& rate401kText() const override { return texts_[rate401k]; }
   const std::string& preTaxText() const override { return texts_[preTax]; }
   const std::string& preFicaText() const override { return texts_[preFica]; }
-  const std::string& exemptionsText() const override;
+  const std::string& exemptionsText() const override { return exemptionsText_; }
   int stateIndex() const override { return numbers_[state]; }
   bool selfEmployed() const override { return numbers_[batch::selfEmployed] != 0; }
   void showFigure(int /*label*/, Money /*figure*/) override {}
@@ -97,7 +97,8 @@ class Paycheck final : public Worksheet, private WorksheetProvider {
   bool storedPreTax_ = false;
   std::array<std::string, columnCount> texts_;  ///< Of the boxes.
   std::array<int, columnCount> numbers_{};      ///< Of the choices and counts.
-  std::string additional_;                      ///< The additional amount that counts, which needn't be the row's.
+  std::string exemptionsText_;
+  std::string additional_;  ///< The additional amount that counts, which needn't be the row's.
   std::string storage_;
   std::string problem_;
 };

@@ -67,6 +67,10 @@ TEST_P(CsvTest, UnquotesCells) {
   EXPECT_THAT(read("\"\"\"\",\"a\"b\"c,d\"e\n").rows, ElementsAre(ElementsAre("\"", "ab\"c", "d\"e", "\n")));
 }
 
+TEST_P(CsvTest, TakesWhatIsBehindAClosingQuoteForItself) {
+  EXPECT_THAT(read("\"ab\"c,\"\"d\n").rows, ElementsAre(ElementsAre("abc", "d", "\n")));
+}
+
 TEST_P(CsvTest, KeepsTheBytesOfARow) {
   EXPECT_THAT(read("\"a\"\"\",b \r\n c\n").bytes, ElementsAre("\"a\"\"\",b ", " c"));
 }
@@ -100,6 +104,13 @@ TEST(Csv, ReadsARowLongerThanABlock) {
   const std::string longCell(1'000'000, 'x');
   const Reading reading = readingOf("a," + longCell + ",b\nc\n", 65536);
   EXPECT_THAT(reading.rows, ElementsAre(ElementsAre("a", longCell, "b", "\n"), ElementsAre("c", "\n")));
+}
+
+TEST(Csv, ReadsARowOfTheLargestMeasure) {
+  const Reading reading = readingOf(std::string(CsvReader::longestRow, 'x'), std::string_view::npos);
+  EXPECT_EQ(reading.last, CsvReader::Outcome::end);
+  ASSERT_EQ(reading.bytes.size(), 1U);
+  EXPECT_EQ(reading.bytes[0].size(), CsvReader::longestRow);
 }
 
 TEST(Csv, StopsAtARowBeyondAllMeasure) {

@@ -65,6 +65,18 @@ TEST(Batch, KnowsColumnsAndCaptionsInAnyCaseAndWithBlanks) {
   EXPECT_EQ(resultOf("state,status,frequency,income", "37,1,3,1000"), plain);
 }
 
+TEST(Batch, KnowsTheFirstAndTheLastNumberOfEachList) {
+  const std::string header = "frequency,status,exemptions,state,local_base";
+  EXPECT_EQ(resultOf(header, "0,0,0,0,1"), ",0,0,0,0,0,0,0,0,0,0,0,0,");
+  EXPECT_EQ(resultOf(header, "3,2,15,41,5"), ",0,0,0,0,0,0,0,0,0,0,0,0,");
+}
+
+TEST(Batch, KnowsEveryLetterInEitherCase) {
+  // Arizona: 20 % of the federal tax, which is (1000 - 913) * 0.28 + 118.35.
+  EXPECT_THAT(resultOf("income,frequency,state,state_exemptions", "1000,0,ARIZONA,20"),
+              StartsWith(",1000,0,0,0,142.71,28.542,"));
+}
+
 TEST(Batch, RowsDoNotKnowOfEachOther) {
   const std::string header = "income,frequency,state,local_rate,state_401k,rate_401k\n";
   const std::string first = "3000,Weekly,Maryland,2,Y,10\n";
