@@ -138,7 +138,8 @@ void Massachusetts() {
   StateBase();
   step("Gross pay less the untaxed amounts, FICA and the allowance", work.stateWage,
        [] { return stateGross() - payData.fica - payData.stateDepsDed; });
-  if (payData.staMarried != stateStatus::headOfFamily) step("No credit for any but a Head of Family", credit, [] { return 0; });
+  if (payData.staMarried != stateStatus::headOfFamily)
+    step("No credit for any but a Head of Family", credit, [] { return 0; });
   Money beforeCredit;
   step(
       "Massachusetts tax, 5.95% of it, less the credit",

@@ -43,8 +43,9 @@ void Colorado() {
   StateBase();
   step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
        [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax of Married by the table of the pay period; no other status has one", payData.stateTax,
-       [] { return payData.maritalStat == status::married ? std::optional(taxBy(colorado::married.now())) : std::nullopt; });
+  step("Tax of Married by the table of the pay period; no other status has one", payData.stateTax, [] {
+    return payData.maritalStat == status::married ? std::optional(taxBy(colorado::married.now())) : std::nullopt;
+  });
   finish();
 }
 

@@ -132,7 +132,8 @@ class Page {
 
  public:
   Changes changes;
-  script::Session session{*store_, {plainMachine().clock, &beeper_, plainMachine().pointer, &printer_, &help_}, &changes};
+  script::Session session{
+      *store_, {plainMachine().clock, &beeper_, plainMachine().pointer, &printer_, &help_}, &changes};
 };
 
 Page& page() {
