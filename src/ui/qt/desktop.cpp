@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "ui/MDIOpen.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/binding.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
@@ -16,6 +17,7 @@
 namespace tallyfin::qt {
 
 Desktop::Desktop() : screenPrinter_(std::make_unique<ScreenPrinter>(*this)), before_(surroundings) {
+  answerAssistiveTechnology();
   surroundings.printer = screenPrinter_.get();
   desk.onShown = [this](Screen& screen) { show(screen); };
   desk.onDiscarded = [this](Screen& screen) { discard(screen); };
@@ -72,6 +74,8 @@ void Desktop::arrange() {
   frame_->area().arrange();
   const auto active = views_.find(desk.activeDocument());
   if (active == views_.end()) return;
+  if (said_ != active->second) frame_->announce(QString::fromStdString(active->first->title()));
+  said_ = active->second;
   const QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && active->second->isAncestorOf(focused)) return;
   QWidget* kept = focusedWidget();

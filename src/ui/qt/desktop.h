@@ -46,6 +46,7 @@ class Desktop : public QObject {
   std::unique_ptr<Frame> frame_;
   std::map<const Screen*, QPointer<View>> views_;
   std::map<const Screen*, QPointer<QDialog>> boxes_;
+  QPointer<View> said_;  ///< The page whose title has been told last.
   std::vector<std::unique_ptr<QObject>> helpers_;
   std::unique_ptr<ScreenPrinter> screenPrinter_;
   Surroundings before_;

@@ -13,6 +13,7 @@
 
 #include "controls/desk.h"
 #include "ui/MDIOpen.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
 
 namespace tallyfin::qt {
@@ -43,6 +44,7 @@ QString keyOf(const ListBarItem& item) {
 // --- A document ---
 
 Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), strip_(new QWidget(this)) {
+  presentAs(*this, QAccessible::Grouping);
   look::setGround(*this, look::onDeep());
   strip_->setAutoFillBackground(true);
   strip_->setFixedHeight(titleHeight());
@@ -82,6 +84,7 @@ void Document::showTitle() {
   const Screen* screen = view_.screen();
   if (screen == nullptr) return;
   title_->setText(QString::fromStdString(screen->title()));
+  setAccessibleName(title_->text());
   static_cast<DocumentArea*>(parentWidget())->arrange();  // one that fills the area covers the others
 }
 
@@ -285,6 +288,8 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   screen.watch(showTitle);
   showTitle();
 
+  presentAs(*this, QAccessible::Window);
+  announcer_ = new Announcer(this);
   area_ = new DocumentArea(this);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -307,6 +312,7 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
 QWidget* Frame::listBar(MDIOpen& screen) {
   auto* bar = new QWidget(this);
   bar->setFixedWidth(listBarWidth());
+  presentAs(*bar, QAccessible::ToolBar);
   bar->setAccessibleName(QStringLiteral("List bar"));
   auto* layout = new QVBoxLayout(bar);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -353,13 +359,21 @@ void Frame::openGroup(std::size_t group) {
   for (std::size_t i = 0; i < groups_.size(); ++i) {
     groups_[i].items->setVisible(i == group);
     groups_[i].header->setChecked(i == group);
+    QAccessible::State changed;
+    changed.expanded = 1;
+    changed.collapsed = 1;
+    QAccessibleStateChangeEvent event(groups_[i].header, changed);
+    QAccessible::updateAccessibility(&event);
   }
 }
 
 void Frame::tell(const QString& words) {
   notice_->setText(words);
   notice_->setVisible(!words.isEmpty());
+  if (!words.isEmpty()) announce(words);
 }
+
+void Frame::announce(const QString& words) { announcer_->say(words); }
 
 void Frame::closeEvent(QCloseEvent* event) {
   if (Screen* frame = screen()) {

@@ -16,6 +16,8 @@ class MDIOpen;
 
 namespace tallyfin::qt {
 
+class Announcer;
+
 /// A document in the frame: a title strip with a closing button above the view, which scrolls where it doesn't fit.
 class Document : public QWidget {
  public:
@@ -98,6 +100,8 @@ class Frame : public View {
   DocumentArea& area() const { return *area_; }
   /// Says in a line below the documents what the user must know; no words take the line away.
   void tell(const QString& words);
+  /// Says aloud what has happened, to who can't see it.
+  void announce(const QString& words);
 
   /// 1440 twips are an inch, 96 pixels are an inch.
   static constexpr int pixels(int twips) { return twips / 15; }
@@ -121,6 +125,7 @@ class Frame : public View {
   std::vector<Group> groups_;
   DocumentArea* area_;
   QLabel* notice_;
+  Announcer* announcer_;
 };
 
 }  // namespace tallyfin::qt

@@ -13,6 +13,7 @@
 #include "controls/buttons.h"
 #include "controls/lists.h"
 #include "controls/texts.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
 
 namespace tallyfin::qt {
@@ -53,7 +54,8 @@ QLabel* View::paragraph(Label& control) {
 }
 
 QLabel* View::figure(Label& control) {
-  QLabel* widget = label(control);
+  auto* widget = new FigureLabel(this);
+  tied(widget, bind(*widget, control));
   widget->setFont(look::figures());
   widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   return widget;
@@ -127,7 +129,10 @@ Binding* View::bindingOf(const QWidget* widget) const {
 void View::name(QLabel* label, QWidget* box, char letter) {
   label->setBuddy(box);
   const auto mark = [label, box, letter](QString caption) {
-    box->setAccessibleName(caption);
+    box->setAccessibleName(caption.simplified());
+    if (auto* combo = qobject_cast<QComboBox*>(box); combo != nullptr && combo->isEditable()) {
+      combo->lineEdit()->setAccessibleName(box->accessibleName());
+    }
     caption.replace('&', QLatin1String("&&"));  // an ampersand of the caption is no mark for the keyboard
     if (letter != '\0') caption.insert(caption.indexOf(QLatin1Char(letter)), '&');
     label->setText(caption);

@@ -39,7 +39,7 @@ class View : public QWidget {
   QLabel* heading(Label& control);
   /// A label that wraps its text.
   QLabel* paragraph(Label& control);
-  /// A label for a figure: right-aligned, digits of one width.
+  /// A label for a figure: right-aligned, digits of one width; who makes it names it.
   QLabel* figure(Label& control);
   QLineEdit* box(TextBox& control);
   /// A box for an amount: right-aligned.

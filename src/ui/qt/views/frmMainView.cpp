@@ -15,6 +15,7 @@
 
 #include "ui/frmMain.h"
 #include "ui/qt/explanation.h"
+#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 
@@ -134,16 +135,17 @@ class frmMainView : public View {
   QLayout* toolbar() {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::tight);
-    const auto add = [&](int index, const char* picture) {
+    const auto add = [&](int index, const char* picture, const char* name) {
       QPushButton* widget = button(screen_.cmdToolBar[index], QString::fromLatin1(picture));
+      widget->setAccessibleName(QString::fromLatin1(name));
       widget->setIconSize({18, 18});
       widget->setFixedSize(30, 26);
       row->addWidget(widget);
     };
-    add(2, "clear");
-    add(0, "calculate");
-    add(1, "print");
-    add(3, "exit");
+    add(2, "clear", "Clear");
+    add(0, "calculate", "Calculate");
+    add(1, "print", "Print");
+    add(3, "exit", "Exit");
     row->addStretch(1);
     row->addWidget(button(screen_.cmdToolBar[4]));
     return row;
@@ -233,7 +235,10 @@ class frmMainView : public View {
       table.setItem(row, 0, title);
       table.setItem(row, 1, value);
     }
-    if (table.rowCount() == resultRows) ExplanationWindow::follow(*window());
+    if (table.rowCount() != resultRows) return;
+    ExplanationWindow::follow(*window());
+    const int last = resultRows - 1;
+    static_cast<Frame*>(window())->announce(table.item(last, 0)->text() + ' ' + table.item(last, 1)->text());
   }
 
   /// The eight figures with their names, so that a raise can be seen.

@@ -40,6 +40,7 @@ class frmMiscView : public View {
     widget->setIcon(look::picture(QStringLiteral("seal")));
     widget->setIconSize({56, 56});
     widget->setFixedSize(64, 64);
+    widget->setAccessibleName(QStringLiteral("Close this page"));
     Binding& binding = bindPlain(*widget, screen_.imgSeal);
     connect(widget, &QPushButton::clicked, &binding,
             [this, &binding] { binding.act([this] { screen_.imgSeal.userClick(); }); });

@@ -12,8 +12,10 @@
 #include <QSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/frmPrint.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/reportpage.h"
@@ -65,9 +67,16 @@ class Sheet : public QWidget {
 };
 
 /// The grey ground on which the sheet lies. The arrows, Page Up and Page Down, Home and End move it.
-class Preview : public QScrollArea {
+class Preview : public QScrollArea, public Readable {
  public:
-  using QScrollArea::QScrollArea;
+  explicit Preview(QWidget* parent) : QScrollArea(parent) { presentAs(*this, QAccessible::Document); }
+
+  QString readable() const override { return text_; }
+  /// What is read of the page.
+  void setText(const QString& text) {
+    const QString before = std::exchange(text_, text);
+    if (before != text_) tellReadable(*this, before, text_);
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
@@ -86,6 +95,9 @@ class Preview : public QScrollArea {
     }
     return done;
   }
+
+ private:
+  QString text_;
 };
 
 class frmPrintView : public View {
@@ -203,6 +215,7 @@ class frmPrintView : public View {
     const int pages = ReportPages(engine_).count();
     page_ = std::clamp(page, 0, std::max(0, pages - 1));
     sheet_->showPage(page_);
+    preview_->setText(ReportPages(engine_).readable(page_));
     pageNumber_->setText(pages == 0 ? QStringLiteral("No report")
                                     : QStringLiteral("Page %1 of %2").arg(page_ + 1).arg(pages));
     previous_->setEnabled(page_ > 0);

@@ -11,6 +11,7 @@
 #include <array>
 
 #include "stateoptions/frmState.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 
@@ -86,6 +87,7 @@ class frmStateView : public View {
 
   QWidget* rates() {
     auto* panel = new QWidget(this);
+    presentAs(*panel, QAccessible::Grouping);
     tied(panel, bindPlain(*panel, screen_.pnlRate));
     panel->setAccessibleName(QStringLiteral("Rate"));
     auto* layout = new QVBoxLayout(panel);

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "ui/qt/accessible.h"
 #include "ui/qt/captions.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
@@ -228,7 +229,8 @@ class frmW4View : public View {
       QLabel* words = small(*condition, look::scaled(first ? margin : look::row));
       grid->addWidget(indented(words, first ? 0 : look::scaled(margin)), grid->rowCount(), 0, 1, 5);
     }
-    QLabel* exempt = label(screen_.Label27);
+    auto* exempt = new FigureLabel(this);
+    tied(exempt, bind(*exempt, screen_.Label27));
     exempt->setAlignment(Qt::AlignCenter);
     keepPlace(exempt);
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
@@ -245,7 +247,7 @@ class frmW4View : public View {
     figure->setFixedWidth(look::scaled(lineFigure));
     figure->setMargin(2);
     figure->setContentsMargins(0, 0, look::tight, 0);
-    figure->setAccessibleDescription(words->text());
+    figure->setAccessibleName(words->text().simplified());
     grid.addWidget(words, row, 0, Qt::AlignBottom);
     grid.addWidget(upright(this), row, 1);
     grid.addWidget(numberLabel, row, 2);
@@ -259,8 +261,9 @@ class frmW4View : public View {
     row->setSpacing(look::group);
     row->addWidget(bold(screen_.lblSig), 1);
     row->addWidget(bold(screen_.lblSigDate));
-    QLabel* date = label(screen_.lblDate);
-    date->setAccessibleDescription(QString::fromStdString(screen_.lblSigDate.caption()));
+    auto* date = new FigureLabel(this);
+    tied(date, bind(*date, screen_.lblDate));
+    date->setAccessibleName(QString::fromStdString(screen_.lblSigDate.caption()));
     row->addWidget(date);
     return row;
   }

@@ -42,11 +42,14 @@ class WorksheetView : public View {
   }
   QCheckBox* checkLine(CheckBox& control);
   /// A box or a figure in the column at the right, named by the words of its line.
-  QLineEdit* entry(TextBox& control, const Label& words);
-  QLabel* result(Label& control, const Label& words);
+  QLineEdit* entry(TextBox& control, const QString& words);
+  QLabel* result(Label& control, const QString& words);
+  static QString wordsOf(const Label& control) { return QString::fromStdString(control.caption()); }
   /// A line with its box, and one with its figure.
-  void enter(QBoxLayout* page, Label& words, TextBox& box) { line(page, caption(words), entry(box, words)); }
-  void comesOut(QBoxLayout* page, Label& words, Label& figure) { line(page, caption(words), result(figure, words)); }
+  void enter(QBoxLayout* page, Label& words, TextBox& box) { line(page, caption(words), entry(box, wordsOf(words))); }
+  void comesOut(QBoxLayout* page, Label& words, Label& figure) {
+    line(page, caption(words), result(figure, wordsOf(words)));
+  }
   QPushButton* pictureButton(CommandButton& control, const char* picture, const char* accessibleName);
   /// A line whose words surround a button.
   QWidget* sentence(Label& first, CommandButton& button, Label& second);
