@@ -23,6 +23,14 @@ QString unmarked(QString caption) {
   return caption.trimmed();
 }
 
+}  // namespace
+
+QString nameOf(const QAbstractButton& button) {
+  return button.accessibleName().isEmpty() ? unmarked(button.text()) : button.accessibleName();
+}
+
+namespace {
+
 /// A button, option, check box or head of a group. The toolkit would let assistive technology change its mark alone;
 /// here whatever is done to it is a click, as the mouse's.
 class ButtonFace : public QAccessibleWidget {
@@ -46,7 +54,7 @@ class ButtonFace : public QAccessibleWidget {
   }
 
   QString text(QAccessible::Text kind) const override {
-    if (kind == QAccessible::Name && button_.accessibleName().isEmpty()) return unmarked(button_.text());
+    if (kind == QAccessible::Name) return nameOf(button_);
     if (kind == QAccessible::Accelerator) return button_.shortcut().toString(QKeySequence::NativeText);
     return QAccessibleWidget::text(kind);
   }
@@ -77,6 +85,27 @@ class ButtonFace : public QAccessibleWidget {
   }
 
   QAbstractButton& button_;
+};
+
+class SwitchFace : public QAccessibleWidget {
+ public:
+  SwitchFace(QWidget& widget, Switch& lever) : QAccessibleWidget(&widget, QAccessible::CheckBox), lever_(lever) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = 1;
+    state.checked = lever_.on() ? 1 : 0;
+    return state;
+  }
+  QStringList actionNames() const override { return QStringList(toggleAction()) + QAccessibleWidget::actionNames(); }
+  void doAction(const QString& action) override {
+    if (action != toggleAction()) return QAccessibleWidget::doAction(action);
+    widget()->setFocus(Qt::MouseFocusReason);
+    lever_.turn();
+  }
+
+ private:
+  Switch& lever_;
 };
 
 /// A text that is read: as a value, and by characters, words and lines.
@@ -131,6 +160,7 @@ QAccessibleInterface* faceOf(const QString& /*className*/, QObject* object) {
   if (const auto* readable = dynamic_cast<const Readable*>(object)) {
     return new ReadableFace(*widget, roleOf(*widget, QAccessible::StaticText), *readable);
   }
+  if (auto* lever = dynamic_cast<Switch*>(object)) return new SwitchFace(*widget, *lever);
   auto* button = qobject_cast<QAbstractButton*>(object);
   if (button != nullptr && qobject_cast<QToolButton*>(object) == nullptr) return new ButtonFace(*button);
   if (widget->property(roleProperty).isValid()) return new QAccessibleWidget(widget, roleOf(*widget, {}));

@@ -8,6 +8,8 @@
 /// What assistive technology is told of the desktop where the toolkit's own answers would not do: buttons that it
 /// presses, figures with name and value, pages as text, roles of what only holds others.
 
+class QAbstractButton;
+
 namespace tallyfin::qt {
 
 /// A widget whose text is read as a value: its accessible name says what it is.
@@ -20,12 +22,26 @@ class Readable {
   virtual QString readable() const = 0;
 };
 
+/// A widget that is switched on and off like a check box, and isn't one.
+class Switch {
+ public:
+  Switch() = default;
+  Switch(const Switch&) = delete;
+  Switch& operator=(const Switch&) = delete;
+  virtual ~Switch() = default;
+  virtual bool on() const = 0;
+  virtual void turn() = 0;
+};
+
 /// A label that shows a figure.
 class FigureLabel : public QLabel, public Readable {
  public:
   using QLabel::QLabel;
   QString readable() const override { return text(); }
 };
+
+/// What a button is called: its accessible name or its caption without the mark for the keyboard.
+QString nameOf(const QAbstractButton& button);
 
 /// Installs the answers for the widgets of the program; further calls change nothing.
 void answerAssistiveTechnology();

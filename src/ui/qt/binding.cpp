@@ -259,7 +259,7 @@ Binding& bind(QRadioButton& widget, OptionButton& option, QButtonGroup& group) {
   auto* binding = new Binding(widget, option);
   group.addButton(&widget);
   binding->show = [&widget, &option, &group] {
-    widget.setText(plain(option.caption()));
+    if (nameOf(widget) != text(option.caption()).trimmed()) widget.setText(plain(option.caption()));
     group.setExclusive(false);  // else the last one set couldn't be cleared
     widget.setChecked(option.value());
     group.setExclusive(true);

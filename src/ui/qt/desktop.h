@@ -14,6 +14,7 @@ class QDialog;
 
 namespace tallyfin::qt {
 
+class FocusRing;
 class Frame;
 class ScreenPrinter;
 class View;
@@ -38,6 +39,8 @@ class Desktop : public QObject {
   void showDocument(Screen& screen);
   void showBox(Screen& screen);
   void arrange();
+  void giveKeyboard();
+  void moveMark(QWidget* now);
   void discard(Screen& screen);
   void followFocus();
   QWidget* focusedWidget() const;
@@ -46,6 +49,7 @@ class Desktop : public QObject {
   std::unique_ptr<Frame> frame_;
   std::map<const Screen*, QPointer<View>> views_;
   std::map<const Screen*, QPointer<QDialog>> boxes_;
+  QPointer<FocusRing> ring_;
   QPointer<View> said_;  ///< The page whose title has been told last.
   std::vector<std::unique_ptr<QObject>> helpers_;
   std::unique_ptr<ScreenPrinter> screenPrinter_;

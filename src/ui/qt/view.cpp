@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <algorithm>
 
 #include "controls/buttons.h"
@@ -34,6 +35,68 @@ QWidget* View::widgetOf(const Control& control) const {
     if (binding->control() == &control) return &binding->widget();
   }
   return nullptr;
+}
+
+namespace {
+
+/// Whether the user sees a widget of this page and can act on it.
+bool inSight(const QWidget& widget, const QWidget& page) {
+  return widget.isVisibleTo(&page) && widget.isEnabledTo(&page) && widget.mapTo(&page, QPoint()).x() >= 0;
+}
+
+}  // namespace
+
+QWidget& enteredAt(QWidget& widget) {
+  const auto* option = qobject_cast<QRadioButton*>(&widget);
+  QAbstractButton* chosen =
+      option == nullptr || option->group() == nullptr ? nullptr : option->group()->checkedButton();
+  return chosen != nullptr && chosen->isVisible() && chosen->isEnabled() ? *chosen : widget;
+}
+
+QWidget* View::firstControl() const {
+  for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+    if (!isAncestorOf(widget) || bindingOf(widget) == nullptr || !inSight(*widget, *this)) continue;
+    if ((widget->focusPolicy() & Qt::TabFocus) != 0) return &enteredAt(*widget);
+  }
+  return nullptr;
+}
+
+void View::takeKeyboard() {
+  QWidget* target = lastFocus_ != nullptr && inSight(*lastFocus_, *this) ? lastFocus_.data() : firstControl();
+  (target != nullptr ? target : this)->setFocus(Qt::TabFocusReason);
+}
+
+void View::setActive(bool active) {
+  active_ = active;
+  for (QShortcut* key : keys_) key->setEnabled(active);
+}
+
+void View::onKey(const QKeySequence& key, const QString& words, std::function<void()> act) {
+  auto* shortcut = new QShortcut(key, this);
+  shortcut->setWhatsThis(words);
+  shortcut->setEnabled(active_);
+  connect(shortcut, &QShortcut::activated, this, [this, act = std::move(act)] {
+    if (screen_ != nullptr) act();
+  });
+  keys_.push_back(shortcut);
+}
+
+void View::pressOn(const QKeySequence& key, QAbstractButton* button) {
+  onKey(key, nameOf(*button), [this, button] {
+    if (inSight(*button, *this)) button->click();
+  });
+}
+
+void View::goOn(const QKeySequence& key, QWidget* widget) {
+  onKey(key, widget->accessibleName(), [this, widget] {
+    if (inSight(*widget, *this)) enteredAt(*widget).setFocus(Qt::ShortcutFocusReason);
+  });
+}
+
+void View::letter(QAbstractButton* button, char letter) {
+  QString caption = button->text();
+  const auto place = caption.indexOf(QLatin1Char(letter));
+  if (place >= 0) button->setText(caption.insert(place, QLatin1Char('&')));
 }
 
 QLabel* View::label(Label& control) {
@@ -134,7 +197,8 @@ void View::name(QLabel* label, QWidget* box, char letter) {
       combo->lineEdit()->setAccessibleName(box->accessibleName());
     }
     caption.replace('&', QLatin1String("&&"));  // an ampersand of the caption is no mark for the keyboard
-    if (letter != '\0') caption.insert(caption.indexOf(QLatin1Char(letter)), '&');
+    const auto place = letter == '\0' ? -1 : caption.indexOf(QLatin1Char(letter));
+    if (place >= 0) caption.insert(place, '&');
     label->setText(caption);
   };
   Binding* binding = bindingOf(label);

@@ -1,6 +1,6 @@
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QRegularExpression>
 #include <QSpinBox>
@@ -236,9 +236,9 @@ QString nameOf(const QAccessibleInterface& face) {
 
 bool isControl(const QAccessibleInterface& face) {
   static const std::set<QAccessible::Role> roles{
-      QAccessible::Button,  QAccessible::CheckBox, QAccessible::RadioButton, QAccessible::EditableText,
-      QAccessible::List,    QAccessible::ComboBox, QAccessible::SpinBox,     QAccessible::Table,
-      QAccessible::ButtonMenu};
+      QAccessible::Button,       QAccessible::CheckBox, QAccessible::RadioButton,
+      QAccessible::EditableText, QAccessible::List,     QAccessible::ComboBox,
+      QAccessible::SpinBox,      QAccessible::Table,    QAccessible::ButtonMenu};
   return roles.contains(face.role());
 }
 
@@ -258,8 +258,8 @@ TEST_F(Assistive, EveryControlOfTheTreeHasItsNameAndItsValue) {
       if (face->state().invisible) continue;
       EXPECT_NE(face->role(), QAccessible::NoRole) << described(*face);
       const auto* widget = qobject_cast<QWidget*>(face->object());
-      const bool takesKeys = widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
-                             widget->focusProxy() == nullptr;
+      const bool takesKeys =
+          widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr;
       if (!isControl(*face) && !takesKeys) continue;
       const QString name = nameOf(*face).simplified();
       EXPECT_FALSE(name.isEmpty()) << described(*face);
@@ -295,10 +295,12 @@ TEST_F(Assistive, EveryFigureHasNameAndValue) {
         EXPECT_FALSE(textOf(face, QAccessible::Name).empty()) << control->address();
         EXPECT_NE(textOf(face, QAccessible::Name), label->caption()) << control->address();
         ASSERT_NE(face.textInterface(), nullptr) << control->address();
-        EXPECT_EQ(face.textInterface()->text(0, face.textInterface()->characterCount()).toStdString(), label->caption());
+        EXPECT_EQ(face.textInterface()->text(0, face.textInterface()->characterCount()).toStdString(),
+                  label->caption());
       } else if (label != nullptr) {
-        const bool figure = !label->caption().empty() && label->caption().find_first_not_of("$%(),.0123456789 -") ==
-                                                             std::string::npos && label->caption().size() > 2;
+        const bool figure = !label->caption().empty() &&
+                            label->caption().find_first_not_of("$%(),.0123456789 -") == std::string::npos &&
+                            label->caption().size() > 2;
         EXPECT_TRUE(!figure || label->caption() == "1999") << control->address() << " " << label->caption();
       }
     }

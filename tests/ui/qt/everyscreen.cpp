@@ -37,7 +37,8 @@ void EveryScreen::onEveryScreen(const std::function<void(const Screen&)>& look) 
   at("frmState");
   clickItem("Personal");
   at("frmName");
-  for (const auto& [item, screen] : {std::pair{"Pers", "frmPersWkSht"}, {"Ded", "frmDednAdj"}, {"TwoWork", "frm2Workers"}}) {
+  for (const auto& [item, screen] :
+       {std::pair{"Pers", "frmPersWkSht"}, {"Ded", "frmDednAdj"}, {"TwoWork", "frm2Workers"}}) {
     clickItem(item);
     at(screen);
     click(screen, "cmdW4Back(0)");

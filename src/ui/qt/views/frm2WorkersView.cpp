@@ -14,6 +14,9 @@ class frm2WorkersView : public WorksheetView {
   explicit frm2WorkersView(frm2Workers& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
     firstPage();
     secondPage();
+    keys("cmdPersWrkCalc(0)");
+    pressOn(Qt::ALT | Qt::Key_1, findChild<QAbstractButton*>(QStringLiteral("cmdTable1Show(0)")));
+    pressOn(Qt::ALT | Qt::Key_2, findChild<QAbstractButton*>(QStringLiteral("cmdTable1Show(1)")));
   }
 
  private:

@@ -52,6 +52,12 @@ class frmMultiCheckView : public View {
     layout->addLayout(table());
     layout->addStretch(1);
     layout->addLayout(foot());
+    for (int check = 1; check <= checks; ++check) {
+      goOn(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + check),
+           findChild<QLineEdit*>(QStringLiteral("txtCheck%1").arg(check)));
+    }
+    pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QStringLiteral("cmdCalc")));
+    pressOn(Qt::ALT | Qt::Key_M, findChild<QAbstractButton*>(QStringLiteral("cmdGoBack")));
   }
 
  private:

@@ -10,7 +10,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -121,11 +120,7 @@ class frmPrintView : public View {
   QSize sizeHint() const override { return QSize(468, 372).expandedTo(minimumSizeHint()); }
 
  protected:
-  void showEvent(QShowEvent* event) override {
-    View::showEvent(event);
-    // The page takes the keyboard as if it had been clicked, once the act that opened the screen is over.
-    QTimer::singleShot(0, preview_, [this] { preview_->setFocus(Qt::OtherFocusReason); });
-  }
+  QWidget* firstControl() const override { return preview_; }
 
  private:
   QLayout* toolbar(frmPrint& screen) {
@@ -147,12 +142,16 @@ class frmPrintView : public View {
     row->addSpacing(look::row);
     previous_ = add(ownButton("previous", [this] { turnTo(page_ - 1); }), "Previous page");
     next_ = add(ownButton("next", [this] { turnTo(page_ + 1); }), "Next page");
+    pressOn(QKeySequence::Print, print_);
+    pressOn(QKeySequence::Save, save_);
+    pressOn(Qt::CTRL | Qt::Key_PageUp, previous_);
+    pressOn(Qt::CTRL | Qt::Key_PageDown, next_);
     row->addStretch(1);
     auto* zoomName = new QLabel(QStringLiteral("Zoom"), this);
     auto* zoom = new QSpinBox(this);
     zoom->setSingleStep(10);
     zoom->setAlignment(Qt::AlignRight);
-    name(zoomName, zoom);
+    name(zoomName, zoom, 'Z');
     row->addWidget(zoomName);
     row->addWidget(tied(zoom, bind(*zoom, screen.udZoom)));
     zoom->setToolTip(QStringLiteral("Size of the page, 10 to 400 percent"));

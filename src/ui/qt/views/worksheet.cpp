@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -120,6 +121,22 @@ void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictu
   row->addStretch(1);
   for (QWidget* picture : pictures) row->addWidget(picture);
   page->addLayout(row);
+}
+
+void WorksheetView::keys(const char* calculate) {
+  static const QRegularExpression number(QStringLiteral("^([0-9]|[A-Z])\\."));
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    const auto* button = qobject_cast<QAbstractButton*>(widget);
+    const QString words = button != nullptr ? nameOf(*button) : widget->accessibleName();
+    const auto line = number.match(words);
+    const bool takes = qobject_cast<QLineEdit*>(widget) != nullptr || qobject_cast<QCheckBox*>(widget) != nullptr;
+    if (!takes || !line.hasMatch()) continue;
+    onKey(QKeySequence(QStringLiteral("Alt+") + line.captured(1)), QStringLiteral("Line ") + line.captured(1),
+          [widget] { widget->setFocus(Qt::ShortcutFocusReason); });
+  }
+  pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QString::fromLatin1(calculate)));
+  pressOn(Qt::CTRL | Qt::Key_PageDown, findChild<QAbstractButton*>(QStringLiteral("cmdW4Back(0)")));
+  pressOn(Qt::CTRL | Qt::Key_PageUp, findChild<QAbstractButton*>(QStringLiteral("cmdW4Back(1)")));
 }
 
 void WorksheetView::addIndented(QBoxLayout* page, QRadioButton* option) {

@@ -33,6 +33,9 @@ class WorksheetView : public View {
   void line(QBoxLayout* page, QWidget* words, QWidget* entry = nullptr);
   /// The foot of the page: pictures at its right end.
   void foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures);
+  /// The keys of a worksheet when all its lines stand: Alt and the number or letter of a line that takes something, and
+  /// those that calculate and turn the page.
+  void keys(const char* calculate);
 
   QLabel* caption(Label& control);
   /// Options below each other, as far in as the words of a line.
