@@ -35,8 +35,9 @@ class UpDown;
 namespace tallyfin::qt {
 
 /// Ties a widget to a control: what the control holds is shown, what the user does becomes an act of the control. It
-/// decides nothing and remembers nothing. The widget takes the control's address as its object name, its tooltip, and
-/// the accessible name that it is given.
+/// decides nothing and remembers nothing. The widget takes the control's address as its object name, and its tooltip.
+///
+/// Whatever the user does it with, a mouse, keys or assistive technology, is the same act.
 ///
 /// The control may go while the widget is still there (a button that closes its own screen): release() cuts the tie.
 class Binding : public QObject {
@@ -56,11 +57,15 @@ class Binding : public QObject {
   /// The view's own colours of the widget; those of the control go over them.
   QPalette colours;
 
-  /// Runs an act of the user, unless the control is gone or the widget is only being refreshed.
+  /// Runs an act of the user, unless the control is gone or the widget is only being refreshed. An act that the control
+  /// refuses leaves no trace on the widget.
   template <class Act>
   void act(Act userAct) {
-    if (control_ != nullptr && !refreshing_) userAct();
+    if (control_ == nullptr || refreshing_) return;
+    userAct();
+    refresh();
   }
+  bool refreshing() const { return refreshing_; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

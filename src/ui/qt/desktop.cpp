@@ -2,12 +2,15 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QScrollArea>
 #include <QSettings>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "ui/MDIOpen.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/binding.h"
+#include "ui/qt/focusring.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/printer.h"
@@ -18,12 +21,19 @@ namespace tallyfin::qt {
 Desktop::Desktop(SettingsStore& store)
     : screenPrinter_(std::make_unique<ScreenPrinter>(*this)),
       program_(store, {plainMachine().clock, &beeper_, &pointer_, screenPrinter_.get(), &help_}, this) {
-  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) { dropFocus(now); });
+  answerAssistiveTechnology();
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    dropFocus(now);
+    moveMark(now);
+  });
   // The toolkit's own dialogs would keep a file of settings beside the store. There is no folder below a file.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
-Desktop::~Desktop() { desk.end(); }
+Desktop::~Desktop() {
+  delete ring_;
+  desk.end();
+}
 
 void Desktop::start() { program_.start(); }
 
@@ -55,17 +65,48 @@ void Desktop::showDocument(Screen& screen) {
   arrange();
 }
 
-/// Brings the active document to the front; the next Tab goes to its first control.
+/// Brings the active document to the front. It gets the keyboard once the act that opened it is over, for the rules may
+/// have moved the focus.
 void Desktop::arrange() {
   if (frame_ == nullptr) return;
   frame_->area().arrange();
   const auto active = views_.find(desk.activeDocument());
   if (active == views_.end()) return;
+  if (said_ != active->second) frame_->announce(QString::fromStdString(active->first->title()));
+  said_ = active->second;
+  QTimer::singleShot(0, this, &Desktop::giveKeyboard);
+}
+
+void Desktop::giveKeyboard() {
+  const auto active = views_.find(desk.activeDocument());
+  if (active == views_.end() || active->second == nullptr) return;
+  View& view = *active->second;
   const QWidget* focused = QApplication::focusWidget();
-  if (focused != nullptr && active->second->isAncestorOf(focused)) return;
+  if (focused != nullptr && view.isAncestorOf(focused)) return;
   QWidget* kept = focusedWidget();
-  const bool itsOwn = kept != nullptr && kept->isVisible() && active->second->isAncestorOf(kept);
-  (itsOwn ? kept : active->second.data())->setFocus(Qt::ActiveWindowFocusReason);
+  if (kept != nullptr && kept->isVisible() && view.isAncestorOf(kept)) {
+    kept->setFocus(Qt::ActiveWindowFocusReason);
+  } else {
+    view.takeKeyboard();
+  }
+}
+
+/// Marks the widget that has the keyboard, and scrolls it into sight unless the mouse is at work on it.
+void Desktop::moveMark(QWidget* now) {
+  const bool foreign = now == nullptr || now->window()->inherits("QFileDialog") ||
+                       now->window()->inherits("QAbstractPrintDialog") || now->focusPolicy() == Qt::NoFocus ||
+                       now->window()->windowType() == Qt::Popup;
+  if (ring_ == nullptr) ring_ = new FocusRing;
+  ring_->mark(foreign ? nullptr : now);
+  if (foreign) return;
+  for (QWidget* part = now->parentWidget(); part != nullptr; part = part->parentWidget()) {
+    if (auto* view = dynamic_cast<View*>(part)) view->noteFocus(*now);
+    auto* area = qobject_cast<QScrollArea*>(part);
+    if (area == nullptr || QApplication::mouseButtons() != Qt::NoButton) continue;
+    area->ensureWidgetVisible(now, look::row, look::row);
+    const QPoint begin = now->mapTo(area->widget(), QPoint());  // of one that is too wide, its beginning
+    area->ensureVisible(begin.x(), begin.y(), look::row, 0);
+  }
 }
 
 /// The widget of the control that has the focus; none if that has none.

@@ -14,6 +14,7 @@ class QDialog;
 
 namespace tallyfin::qt {
 
+class FocusRing;
 class Frame;
 class ScreenPrinter;
 class View;
@@ -40,12 +41,16 @@ class Desktop final : public QObject, private DeskWatcher {
   void showDocument(Screen& screen);
   void showBox(Screen& screen);
   void arrange();
+  void giveKeyboard();
+  void moveMark(QWidget* now);
   QWidget* focusedWidget() const;
   void dropFocus(const QWidget* now);
 
   std::unique_ptr<Frame> frame_;
   std::map<const Screen*, QPointer<View>> views_;
   std::map<const Screen*, QPointer<QDialog>> boxes_;
+  QPointer<FocusRing> ring_;
+  QPointer<View> said_;  ///< The page whose title has been told last.
   std::vector<std::unique_ptr<QObject>> helpers_;
   std::unique_ptr<ScreenPrinter> screenPrinter_;
   DesktopBeeper beeper_;

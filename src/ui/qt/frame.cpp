@@ -1,18 +1,22 @@
 #include "ui/qt/frame.h"
 
+#include <QButtonGroup>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "controls/desk.h"
 #include "ui/MDIOpen.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
 
 namespace tallyfin::qt {
@@ -27,6 +31,7 @@ int titleHeight() { return look::scaled(20); }
 // --- A document ---
 
 Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), strip_(new QWidget(this)) {
+  presentAs(*this, QAccessible::Grouping);
   look::setGround(*this, look::onDeep());
   strip_->setAutoFillBackground(true);
   strip_->setFixedHeight(titleHeight());
@@ -35,7 +40,7 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
   close->setText(QStringLiteral("×"));
   close->setAutoRaise(true);
   close->setFixedSize(titleHeight(), titleHeight() - 2);
-  close->setFocusPolicy(Qt::NoFocus);
+  close->setFocusPolicy(Qt::TabFocus);
   close->setToolTip(QStringLiteral("Close this page"));
   close->setAccessibleName(QStringLiteral("Close"));
   auto* strip = new QHBoxLayout(strip_);
@@ -57,15 +62,20 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
 
   view.screen()->watch([this] { showTitle(); });
   showTitle();
-  connect(close, &QToolButton::clicked, this, [this] {
-    if (Screen* screen = view_.screen()) desk.userClose(*screen);
-  });
+  connect(close, &QToolButton::clicked, this, &Document::close);
+  escape_ = new QShortcut(Qt::Key_Escape, this);
+  connect(escape_, &QShortcut::activated, this, &Document::close);
+}
+
+void Document::close() {
+  if (Screen* screen = view_.screen()) desk.userClose(*screen);
 }
 
 void Document::showTitle() {
   const Screen* screen = view_.screen();
   if (screen == nullptr) return;
   title_->setText(QString::fromStdString(screen->title()));
+  setAccessibleName(title_->text());
   static_cast<DocumentArea*>(parentWidget())->arrange();  // one that fills the area covers the others
 }
 
@@ -90,6 +100,9 @@ void Document::setActive(bool active) {
   ground.setColor(QPalette::Window, active ? look::deepLighter : look::deep);
   if (!active) ground.setColor(QPalette::WindowText, ground.color(QPalette::Disabled, QPalette::WindowText));
   strip_->setPalette(ground);
+  view_.setActive(active);
+  const bool over = view_.screen() != nullptr && !view_.screen()->maximized && desk.documents().size() > 1;
+  escape_->setEnabled(active && over);
 }
 
 void Document::mousePressEvent(QMouseEvent* event) {
@@ -140,6 +153,13 @@ void DocumentArea::resizeEvent(QResizeEvent* event) {
   for (const auto& document : documents_) {
     if (document != nullptr) document->place(size());
   }
+}
+
+View* DocumentArea::active() const {
+  const auto front = std::find_if(documents_.begin(), documents_.end(), [](const QPointer<Document>& d) {
+    return d != nullptr && d->view().screen() != nullptr && d->view().screen() == desk.activeDocument();
+  });
+  return front == documents_.end() ? nullptr : &(*front)->view();
 }
 
 bool DocumentArea::covers(const QWidget& widget) const {
@@ -269,6 +289,8 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   screen.watch(showTitle);
   showTitle();
 
+  presentAs(*this, QAccessible::Window);
+  announcer_ = new Announcer(this);
   area_ = new DocumentArea(this);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -285,12 +307,42 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   documents->addWidget(notice_);
   layout->addLayout(documents, 1);
   openGroup(1);
+  keys();
   move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+}
+
+/// The keys that act on every page.
+void Frame::keys() {
+  const std::pair<const char*, const char*> items[] = {
+      {"NewFile", "Ctrl+N"}, {"StateInfo", "Ctrl+4"}, {"Personal", "Ctrl+5"}, {"ExitProgram", "Ctrl+Q"},
+      {"Calc", "Ctrl+1"},    {"Multi", "Ctrl+2"},     {"Analysis", "Ctrl+3"}, {"Pers", "Ctrl+6"},
+      {"Ded", "Ctrl+7"},     {"TwoWork", "Ctrl+8"},   {"W4", "Ctrl+9"},       {"W4Help", "Shift+F1"},
+      {"Help", "Ctrl+F1"},   {"About", "Ctrl+0"},
+  };
+  for (const auto& [key, sequence] : items) {
+    auto* item = findChild<QAbstractButton*>(QStringLiteral("SSListBar1(%1)").arg(QLatin1String(key)));
+    const QKeySequence keys(QString::fromLatin1(sequence));
+    item->setToolTip(QStringLiteral("%1 (%2)").arg(item->text(), keys.toString(QKeySequence::NativeText)));
+    onKey(keys, item->text(), [item] { item->click(); });
+  }
+  onKey(Qt::CTRL | Qt::Key_W, QStringLiteral("Close the page"), [] {
+    if (Screen* page = desk.activeDocument()) desk.userClose(*page);
+  });
+  onKey(Qt::Key_F6, QStringLiteral("To the list bar and back to the page"), [this] {
+    const QWidget* focused = focusWidget();
+    QWidget* bar = groups_.front().header->parentWidget();
+    if (focused == nullptr || !bar->isAncestorOf(focused)) {
+      return groups_[openGroup_].header->setFocus(Qt::ShortcutFocusReason);
+    }
+    if (View* page = area_->active()) page->takeKeyboard();
+  });
+  setActive(true);
 }
 
 QWidget* Frame::listBar(MDIOpen& screen) {
   auto* bar = new QWidget(this);
   bar->setFixedWidth(listBarWidth());
+  presentAs(*bar, QAccessible::ToolBar);
   bar->setAccessibleName(QStringLiteral("List bar"));
   auto* layout = new QVBoxLayout(bar);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -334,16 +386,25 @@ Frame::Group Frame::addGroup(const QString& caption, QWidget* bar) {
 
 /// Only one group shows its items at a time.
 void Frame::openGroup(std::size_t group) {
+  openGroup_ = group;
   for (std::size_t i = 0; i < groups_.size(); ++i) {
     groups_[i].items->setVisible(i == group);
     groups_[i].header->setChecked(i == group);
+    QAccessible::State changed;
+    changed.expanded = 1;
+    changed.collapsed = 1;
+    QAccessibleStateChangeEvent event(groups_[i].header, changed);
+    QAccessible::updateAccessibility(&event);
   }
 }
 
 void Frame::tell(const QString& words) {
   notice_->setText(words);
   notice_->setVisible(!words.isEmpty());
+  if (!words.isEmpty()) announce(words);
 }
+
+void Frame::announce(const QString& words) { announcer_->say(words); }
 
 void Frame::closeEvent(QCloseEvent* event) {
   if (Screen* frame = screen()) {
@@ -364,10 +425,17 @@ void Frame::changeEvent(QEvent* event) {
 bool Frame::focusNextPrevChild(bool next) {
   const QWidget* from = focusWidget() != nullptr ? focusWidget() : this;
   const auto step = [next](const QWidget* w) { return next ? w->nextInFocusChain() : w->previousInFocusChain(); };
+  const auto groupOf = [](const QWidget* w) {
+    const auto* option = qobject_cast<const QRadioButton*>(w);
+    return option == nullptr ? nullptr : option->group();
+  };
   for (QWidget* widget = step(from); widget != from; widget = step(widget)) {
     if (!widget->isEnabled() || !widget->isVisible() || widget->focusProxy() != nullptr) continue;
-    if (!(widget->focusPolicy() & Qt::TabFocus) || widget->window() != this || area_->covers(*widget)) continue;
-    widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    // Which option of a group Tab may enter, the toolkit would decide by the one that has had the keyboard last.
+    const QButtonGroup* group = groupOf(widget);
+    if (group == nullptr ? !(widget->focusPolicy() & Qt::TabFocus) : group == groupOf(from)) continue;
+    if (widget->window() != this || area_->covers(*widget)) continue;
+    enteredAt(*widget).setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
   }
   return false;

@@ -9,12 +9,15 @@
 
 class QLabel;
 class QScrollArea;
+class QShortcut;
 
 namespace tallyfin {
 class MDIOpen;
 }
 
 namespace tallyfin::qt {
+
+class Announcer;
 
 /// A document in the frame: a title strip with a closing button above the view, which scrolls where it doesn't fit.
 class Document : public QWidget {
@@ -24,7 +27,7 @@ class Document : public QWidget {
   View& view() const { return view_; }
   /// Takes the place that the screen's state asks for: the whole area, or its own size in the middle of it.
   void place(const QSize& area);
-  /// The active document's title strip is the lighter one.
+  /// The active document's title strip is the lighter one, and it hears its keys.
   void setActive(bool active);
 
  protected:
@@ -33,11 +36,13 @@ class Document : public QWidget {
 
  private:
   void showTitle();
+  void close();
 
   View& view_;
   QWidget* strip_;
   QLabel* title_;
   QScrollArea* scroll_;
+  QShortcut* escape_;  ///< Closes a page that lies over another.
 };
 
 /// The area of the frame in which the documents stand, the active one in front.
@@ -48,6 +53,8 @@ class DocumentArea : public QWidget {
   void add(View& view);
   /// Puts the documents in the order of the desk.
   void arrange();
+  /// The view of the active document; none without one.
+  View* active() const;
   /// Whether a widget belongs to a document that isn't the active one.
   bool covers(const QWidget& widget) const;
 
@@ -98,6 +105,8 @@ class Frame : public View {
   DocumentArea& area() const { return *area_; }
   /// Says in a line below the documents what the user must know; no words take the line away.
   void tell(const QString& words);
+  /// Says aloud what has happened, to who can't see it.
+  void announce(const QString& words);
 
   /// 1440 twips are an inch, 96 pixels are an inch.
   static constexpr int pixels(int twips) { return twips / 15; }
@@ -111,6 +120,7 @@ class Frame : public View {
  private:
   QWidget* listBar(MDIOpen& screen);
   void openGroup(std::size_t group);
+  void keys();
 
   struct Group {
     GroupHeader* header;
@@ -119,8 +129,10 @@ class Frame : public View {
   Group addGroup(const QString& caption, QWidget* bar);
 
   std::vector<Group> groups_;
+  std::size_t openGroup_ = 0;
   DocumentArea* area_;
   QLabel* notice_;
+  Announcer* announcer_;
 };
 
 }  // namespace tallyfin::qt

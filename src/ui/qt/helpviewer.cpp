@@ -342,6 +342,7 @@ void DesktopHelp::serve(Frame& frame) {
   frame_ = &frame;
   auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &frame);
   key->setContext(Qt::ApplicationShortcut);
+  key->setWhatsThis(QStringLiteral("Help on the page"));
   QObject::connect(key, &QShortcut::activated, &frame, [this] { openForActiveDocument(); });
 }
 
@@ -363,6 +364,7 @@ void DesktopHelp::openTopic(const QString& file, const QString& id) {
 
 void DesktopHelp::openForActiveDocument() {
   const Screen* screen = desk.activeDocument();
+  if (const Screen* box = desk.find("frmAbt"); box != nullptr && QApplication::activeWindow() != frame_) screen = box;
   const QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
   const auto& files = HelpShelf::files;
   const auto file = std::find_if(files.begin(), files.end(), [&](const QString& candidate) {

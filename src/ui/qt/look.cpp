@@ -99,6 +99,8 @@ QPalette lightFace() {
   return palette;
 }
 
+QPalette onList() { return paletteOf(light, ink, light, ink); }
+
 void setGround(QWidget& widget, const QPalette& palette) {
   widget.setPalette(palette);
   widget.setAutoFillBackground(true);

@@ -48,6 +48,9 @@ QPalette choicesOnDeep();
 /// Over any ground: a drop-down or button with a face as light as the boxes.
 QPalette lightFace();
 
+/// The open list of a drop-down.
+QPalette onList();
+
 /// Gives a widget its palette and paints its ground.
 void setGround(QWidget& widget, const QPalette& palette);
 

@@ -101,6 +101,24 @@ int ReportPages::count() const {
   return (rows + rowsOfPage() - 1) / rowsOfPage();
 }
 
+QString ReportPages::readable(int page) const {
+  if (page < 0 || page >= count()) return {};
+  const auto perPage = static_cast<std::size_t>(rowsOfPage());
+  const std::size_t first = 1 + static_cast<std::size_t>(page) * perPage;
+  QStringList lines{text(engine_.header()).trimmed()};
+  const auto addRow = [&](const PrintEngine::Cells& cells) {
+    QStringList words;
+    for (const std::string& cell : cells) words << text(cell).trimmed();
+    lines << words.join(QLatin1Char('\t'));
+  };
+  if (!engine_.cells().empty()) addRow(engine_.cells().front());
+  for (std::size_t row = first; row < std::min(first + perPage, engine_.cells().size()); ++row) {
+    addRow(engine_.cells()[row]);
+  }
+  lines << text(engine_.footer()).trimmed();
+  return lines.join(QLatin1Char('\n'));
+}
+
 void ReportPages::draw(QPainter& painter, int page) const {
   painter.save();
   painter.setPen(Qt::black);

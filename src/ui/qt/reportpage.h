@@ -25,6 +25,8 @@ class ReportPages {
 
   /// 0 where no document has been made.
   int count() const;
+  /// What stands on a page, counted from 0: a line each, the cells of a row divided by tabs.
+  QString readable(int page) const;
   /// Draws a page, counted from 0. The painter's unit is a twip, its origin the paper's upper left corner.
   void draw(QPainter& painter, int page) const;
 

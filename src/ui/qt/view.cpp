@@ -8,11 +8,13 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <algorithm>
 
 #include "controls/buttons.h"
 #include "controls/lists.h"
 #include "controls/texts.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
 
 namespace tallyfin::qt {
@@ -35,6 +37,68 @@ QWidget* View::widgetOf(const Control& control) const {
   return nullptr;
 }
 
+namespace {
+
+/// Whether the user sees a widget of this page and can act on it.
+bool inSight(const QWidget& widget, const QWidget& page) {
+  return widget.isVisibleTo(&page) && widget.isEnabledTo(&page) && widget.mapTo(&page, QPoint()).x() >= 0;
+}
+
+}  // namespace
+
+QWidget& enteredAt(QWidget& widget) {
+  const auto* option = qobject_cast<QRadioButton*>(&widget);
+  QAbstractButton* chosen =
+      option == nullptr || option->group() == nullptr ? nullptr : option->group()->checkedButton();
+  return chosen != nullptr && chosen->isVisible() && chosen->isEnabled() ? *chosen : widget;
+}
+
+QWidget* View::firstControl() const {
+  for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+    if (!isAncestorOf(widget) || bindingOf(widget) == nullptr || !inSight(*widget, *this)) continue;
+    if ((widget->focusPolicy() & Qt::TabFocus) != 0) return &enteredAt(*widget);
+  }
+  return nullptr;
+}
+
+void View::takeKeyboard() {
+  QWidget* target = lastFocus_ != nullptr && inSight(*lastFocus_, *this) ? lastFocus_.data() : firstControl();
+  (target != nullptr ? target : this)->setFocus(Qt::TabFocusReason);
+}
+
+void View::setActive(bool active) {
+  active_ = active;
+  for (QShortcut* key : keys_) key->setEnabled(active);
+}
+
+void View::onKey(const QKeySequence& key, const QString& words, std::function<void()> act) {
+  auto* shortcut = new QShortcut(key, this);
+  shortcut->setWhatsThis(words);
+  shortcut->setEnabled(active_);
+  connect(shortcut, &QShortcut::activated, this, [this, act = std::move(act)] {
+    if (screen_ != nullptr) act();
+  });
+  keys_.push_back(shortcut);
+}
+
+void View::pressOn(const QKeySequence& key, QAbstractButton* button) {
+  onKey(key, nameOf(*button), [this, button] {
+    if (inSight(*button, *this)) button->click();
+  });
+}
+
+void View::goOn(const QKeySequence& key, QWidget* widget) {
+  onKey(key, widget->accessibleName(), [this, widget] {
+    if (inSight(*widget, *this)) enteredAt(*widget).setFocus(Qt::ShortcutFocusReason);
+  });
+}
+
+void View::letter(QAbstractButton* button, char letter) {
+  QString caption = button->text();
+  const auto place = caption.indexOf(QLatin1Char(letter));
+  if (place >= 0) button->setText(caption.insert(place, QLatin1Char('&')));
+}
+
 QLabel* View::label(Label& control) {
   auto* widget = new QLabel(this);
   return tied(widget, bind(*widget, control));
@@ -53,7 +117,8 @@ QLabel* View::paragraph(Label& control) {
 }
 
 QLabel* View::figure(Label& control) {
-  QLabel* widget = label(control);
+  auto* widget = new FigureLabel(this);
+  tied(widget, bind(*widget, control));
   widget->setFont(look::figures());
   widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   return widget;
@@ -127,9 +192,13 @@ Binding* View::bindingOf(const QWidget* widget) const {
 void View::name(QLabel* label, QWidget* box, char letter) {
   label->setBuddy(box);
   const auto mark = [label, box, letter](QString caption) {
-    box->setAccessibleName(caption);
+    box->setAccessibleName(caption.simplified());
+    if (auto* combo = qobject_cast<QComboBox*>(box); combo != nullptr && combo->isEditable()) {
+      combo->lineEdit()->setAccessibleName(box->accessibleName());
+    }
     caption.replace('&', QLatin1String("&&"));  // an ampersand of the caption is no mark for the keyboard
-    if (letter != '\0') caption.insert(caption.indexOf(QLatin1Char(letter)), '&');
+    const auto place = letter == '\0' ? -1 : caption.indexOf(QLatin1Char(letter));
+    if (place >= 0) caption.insert(place, '&');
     label->setText(caption);
   };
   Binding* binding = bindingOf(label);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QKeySequence>
+#include <QPointer>
 #include <QWidget>
 #include <initializer_list>
 #include <memory>
@@ -11,6 +13,7 @@ class QButtonGroup;
 class QFrame;
 class QGridLayout;
 class QPushButton;
+class QShortcut;
 
 namespace tallyfin {
 template <class T, int count>
@@ -31,6 +34,12 @@ class View : public QWidget {
   void release();
   /// The widget of a control; none if the view has none for it.
   QWidget* widgetOf(const Control& control) const;
+  /// Takes the keyboard as if the user had moved there: the control that had it last, or else the first one.
+  void takeKeyboard();
+  /// Remembers which widget of this page has the keyboard.
+  void noteFocus(QWidget& widget) { lastFocus_ = &widget; }
+  /// The keys of a page are heard while it is the active one.
+  void setActive(bool active);
 
  protected:
   // Each makes the widget of a control, tied to it.
@@ -39,7 +48,7 @@ class View : public QWidget {
   QLabel* heading(Label& control);
   /// A label that wraps its text.
   QLabel* paragraph(Label& control);
-  /// A label for a figure: right-aligned, digits of one width.
+  /// A label for a figure: right-aligned, digits of one width; who makes it names it.
   QLabel* figure(Label& control);
   QLineEdit* box(TextBox& control);
   /// A box for an amount: right-aligned.
@@ -66,6 +75,15 @@ class View : public QWidget {
   void name(QLabel* label, QWidget* box, char letter = '\0');
   /// Gives a tied widget colours of its own, under those of its control.
   void colour(QWidget* widget, const QPalette& palette);
+  /// Alt and this letter of its caption press the button, option or check box.
+  static void letter(QAbstractButton* button, char letter);
+  /// A key that acts while this page is the active one, whatever has the keyboard; the words tell what it does.
+  void onKey(const QKeySequence& key, const QString& words, std::function<void()> act);
+  /// A key that presses a button, or goes to a widget, if it is in sight.
+  void pressOn(const QKeySequence& key, QAbstractButton* button);
+  void goOn(const QKeySequence& key, QWidget* widget);
+  /// The control that a page which opens gives the keyboard to; none where nothing takes it.
+  virtual QWidget* firstControl() const;
 
  private:
   Binding* bindingOf(const QWidget* widget) const;
@@ -74,7 +92,13 @@ class View : public QWidget {
 
   Screen* screen_;
   std::vector<Binding*> bindings_;
+  std::vector<QShortcut*> keys_;
+  bool active_ = false;
+  QPointer<QWidget> lastFocus_;
 };
+
+/// Where Tab goes that would go to a widget: of a group of options to the chosen one.
+QWidget& enteredAt(QWidget& widget);
 
 /// Makes the view of a screen.
 std::unique_ptr<View> viewOf(Screen& screen);

@@ -115,7 +115,10 @@ void DesktopTest::press(Qt::Key key) {
 std::string DesktopTest::text(const char* screen, const QString& name) const {
   QWidget& widget = find(screen, name);
   if (const auto* edit = qobject_cast<QLineEdit*>(&widget)) return edit->text().toStdString();
-  if (const auto* label = qobject_cast<QLabel*>(&widget)) return label->text().toStdString();
+  if (const auto* label = qobject_cast<QLabel*>(&widget)) {
+    // A label that names a box may mark a letter.
+    return (label->buddy() == nullptr ? label->text() : label->text().remove('&')).toStdString();
+  }
   if (const auto* box = qobject_cast<QComboBox*>(&widget)) return box->currentText().toStdString();
   if (const auto* button = qobject_cast<QAbstractButton*>(&widget)) return button->text().toStdString();
   throw std::runtime_error(name.toStdString() + " shows no text");

@@ -74,7 +74,7 @@ TEST_F(ExplanationOfTheResults, OpensByEnter) {
 TEST_F(ExplanationOfTheResults, OpensByTheContextMenu) {
   grid().setCurrentCell(0, 0);
   ASSERT_EQ(grid().contextMenuPolicy(), Qt::ActionsContextMenu);
-  ASSERT_EQ(grid().actions().size(), 2);
+  ASSERT_EQ(grid().actions().size(), 3);
   EXPECT_EQ(grid().actions()[0]->text(), "&How this was worked out");
   grid().actions()[0]->trigger();
   ASSERT_NE(window(), nullptr);

@@ -57,6 +57,7 @@ TEST_F(MainScreen, TheEntriesSurviveARestart) {
   enterSample();
   calculate();
   restart();
+  press(Qt::Key_Tab);
   EXPECT_EQ(text("frmMain", "txtIncome"), "$1,000.00");
   EXPECT_EQ(text("frmMain", "txt401k"), "0.06");
   EXPECT_EQ(text("frmMain", "txtHours"), "40");
@@ -80,7 +81,7 @@ TEST_F(MainScreen, AnAmountIsPlainWhileItIsEditedAndCurrencyWhileItIsNot) {
 TEST_F(MainScreen, GainingTheFocusSelectsTheWholeText) {
   stored(section::settings, "IncAmt", "1234.5");
   startOnMain();
-  for (const char* box : {"txtIncome", "txtHours", "txt401k", "txtPreTax", "txtPreFICA"}) {
+  for (const char* box : {"txtHours", "txt401k", "txtPreTax", "txtPreFICA", "txtIncome"}) {
     click("frmMain", box);
     const auto& edit = find<QLineEdit>("frmMain", box);
     EXPECT_EQ(edit.selectedText(), edit.text()) << box;
@@ -100,8 +101,8 @@ TEST_F(MainScreen, AmountsThatAreNoNumbersStandAsTyped) {
 TEST_F(MainScreen, TabGoesThroughTheScreenInReadingOrder) {
   stored(section::settings, "Frequency", "0");
   startOnMain();
-  std::vector<std::string> order;
-  for (int i = 0; i < 18; ++i) {
+  std::vector<std::string> order{focused()};
+  for (int i = 1; i < 18; ++i) {
     press(Qt::Key_Tab);
     order.push_back(focused());
   }
@@ -113,7 +114,6 @@ TEST_F(MainScreen, TabGoesThroughTheScreenInReadingOrder) {
 
 TEST_F(MainScreen, AKeyboardIsEnough) {
   startOnMain();
-  press(Qt::Key_Tab);
   QTest::keyClicks(QApplication::focusWidget(), "1000");
   for (int i = 0; i < 5; ++i) press(Qt::Key_Tab);
   ASSERT_EQ(focused(), "lstFrequency");
@@ -247,7 +247,7 @@ TEST_F(MainScreen, ADoubleClickOnALabelIsOneClickAndOneDoubleClick) {
   EXPECT_EQ(doubleClicks, 1);
 }
 
-TEST_F(MainScreen, AWheelChoosesNothingInABoxWithoutTheFocus) {
+TEST_F(MainScreen, AWheelChoosesNothingInAClosedBox) {
   stored(section::settings, "Deps", "3");
   startOnMain();
   auto& box = find<QComboBox>("frmMain", "cboExemptions");
@@ -261,7 +261,7 @@ TEST_F(MainScreen, AWheelChoosesNothingInABoxWithoutTheFocus) {
   };
   EXPECT_EQ(turn(), "3");
   box.setFocus();
-  EXPECT_EQ(turn(), "4");
+  EXPECT_EQ(turn(), "3");
 }
 
 TEST_F(MainScreen, TheArrowKeysPassOverStatesWithoutOpeningTheirOptions) {

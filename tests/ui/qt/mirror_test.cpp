@@ -68,7 +68,10 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   /// One act of the user; says what it was.
   std::string act() {
     if (QWidget* popup = QApplication::activePopupWidget()) return actOnPopup(*popup);
-    if (QApplication::activeWindow() == nullptr) activate();
+    if (QApplication::activeWindow() == nullptr) {
+      activate();
+      mirror_.look(desktop());  // a box may have got the focus by that
+    }
     const int kind = below(100);
     if (kind < 38) return clickSomething();
     if (kind < 44) return doubleClickSomething();

@@ -75,6 +75,7 @@ TEST_F(Tools, SeveralChecksBecomeAMonthlyIncome) {
   EXPECT_TRUE(find<QRadioButton>("frmMultiCheck", "optSelectWeek(0)").isChecked());
   click("frmMultiCheck", "cmdGoBack");
   EXPECT_EQ(front(), "Calculations");
+  press(Qt::Key_Tab);
   EXPECT_EQ(text("frmMain", "txtIncome"), "$1,433.33");
   EXPECT_EQ(text("frmMain", "txtHours"), "173.33");
 }

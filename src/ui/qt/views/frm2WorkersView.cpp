@@ -14,6 +14,9 @@ class frm2WorkersView : public WorksheetView {
   explicit frm2WorkersView(frm2Workers& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
     firstPage();
     secondPage();
+    keys("cmdPersWrkCalc(0)");
+    pressOn(Qt::ALT | Qt::Key_1, findChild<QAbstractButton*>(QStringLiteral("cmdTable1Show(0)")));
+    pressOn(Qt::ALT | Qt::Key_2, findChild<QAbstractButton*>(QStringLiteral("cmdTable1Show(1)")));
   }
 
  private:
@@ -22,7 +25,7 @@ class frm2WorkersView : public WorksheetView {
     line(sheet, caption(screen_.lblTwoNote));
     comesOut(sheet, screen_.lblTwo1, screen_.lblDedFromG);
     QWidget* line2 = sentence(screen_.lblItem2, screen_.cmdTable1Show[0], screen_.lblTwo2);
-    line(sheet, line2, result(screen_.lbl2WkerT1, screen_.lblItem2));
+    line(sheet, line2, result(screen_.lbl2WkerT1, whole(screen_.lblItem2, screen_.cmdTable1Show[0], screen_.lblTwo2)));
     comesOut(sheet, screen_.lblTwo3, screen_.lbl2Wker3);
     line(sheet, caption(screen_.lblTwoNote2));
     foot(sheet, {pictureButton(screen_.cmdPersWrkCalc[2], "formw4-dark", "Form W4"),
@@ -35,7 +38,8 @@ class frm2WorkersView : public WorksheetView {
     comesOut(sheet, screen_.lbl2WkerLine5, screen_.lbl2WkerResult5);
     comesOut(sheet, screen_.lbl2WkerLine6, screen_.lbl2WkerResult6);
     QWidget* line7 = sentence(screen_.lbl2WkerLine7, screen_.cmdTable1Show[1], screen_.lbl2WkerLine7a);
-    line(sheet, line7, entry(screen_.lblTable2, screen_.lbl2WkerLine7));
+    line(sheet, line7,
+         entry(screen_.lblTable2, whole(screen_.lbl2WkerLine7, screen_.cmdTable1Show[1], screen_.lbl2WkerLine7a)));
     enter(sheet, screen_.lbl2WkerLine8, screen_.lblMultiply8);
     enter(sheet, screen_.lbl2WkerLine9, screen_.lblDollarAmt);
     enter(sheet, screen_.lblNoPaydays, screen_.txtNumPayDays);
@@ -43,6 +47,12 @@ class frm2WorkersView : public WorksheetView {
                  pictureButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"),
                  pictureButton(screen_.cmdPersWrkCalc[1], "formw4-dark", "Form W4"),
                  pictureButton(screen_.cmdW4Back[1], "back", "Page 1")});
+  }
+
+  /// The sentence as it reads with its button in the gap.
+  static QString whole(const Label& first, const CommandButton& button, const Label& second) {
+    const QString middle = QString::fromStdString(" " + button.caption() + " " + second.caption() + " ");
+    return wordsOf(first).trimmed().replace(wordsOf(first).trimmed().lastIndexOf(QLatin1String("  ")), 2, middle);
   }
 
   frm2Workers& screen_;

@@ -1,4 +1,7 @@
+#include <QAction>
+#include <QClipboard>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 
 #include "ui/qt/look.h"
@@ -33,6 +36,16 @@ class frmAnalysisView : public View {
       grid->addWidget(value, line, 1);
     }
     grid->setRowStretch(grid->rowCount(), 1);
+    auto* copy = new QAction(QStringLiteral("&Copy the figures"), this);
+    connect(copy, &QAction::triggered, this, [this, &screen] {
+      if (View::screen() == nullptr) return;
+      std::string rows;
+      for (int i = 0; i < 10; ++i) rows += screen.lblAnalysis[i].caption() + '\t' + screen.lblOne[i].caption() + '\n';
+      QGuiApplication::clipboard()->setText(QString::fromStdString(rows));
+    });
+    addAction(copy);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    onKey(QKeySequence::Copy, QStringLiteral("Copy the figures"), [copy] { copy->trigger(); });
   }
 
  private:

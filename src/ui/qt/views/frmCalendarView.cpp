@@ -33,6 +33,13 @@ class frmCalendarView : public View {
     widget->setAccessibleName(QStringLiteral("Calendar"));
     widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))->setIcon(look::picture("previous"));
     widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"))->setIcon(look::picture("next"));
+    const auto nameOf = [widget](const char* part, const char* words) {
+      widget->findChild<QWidget*>(QString::fromLatin1(part))->setAccessibleName(QString::fromLatin1(words));
+    };
+    nameOf("qt_calendar_prevmonth", "Previous month");
+    nameOf("qt_calendar_nextmonth", "Next month");
+    nameOf("qt_calendar_yearedit", "Year");
+    nameOf("qt_calendar_calendarview", "Days");
     QTextCharFormat weekday;
     weekday.setForeground(look::ink);
     QTextCharFormat weekend;

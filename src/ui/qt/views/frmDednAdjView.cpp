@@ -14,6 +14,7 @@ class frmDednAdjView : public WorksheetView {
   explicit frmDednAdjView(frmDednAdj& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
     firstPage();
     secondPage();
+    keys("cmdPersWrkCalc");
   }
 
  private:

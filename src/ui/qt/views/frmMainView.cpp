@@ -15,6 +15,7 @@
 
 #include "ui/frmMain.h"
 #include "ui/qt/explanation.h"
+#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 
@@ -33,9 +34,24 @@ class frmMainView : public View {
     layout->setSpacing(look::group);
     layout->addLayout(inputs());
     layout->addLayout(results(), 1);
+    letters();
   }
 
  private:
+  /// Alt and a letter, and the keys of what has no caption.
+  void letters() {
+    const auto button = [this](const char* name) { return findChild<QAbstractButton*>(QString::fromLatin1(name)); };
+    const std::pair<const char*, char> marked[] = {
+        {"optStatus(0)", 'M'},     {"optStatus(1)", 'g'},     {"optStatus(2)", 'C'}, {"chkSelfEmployed", 'E'},
+        {"cmdAdditional(0)", 'L'}, {"cmdAdditional(1)", 'R'}, {"cmdToolBar(4)", 'o'}};
+    for (const auto& [name, mark] : marked) letter(button(name), mark);
+    pressOn(Qt::Key_F9, button("cmdToolBar(0)"));
+    pressOn(QKeySequence::Print, button("cmdToolBar(1)"));
+    pressOn(Qt::CTRL | Qt::Key_L, button("cmdToolBar(2)"));
+    goOn(Qt::ALT | Qt::Key_Y, findChild<QListWidget*>());
+    goOn(Qt::ALT | Qt::Key_T, findChild<QTableWidget*>());
+  }
+
   QLayout* inputs() {
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
@@ -134,16 +150,17 @@ class frmMainView : public View {
   QLayout* toolbar() {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::tight);
-    const auto add = [&](int index, const char* picture) {
+    const auto add = [&](int index, const char* picture, const char* name) {
       QPushButton* widget = button(screen_.cmdToolBar[index], QString::fromLatin1(picture));
+      widget->setAccessibleName(QString::fromLatin1(name));
       widget->setIconSize({18, 18});
       widget->setFixedSize(30, 26);
       row->addWidget(widget);
     };
-    add(2, "clear");
-    add(0, "calculate");
-    add(1, "print");
-    add(3, "exit");
+    add(2, "clear", "Clear");
+    add(0, "calculate", "Calculate");
+    add(1, "print", "Print");
+    add(3, "exit", "Exit");
     row->addStretch(1);
     row->addWidget(button(screen_.cmdToolBar[frmMain::sponsorInfo]));
     return row;
@@ -172,7 +189,7 @@ class frmMainView : public View {
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setShowGrid(false);
     table->setAlternatingRowColors(true);
@@ -185,7 +202,8 @@ class frmMainView : public View {
     return tied(table, binding);
   }
 
-  /// What can be done with the results: tell how the current one was worked out, and copy them.
+  /// What can be done with the results: tell how the current one was worked out, and copy those that are selected, or
+  /// all.
   void offerActions(QTableWidget& table) {
     const auto explainRow = [this, &table] {
       const auto* title = table.item(table.currentRow(), 0);
@@ -193,16 +211,21 @@ class frmMainView : public View {
     };
     const auto copyRows = [&table] {
       QString rows;
+      const QItemSelectionModel& selected = *table.selectionModel();
       for (int row = 0; row < table.rowCount(); ++row) {
+        if (selected.hasSelection() && !selected.isRowSelected(row)) continue;
         rows += table.item(row, 0)->text() + '\t' + table.item(row, 1)->text() + '\n';
       }
       QGuiApplication::clipboard()->setText(rows);
     };
     auto* how = new QAction(QStringLiteral("&How this was worked out"), &table);
     how->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
-    auto* copy = new QAction(QStringLiteral("&Copy"), &table);
+    auto* all = new QAction(QStringLiteral("Select &all"), &table);
+    all->setShortcut(QKeySequence::SelectAll);
+    connect(all, &QAction::triggered, &table, &QTableWidget::selectAll);
+    auto* copy = new QAction(QStringLiteral("&Copy the rows"), &table);
     copy->setShortcut(QKeySequence::Copy);
-    for (QAction* action : {how, copy}) {
+    for (QAction* action : {how, all, copy}) {
       action->setShortcutContext(Qt::WidgetShortcut);
       table.addAction(action);
     }
@@ -233,7 +256,10 @@ class frmMainView : public View {
       table.setItem(row, 0, title);
       table.setItem(row, 1, value);
     }
-    if (table.rowCount() == resultRows) ExplanationWindow::follow(*window());
+    if (table.rowCount() != resultRows) return;
+    ExplanationWindow::follow(*window());
+    const int last = resultRows - 1;
+    static_cast<Frame*>(window())->announce(table.item(last, 0)->text() + ' ' + table.item(last, 1)->text());
   }
 
   /// The eight figures with their names, so that a raise can be seen.

@@ -27,6 +27,9 @@ class frmMiscView : public View {
     layout->addWidget(seal(), 0, 0, Qt::AlignTop);
     for (const int number : {0, 1}) layout->addWidget(page(number), 0, 1);
     setFixedWidth(look::scaled(pageWidth));
+    letter(findChild<QAbstractButton*>(QStringLiteral("cmdExit(0)")), 'O');
+    goOn(Qt::ALT | Qt::Key_B, findChild<QListWidget*>());
+    pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QStringLiteral("cmdExit(1)")));
   }
 
  private:
@@ -40,6 +43,7 @@ class frmMiscView : public View {
     widget->setIcon(look::picture(QStringLiteral("seal")));
     widget->setIconSize({56, 56});
     widget->setFixedSize(64, 64);
+    widget->setAccessibleName(QStringLiteral("Close this page"));
     Binding& binding = bindPlain(*widget, screen_.imgSeal);
     connect(widget, &QPushButton::clicked, &binding,
             [this, &binding] { binding.act([this] { screen_.imgSeal.userClick(); }); });
@@ -67,7 +71,7 @@ class frmMiscView : public View {
     QLabel* percent = label(screen_.lblpercent);
     QLineEdit* rate = amountBox(screen_.txtTaxPerCnt);
     rate->setFixedWidth(look::scaled(boxWidth));
-    name(percent, rate);
+    name(percent, rate, 'E');
     auto* row = new QHBoxLayout;
     row->setSpacing(look::row);
     row->addWidget(percent);
@@ -91,18 +95,18 @@ class frmMiscView : public View {
     grid->setHorizontalSpacing(look::row);
     grid->setVerticalSpacing(look::row);
     grid->setColumnStretch(0, 1);
-    const auto row = [&](int line, QLabel* title, QWidget* value, int columns = 2) {
-      name(title, value);
+    const auto row = [&](int line, QLabel* title, QWidget* value, char letter, int columns = 2) {
+      name(title, value, letter);
       value->setFixedWidth(look::scaled(boxWidth));
       grid->addWidget(title, line, 0, 1, columns);
       grid->addWidget(value, line, 2);
     };
     QLabel* oldWage = figure(screen_.lblOldShow);
     oldWage->setMargin(3);
-    row(0, label(screen_.lblOld), oldWage);
-    row(1, paragraph(screen_.lblRaise), amountBox(screen_.txtRaise[0]));
+    row(0, label(screen_.lblOld), oldWage, '\0');
+    row(1, paragraph(screen_.lblRaise), amountBox(screen_.txtRaise[0]), 'p');
     grid->addWidget(label(screen_.lblOr), 2, 2, Qt::AlignHCenter);
-    row(3, paragraph(screen_.lblCompare), amountBox(screen_.txtRaise[1]), 1);
+    row(3, paragraph(screen_.lblCompare), amountBox(screen_.txtRaise[1]), 'w', 1);
     grid->addWidget(label(screen_.lblNew), 3, 1, Qt::AlignRight | Qt::AlignVCenter);
     layout.addLayout(grid);
     layout.addStretch(1);

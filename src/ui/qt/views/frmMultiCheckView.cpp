@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "whatif/frmMultiCheck.h"
@@ -51,6 +52,12 @@ class frmMultiCheckView : public View {
     layout->addLayout(table());
     layout->addStretch(1);
     layout->addLayout(foot());
+    for (int check = 1; check <= checks; ++check) {
+      goOn(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + check),
+           findChild<QLineEdit*>(QStringLiteral("txtCheck%1").arg(check)));
+    }
+    pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QStringLiteral("cmdCalc")));
+    pressOn(Qt::ALT | Qt::Key_M, findChild<QAbstractButton*>(QStringLiteral("cmdGoBack")));
   }
 
  private:
@@ -117,6 +124,7 @@ class frmMultiCheckView : public View {
     const std::array panels{&screen_.pnlMultiHoldCk_0, &screen_.pnlMultiHoldCk_1, &screen_.pnlMultiHoldCk_2,
                             &screen_.pnlMultiHoldCk_3};
     auto* panel = new Periods(this);
+    presentAs(*panel, QAccessible::Grouping);
     tied(panel, bindPlain(*panel, *panels.at(static_cast<std::size_t>(check))));
     panel->setAccessibleName(title + QStringLiteral(", period"));
     const auto widgets = options({&screen_.optSelectWeek[check], &screen_.optSelectETW[check],
@@ -137,14 +145,15 @@ class frmMultiCheckView : public View {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::row);
     row->addStretch(1);
-    const auto add = [&](CommandButton& control, const char* picture) {
+    const auto add = [&](CommandButton& control, const char* picture, const char* name) {
       QPushButton* widget = button(control, QString::fromLatin1(picture));
+      widget->setAccessibleName(QString::fromLatin1(name));
       widget->setIconSize({20, 20});
       widget->setFixedSize(48, 30);
       row->addWidget(widget);
     };
-    add(screen_.cmdCalc, "calculate-dark");
-    add(screen_.cmdGoBack, "back");
+    add(screen_.cmdCalc, "calculate-dark", "Calculate");
+    add(screen_.cmdGoBack, "back", "Go To Main Worksheet");
     return row;
   }
 

@@ -24,25 +24,33 @@ class frmNameView : public View {
     layout->addWidget(heading(screen.lblPersInfo));
     layout->addWidget(label(screen.lblPersInfo2));
     layout->addSpacing(look::row);
-    const auto row = [&](Label& caption, TextBox& control) {
+    const auto row = [&](Label& caption, TextBox& control, char mark) {
       QLabel* title = label(caption);
       QLineEdit* edit = box(control);
-      name(title, edit);
+      name(title, edit, mark);
       layout->addWidget(title);
       layout->addWidget(edit);
       layout->addSpacing(look::tight);
     };
-    row(screen.lblName, screen.txtName);
-    row(screen.lblSSN, screen.txtSSN);
-    row(screen.lblHomeAddress, screen.txtAddress);
-    row(screen.lblCity, screen.txtCity);
-    for (QRadioButton* option : options(screen.optMaritalStatus)) layout->addWidget(option);
+    row(screen.lblName, screen.txtName, 'E');
+    row(screen.lblSSN, screen.txtSSN, 'S');
+    row(screen.lblHomeAddress, screen.txtAddress, 'H');
+    row(screen.lblCity, screen.txtCity, 'C');
+    const auto status = options(screen.optMaritalStatus);
+    const char marks[] = {'M', 'g', 'b'};
+    for (std::size_t i = 0; i < status.size(); ++i) {
+      letter(status[i], marks[i]);
+      layout->addWidget(status[i]);
+    }
     layout->addStretch(1);
     auto* foot = new QHBoxLayout;
-    foot->addWidget(check(screen.chkShow));
+    QCheckBox* show = check(screen.chkShow);
+    letter(show, 'w');
+    foot->addWidget(show);
     foot->addStretch(1);
     QPushButton* ok = button(screen.cmdExit);
     ok->setMinimumWidth(80);
+    letter(ok, 'O');
     foot->addWidget(ok);
     layout->addLayout(foot);
   }

@@ -20,6 +20,7 @@ class frmPersWkShtView : public WorksheetView {
   explicit frmPersWkShtView(frmPersWkSht& screen) : WorksheetView(screen, countWidth), screen_(screen) {
     firstPage();
     secondPage();
+    keys("cmdPersWrkCalc(0)");
   }
 
  private:

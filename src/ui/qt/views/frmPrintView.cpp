@@ -10,10 +10,11 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
-#include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/frmPrint.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 #include "ui/qt/reportpage.h"
@@ -65,9 +66,16 @@ class Sheet : public QWidget {
 };
 
 /// The grey ground on which the sheet lies. The arrows, Page Up and Page Down, Home and End move it.
-class Preview : public QScrollArea {
+class Preview : public QScrollArea, public Readable {
  public:
-  using QScrollArea::QScrollArea;
+  explicit Preview(QWidget* parent) : QScrollArea(parent) { presentAs(*this, QAccessible::Document); }
+
+  QString readable() const override { return text_; }
+  /// What is read of the page.
+  void setText(const QString& text) {
+    const QString before = std::exchange(text_, text);
+    if (before != text_) tellReadable(*this, before, text_);
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
@@ -86,6 +94,9 @@ class Preview : public QScrollArea {
     }
     return done;
   }
+
+ private:
+  QString text_;
 };
 
 class frmPrintView : public View {
@@ -109,11 +120,7 @@ class frmPrintView : public View {
   QSize sizeHint() const override { return QSize(468, 372).expandedTo(minimumSizeHint()); }
 
  protected:
-  void showEvent(QShowEvent* event) override {
-    View::showEvent(event);
-    // The page takes the keyboard as if it had been clicked, once the act that opened the screen is over.
-    QTimer::singleShot(0, preview_, [this] { preview_->setFocus(Qt::OtherFocusReason); });
-  }
+  QWidget* firstControl() const override { return preview_; }
 
  private:
   QLayout* toolbar(frmPrint& screen) {
@@ -135,12 +142,16 @@ class frmPrintView : public View {
     row->addSpacing(look::row);
     previous_ = add(ownButton("previous", [this] { turnTo(page_ - 1); }), "Previous page");
     next_ = add(ownButton("next", [this] { turnTo(page_ + 1); }), "Next page");
+    pressOn(QKeySequence::Print, print_);
+    pressOn(QKeySequence::Save, save_);
+    pressOn(Qt::CTRL | Qt::Key_PageUp, previous_);
+    pressOn(Qt::CTRL | Qt::Key_PageDown, next_);
     row->addStretch(1);
     auto* zoomName = new QLabel(QStringLiteral("Zoom"), this);
     auto* zoom = new QSpinBox(this);
     zoom->setSingleStep(10);
     zoom->setAlignment(Qt::AlignRight);
-    name(zoomName, zoom);
+    name(zoomName, zoom, 'Z');
     row->addWidget(zoomName);
     row->addWidget(tied(zoom, bind(*zoom, screen.udZoom)));
     zoom->setToolTip(QStringLiteral("Size of the page, 10 to 400 percent"));
@@ -203,6 +214,7 @@ class frmPrintView : public View {
     const int pages = ReportPages(engine_).count();
     page_ = std::clamp(page, 0, std::max(0, pages - 1));
     sheet_->showPage(page_);
+    preview_->setText(ReportPages(engine_).readable(page_));
     pageNumber_->setText(pages == 0 ? QStringLiteral("No report")
                                     : QStringLiteral("Page %1 of %2").arg(page_ + 1).arg(pages));
     previous_->setEnabled(page_ > 0);

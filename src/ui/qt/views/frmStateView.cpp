@@ -11,6 +11,7 @@
 #include <array>
 
 #include "stateoptions/frmState.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 
@@ -36,6 +37,9 @@ class frmStateView : public View {
     layout->addWidget(rates());
     layout->addStretch(1);
     layout->addLayout(foot());
+    letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(0)")), '4');
+    letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(1)")), 'P');
+    pressOn(Qt::CTRL | Qt::Key_Return, findChild<QAbstractButton*>(QStringLiteral("cmdAccept")));
   }
 
  private:
@@ -49,21 +53,21 @@ class frmStateView : public View {
       widget->setMinimumContentsLength(4);
       return widget;
     };
-    const auto row = [&](int line, Label& caption, EditableDropDown& control) {
+    const auto row = [&](int line, Label& caption, EditableDropDown& control, char letter) {
       QLabel* title = label(caption);
       QComboBox* widget = narrow(control);
-      name(title, widget);
+      name(title, widget, letter);
       grid->addWidget(title, line, 0, Qt::AlignRight | Qt::AlignVCenter);
       return widget;
     };
-    grid->addWidget(row(0, screen_.lblStateVariables[1], screen_.cboState), 0, 1, 1, 3);
-    grid->addWidget(row(1, screen_.lblStateVariables[0], screen_.cboDeps[0]), 1, 1);
+    grid->addWidget(row(0, screen_.lblStateVariables[1], screen_.cboState, 'S'), 0, 1, 1, 3);
+    grid->addWidget(row(1, screen_.lblStateVariables[0], screen_.cboDeps[0], 'D'), 1, 1);
     auto* illinois = new QLabel(QStringLiteral("Illinois"), this);
     QComboBox* second = narrow(screen_.cboDeps[1]);
-    name(illinois, second);
+    name(illinois, second, 'I');
     grid->addWidget(illinois, 1, 2, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(second, 1, 3);
-    grid->addWidget(row(2, screen_.lblSpecialDeps, screen_.cboSpecialDeps), 2, 1);
+    grid->addWidget(row(2, screen_.lblSpecialDeps, screen_.cboSpecialDeps, 'x'), 2, 1);
     for (const int column : {1, 3}) grid->setColumnStretch(column, 1);
     // The caption of the special list changes with the state; the boxes stay where they are.
     grid->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(QStringLiteral("Select Withholding Percentage")));
@@ -86,6 +90,7 @@ class frmStateView : public View {
 
   QWidget* rates() {
     auto* panel = new QWidget(this);
+    presentAs(*panel, QAccessible::Grouping);
     tied(panel, bindPlain(*panel, screen_.pnlRate));
     panel->setAccessibleName(QStringLiteral("Rate"));
     auto* layout = new QVBoxLayout(panel);
@@ -112,7 +117,7 @@ class frmStateView : public View {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::group);
     QLineEdit* edit = amountBox(screen_.mskAdditional);
-    name(title, edit);
+    name(title, edit, 'W');
     row->addWidget(edit, 1, Qt::AlignTop);
     row->addWidget(exempt());
     QPushButton* accept = button(screen_.cmdAccept, QStringLiteral("accept"));

@@ -22,7 +22,10 @@ class frmTableOneView : public View {
     left->setSpacing(look::row);
     QLabel* table = heading(screen.lblCboTable);
     left->addWidget(table);
-    for (QRadioButton* option : options(screen.optTableOne)) left->addWidget(option);
+    for (QRadioButton* option : options(screen.optTableOne)) {
+      letter(option, option->text().front().toLatin1());
+      left->addWidget(option);
+    }
     left->addStretch(1);
     QListWidget* wages = list(screen.lstTableOne, Choose::byEnter);
     wages->setAccessibleName(QString::fromStdString(screen.title()));
@@ -31,6 +34,7 @@ class frmTableOneView : public View {
     layout->setSpacing(look::group);
     layout->addLayout(left);
     layout->addWidget(wages, 1);
+    onKey(Qt::ALT | Qt::Key_W, QStringLiteral("Wages"), [wages] { wages->setFocus(Qt::ShortcutFocusReason); });
   }
 
   QSize sizeHint() const override { return {Frame::pixels(frmTableOne::width), Frame::pixels(frmTableOne::height)}; }

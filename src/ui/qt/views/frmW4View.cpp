@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -10,6 +11,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "ui/qt/accessible.h"
 #include "ui/qt/captions.h"
 #include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
@@ -112,6 +114,28 @@ class FormBox : public QLineEdit {
   }
 };
 
+/// Line 7, on which "EXEMPT" may be written. The mouse takes the word away by a click and writes it by a double click;
+/// Space, Enter and assistive technology do the one or the other.
+class ExemptLine : public PaddedLabel, public Switch {
+ public:
+  ExemptLine(QWidget* parent, int hanging, frmW4& screen) : PaddedLabel(parent, hanging), screen_(screen) {
+    setFocusPolicy(Qt::TabFocus);
+  }
+
+  bool on() const override { return screen_.Label27.visible; }
+  void turn() override { on() ? screen_.Label20.userClick() : screen_.Label20.userDblClick(); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const int key = event->key();
+    if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter) return PaddedLabel::keyPressEvent(event);
+    turn();
+  }
+
+ private:
+  frmW4& screen_;
+};
+
 /// The form as it looks on paper: black rules on white, small print, and what is entered in its boxes.
 class frmW4View : public View {
  public:
@@ -144,6 +168,17 @@ class frmW4View : public View {
     layout->addWidget(level(this, 2));
     layout->addStretch(1);
     layout->addLayout(foot());
+    onKey(QKeySequence::Print, QStringLiteral("Print the form"), [this] { screen_.userDblClick(); });
+    const std::pair<Qt::Key, Control*> numbers[] = {{Qt::Key_1, &screen_.txtName},
+                                                    {Qt::Key_2, &screen_.txtSSN},
+                                                    {Qt::Key_3, &screen_.optSingle},
+                                                    {Qt::Key_4, &screen_.Check4},
+                                                    {Qt::Key_7, &screen_.Label20}};
+    for (const auto& [number, control] : numbers) {
+      onKey(Qt::ALT | number, QStringLiteral("Line %1").arg(QChar(number)),
+            [this, control = control] { enteredAt(*widgetOf(*control)).setFocus(Qt::ShortcutFocusReason); });
+    }
+    pressOn(Qt::ALT | Qt::Key_X, findChild<QAbstractButton*>(QStringLiteral("cmdW4Exit")));
   }
 
   QSize sizeHint() const override { return {look::scaled(width), heightForWidth(look::scaled(width))}; }
@@ -228,11 +263,13 @@ class frmW4View : public View {
       QLabel* words = small(*condition, look::scaled(first ? margin : look::row));
       grid->addWidget(indented(words, first ? 0 : look::scaled(margin)), grid->rowCount(), 0, 1, 5);
     }
-    QLabel* exempt = label(screen_.Label27);
+    auto* exempt = new FigureLabel(this);
+    tied(exempt, bind(*exempt, screen_.Label27));
     exempt->setAlignment(Qt::AlignCenter);
     keepPlace(exempt);
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
-    QLabel* enterHere = padded(screen_.Label20);
+    QLabel* enterHere = inSmallPrint(new ExemptLine(this, look::scaled(margin), screen_), screen_.Label20);
+    enterHere->setAccessibleName(enterHere->text().simplified());
     boxedLine(*grid, enterHere, screen_.Label21, exempt);
     return grid;
   }
@@ -245,7 +282,7 @@ class frmW4View : public View {
     figure->setFixedWidth(look::scaled(lineFigure));
     figure->setMargin(2);
     figure->setContentsMargins(0, 0, look::tight, 0);
-    figure->setAccessibleDescription(words->text());
+    figure->setAccessibleName(words->text().simplified());
     grid.addWidget(words, row, 0, Qt::AlignBottom);
     grid.addWidget(upright(this), row, 1);
     grid.addWidget(numberLabel, row, 2);
@@ -259,8 +296,9 @@ class frmW4View : public View {
     row->setSpacing(look::group);
     row->addWidget(bold(screen_.lblSig), 1);
     row->addWidget(bold(screen_.lblSigDate));
-    QLabel* date = label(screen_.lblDate);
-    date->setAccessibleDescription(QString::fromStdString(screen_.lblSigDate.caption()));
+    auto* date = new FigureLabel(this);
+    tied(date, bind(*date, screen_.lblDate));
+    date->setAccessibleName(QString::fromStdString(screen_.lblSigDate.caption()));
     row->addWidget(date);
     return row;
   }

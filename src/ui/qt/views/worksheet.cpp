@@ -4,9 +4,11 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ui/qt/accessible.h"
 #include "ui/qt/captions.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
@@ -27,9 +29,9 @@ QWidget* hairline(QWidget* parent) {
 }
 
 /// A figure in a field of its own.
-class Result : public QLabel {
+class Result : public FigureLabel {
  public:
-  using QLabel::QLabel;
+  using FigureLabel::FigureLabel;
 
  protected:
   void paintEvent(QPaintEvent* event) override {
@@ -62,6 +64,8 @@ QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNum
   top->addWidget(heading(headingText), 1);
   top->addWidget(label(pageNumber));
   column->addLayout(top);
+  presentAs(*sheet, QAccessible::Grouping);
+  sheet->setAccessibleName(QString::fromStdString(pageNumber.caption()));
   Binding& binding = bindPlain(*sheet, panel);
   sheets_.push_back({sheet, &panel, QString::fromStdString(pageNumber.caption())});
   binding.show = [this, number = sheets_.size() - 1] { place(sheets_[number]); };
@@ -85,6 +89,7 @@ void WorksheetView::place(const Sheet& sheet) {
     page.setGeometry(left, Frame::pixels(sheet.panel->top), width, height);
   } else if (pages_->indexOf(&page) < 0) {
     pages_->addWidget(&page);
+    if (auto* frame = dynamic_cast<Frame*>(window())) frame->announce(sheet.number);
   }
   const QString remark = QStringLiteral(" (%1, out of sight)").arg(sheet.number);
   for (QWidget* widget : page.findChildren<QWidget*>()) {
@@ -118,6 +123,22 @@ void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictu
   page->addLayout(row);
 }
 
+void WorksheetView::keys(const char* calculate) {
+  static const QRegularExpression number(QStringLiteral("^([0-9]|[A-Z])\\."));
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    const auto* button = qobject_cast<QAbstractButton*>(widget);
+    const QString words = button != nullptr ? nameOf(*button) : widget->accessibleName();
+    const auto line = number.match(words);
+    const bool takes = qobject_cast<QLineEdit*>(widget) != nullptr || qobject_cast<QCheckBox*>(widget) != nullptr;
+    if (!takes || !line.hasMatch()) continue;
+    onKey(QKeySequence(QStringLiteral("Alt+") + line.captured(1)), QStringLiteral("Line ") + line.captured(1),
+          [widget] { widget->setFocus(Qt::ShortcutFocusReason); });
+  }
+  pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QString::fromLatin1(calculate)));
+  pressOn(Qt::CTRL | Qt::Key_PageDown, findChild<QAbstractButton*>(QStringLiteral("cmdW4Back(0)")));
+  pressOn(Qt::CTRL | Qt::Key_PageUp, findChild<QAbstractButton*>(QStringLiteral("cmdW4Back(1)")));
+}
+
 void WorksheetView::addIndented(QBoxLayout* page, QRadioButton* option) {
   auto* row = new QHBoxLayout;
   row->setContentsMargins(margin_, 0, 0, 0);
@@ -135,21 +156,21 @@ QCheckBox* WorksheetView::checkLine(CheckBox& control) {
   return tied(widget, bind(*widget, control));
 }
 
-QLineEdit* WorksheetView::entry(TextBox& control, const Label& words) {
+QLineEdit* WorksheetView::entry(TextBox& control, const QString& words) {
   QLineEdit* widget = amountBox(control);
   widget->setFixedWidth(entryWidth_);
-  widget->setAccessibleName(QString::fromStdString(words.caption()));
+  widget->setAccessibleName(words.simplified());
   return widget;
 }
 
-QLabel* WorksheetView::result(Label& control, const Label& words) {
+QLabel* WorksheetView::result(Label& control, const QString& words) {
   auto* widget = new Result(this);
   widget->setFont(look::figures());
   widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   widget->setMargin(2);
   widget->setIndent(2);
   widget->setFixedWidth(entryWidth_);
-  widget->setAccessibleDescription(QString::fromStdString(words.caption()));
+  widget->setAccessibleName(words.simplified());
   return tied(widget, bind(*widget, control));
 }
 

@@ -33,6 +33,9 @@ class WorksheetView : public View {
   void line(QBoxLayout* page, QWidget* words, QWidget* entry = nullptr);
   /// The foot of the page: pictures at its right end.
   void foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures);
+  /// The keys of a worksheet when all its lines stand: Alt and the number or letter of a line that takes something, and
+  /// those that calculate and turn the page.
+  void keys(const char* calculate);
 
   QLabel* caption(Label& control);
   /// Options below each other, as far in as the words of a line.
@@ -42,11 +45,14 @@ class WorksheetView : public View {
   }
   QCheckBox* checkLine(CheckBox& control);
   /// A box or a figure in the column at the right, named by the words of its line.
-  QLineEdit* entry(TextBox& control, const Label& words);
-  QLabel* result(Label& control, const Label& words);
+  QLineEdit* entry(TextBox& control, const QString& words);
+  QLabel* result(Label& control, const QString& words);
+  static QString wordsOf(const Label& control) { return QString::fromStdString(control.caption()); }
   /// A line with its box, and one with its figure.
-  void enter(QBoxLayout* page, Label& words, TextBox& box) { line(page, caption(words), entry(box, words)); }
-  void comesOut(QBoxLayout* page, Label& words, Label& figure) { line(page, caption(words), result(figure, words)); }
+  void enter(QBoxLayout* page, Label& words, TextBox& box) { line(page, caption(words), entry(box, wordsOf(words))); }
+  void comesOut(QBoxLayout* page, Label& words, Label& figure) {
+    line(page, caption(words), result(figure, wordsOf(words)));
+  }
   QPushButton* pictureButton(CommandButton& control, const char* picture, const char* accessibleName);
   /// A line whose words surround a button.
   QWidget* sentence(Label& first, CommandButton& button, Label& second);

@@ -1,0 +1,200 @@
+#include "ui/qt/accessible.h"
+
+#include <QAbstractButton>
+#include <QAccessibleWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+#include <algorithm>
+
+#include "ui/qt/frame.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+constexpr const char* roleProperty = "accessibleRole";
+
+/// A caption without its mark for the keyboard; of two marks the second is a character.
+QString unmarked(QString caption) {
+  for (qsizetype i = 0; i < caption.size(); ++i) {
+    if (caption[i] == QLatin1Char('&')) caption.remove(i, 1);
+  }
+  return caption.trimmed();
+}
+
+}  // namespace
+
+QString nameOf(const QAbstractButton& button) {
+  return button.accessibleName().isEmpty() ? unmarked(button.text()) : button.accessibleName();
+}
+
+namespace {
+
+/// A button, option, check box or head of a group. The toolkit would let assistive technology change its mark alone;
+/// here whatever is done to it is a click, as the mouse's.
+class ButtonFace : public QAccessibleWidget {
+ public:
+  explicit ButtonFace(QAbstractButton& button) : QAccessibleWidget(&button, roleOf(button)), button_(button) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    if (header()) {
+      state.expandable = 1;
+      state.expanded = button_.isChecked() ? 1 : 0;
+      state.collapsed = button_.isChecked() ? 0 : 1;
+    } else {
+      state.checkable = button_.isCheckable() ? 1 : 0;
+      state.checked = button_.isChecked() ? 1 : 0;
+    }
+    state.pressed = button_.isDown() ? 1 : 0;
+    const auto* push = qobject_cast<const QPushButton*>(&button_);
+    state.defaultButton = push != nullptr && push->isDefault() ? 1 : 0;
+    return state;
+  }
+
+  QString text(QAccessible::Text kind) const override {
+    if (kind == QAccessible::Name) return nameOf(button_);
+    if (kind == QAccessible::Accelerator) return button_.shortcut().toString(QKeySequence::NativeText);
+    return QAccessibleWidget::text(kind);
+  }
+
+  QStringList actionNames() const override {
+    QStringList names;
+    if (button_.isEnabled()) names << (button_.isCheckable() && !header() ? toggleAction() : pressAction());
+    return names + QAccessibleWidget::actionNames();
+  }
+
+  void doAction(const QString& action) override {
+    if (action != pressAction() && action != toggleAction()) return QAccessibleWidget::doAction(action);
+    if ((button_.focusPolicy() & Qt::ClickFocus) != 0) button_.setFocus(Qt::MouseFocusReason);
+    button_.click();
+  }
+
+  QStringList keyBindingsForAction(const QString& action) const override {
+    const bool press = action == pressAction() || action == toggleAction();
+    return press && !button_.shortcut().isEmpty() ? QStringList(text(QAccessible::Accelerator)) : QStringList();
+  }
+
+ private:
+  bool header() const { return dynamic_cast<const GroupHeader*>(&button_) != nullptr; }
+
+  static QAccessible::Role roleOf(const QAbstractButton& button) {
+    if (qobject_cast<const QRadioButton*>(&button) != nullptr) return QAccessible::RadioButton;
+    return button.inherits("QCheckBox") ? QAccessible::CheckBox : QAccessible::Button;
+  }
+
+  QAbstractButton& button_;
+};
+
+class SwitchFace : public QAccessibleWidget {
+ public:
+  SwitchFace(QWidget& widget, Switch& lever) : QAccessibleWidget(&widget, QAccessible::CheckBox), lever_(lever) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = 1;
+    state.checked = lever_.on() ? 1 : 0;
+    return state;
+  }
+  QStringList actionNames() const override { return QStringList(toggleAction()) + QAccessibleWidget::actionNames(); }
+  void doAction(const QString& action) override {
+    if (action != toggleAction()) return QAccessibleWidget::doAction(action);
+    widget()->setFocus(Qt::MouseFocusReason);
+    lever_.turn();
+  }
+
+ private:
+  Switch& lever_;
+};
+
+/// A text that is read: as a value, and by characters, words and lines.
+class ReadableFace : public QAccessibleWidget, public QAccessibleTextInterface {
+ public:
+  ReadableFace(QWidget& widget, QAccessible::Role role, const Readable& readable)
+      : QAccessibleWidget(&widget, role), readable_(readable) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Value ? readable_.readable() : QAccessibleWidget::text(kind);
+  }
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.readOnly = 1;
+    return state;
+  }
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+
+  void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
+  int selectionCount() const override { return 0; }
+  void addSelection(int /*start*/, int /*end*/) override {}
+  void removeSelection(int /*index*/) override {}
+  void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
+  int cursorPosition() const override { return 0; }
+  void setCursorPosition(int /*position*/) override {}
+  QString text(int start, int end) const override { return readable_.readable().mid(start, end - start); }
+  int characterCount() const override { return static_cast<int>(readable_.readable().size()); }
+  QRect characterRect(int /*offset*/) const override { return rect(); }
+  int offsetAtPoint(const QPoint& /*point*/) const override { return 0; }
+  void scrollToSubstring(int /*start*/, int /*end*/) override {}
+  QString attributes(int /*offset*/, int* start, int* end) const override {
+    *start = 0;
+    *end = characterCount();
+    return {};
+  }
+
+ private:
+  const Readable& readable_;
+};
+
+QAccessible::Role roleOf(const QWidget& widget, QAccessible::Role otherwise) {
+  const QVariant role = widget.property(roleProperty);
+  return role.isValid() ? static_cast<QAccessible::Role>(role.toInt()) : otherwise;
+}
+
+QAccessibleInterface* faceOf(const QString& /*className*/, QObject* object) {
+  auto* widget = qobject_cast<QWidget*>(object);
+  if (widget == nullptr) return nullptr;
+  if (const auto* readable = dynamic_cast<const Readable*>(object)) {
+    return new ReadableFace(*widget, roleOf(*widget, QAccessible::StaticText), *readable);
+  }
+  if (auto* lever = dynamic_cast<Switch*>(object)) return new SwitchFace(*widget, *lever);
+  auto* button = qobject_cast<QAbstractButton*>(object);
+  if (button != nullptr && qobject_cast<QToolButton*>(object) == nullptr) return new ButtonFace(*button);
+  if (widget->property(roleProperty).isValid()) return new QAccessibleWidget(widget, roleOf(*widget, {}));
+  return nullptr;
+}
+
+}  // namespace
+
+void answerAssistiveTechnology() { QAccessible::installFactory(faceOf); }
+
+void presentAs(QWidget& widget, QAccessible::Role role) { widget.setProperty(roleProperty, static_cast<int>(role)); }
+
+void tellReadable(const QWidget& widget, const QString& before, const QString& now) {
+  auto* told = const_cast<QWidget*>(&widget);
+  QAccessibleTextUpdateEvent text(told, 0, before, now);
+  QAccessible::updateAccessibility(&text);
+  QAccessibleValueChangeEvent value(told, now);
+  QAccessible::updateAccessibility(&value);
+}
+
+Announcer::Announcer(QWidget* window) : QWidget(window) {
+  setObjectName(QStringLiteral("announcer"));
+  presentAs(*this, QAccessible::Notification);
+  setFixedSize(1, 1);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  lower();
+}
+
+void Announcer::say(const QString& words) {
+  setAccessibleName(words);  // which tells of a new name
+  for (const auto kind : {QAccessible::ObjectShow, QAccessible::Alert}) {
+    QAccessibleEvent event(this, kind);
+    QAccessible::updateAccessibility(&event);
+  }
+}
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,71 @@
+#include "ui/qt/focusring.h"
+
+#include <QAbstractScrollArea>
+#include <QEvent>
+#include <QPainter>
+
+#include "ui/qt/look.h"
+#include "ui/qt/view.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+constexpr int outside = 2;  ///< How far it stands out from the widget, in pixels.
+
+/// What the ring is drawn on: the page around the widget, or the part of it that scrolls.
+QWidget* groundOf(const QWidget& widget) {
+  QWidget* ground = widget.parentWidget();
+  while (ground != nullptr && !ground->isWindow() && dynamic_cast<View*>(ground) == nullptr) {
+    const QWidget* above = ground->parentWidget();
+    const auto* area = qobject_cast<const QAbstractScrollArea*>(above == nullptr ? nullptr : above->parentWidget());
+    if (area != nullptr && area->viewport() == above) break;
+    ground = ground->parentWidget();
+  }
+  return ground;
+}
+
+}  // namespace
+
+void FocusRing::mark(QWidget* widget) {
+  for (QWidget* part = marked_; part != nullptr && part != parentWidget(); part = part->parentWidget()) {
+    part->removeEventFilter(this);
+  }
+  marked_ = widget;
+  QWidget* ground = widget == nullptr ? nullptr : groundOf(*widget);
+  if (ground == nullptr) return hide();
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::NoFocus);
+  if (parentWidget() != ground) setParent(ground);
+  for (QWidget* part = widget; part != ground; part = part->parentWidget()) part->installEventFilter(this);
+  place();
+}
+
+void FocusRing::place() {
+  if (marked_ == nullptr || !marked_->isVisible()) return hide();
+  const QRect around(marked_->mapTo(parentWidget(), QPoint()), marked_->size());
+  setGeometry(around.adjusted(-outside, -outside, outside, outside).intersected(parentWidget()->rect()));
+  show();
+  raise();
+}
+
+bool FocusRing::eventFilter(QObject* /*watched*/, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::Hide: place(); break;
+    default: break;
+  }
+  return false;
+}
+
+void FocusRing::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setPen(look::ink);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.setPen(look::lightYellow);
+  painter.drawRect(rect().adjusted(1, 1, -2, -2));
+}
+
+}  // namespace tallyfin::qt

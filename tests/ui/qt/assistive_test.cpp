@@ -1,0 +1,345 @@
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QCheckBox>
+#include <QRegularExpression>
+#include <QSpinBox>
+#include <set>
+
+// The platform decides whether assistive technology listens; a test has to say so itself.
+#include <QtGui/private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+#include "controls/buttons.h"
+#include "controls/desk.h"
+#include "controls/lists.h"
+#include "controls/texts.h"
+#include "everyscreen.h"
+#include "stateoptions/frmState.h"
+#include "ui/frmMain.h"
+#include "ui/qt/accessible.h"
+
+/// The program as assistive technology meets it: the tree of what it is told, and what it can do.
+
+namespace tallyfin::qt {
+
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+
+QAccessibleInterface& faceOf(QWidget& widget) { return *QAccessible::queryAccessibleInterface(&widget); }
+
+std::string textOf(const QAccessibleInterface& face, QAccessible::Text kind) { return face.text(kind).toStdString(); }
+
+/// What was told, "value lbl1 $120.00" and the like.
+std::vector<std::string> told;  // NOLINT: the toolkit's handler takes no context
+
+void note(QAccessibleEvent* event) {
+  const auto* widget = qobject_cast<const QWidget*>(event->object());
+  const std::string name = widget == nullptr ? "" : widget->objectName().toStdString();
+  switch (event->type()) {
+    case QAccessible::ValueChanged:
+      told.push_back("value " + name + " " +
+                     static_cast<QAccessibleValueChangeEvent*>(event)->value().toString().toStdString());
+      break;
+    case QAccessible::Alert: told.push_back("alert " + widget->accessibleName().toStdString()); break;
+    case QAccessible::StateChanged: told.push_back("state " + name); break;
+    default: break;
+  }
+}
+
+class Assistive : public EveryScreen {
+ protected:
+  Assistive() {
+    told.clear();
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+    QAccessible::installUpdateHandler(note);
+  }
+  ~Assistive() override {
+    QAccessible::installUpdateHandler(nullptr);
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(false);
+  }
+
+  static void act(QWidget& widget, const QString& action) {
+    faceOf(widget).actionInterface()->doAction(action);
+    settle();
+  }
+  void toggle(const char* screen, const char* name) const {
+    act(find(screen, name), QAccessibleActionInterface::toggleAction());
+  }
+  void press(const char* screen, const char* name) const {
+    act(find(screen, name), QAccessibleActionInterface::pressAction());
+  }
+  /// Selects a row as assistive technology does.
+  static void select(QAccessibleInterface& list, int row) {
+    list.tableInterface()->cellAt(row, 0)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    settle();
+  }
+};
+
+TEST_F(Assistive, TogglingAnOptionOrACheckBoxIsAClick) {
+  startOnMain();
+  auto& screen = desk.use<frmMain>();
+  toggle("frmMain", "chkSelfEmployed");
+  EXPECT_TRUE(screen.chkSelfEmployed.value());
+  toggle("frmMain", "chkSelfEmployed");
+  EXPECT_FALSE(screen.chkSelfEmployed.value());
+  toggle("frmMain", "optStatus(0)");
+  toggle("frmMain", "optStatus(2)");
+  EXPECT_FALSE(screen.optStatus[0].value());
+  EXPECT_TRUE(screen.optStatus[2].value());
+  EXPECT_EQ(desk.focused(), &screen.optStatus[2]);  // as after the mouse's click
+  toggle("frmMain", "optStatus(2)");
+  EXPECT_TRUE(screen.optStatus[2].value());
+}
+
+TEST_F(Assistive, AnOptionThatItsScreenRefusesKeepsItsMark) {
+  startOnMain();
+  clickItem("Analysis");  // nothing to analyse: the warning must be answered
+  ASSERT_TRUE(shown("MsgBox"));
+  auto& screen = desk.use<frmMain>();
+  const bool before = screen.chkSelfEmployed.value();
+  toggle("frmMain", "chkSelfEmployed");
+  EXPECT_EQ(screen.chkSelfEmployed.value(), before);
+  EXPECT_EQ(find<QCheckBox>("frmMain", "chkSelfEmployed").isChecked(), before);
+}
+
+TEST_F(Assistive, PressingAButtonIsAClick) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  press("frmMain", "cmdToolBar(0)");
+  EXPECT_EQ(results().size(), 12U);
+  press("frmMain", "cmdAdditional(0)");
+  EXPECT_TRUE(shown("frmMisc"));
+  press("frmMisc", "imgSeal");
+  EXPECT_FALSE(shown("frmMisc"));
+}
+
+TEST_F(Assistive, TheListBarsGroupsExpandAndCollapse) {
+  startOnMain();
+  auto groups = frame().findChildren<QAbstractButton*>(QRegularExpression("^group "));
+  ASSERT_GE(groups.size(), 2);
+  QWidget& first = *groups.front();
+  EXPECT_EQ(faceOf(first).role(), QAccessible::Button);
+  EXPECT_TRUE(faceOf(first).state().expandable);
+  EXPECT_TRUE(faceOf(first).state().collapsed);
+  told.clear();
+  act(first, QAccessibleActionInterface::pressAction());
+  EXPECT_TRUE(faceOf(first).state().expanded);
+  EXPECT_TRUE(find("MDIOpen", "SSListBar1(NewFile)").isVisible());
+  EXPECT_THAT(told, Contains("state " + first.objectName().toStdString()));
+  press("MDIOpen", "SSListBar1(Personal)");
+  EXPECT_TRUE(shown("frmName"));
+}
+
+TEST_F(Assistive, SelectingARowIsAPick) {
+  startOnMain();
+  auto& screen = desk.use<frmMain>();
+  QAccessibleInterface& list = faceOf(find("frmMain", "lstFrequency"));
+  select(list, 3);
+  EXPECT_EQ(screen.lstFrequency.index(), 3);
+  select(list, 0);
+  EXPECT_EQ(screen.lstFrequency.index(), 0);
+  select(list, 0);  // again
+  EXPECT_EQ(screen.lstFrequency.index(), 0);
+  EXPECT_EQ(find<QListWidget>("frmMain", "lstFrequency").currentRow(), 0);
+}
+
+TEST_F(Assistive, SelectingAnEntryOfADropDownIsAPick) {
+  startOnMain();
+  auto& screen = desk.use<frmMain>();
+  auto& box = find<QComboBox>("frmMain", "cboExemptions");
+  QAccessibleInterface& entries = faceOf(*box.view());
+  settle();
+  select(entries, 4);
+  EXPECT_EQ(screen.cboExemptions.index(), 4);
+  EXPECT_EQ(box.currentIndex(), 4);
+}
+
+TEST_F(Assistive, ARowOfTheTableThatIsSelectedIsChosen) {
+  startOnMain();
+  clickItem("TwoWork");
+  press("frm2Workers", "cmdTable1Show(0)");
+  ASSERT_TRUE(shown("frmTableOne"));
+  select(faceOf(find("frmTableOne", "lstTableOne")), 3);
+  EXPECT_FALSE(shown("frmTableOne"));
+  EXPECT_EQ(text("frm2Workers", "lbl2WkerT1"), "4");
+}
+
+TEST_F(Assistive, ATextThatIsSetIsTyped) {
+  startOnMain();
+  auto& screen = desk.use<frmMain>();
+  auto& face = faceOf(find("frmMain", "txtIncome"));
+  face.setText(QAccessible::Value, "1500");
+  settle();
+  EXPECT_EQ(screen.txtIncome.text(), "1500");
+  EXPECT_EQ(text("frmMain", "txtIncome"), "1500");
+  face.editableTextInterface()->replaceText(0, 4, "725.50");
+  settle();
+  EXPECT_EQ(screen.txtIncome.text(), "725.50");
+  clickItem("StateInfo");
+  auto& state = desk.use<frmState>();
+  auto* edit = find<QComboBox>("frmState", "cboDeps(0)").lineEdit();
+  faceOf(*edit).setText(QAccessible::Value, "3");
+  settle();
+  EXPECT_EQ(state.cboDeps[0].text(), "3");
+}
+
+TEST_F(Assistive, FiguresAreToldWhenTheyChange) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  told.clear();
+  press("frmMain", "cmdToolBar(0)");
+  EXPECT_THAT(told, Contains("value lbl1 " + text("frmMain", "lbl1")));
+  EXPECT_THAT(told, Contains("alert " + results().back()));  // the calculation is finished, and this is the check
+  EXPECT_THAT(results().back(), HasSubstr("Check Amt $"));
+}
+
+TEST_F(Assistive, APageThatComesToTheFrontIsTold) {
+  startOnMain();
+  told.clear();
+  clickItem("Multi");
+  EXPECT_THAT(told, Contains("alert Multiple Check Worksheet"));
+  clickItem("Pers");
+  told.clear();
+  press("frmPersWkSht", "cmdW4Back(0)");
+  EXPECT_THAT(told, Contains("alert Page 2"));
+}
+
+// --- The tree
+
+using Faces = std::vector<QAccessibleInterface*>;
+
+void gather(QAccessibleInterface* face, Faces& into) {
+  if (face == nullptr || !face->isValid()) return;
+  into.push_back(face);
+  for (int i = 0; i < face->childCount(); ++i) gather(face->child(i), into);
+}
+
+std::string described(const QAccessibleInterface& face) {
+  const QObject* object = face.object();
+  std::string words = "role " + std::to_string(face.role());
+  if (object != nullptr) words += " " + object->objectName().toStdString() + " " + object->metaObject()->className();
+  return words + " \"" + textOf(face, QAccessible::Name) + "\"";
+}
+
+/// Its own name or, of a drop-down, that of the label that stands for it.
+QString nameOf(const QAccessibleInterface& face) {
+  if (face.role() != QAccessible::ComboBox) return face.text(QAccessible::Name);
+  const auto labels = face.relations(QAccessible::Label);
+  return labels.isEmpty() ? QString() : labels.front().first->text(QAccessible::Name);
+}
+
+bool isControl(const QAccessibleInterface& face) {
+  static const std::set<QAccessible::Role> roles{
+      QAccessible::Button,       QAccessible::CheckBox, QAccessible::RadioButton,
+      QAccessible::EditableText, QAccessible::List,     QAccessible::ComboBox,
+      QAccessible::SpinBox,      QAccessible::Table,    QAccessible::ButtonMenu};
+  return roles.contains(face.role());
+}
+
+/// A caption without its mark for the keyboard, its blanks made single.
+QString plain(QString caption) {
+  caption.replace(QLatin1String("&&"), QLatin1String("\1"));
+  return caption.remove('&').replace('\1', '&').simplified();
+}
+
+TEST_F(Assistive, EveryControlOfTheTreeHasItsNameAndItsValue) {
+  onEveryScreen([this](const Screen& screen) {
+    Faces faces;
+    gather(&faceOf(const_cast<View&>(view(screen.name().c_str()))), faces);
+    EXPECT_GT(faces.size(), 1U);
+    std::map<std::tuple<QAccessible::Role, bool, QString>, std::string> seen;
+    for (const QAccessibleInterface* face : faces) {
+      if (face->state().invisible) continue;
+      EXPECT_NE(face->role(), QAccessible::NoRole) << described(*face);
+      const auto* widget = qobject_cast<QWidget*>(face->object());
+      const bool takesKeys =
+          widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr;
+      if (!isControl(*face) && !takesKeys) continue;
+      const QString name = nameOf(*face).simplified();
+      EXPECT_FALSE(name.isEmpty()) << described(*face);
+      if (face->role() == QAccessible::ComboBox || widget == nullptr) continue;
+      // What is read is what stands on the screen.
+      const auto* button = qobject_cast<const QAbstractButton*>(widget);
+      if (button != nullptr && !button->text().isEmpty() && button->objectName() != QLatin1String("Check4") &&
+          button->accessibleName() != QLatin1String("Close")) {
+        EXPECT_EQ(name.toStdString(), plain(button->text()).toStdString()) << described(*face);
+      }
+      for (const auto* label : frame().findChildren<QLabel*>()) {
+        if (label->buddy() != widget) continue;
+        EXPECT_EQ(name.toStdString(), plain(label->text()).toStdString()) << described(*face);
+      }
+      const auto [other, first] = seen.try_emplace({face->role(), face->state().expandable, name}, described(*face));
+      EXPECT_TRUE(first) << described(*face) << " and " << other->second;
+    }
+  });
+}
+
+TEST_F(Assistive, EveryFigureHasNameAndValue) {
+  int figures = 0;
+  onEveryScreen([&](const Screen& screen) {
+    for (Control* control : screen.controls()) {
+      const auto* label = dynamic_cast<Label*>(control);
+      QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
+      QAccessibleInterface& face = faceOf(widget);
+      const std::string value = textOf(face, QAccessible::Value);
+      // A label whose caption the program writes shows a figure; what stands there from the start is its own name.
+      if (label != nullptr && widget.findChild<QLabel*>() == nullptr && dynamic_cast<Readable*>(&widget) != nullptr) {
+        ++figures;
+        EXPECT_EQ(value, label->caption()) << control->address();
+        EXPECT_FALSE(textOf(face, QAccessible::Name).empty()) << control->address();
+        EXPECT_NE(textOf(face, QAccessible::Name), label->caption()) << control->address();
+        ASSERT_NE(face.textInterface(), nullptr) << control->address();
+        EXPECT_EQ(face.textInterface()->text(0, face.textInterface()->characterCount()).toStdString(),
+                  label->caption());
+      } else if (label != nullptr) {
+        const bool figure = !label->caption().empty() &&
+                            label->caption().find_first_not_of("$%(),.0123456789 -") == std::string::npos &&
+                            label->caption().size() > 2;
+        EXPECT_TRUE(!figure || label->caption() == "1999") << control->address() << " " << label->caption();
+      }
+    }
+  });
+  EXPECT_GE(figures, 8 + 1 + 10 + 5 + 1 + 14);
+}
+
+TEST_F(Assistive, ThePageOfTheReportIsReadAsText) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  click("frmMain", "cmdToolBar(0)");
+  click("frmMain", "cmdToolBar(1)");
+  ASSERT_TRUE(shown("frmPrint"));
+  auto& face = faceOf(find("frmPrint", "vsPrinter1"));
+  EXPECT_EQ(textOf(face, QAccessible::Name), "Preview of the report");
+  const std::string page = textOf(face, QAccessible::Value);
+  EXPECT_THAT(page, HasSubstr("Gross"));
+  EXPECT_THAT(page, HasSubstr("$1,000.00"));
+  EXPECT_EQ(face.textInterface()->text(0, face.textInterface()->characterCount()).toStdString(), page);
+}
+
+TEST_F(Assistive, TheFrameIsAWindowAndItsPartsAreGroups) {
+  startOnMain();
+  EXPECT_EQ(faceOf(frame()).role(), QAccessible::Window);
+  EXPECT_EQ(textOf(faceOf(frame()), QAccessible::Name), frame().windowTitle().toStdString());
+  clickItem("StateInfo");
+  EXPECT_EQ(faceOf(find("frmState", "pnlRate")).role(), QAccessible::Grouping);
+  int documents = 0;
+  for (QObject* child : frame().area().children()) {
+    auto* document = dynamic_cast<Document*>(child);
+    if (document == nullptr) continue;
+    ++documents;
+    EXPECT_EQ(faceOf(*document).role(), QAccessible::Grouping);
+    EXPECT_EQ(textOf(faceOf(*document), QAccessible::Name), document->view().screen()->title());
+  }
+  EXPECT_GE(documents, 1);
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,415 @@
+#include <QAbstractItemView>
+#include <QAction>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QRegularExpression>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextDocumentFragment>
+#include <QWindow>
+#include <cmath>
+#include <map>
+#include <set>
+
+#include "controls/desk.h"
+#include "engine/paydata.h"
+#include "everyscreen.h"
+#include "stateoptions/frmState.h"
+#include "ui/frmMain.h"
+#include "ui/qt/accessible.h"
+#include "ui/qt/helpviewer.h"
+#include "ui/qt/printer.h"
+
+/// The program by keyboard alone.
+
+namespace tallyfin::qt {
+
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+
+class Keyboard : public EveryScreen {
+ protected:
+  static void press(const char* keys) {
+    const QKeySequence sequence(QString::fromLatin1(keys));
+    const QKeyCombination combination = sequence[0];
+    QWindow* window = QGuiApplication::focusWindow();
+    QTest::keyClick(window, combination.key(), combination.keyboardModifiers());
+    // A button that a letter presses is seen going down for a tenth of a second.
+    if (combination.keyboardModifiers() == Qt::AltModifier) QTest::qWait(150);
+    settle();
+  }
+  static void write(const char* letters) {
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(letters));
+    settle();
+  }
+  QAbstractItemView& listOf(const char* box) const { return *find<QComboBox>("frmMain", box).view(); }
+};
+
+// --- The page that opens
+
+TEST_F(Keyboard, APageThatOpensGivesTheKeyboardToItsFirstControl) {
+  startOnMain();
+  EXPECT_EQ(focused(), "txtIncome");
+  EXPECT_EQ(desk.focused(), &desk.use<frmMain>().txtIncome);
+  write("1250");
+  EXPECT_EQ(desk.use<frmMain>().txtIncome.text(), "1250");
+  const std::vector<std::pair<const char*, const char*>> pages{
+      {"Multi", "txtCheck1"}, {"StateInfo", "cboState"}, {"Personal", "txtName"}, {"Pers", "chkPersWkShtA(0)"},
+      {"Ded", "txtGetItemized"}, {"W4", "txtName"}};
+  for (const auto& [item, first] : pages) {
+    clickItem(item);
+    EXPECT_EQ(focused(), first) << item;
+  }
+  clickItem("TwoWork");
+  click("frm2Workers", "cmdTable1Show(0)");
+  EXPECT_EQ(focused(), "optTableOne(0)");
+}
+
+TEST_F(Keyboard, TheRulesMoveTheFocusBeforeThePageDoes) {
+  startOnMain();
+  click("frmMain", "cmdAdditional(0)");
+  EXPECT_EQ(focused(), "txtTaxPerCnt");
+  press("Esc");
+  EXPECT_FALSE(shown("frmMisc"));
+  EXPECT_EQ(focused(), "cmdAdditional(0)");  // where it was
+}
+
+TEST_F(Keyboard, TabEntersAGroupAtTheChosenOption) {
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  click("frmMain", "optStatus(2)");
+  find("frmMain", "lstFrequency").setFocus();
+  press("Tab");
+  EXPECT_EQ(focused(), "optStatus(2)");
+  press("Tab");
+  EXPECT_EQ(focused(), "cboExemptions");
+  press("Shift+Tab");
+  EXPECT_EQ(focused(), "optStatus(2)");
+  press("Shift+Tab");
+  EXPECT_EQ(focused(), "lstFrequency");
+  desk.use<frmMain>().optStatus[0].select();  // by code
+  press("Tab");
+  EXPECT_EQ(focused(), "optStatus(0)");
+}
+
+TEST_F(Keyboard, WhatGetsTheFocusIsScrolledIntoSight) {
+  const QFont normal = QApplication::font();
+  QFont large = normal;
+  large.setPointSizeF(2 * normal.pointSizeF());
+  QApplication::setFont(large);
+  startOnMain();
+  clickItem("StateInfo");
+  for (int i = 0; i < 30; ++i) {
+    press("Tab");
+    QWidget* now = QApplication::focusWidget();
+    if (!view("frmState").isAncestorOf(now)) continue;
+    EXPECT_FALSE(now->visibleRegion().isEmpty()) << focused();
+    EXPECT_TRUE(now->visibleRegion().contains(QPoint(4, now->height() / 2))) << focused();
+  }
+  QApplication::setFont(normal);
+}
+
+// --- Drop-downs
+
+TEST_F(Keyboard, LettersWalkThroughAnOpenedListToTheEntry) {
+  startOnMain();
+  find("frmMain", "cboState").setFocus();
+  write("m");
+  ASSERT_TRUE(listOf("cboState").isVisible());
+  EXPECT_EQ(listOf("cboState").currentIndex().data().toString(), "Maine");
+  EXPECT_EQ(text("frmMain", "cboState"), "No State");
+  for (const char letter : {'i', 's', 's'}) QTest::keyClick(&listOf("cboState"), letter);
+  EXPECT_EQ(listOf("cboState").currentIndex().data().toString(), "Mississippi");
+  QTest::keyClick(&listOf("cboState"), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(desk.use<frmMain>().cboState.text(), "Mississippi");
+}
+
+TEST_F(Keyboard, ANumberIsThatNumberAndNotTheNext) {
+  stored(section::settings, "Deps", "1");
+  startOnMain();
+  find("frmMain", "cboExemptions").setFocus();
+  write("1");
+  EXPECT_EQ(listOf("cboExemptions").currentIndex().data().toString(), "1");
+  QTest::keyClick(&listOf("cboExemptions"), Qt::Key_Escape);
+  settle();
+  EXPECT_FALSE(listOf("cboExemptions").isVisible());
+  EXPECT_EQ(text("frmMain", "cboExemptions"), "1");
+}
+
+TEST_F(Keyboard, OneLetterAgainAndAgainGoesThroughItsEntries) {
+  startOnMain();
+  find("frmMain", "cboState").setFocus();
+  write("n");
+  std::vector<std::string> passed;
+  for (int i = 0; i < 3; ++i) {
+    passed.push_back(listOf("cboState").currentIndex().data().toString().toStdString());
+    QTest::keyClick(&listOf("cboState"), 'n');
+  }
+  EXPECT_THAT(passed, testing::ElementsAre("No State", "Nebraska", "New Jersey"));
+}
+
+TEST_F(Keyboard, AClosedDropDownNeverChooses) {
+  stored(section::settings, "Deps", "3");
+  startOnMain();
+  for (const char* name : {"cboExemptions", "cboState"}) {
+    auto& box = find<QComboBox>("frmMain", name);
+    const int before = box.currentIndex();
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End}) {
+      box.setFocus();
+      QTest::keyClick(&box, key);
+      settle();
+      EXPECT_TRUE(box.view()->isVisible()) << name << " " << key;
+      QTest::keyClick(box.view(), Qt::Key_Escape);
+      settle();
+      EXPECT_EQ(box.currentIndex(), before) << name << " " << key;
+    }
+  }
+}
+
+// --- Keys that act
+
+TEST_F(Keyboard, KeysOfTheToolbarAndOfThePages) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  press("F9");
+  EXPECT_EQ(results().size(), 12U);
+  press("Ctrl+P");
+  EXPECT_TRUE(shown("frmPrint"));
+  press("Ctrl+W");
+  EXPECT_FALSE(shown("frmPrint"));
+  press("Alt+R");
+  EXPECT_TRUE(shown("frmMisc"));
+  EXPECT_EQ(focused(), "txtRaise(0)");
+  press("Esc");
+  EXPECT_FALSE(shown("frmMisc"));
+  press("Ctrl+L");
+  EXPECT_EQ(results().size(), 0U);
+  press("Alt+L");
+  EXPECT_EQ(focused(), "txtTaxPerCnt");
+  press("Ctrl+W");
+  press("Ctrl+2");
+  EXPECT_TRUE(shown("frmMultiCheck"));
+  press("Alt+3");
+  EXPECT_EQ(focused(), "txtCheck3");
+  press("Ctrl+6");
+  press("Ctrl+PgDown");
+  EXPECT_TRUE(find("frmPersWkSht", "txtChild").visibleRegion().isEmpty() == false);
+  press("Alt+A");
+  EXPECT_EQ(focused(), "chkPersWkShtA(0)");
+}
+
+TEST_F(Keyboard, EscapeLeavesAPageThatLiesOverNoOther) {
+  startOnMain();
+  press("Esc");
+  EXPECT_TRUE(shown("frmMain"));
+}
+
+TEST_F(Keyboard, CalendarAndTablesAreClosedByKeys) {
+  startOnMain();
+  clickItem("TwoWork");
+  for (const char* closing : {"Esc", "Ctrl+W"}) {
+    click("frm2Workers", "cmdTable1Show(0)");
+    ASSERT_TRUE(shown("frmTableOne"));
+    press(closing);
+    EXPECT_FALSE(shown("frmTableOne"));
+    press("Ctrl+PgDown");
+    click("frm2Workers", "cmdW4Back(2)");
+    ASSERT_TRUE(shown("frmCalendar"));
+    press(closing);
+    EXPECT_FALSE(shown("frmCalendar"));
+    EXPECT_TRUE(shown("frm2Workers"));
+    press("Ctrl+PgUp");
+  }
+}
+
+TEST_F(Keyboard, TheClosingButtonIsReachedByTab) {
+  startOnMain();
+  clickItem("Multi");
+  for (int i = 0; i < 40 && QApplication::focusWidget()->accessibleName() != "Close"; ++i) press("Tab");
+  ASSERT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), "Close");
+  press("Space");
+  EXPECT_FALSE(shown("frmMultiCheck"));
+}
+
+TEST_F(Keyboard, TheFormIsPrintedAndExemptIsWritten) {
+  startOnMain();
+  clickItem("W4");
+  int asked = 0;
+  desktop().screenPrinter().setUp = [&](QPrinter&) {
+    ++asked;
+    return false;
+  };
+  press("Ctrl+P");
+  EXPECT_EQ(asked, 1);
+  press("Alt+7");
+  EXPECT_EQ(focused(), "Label20");
+  press("Space");
+  EXPECT_TRUE(find("frmW4", "Label27").isVisible());
+  press("Return");
+  EXPECT_FALSE(find("frmW4", "Label27").isVisible());
+  auto* face = QAccessible::queryAccessibleInterface(&find("frmW4", "Label20"));
+  EXPECT_EQ(face->role(), QAccessible::CheckBox);
+  face->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(face->state().checked);
+  EXPECT_TRUE(find("frmW4", "Label27").isVisible());
+}
+
+TEST_F(Keyboard, F1OnAboutOpensItsPage) {
+  startOnMain();
+  clickItem("About");
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view("frmAbt").window()));
+  press("F1");
+  const auto* page = frame().findChild<QDialog*>("help")->findChild<QTextBrowser*>();
+  EXPECT_EQ(page->document()->begin().text(), "About Tallyfin 99");
+}
+
+// --- Copying and pasting
+
+TEST_F(Keyboard, ResultsAndFiguresAreCopiedAsRows) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  press("F9");
+  press("Alt+T");
+  press("Ctrl+A");
+  press("Ctrl+C");
+  const QString rows = QGuiApplication::clipboard()->text();
+  EXPECT_EQ(rows.count('\n'), 12);
+  EXPECT_TRUE(rows.startsWith("Gross Pay\t$1,000.00\n")) << rows.toStdString();
+  press("Ctrl+3");
+  ASSERT_TRUE(shown("frmAnalysis"));
+  press("Ctrl+C");
+  const QString figures = QGuiApplication::clipboard()->text();
+  EXPECT_EQ(figures.count('\n'), 10);
+  EXPECT_THAT(figures.toStdString(), HasSubstr(text("frmAnalysis", "lblAnalysis(0)") + "\t" + text("frmAnalysis", "lblOne(0)") + "\n"));
+}
+
+TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
+  startOnMain();
+  auto& screen = desk.use<frmMain>();
+  auto& income = find<QLineEdit>("frmMain", "txtIncome");
+  const auto paste = [&](const char* words) {
+    income.setFocus();
+    settle();
+    income.selectAll();
+    QGuiApplication::clipboard()->setText(QString::fromUtf8(words));
+    press("Ctrl+V");
+    return screen.txtIncome.text();
+  };
+  EXPECT_EQ(paste("1,250.00\n"), "1,250.00");
+  EXPECT_EQ(paste(" \t900 \r\n"), "900");
+  EXPECT_EQ(income.text().toStdString(), "900");
+  EXPECT_EQ(paste("12\n13"), "12 13");
+  income.selectAll();
+  write("1 ");  // typed blanks stay: a name has them
+  EXPECT_EQ(screen.txtIncome.text(), "1 ");
+}
+
+// --- The mark of the focus
+
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  const double a = luminance(one);
+  const double b = luminance(other);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
+  onEveryScreen([this](const Screen& screen) {
+    if (screen.place() == Place::box) return;
+    QWidget& page = const_cast<View&>(view(screen.name().c_str()));
+    for (const Control* control : screen.controls()) {
+      QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
+      if (!(widget.focusPolicy() & Qt::TabFocus) || !widget.isVisible() || !widget.isEnabled()) continue;
+      if (widget.mapTo(&page, QPoint()).x() < 0) continue;
+      widget.setFocus(Qt::TabFocusReason);
+      settle();
+      if (QApplication::focusWidget() == nullptr) continue;
+      const QImage with = frame().grab().toImage();
+      const QRect around = QRect(widget.mapTo(&frame(), QPoint()), widget.size()).adjusted(-2, -2, 2, 2);
+      QApplication::focusWidget()->clearFocus();
+      settle();
+      const QImage without = frame().grab().toImage();
+      int seen = 0;
+      for (int y = std::max(0, around.top()); y <= std::min(around.bottom(), with.height() - 1); ++y) {
+        for (int x = std::max(0, around.left()); x <= std::min(around.right(), with.width() - 1); ++x) {
+          if (contrast(with.pixelColor(x, y), without.pixelColor(x, y)) >= 3) ++seen;
+        }
+      }
+      EXPECT_GE(seen, std::min(widget.width(), 2 * widget.height())) << control->address();
+    }
+  });
+}
+
+// --- The page of the help that lists the keys
+
+QString unmarked(QString caption) { return caption.remove('&').simplified(); }
+
+/// "Alt+I Income Amount" of all that is in a page, or in the frame and no page.
+std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullptr) {
+  std::set<std::string> keys;
+  const auto add = [&](const QKeySequence& key, const QString& words) {
+    if (!key.isEmpty()) keys.insert((key.toString() + " " + words).toStdString());
+  };
+  const auto foreign = [&](const QObject* object) {
+    for (; object != nullptr; object = object->parent()) {
+      if (object == butNot) return true;
+    }
+    return false;
+  };
+  for (const auto* shortcut : page.findChildren<QShortcut*>()) {
+    if (!foreign(shortcut) && !shortcut->whatsThis().isEmpty()) add(shortcut->key(), shortcut->whatsThis());
+  }
+  for (const auto* button : page.findChildren<QAbstractButton*>()) {
+    if (!foreign(button)) add(QKeySequence::mnemonic(button->text()), unmarked(button->text()));
+  }
+  for (const auto* label : page.findChildren<QLabel*>()) {
+    if (!foreign(label) && label->buddy() != nullptr) add(QKeySequence::mnemonic(label->text()), unmarked(label->text()));
+  }
+  for (const auto* action : page.findChildren<QAction*>()) {
+    if (!foreign(action)) add(action->shortcut(), unmarked(action->text()));
+  }
+  return keys;
+}
+
+TEST_F(Keyboard, TheHelpListsEveryKey) {
+  HelpShelf shelf(HelpShelf::usualFolders());
+  const QString topic = shelf.book("Tallyfin.hlp")->find("keys")->html;
+  std::map<std::string, std::set<std::string>> told;
+  std::string heading;
+  static const QRegularExpression part("<h2>(.*?)</h2>|<tr><td>(.*?)</td><td>(.*?)</td></tr>");
+  for (auto next = part.globalMatch(topic); next.hasNext();) {
+    const auto match = next.next();
+    const auto plain = [&](int i) { return QTextDocumentFragment::fromHtml(match.captured(i)).toPlainText().toStdString(); };
+    if (!match.captured(1).isEmpty()) {
+      heading = plain(1);
+    } else if (heading != "In general") {
+      told[heading].insert(plain(2) + " " + plain(3));
+    }
+  }
+  std::map<std::string, std::set<std::string>> program;
+  onEveryScreen([&](const Screen& screen) {
+    if (screen.place() == Place::box) return;
+    const bool whole = screen.place() == Place::frame;
+    const std::set<std::string> keys = whole ? keysIn(frame(), &frame().area()) : keysIn(view(screen.name().c_str()));
+    // The title of a table tells which table it is.
+    const std::string title = screen.name() == "frmTableOne" ? "The tables" : screen.title();
+    if (!keys.empty()) program[whole ? "On every page" : title].insert(keys.begin(), keys.end());
+  });
+  for (const auto& [page, keys] : program) EXPECT_EQ(told[page], keys) << page;
+  for (const auto& [page, keys] : told) EXPECT_EQ(program[page], keys) << page;
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt
