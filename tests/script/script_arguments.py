@@ -14,6 +14,10 @@ def run(*arguments, text=b"store\n"):
     return subprocess.run([program, *arguments], input=text, capture_output=True, timeout=60)
 
 
+# It needs no desktop, and none of its libraries.
+libraries = subprocess.run(["ldd", program], capture_output=True, text=True, check=True).stdout
+assert "libsqlite3" in libraries and "Qt" not in libraries, libraries
+
 with tempfile.TemporaryDirectory() as name:
     folder = pathlib.Path(name)
     usage = run("a", "b")

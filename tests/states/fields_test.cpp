@@ -7,7 +7,6 @@
 #include <limits>
 #include <map>
 #include <random>
-#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -45,21 +44,28 @@ std::string textOf(const std::string& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
+/// What lies between the first `from` behind the position and the next `to`.
+std::string between(const std::string& text, std::size_t position, const std::string& from, const std::string& to) {
+  const auto start = text.find(from, position);
+  if (start == std::string::npos) return "";
+  const auto inside = start + from.size();
+  return text.substr(inside, text.find(to, inside) - inside);
+}
+
 /// What the comment of a state's routine says: "Reads `a`, `b`. Writes `c`."
 Touched toldOf(const State& state) {
-  std::smatch found;
-  const std::string list = textOf("statelist.cpp");
-  std::regex_search(list, found, std::regex("\"" + std::string(state.caption) + "\", (\\w+),"));
+  const std::string name = between(textOf("statelist.cpp"), 0, "{\"" + std::string(state.caption) + "\", ", ",");
   const std::string source = textOf(state.source);
-  const auto routine = source.find("\nvoid " + found[1].str() + "()");
-  const std::string comment = source.substr(0, routine).substr(source.rfind("\n\n", routine));
-  const auto namesAfter = [&](const std::string& word) {
+  const auto routine = source.find("\nvoid " + name + "()");
+  const auto comment = source.rfind("\n\n", routine);
+  const auto namesAfter = [&](const char* word) {
+    const std::string sentence = between(source.substr(0, routine), comment, word, ".");
     Names names;
-    const auto start = comment.rfind(word);
-    if (start == std::string::npos) return names;
-    const std::string sentence = comment.substr(start, comment.find('.', start) - start);
-    const std::regex name("`(\\w+)`");
-    for (std::sregex_iterator it(sentence.begin(), sentence.end(), name), end; it != end; ++it) names.insert((*it)[1]);
+    for (auto start = sentence.find('`'); start != std::string::npos;) {
+      const auto end = sentence.find('`', start + 1);
+      names.insert(sentence.substr(start + 1, end - start - 1));
+      start = sentence.find('`', end + 1);
+    }
     return names;
   };
   return {namesAfter("Reads"), namesAfter("Writes")};

@@ -332,6 +332,15 @@ TEST_F(StoreTest, LeavesADatabaseOfAnotherFormAlone) {
   }
 }
 
+TEST_F(StoreTest, LeavesADamagedDatabaseWithoutTablesAlone) {
+  Sql{path}("CREATE TABLE other(a); DROP TABLE other;");
+  std::string bytes = bytesOf(path);
+  ASSERT_EQ(bytes.at(39), 1);  // pages that are free
+  bytes[39] = 7;
+  put(path, bytes);
+  expectLeftAlone();
+}
+
 /// Does something to a database in a program that is killed before it has closed it.
 void killedAfter(const fs::path& path, const char* sql) {
   const pid_t child = ::fork();

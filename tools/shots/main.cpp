@@ -24,8 +24,8 @@ using namespace tallyfin;
 
 struct Stage {
   MemoryStore store;
-  std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>();
-  script::Session session{store};
+  std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>(store);
+  script::Session session{store, machine, desk.watcher};  // on the desktop's machine, and it shows what happens
 };
 
 void save(const QWidget& widget, const QString& path) {
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
   while (!lines.atEnd()) {
     const QString line = lines.readLine().trimmed();
     if (line == "fresh") {
-      stage.reset();
+      stage.reset();  // one after the other: each puts back what it found
       stage = std::make_unique<Stage>();
     } else if (line.startsWith("group ")) {
       auto* header = stage->desktop->frame()->findChild<QAbstractButton*>(line);

@@ -109,7 +109,7 @@ class W4ViewsTest : public testing::Test {
   }
 
   MemoryStore store;
-  Desktop desktop;
+  Desktop desktop{store};
 };
 
 TEST_F(W4ViewsTest, TheCalendarsControlFollowsTheKeyboardAndTheMarkedDay) {
