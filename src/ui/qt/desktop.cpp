@@ -31,6 +31,7 @@ Desktop::Desktop(SettingsStore& store)
 }
 
 Desktop::~Desktop() {
+  disconnect(qApp, nullptr, this, nullptr);  // the keyboard wanders from widget to widget while they go
   delete ring_;
   desk.end();
 }

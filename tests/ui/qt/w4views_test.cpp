@@ -125,6 +125,14 @@ TEST_F(W4ViewsTest, TheCalendarsControlFollowsTheKeyboardAndTheMarkedDay) {
   EXPECT_TRUE(control.date() == std::chrono::May / 18 / 1999);
 }
 
+TEST_F(W4ViewsTest, TheCalendarTakesNoTypedDateAndLeavesNothingOfOne) {
+  auto& widget = find<QCalendarWidget>(open<frmCalendar>(), "mthTwoWorkers");
+  const QDate before = widget.selectedDate();
+  QTest::keyClick(widget.focusProxy(), Qt::Key_2);
+  EXPECT_EQ(widget.selectedDate(), before);
+  desk.close<frmCalendar>();
+}
+
 TEST_F(W4ViewsTest, EveryControlHasAWidget) {
   desk.openInstead<frmPersWkSht>();
   desk.show<frmDednAdj>();

@@ -29,6 +29,7 @@ class frmCalendarView : public View {
     auto* widget = new QCalendarWidget(this);
     widget->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     widget->setGridVisible(true);
+    widget->setDateEditEnabled(false);  // closed in the middle of a typed date, it would leak what was typed
     widget->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     widget->setAccessibleName(QStringLiteral("Calendar"));
     widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))->setIcon(look::picture("previous"));
