@@ -166,6 +166,7 @@ QListWidget* View::list(ListBox& control, Choose choose) {
   auto* widget = new QListWidget(this);
   widget->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   widget->setUniformItemSizes(true);
+  widget->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
   return tied(widget, bind(*widget, control, choose));
 }
 

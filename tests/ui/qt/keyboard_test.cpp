@@ -4,20 +4,22 @@
 #include <QClipboard>
 #include <QRegularExpression>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocumentFragment>
 #include <QWindow>
-#include <cmath>
 #include <map>
 #include <set>
 
+#include "contrast.h"
 #include "controls/desk.h"
 #include "engine/paydata.h"
 #include "everyscreen.h"
 #include "stateoptions/frmState.h"
 #include "ui/frmMain.h"
+#include "ui/frmPrint.h"
 #include "ui/qt/accessible.h"
 #include "ui/qt/helpviewer.h"
 #include "ui/qt/printer.h"
@@ -57,9 +59,9 @@ TEST_F(Keyboard, APageThatOpensGivesTheKeyboardToItsFirstControl) {
   EXPECT_EQ(desk.focused(), &desk.use<frmMain>().txtIncome);
   write("1250");
   EXPECT_EQ(desk.use<frmMain>().txtIncome.text(), "1250");
-  const std::vector<std::pair<const char*, const char*>> pages{
-      {"Multi", "txtCheck1"}, {"StateInfo", "cboState"}, {"Personal", "txtName"}, {"Pers", "chkPersWkShtA(0)"},
-      {"Ded", "txtGetItemized"}, {"W4", "txtName"}};
+  const std::vector<std::pair<const char*, const char*>> pages{{"Multi", "txtCheck1"},    {"StateInfo", "cboState"},
+                                                               {"Personal", "txtName"},   {"Pers", "chkPersWkShtA(0)"},
+                                                               {"Ded", "txtGetItemized"}, {"W4", "txtName"}};
   for (const auto& [item, first] : pages) {
     clickItem(item);
     EXPECT_EQ(focused(), first) << item;
@@ -269,6 +271,22 @@ TEST_F(Keyboard, F1OnAboutOpensItsPage) {
   EXPECT_EQ(page->document()->begin().text(), "About Tallyfin 99");
 }
 
+TEST_F(Keyboard, ThePreviewFitsItsWidthOrItsPage) {
+  startOnMain();
+  press("Ctrl+P");
+  const auto& preview = find<QScrollArea>("frmPrint", "vsPrinter1");
+  const auto bars = [&] {
+    return std::pair(preview.horizontalScrollBar()->isVisible(), preview.verticalScrollBar()->isVisible());
+  };
+  press("Alt+G");
+  EXPECT_EQ(bars(), std::pair(false, false));
+  const int page = desk.use<frmPrint>().vsPrinter1.zoom();
+  press("Alt+W");
+  EXPECT_EQ(bars(), std::pair(false, true));
+  EXPECT_GT(desk.use<frmPrint>().vsPrinter1.zoom(), page);
+  EXPECT_GT(preview.widget()->width() + 12, preview.viewport()->width());  // one percent more would be too wide
+}
+
 // --- Copying and pasting
 
 TEST_F(Keyboard, ResultsAndFiguresAreCopiedAsRows) {
@@ -287,7 +305,8 @@ TEST_F(Keyboard, ResultsAndFiguresAreCopiedAsRows) {
   press("Ctrl+C");
   const QString figures = QGuiApplication::clipboard()->text();
   EXPECT_EQ(figures.count('\n'), 10);
-  EXPECT_THAT(figures.toStdString(), HasSubstr(text("frmAnalysis", "lblAnalysis(0)") + "\t" + text("frmAnalysis", "lblOne(0)") + "\n"));
+  EXPECT_THAT(figures.toStdString(),
+              HasSubstr(text("frmAnalysis", "lblAnalysis(0)") + "\t" + text("frmAnalysis", "lblOne(0)") + "\n"));
 }
 
 TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
@@ -312,17 +331,6 @@ TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
 }
 
 // --- The mark of the focus
-
-double luminance(const QColor& colour) {
-  const auto linear = [](double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-  const double a = luminance(one);
-  const double b = luminance(other);
-  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
 
 TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
   onEveryScreen([this](const Screen& screen) {
@@ -374,7 +382,8 @@ std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullpt
     if (!foreign(button)) add(QKeySequence::mnemonic(button->text()), unmarked(button->text()));
   }
   for (const auto* label : page.findChildren<QLabel*>()) {
-    if (!foreign(label) && label->buddy() != nullptr) add(QKeySequence::mnemonic(label->text()), unmarked(label->text()));
+    if (!foreign(label) && label->buddy() != nullptr)
+      add(QKeySequence::mnemonic(label->text()), unmarked(label->text()));
   }
   for (const auto* action : page.findChildren<QAction*>()) {
     if (!foreign(action)) add(action->shortcut(), unmarked(action->text()));
@@ -390,7 +399,9 @@ TEST_F(Keyboard, TheHelpListsEveryKey) {
   static const QRegularExpression part("<h2>(.*?)</h2>|<tr><td>(.*?)</td><td>(.*?)</td></tr>");
   for (auto next = part.globalMatch(topic); next.hasNext();) {
     const auto match = next.next();
-    const auto plain = [&](int i) { return QTextDocumentFragment::fromHtml(match.captured(i)).toPlainText().toStdString(); };
+    const auto plain = [&](int i) {
+      return QTextDocumentFragment::fromHtml(match.captured(i)).toPlainText().toStdString();
+    };
     if (!match.captured(1).isEmpty()) {
       heading = plain(1);
     } else if (heading != "In general") {

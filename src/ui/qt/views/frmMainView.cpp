@@ -192,6 +192,7 @@ class frmMainView : public View {
     table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setShowGrid(false);
+    table->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     table->setAlternatingRowColors(true);
     table->setTabKeyNavigation(false);
     table->setAccessibleName(QStringLiteral("Results"));
