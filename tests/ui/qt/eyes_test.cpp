@@ -39,10 +39,11 @@ Part measured(const QImage& picture, const QRect& where) {
     }
   }
   if (colours.empty()) return {};
-  const auto commonest =
-      std::max_element(colours.begin(), colours.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
+  const auto commonest = std::max_element(colours.begin(), colours.end(),
+                                          [](const auto& a, const auto& b) { return a.second < b.second; });
   Part part{QColor(commonest->first)};
-  for (const auto& [colour, times] : colours) part.letters = std::max(part.letters, contrast(part.ground, QColor(colour)));
+  for (const auto& [colour, times] : colours)
+    part.letters = std::max(part.letters, contrast(part.ground, QColor(colour)));
   return part;
 }
 
@@ -86,8 +87,8 @@ TEST_F(Eyes, EveryTextStandsOut) {
   EXPECT_GT(texts, 200);
 }
 
-/// How much the weakest side of a box stands out from the ground around it: the best of the lines where that side's edge
-/// may lie.
+/// How much the weakest side of a box stands out from the ground around it: the best of the lines where that side's
+/// edge may lie.
 double edgeOf(const QImage& picture, const QRect& where, const QColor& ground) {
   const QRect box = inPicture(picture, where);
   const int depths = 4;
@@ -167,7 +168,8 @@ TEST_F(Eyes, ThePrintDialogIsRead) {
   const QImage picture = dialog.grab().toImage();
   int texts = 0;
   for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
-    const bool words = qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr;
+    const bool words =
+        qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr;
     if (!words || widget->property("text").toString().isEmpty() || !seen(*widget) || !widget->isEnabled()) continue;
     ++texts;
     const Part part = measured(picture, wordsOf(*widget).translated(widget->mapTo(&dialog, QPoint())));
@@ -179,7 +181,8 @@ TEST_F(Eyes, ThePrintDialogIsRead) {
     box->showPopup();
     settle();
     const QImage rows = box->view()->viewport()->grab().toImage();
-    EXPECT_GE(measured(rows, box->view()->visualRect(box->model()->index(0, 0))).letters, 4.5) << box->itemText(0).toStdString();
+    EXPECT_GE(measured(rows, box->view()->visualRect(box->model()->index(0, 0))).letters, 4.5)
+        << box->itemText(0).toStdString();
     box->hidePopup();
   }
 }

@@ -272,13 +272,17 @@ TEST_F(Keyboard, F1OnAboutOpensItsPage) {
 }
 
 TEST_F(Keyboard, ThePreviewFitsItsWidthOrItsPage) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
   startOnMain();
+  press("F9");
   press("Ctrl+P");
   const auto& preview = find<QScrollArea>("frmPrint", "vsPrinter1");
   const auto bars = [&] {
     return std::pair(preview.horizontalScrollBar()->isVisible(), preview.verticalScrollBar()->isVisible());
   };
-  press("Alt+G");
+  ASSERT_EQ(bars(), std::pair(true, true));
+  press("Alt+A");
   EXPECT_EQ(bars(), std::pair(false, false));
   const int page = desk.use<frmPrint>().vsPrinter1.zoom();
   press("Alt+W");
@@ -389,6 +393,32 @@ std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullpt
     if (!foreign(action)) add(action->shortcut(), unmarked(action->text()));
   }
   return keys;
+}
+
+TEST_F(Keyboard, APageThatLiesOverAnotherSharesNoLetterWithIt) {
+  const auto lettersOf = [](const QWidget& page) {
+    std::set<std::string> letters;
+    for (const std::string& key : keysIn(page)) letters.insert(key.substr(0, key.find(' ')));
+    return letters;
+  };
+  int over = 0;
+  onEveryScreen([&](const Screen& screen) {
+    if (screen.place() != Place::document || screen.maximized) return;
+    const auto letters = lettersOf(view(screen.name().c_str()));
+    for (const Screen* beneath : desk.documents()) {
+      if (beneath == &screen) continue;
+      ++over;
+      for (const QWidget* page : view(beneath->name().c_str()).findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(page);
+        const auto* button = qobject_cast<const QAbstractButton*>(page);
+        if (!page->isVisible() || (label == nullptr && button == nullptr)) continue;
+        const QString words = label != nullptr ? label->text() : button->text();
+        const std::string letter = QKeySequence::mnemonic(words).toString().toStdString();
+        EXPECT_TRUE(letter.empty() || !letters.contains(letter)) << letter << " of " << screen.name();
+      }
+    }
+  });
+  EXPECT_GE(over, 4);
 }
 
 TEST_F(Keyboard, TheHelpListsEveryKey) {

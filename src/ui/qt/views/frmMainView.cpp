@@ -94,7 +94,7 @@ class frmMainView : public View {
     QListWidget* widget = list(screen_.lstFrequency);
     widget->setAccessibleName(QStringLiteral("Pay frequency"));
     widget->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    widget->setFixedHeight(4 * widget->sizeHintForRow(0) + 2 * widget->frameWidth());
+    widget->setFixedHeight(heightOfRows(*widget, 4));
     widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as wide as the column
     return widget;
   }

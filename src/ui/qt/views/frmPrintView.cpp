@@ -146,7 +146,7 @@ class frmPrintView : public View {
     auto* width = add(ownButton("fitwidth", [this] { fit(false); }), "Fit width");
     auto* page = add(ownButton("fitpage", [this] { fit(true); }), "Fit page");
     pressOn(Qt::ALT | Qt::Key_W, width);
-    pressOn(Qt::ALT | Qt::Key_G, page);
+    pressOn(Qt::ALT | Qt::Key_A, page);
     pressOn(QKeySequence::Print, print_);
     pressOn(QKeySequence::Save, save_);
     pressOn(Qt::CTRL | Qt::Key_PageUp, previous_);
