@@ -10,10 +10,22 @@ install(FILES packaging/tallyfin99.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/
 install(FILES packaging/tallyfin99.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME io.github.tallyfin.Tallyfin99.metainfo.xml)
 install(FILES src/ui/qt/pictures/tallyfin99.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES packaging/tallyfin99.1 packaging/tallyfin99-script.1 packaging/tallyfin99-batch.1
-  DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99 RENAME copyright)
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
+# tallyfin_install_compressed(FILE FOLDER NAME): installs FILE as NAME.gz, the same bytes at each build.
+function(tallyfin_install_compressed file folder name)
+  set(compressed ${PROJECT_BINARY_DIR}/compressed/${name}.gz)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${file})
+  file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/compressed)
+  execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/${file} OUTPUT_FILE ${compressed} COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${compressed} DESTINATION ${folder})
+endfunction()
+
+foreach(program tallyfin99 tallyfin99-script tallyfin99-batch)
+  tallyfin_install_compressed(packaging/${program}.1 ${CMAKE_INSTALL_MANDIR}/man1 ${program}.1)
+endforeach()
+set(documents ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
+tallyfin_install_compressed(packaging/changelog ${documents} changelog)
+install(FILES LICENSE DESTINATION ${documents} RENAME copyright)
+install(FILES packaging/README DESTINATION ${documents})
 # The page for a web server, where tools/web --build has made it.
 install(DIRECTORY build/web DESTINATION ${CMAKE_INSTALL_DATADIR}/tallyfin99 OPTIONAL)
 
@@ -23,14 +35,17 @@ set(CPACK_PACKAGE_VENDOR "The Tallyfin 99 authors")
 set(CPACK_PACKAGE_CONTACT "The Tallyfin 99 authors <tallyfin99@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "works out United States paycheck withholding of 1999")
 set(CPACK_PACKAGE_DESCRIPTION
-  "Tallyfin 99 works out what is withheld from one United States paycheck in tax year 1999, and what remains: federal
-withholding by the percentage method, FICA, the withholding of forty states and the District of Columbia, a local tax and
-the net check. It brings the Form W-4 worksheets, a raise calculator, a worksheet for several checks, an analysis and a
-printed report.")
+  "Tallyfin 99 works out what is withheld from one United States paycheck
+in tax year 1999, and what remains: federal withholding by the percentage
+method, FICA, the withholding of forty states and the District of
+Columbia, a local tax and the net check. It brings the Form W-4
+worksheets, a raise calculator, a worksheet for several checks, an
+analysis and a printed report.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, fonts-dejavu-core")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
     WORLD_EXECUTE)

@@ -72,6 +72,14 @@ void hideQuietly(QWidget& widget) {
 
 void Binding::applyColours() {
   QPalette palette = colours;
+  // The style draws edges a little darker than what it takes for the ground: too little to be seen on the true one.
+  const QWidget* ground = widget_.parentWidget();
+  const bool edged = widget_.inherits("QLineEdit") || widget_.inherits("QAbstractButton") ||
+                     widget_.inherits("QAbstractItemView") || widget_.inherits("QComboBox");
+  if (edged && ground != nullptr) {
+    const bool dark = ground->palette().color(QPalette::Window).lightness() < 128;
+    palette.setColor(QPalette::Window, dark ? look::light : look::lightEdge);
+  }
   if (const OwnColour& fore = control_->foreColour) {
     for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
       palette.setColor(QPalette::Active, role, look::colour(*fore));

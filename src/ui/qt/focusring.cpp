@@ -62,10 +62,8 @@ bool FocusRing::eventFilter(QObject* /*watched*/, QEvent* event) {
 
 void FocusRing::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setPen(look::ink);
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  painter.setPen(look::lightYellow);
-  painter.drawRect(rect().adjusted(1, 1, -2, -2));
+  look::drawEdge(painter, rect(), look::ink);
+  look::drawEdge(painter, rect().adjusted(1, 1, -1, -1), look::lightYellow);
 }
 
 }  // namespace tallyfin::qt

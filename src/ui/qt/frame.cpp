@@ -25,6 +25,10 @@ namespace {
 
 int listBarWidth() { return look::scaled(116); }
 int titleHeight() { return look::scaled(20); }
+constexpr int edge = 2;  ///< Of a document that lies over another.
+const QColor otherTitle{176, 190, 194};
+/// Room for what a window manager puts around a window.
+constexpr QMargins windowEdges{4, 32, 4, 4};
 
 }  // namespace
 
@@ -55,7 +59,7 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
   scroll_->setWidget(&view);
 
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(1, 0, 1, 1);
+  layout->setContentsMargins(edge, 0, edge, edge);
   layout->setSpacing(0);
   layout->addWidget(strip_);
   layout->addWidget(scroll_, 1);
@@ -82,14 +86,15 @@ void Document::showTitle() {
 void Document::place(const QSize& area) {
   const Screen* screen = view_.screen();
   if (screen == nullptr) return;
-  layout()->setContentsMargins(1, screen->maximized ? 0 : 1, 1, 1);
+  const int around = screen->maximized ? 1 : edge;
+  layout()->setContentsMargins(around, screen->maximized ? 0 : edge, around, around);
   if (screen->maximized) {
     setGeometry(QRect(QPoint(0, 0), area));
     return;
   }
   QSize wanted = view_.sizeHint().expandedTo(view_.minimumSize()).boundedTo(view_.maximumSize());
   if (view_.hasHeightForWidth()) wanted.setHeight(view_.heightForWidth(wanted.width()));
-  wanted += QSize(2, titleHeight() + 2);
+  wanted += QSize(2 * edge, titleHeight() + 2 * edge);
   QRect place(QPoint(0, 0), wanted.boundedTo(area));
   place.moveCenter(QRect(QPoint(0, 0), area).center());
   setGeometry(place);
@@ -98,7 +103,7 @@ void Document::place(const QSize& area) {
 void Document::setActive(bool active) {
   QPalette ground = look::onDeep();
   ground.setColor(QPalette::Window, active ? look::deepLighter : look::deep);
-  if (!active) ground.setColor(QPalette::WindowText, ground.color(QPalette::Disabled, QPalette::WindowText));
+  if (!active) ground.setColor(QPalette::WindowText, otherTitle);
   strip_->setPalette(ground);
   view_.setActive(active);
   const bool over = view_.screen() != nullptr && !view_.screen()->maximized && desk.documents().size() > 1;
@@ -110,12 +115,12 @@ void Document::mousePressEvent(QMouseEvent* event) {
   QWidget::mousePressEvent(event);
 }
 
-/// A document that doesn't fill the area has an edge.
+/// A document that doesn't fill the area has an edge: a dark line and a light one, for what is beneath may be either.
 void Document::paintEvent(QPaintEvent* /*event*/) {
   if (view_.screen() == nullptr || view_.screen()->maximized) return;
   QPainter painter(this);
-  painter.setPen(look::light);
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  look::drawEdge(painter, rect(), look::ink);
+  look::drawEdge(painter, rect().adjusted(1, 1, -1, -1), look::light);
 }
 
 // --- The document area ---
@@ -284,7 +289,9 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
                  Qt::WindowCloseButtonHint);
   setWindowIcon(look::picture(QStringLiteral("tallyfin99")));
   look::setGround(*this, look::onDeep());
-  setFixedSize(pixels(MDIOpen::width), pixels(MDIOpen::height));
+  // On a screen without the room for it the pages scroll.
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(windowEdges);
+  setFixedSize(QSize(pixels(MDIOpen::width), pixels(MDIOpen::height)).boundedTo(room.size()));
   const auto showTitle = [this, &screen] { setWindowTitle(QString::fromStdString(screen.title())); };
   screen.watch(showTitle);
   showTitle();
@@ -308,7 +315,7 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   layout->addLayout(documents, 1);
   openGroup(1);
   keys();
-  move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+  move(room.center() - rect().center() - QPoint(windowEdges.left(), windowEdges.top()));
 }
 
 /// The keys that act on every page.

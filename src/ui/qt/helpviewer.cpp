@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
@@ -130,7 +131,7 @@ HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), she
   setWindowIcon(look::picture(QStringLiteral("help")));
   look::setGround(*this, look::onDeep());
   setModal(false);
-  resize(680, 480);
+  resize(QSize(680, 480).boundedTo(screen()->availableSize() - QSize(16, 48)));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(look::row, look::tight, look::row, look::row);
   layout->setSpacing(look::tight);
@@ -179,8 +180,9 @@ QWidget* HelpWindow::strip() {
   search_->setAccessibleName(QStringLiteral("Search the help"));
   search_->setToolTip(QStringLiteral("Words to look for (Ctrl+F)"));
   search_->setClearButtonEnabled(true);
-  search_->setFixedWidth(200);
-  row->addWidget(search_);
+  search_->setMinimumWidth(80);
+  search_->setMaximumWidth(200);
+  row->addWidget(search_, 100);
   connect(search_, &QLineEdit::textChanged, this, [this](const QString& words) { search(words); });
   connect(search_, &QLineEdit::returnPressed, this, [this] { showFirstHit(); });
   connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QPainter>
 #include <QPixmapCache>
 #include <QStyleFactory>
 #include <QToolTip>
@@ -65,7 +66,7 @@ void apply(QApplication& application) {
   QFont font(system.family());
   font.setPointSizeF(normalPoints * std::max(1.0, system.pointSizeF() / 11.0));
   application.setFont(font);
-  application.setPalette(onDeep());
+  application.setPalette(onWhite());  // for the toolkit's own dialogs; every window of the program sets its ground
   QToolTip::setFont(font);
   QToolTip::setPalette(onPaper());
   // The toolkit would keep what it has drawn by a name that counts palettes. The widgets of a screen take new palettes
@@ -113,6 +114,13 @@ QWidget* rule(const QColor& colour, QWidget* parent) {
   palette.setColor(QPalette::Window, colour);
   setGround(*line, palette);
   return line;
+}
+
+void drawEdge(QPainter& painter, const QRect& place, const QColor& colour) {
+  const QRect top(place.topLeft(), QSize(place.width(), 1));
+  const QRect left(place.topLeft(), QSize(1, place.height()));
+  const QRect sides[] = {top, left, top.translated(0, place.height() - 1), left.translated(place.width() - 1, 0)};
+  for (const QRect& side : sides) painter.fillRect(side, colour);
 }
 
 QFont heading() {

@@ -8,6 +8,8 @@
 #include "controls/property.h"
 
 class QApplication;
+class QPainter;
+class QRect;
 class QWidget;
 
 /// The look of the program: its own colours, fonts and measures, whatever the desktop's theme.
@@ -24,6 +26,7 @@ inline const QColor lightBlue{192, 192, 255};
 inline const QColor paper{255, 255, 204};      ///< Ground of the worksheets.
 inline const QColor paperLine{214, 210, 160};  ///< Hairlines on it.
 inline const QColor greyText{64, 64, 64};      ///< Text on it.
+inline const QColor lightEdge{150, 150, 120};  ///< What the style makes the edges of boxes on light ground from.
 
 /// Spaces in pixels: between a label and its box, rows, groups, and at the edges.
 inline constexpr int tight = 4;
@@ -56,6 +59,9 @@ void setGround(QWidget& widget, const QPalette& palette);
 
 /// A hairline across its place.
 QWidget* rule(const QColor& colour, QWidget* parent);
+
+/// The sides of a rectangle, inside it. Filled, because a pen may lose a side between whole pixels.
+void drawEdge(QPainter& painter, const QRect& place, const QColor& colour);
 
 /// The heading font: the program's own, bold, 10 points.
 QFont heading();

@@ -5,10 +5,10 @@
 #include <QPixmap>
 #include <QSplashScreen>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include "store/store.h"
 #include "ui/qt/desktop.h"
-#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 
 int main(int argc, char** argv) {
@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
   tallyfin::FileStore store(QFile::encodeName(folder + QStringLiteral("/Tallyfin99/Tallyfin99.sqlite")).toStdString());
   tallyfin::qt::Desktop desktop(store);
   desktop.start();
-  splash.finish(desktop.frame());
+  // Waiting for the frame to be seen would keep it waiting itself.
+  QTimer::singleShot(0, &splash, &QWidget::close);
   return QApplication::exec();
 }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QLibrary>
 #include <QPainter>
 #include <QPicture>
 #include <QPrintDialog>
@@ -47,6 +48,19 @@ bool printWidget(QWidget& widget, QPagedPaintDevice& device) {
   return painter.end();
 }
 
+QString printTrouble(const QPrinter& printer) {
+  if (printer.outputFormat() != QPrinter::NativeFormat) return {};
+  // The toolkit hands the job to the print server and keeps its answer to itself. The server's library has it still.
+  QLibrary cups(QStringLiteral("cups"), 2);
+  using Status = int (*)();
+  using Words = const char* (*)();
+  const auto status = reinterpret_cast<Status>(cups.resolve("cupsLastError"));
+  const auto words = reinterpret_cast<Words>(cups.resolve("cupsLastErrorString"));
+  constexpr int firstError = 0x0400;  // those below are kinds of success
+  if (status == nullptr || words == nullptr || status() < firstError) return {};
+  return QString::fromUtf8(words());
+}
+
 ScreenPrinter::ScreenPrinter(const Desktop& desktop) : desktop_(desktop) {}
 
 int ScreenPrinter::printScreen(Screen& screen) {
@@ -55,9 +69,20 @@ int ScreenPrinter::printScreen(Screen& screen) {
   printer.setDocName(QString::fromStdString(screen.title()));
   View* view = desktop_.view(screen.name());
   if (view == nullptr || !setUp(printer)) return 0;
-  const bool printed = printWidget(*view, printer);
-  desktop_.frame()->tell(printed ? QString() : QStringLiteral("The form couldn't be printed."));
-  return printed ? 1 : 0;
+  const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
+  QString trouble;
+  if (!printWidget(*view, printer)) {
+    trouble = toFile ? printer.outputFileName() + QStringLiteral(" can't be written.") : printer.printerName();
+  } else {
+    trouble = printTrouble(printer);
+  }
+  if (trouble.isEmpty()) {
+    desktop_.frame()->tell({});
+    return 1;
+  }
+  const QString what = toFile ? QStringLiteral("saved") : QStringLiteral("printed");
+  desktop_.frame()->tell(QStringLiteral("The form couldn't be %1. %2").arg(what, trouble));
+  return 0;
 }
 
 bool ScreenPrinter::ask(QPrinter& printer) {
@@ -66,12 +91,15 @@ bool ScreenPrinter::ask(QPrinter& printer) {
     return dialog.exec() == QDialog::Accepted;
   }
   const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-  const QString file =
-      QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("Print to a PDF file"),
-                                   documents.filePath(printer.docName() + ".pdf"), QStringLiteral("PDF files (*.pdf)"));
+  QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Print to a PDF file"), documents.path(),
+                     QStringLiteral("PDF files (*.pdf)"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);  // which asks before it replaces a file
+  dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  dialog.selectFile(printer.docName() + ".pdf");
+  if (dialog.exec() != QDialog::Accepted) return false;
   printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(file);
-  return !file.isEmpty();
+  printer.setOutputFileName(dialog.selectedFiles().front());
+  return true;
 }
 
 }  // namespace tallyfin::qt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 
 #include "machine/machine.h"
@@ -15,6 +16,9 @@ class Desktop;
 /// Draws a widget on one page, as large as the page's margins let it be and in vectors: words stay words. False where
 /// the device takes nothing.
 bool printWidget(QWidget& widget, QPagedPaintDevice& device);
+
+/// Why the job that has just gone to a printer wasn't taken, in the words of the print server; empty if it was.
+QString printTrouble(const QPrinter& printer);
 
 /// Prints screens as the desktop shows them.
 class ScreenPrinter : public Printer {

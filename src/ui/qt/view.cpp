@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
@@ -162,8 +163,37 @@ QCheckBox* View::check(CheckBox& control) {
   return tied(widget, bind(*widget, control));
 }
 
+namespace {
+
+constexpr int offEdge = 2;
+
+/// A list whose rows keep off its edge, which they would cover between whole pixels.
+class FramedList : public QListWidget {
+ public:
+  explicit FramedList(QWidget* parent) : QListWidget(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setViewportMargins(offEdge, offEdge, offEdge, offEdge);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+  }
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool done = QListWidget::event(event);
+    if (event->type() == QEvent::Paint) {
+      QPainter painter(this);
+      look::drawEdge(painter, rect(), palette().color(QPalette::WindowText));
+    }
+    return done;
+  }
+};
+
+}  // namespace
+
+int View::heightOfRows(const QListWidget& list, int rows) { return rows * list.sizeHintForRow(0) + 2 * offEdge; }
+
 QListWidget* View::list(ListBox& control, Choose choose) {
-  auto* widget = new QListWidget(this);
+  auto* widget = new FramedList(this);
   widget->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   widget->setUniformItemSizes(true);
   return tied(widget, bind(*widget, control, choose));

@@ -60,6 +60,8 @@ class View : public QWidget {
   std::vector<QRadioButton*> options(ControlArray<OptionButton, count>& controls);
   QCheckBox* check(CheckBox& control);
   QListWidget* list(ListBox& control, Choose choose = Choose::byMoving);
+  /// The height of a list that shows so many rows.
+  static int heightOfRows(const QListWidget& list, int rows);
   QComboBox* dropDown(DropDown& control);
   QComboBox* dropDown(EditableDropDown& control);
 

@@ -4,20 +4,22 @@
 #include <QClipboard>
 #include <QRegularExpression>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocumentFragment>
 #include <QWindow>
-#include <cmath>
 #include <map>
 #include <set>
 
+#include "contrast.h"
 #include "controls/desk.h"
 #include "engine/paydata.h"
 #include "everyscreen.h"
 #include "stateoptions/frmState.h"
 #include "ui/frmMain.h"
+#include "ui/frmPrint.h"
 #include "ui/qt/accessible.h"
 #include "ui/qt/helpviewer.h"
 #include "ui/qt/printer.h"
@@ -269,6 +271,26 @@ TEST_F(Keyboard, F1OnAboutOpensItsPage) {
   EXPECT_EQ(page->document()->begin().text(), "About Tallyfin 99");
 }
 
+TEST_F(Keyboard, ThePreviewFitsItsWidthOrItsPage) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  press("F9");
+  press("Ctrl+P");
+  const auto& preview = find<QScrollArea>("frmPrint", "vsPrinter1");
+  const auto bars = [&] {
+    return std::pair(preview.horizontalScrollBar()->isVisible(), preview.verticalScrollBar()->isVisible());
+  };
+  ASSERT_EQ(bars(), std::pair(true, true));
+  press("Alt+A");
+  EXPECT_EQ(bars(), std::pair(false, false));
+  const int page = desk.use<frmPrint>().vsPrinter1.zoom();
+  press("Alt+W");
+  EXPECT_EQ(bars(), std::pair(false, true));
+  EXPECT_GT(desk.use<frmPrint>().vsPrinter1.zoom(), page);
+  EXPECT_GT(preview.widget()->width() + 12, preview.viewport()->width());  // one percent more would be too wide
+}
+
 // --- Copying and pasting
 
 TEST_F(Keyboard, ResultsAndFiguresAreCopiedAsRows) {
@@ -313,19 +335,6 @@ TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
 }
 
 // --- The mark of the focus
-
-double luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-  const double a = luminance(one);
-  const double b = luminance(other);
-  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
 
 TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
   onEveryScreen([this](const Screen& screen) {
@@ -384,6 +393,32 @@ std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullpt
     if (!foreign(action)) add(action->shortcut(), unmarked(action->text()));
   }
   return keys;
+}
+
+TEST_F(Keyboard, APageThatLiesOverAnotherSharesNoLetterWithIt) {
+  const auto lettersOf = [](const QWidget& page) {
+    std::set<std::string> letters;
+    for (const std::string& key : keysIn(page)) letters.insert(key.substr(0, key.find(' ')));
+    return letters;
+  };
+  int over = 0;
+  onEveryScreen([&](const Screen& screen) {
+    if (screen.place() != Place::document || screen.maximized) return;
+    const auto letters = lettersOf(view(screen.name().c_str()));
+    for (const Screen* beneath : desk.documents()) {
+      if (beneath == &screen) continue;
+      ++over;
+      for (const QWidget* page : view(beneath->name().c_str()).findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(page);
+        const auto* button = qobject_cast<const QAbstractButton*>(page);
+        if (!page->isVisible() || (label == nullptr && button == nullptr)) continue;
+        const QString words = label != nullptr ? label->text() : button->text();
+        const std::string letter = QKeySequence::mnemonic(words).toString().toStdString();
+        EXPECT_TRUE(letter.empty() || !letters.contains(letter)) << letter << " of " << screen.name();
+      }
+    }
+  });
+  EXPECT_GE(over, 4);
 }
 
 TEST_F(Keyboard, TheHelpListsEveryKey) {

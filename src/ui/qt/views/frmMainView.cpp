@@ -94,7 +94,7 @@ class frmMainView : public View {
     QListWidget* widget = list(screen_.lstFrequency);
     widget->setAccessibleName(QStringLiteral("Pay frequency"));
     widget->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    widget->setFixedHeight(4 * widget->sizeHintForRow(0) + 2 * widget->frameWidth());
+    widget->setFixedHeight(heightOfRows(*widget, 4));
     widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as wide as the column
     return widget;
   }
@@ -192,6 +192,7 @@ class frmMainView : public View {
     table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setShowGrid(false);
+    table->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     table->setAlternatingRowColors(true);
     table->setTabKeyNavigation(false);
     table->setAccessibleName(QStringLiteral("Results"));

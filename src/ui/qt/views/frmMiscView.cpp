@@ -27,7 +27,8 @@ class frmMiscView : public View {
     layout->addWidget(seal(), 0, 0, Qt::AlignTop);
     for (const int number : {0, 1}) layout->addWidget(page(number), 0, 1);
     setFixedWidth(look::scaled(pageWidth));
-    letter(findChild<QAbstractButton*>(QStringLiteral("cmdExit(0)")), 'O');
+    // Its letters are none of the main screen's, over which it lies.
+    pressOn(Qt::CTRL | Qt::Key_Return, findChild<QAbstractButton*>(QStringLiteral("cmdExit(0)")));
     goOn(Qt::ALT | Qt::Key_B, findChild<QListWidget*>());
     pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QStringLiteral("cmdExit(1)")));
   }
@@ -71,7 +72,7 @@ class frmMiscView : public View {
     QLabel* percent = label(screen_.lblpercent);
     QLineEdit* rate = amountBox(screen_.txtTaxPerCnt);
     rate->setFixedWidth(look::scaled(boxWidth));
-    name(percent, rate, 'E');
+    name(percent, rate, 'n');
     auto* row = new QHBoxLayout;
     row->setSpacing(look::row);
     row->addWidget(percent);
@@ -82,7 +83,7 @@ class frmMiscView : public View {
     QListWidget* bases = list(screen_.lstGrossPay);
     bases->setAccessibleName(QStringLiteral("What the local tax is taken from"));
     bases->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    bases->setFixedHeight(bases->count() * bases->sizeHintForRow(0) + 2 * bases->frameWidth());
+    bases->setFixedHeight(heightOfRows(*bases, bases->count()));
     layout.addWidget(bases);
     layout.addStretch(1);
     layout.addWidget(command(0, {}), 0, Qt::AlignRight);
@@ -104,7 +105,7 @@ class frmMiscView : public View {
     QLabel* oldWage = figure(screen_.lblOldShow);
     oldWage->setMargin(3);
     row(0, label(screen_.lblOld), oldWage, '\0');
-    row(1, paragraph(screen_.lblRaise), amountBox(screen_.txtRaise[0]), 'p');
+    row(1, paragraph(screen_.lblRaise), amountBox(screen_.txtRaise[0]), 'a');
     grid->addWidget(label(screen_.lblOr), 2, 2, Qt::AlignHCenter);
     row(3, paragraph(screen_.lblCompare), amountBox(screen_.txtRaise[1]), 'w', 1);
     grid->addWidget(label(screen_.lblNew), 3, 1, Qt::AlignRight | Qt::AlignVCenter);

@@ -17,6 +17,7 @@
 #include "ui/qt/accessible.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
+#include "ui/qt/printer.h"
 #include "ui/qt/reportpage.h"
 #include "ui/qt/views/views.h"
 
@@ -29,6 +30,8 @@ const QColor previewGround{128, 134, 137};
 /// One page of the report as a sheet of paper with its shadow.
 class Sheet : public QWidget {
  public:
+  static constexpr int around = 12;  ///< Ground on each side of the paper.
+
   Sheet(const View& view, const PrintEngine& engine) : view_(view), engine_(engine) {
     setAccessibleName(QStringLiteral("Page"));
   }
@@ -58,8 +61,6 @@ class Sheet : public QWidget {
   }
 
  private:
-  static constexpr int around = 12;
-
   const View& view_;
   const PrintEngine& engine_;
   int page_ = 0;
@@ -142,6 +143,10 @@ class frmPrintView : public View {
     row->addSpacing(look::row);
     previous_ = add(ownButton("previous", [this] { turnTo(page_ - 1); }), "Previous page");
     next_ = add(ownButton("next", [this] { turnTo(page_ + 1); }), "Next page");
+    auto* width = add(ownButton("fitwidth", [this] { fit(false); }), "Fit width");
+    auto* page = add(ownButton("fitpage", [this] { fit(true); }), "Fit page");
+    pressOn(Qt::ALT | Qt::Key_W, width);
+    pressOn(Qt::ALT | Qt::Key_A, page);
     pressOn(QKeySequence::Print, print_);
     pressOn(QKeySequence::Save, save_);
     pressOn(Qt::CTRL | Qt::Key_PageUp, previous_);
@@ -154,6 +159,10 @@ class frmPrintView : public View {
     name(zoomName, zoom, 'Z');
     row->addWidget(zoomName);
     row->addWidget(tied(zoom, bind(*zoom, screen.udZoom)));
+    QPalette face = look::lightFace();
+    face.setColor(QPalette::WindowText, look::ink);  // the arrows
+    colour(zoom, face);
+    zoom_ = zoom;
     zoom->setToolTip(QStringLiteral("Size of the page, 10 to 400 percent"));
     return row;
   }
@@ -164,6 +173,9 @@ class frmPrintView : public View {
     widget->setObjectName(QString::fromLatin1(picture));
     widget->setIcon(look::picture(QString::fromLatin1(picture)));
     widget->setAutoDefault(true);
+    QPalette face;
+    face.setColor(QPalette::Window, look::light);  // its edge, as that of the screen's own buttons
+    widget->setPalette(face);
     connect(widget, &QPushButton::clicked, this, [this, press] {
       if (this->screen() != nullptr) press();
     });
@@ -223,6 +235,18 @@ class frmPrintView : public View {
     save_->setEnabled(pages > 0);
   }
 
+  /// Turns the zoom until the page, or its width, is as large as it can be seen whole.
+  void fit(bool whole) {
+    const QSize room = preview_->maximumViewportSize() - QSize(2 * Sheet::around, 2 * Sheet::around);
+    const QSize paper(Frame::pixels(ReportPages::letter.width()), Frame::pixels(ReportPages::letter.height()));
+    const int byHeight = 100 * room.height() / paper.height();
+    // A page as wide as its room is higher than that and has a bar beside it.
+    const int bar =
+        byHeight < 100 * room.width() / paper.width() ? preview_->verticalScrollBar()->sizeHint().width() : 0;
+    const int byWidth = 100 * (room.width() - bar) / paper.width();
+    zoom_->setValue(whole ? std::min(byHeight, 100 * room.width() / paper.width()) : byWidth);
+  }
+
   void print() {
     if (QPrinterInfo::availablePrinterNames().isEmpty()) {
       return tell(QStringLiteral(
@@ -233,9 +257,11 @@ class frmPrintView : public View {
     auto* dialog = new QPrintDialog(printer.get(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
-    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, [this, printer] {
+    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, [this, printer](QPrinter* chosen) {
       if (screen() == nullptr) return;
-      tell(printReportTo(*printer, engine_) ? QString() : QStringLiteral("The report couldn't be printed."));
+      const bool drawn = printReportTo(*chosen, engine_);
+      const QString trouble = drawn ? printTrouble(*chosen) : chosen->printerName();
+      tell(trouble.isEmpty() ? QString() : QStringLiteral("The report couldn't be printed. ") + trouble);
     });
     dialog->open();
   }
@@ -260,9 +286,11 @@ class frmPrintView : public View {
   void tell(const QString& words) {
     notice_->setText(words);
     notice_->setVisible(!words.isEmpty());
+    if (auto* frame = dynamic_cast<Frame*>(window()); frame != nullptr && !words.isEmpty()) frame->announce(words);
   }
 
   PrintEngine& engine_;
+  QSpinBox* zoom_ = nullptr;
   Preview* preview_ = nullptr;
   Sheet* sheet_ = nullptr;
   QLabel* pageNumber_ = nullptr;

@@ -178,7 +178,6 @@ class frmW4View : public View {
       onKey(Qt::ALT | number, QStringLiteral("Line %1").arg(QChar(number)),
             [this, control = control] { enteredAt(*widgetOf(*control)).setFocus(Qt::ShortcutFocusReason); });
     }
-    pressOn(Qt::ALT | Qt::Key_X, findChild<QAbstractButton*>(QStringLiteral("cmdW4Exit")));
   }
 
   QSize sizeHint() const override { return {look::scaled(width), heightForWidth(look::scaled(width))}; }

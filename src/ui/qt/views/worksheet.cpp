@@ -37,8 +37,7 @@ class Result : public FigureLabel {
   void paintEvent(QPaintEvent* event) override {
     QPainter painter(this);
     painter.fillRect(rect(), look::paper.lighter(103));
-    painter.setPen(look::paperLine.darker(125));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    look::drawEdge(painter, rect(), look::paperLine.darker(125));
     painter.end();
     QLabel::paintEvent(event);
   }

@@ -1,0 +1,207 @@
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QSpinBox>
+#include <map>
+
+#include "contrast.h"
+#include "controls/desk.h"
+#include "controls/screen.h"
+#include "everyscreen.h"
+#include "ui/qt/look.h"
+
+/// What the eyes get: contrast, measured in the pictures of the screens.
+
+namespace tallyfin::qt {
+
+namespace {
+
+/// A part of a picture: its ground is the commonest colour, its letters the one that stands out most.
+struct Part {
+  QColor ground;
+  double letters = 1;
+};
+
+/// A place of a widget in a picture, which may have more pixels than the widget counts.
+QRect inPicture(const QImage& picture, const QRect& place) {
+  const double scale = picture.devicePixelRatio();
+  return QRectF(place.x() * scale, place.y() * scale, place.width() * scale, place.height() * scale).toAlignedRect();
+}
+
+Part measured(const QImage& picture, const QRect& where) {
+  const QRect place = inPicture(picture, where);
+  std::map<QRgb, int> colours;
+  for (int y = std::max(0, place.top()); y <= std::min(place.bottom(), picture.height() - 1); ++y) {
+    for (int x = std::max(0, place.left()); x <= std::min(place.right(), picture.width() - 1); ++x) {
+      ++colours[picture.pixel(x, y)];
+    }
+  }
+  if (colours.empty()) return {};
+  const auto commonest = std::max_element(colours.begin(), colours.end(),
+                                          [](const auto& a, const auto& b) { return a.second < b.second; });
+  Part part{QColor(commonest->first)};
+  for (const auto& [colour, times] : colours)
+    part.letters = std::max(part.letters, contrast(part.ground, QColor(colour)));
+  return part;
+}
+
+class Eyes : public EveryScreen {
+ protected:
+  static QImage pictureOf(QWidget& window) {
+    if (QWidget* focused = QApplication::focusWidget()) focused->clearFocus();
+    settle();
+    return window.grab().toImage();
+  }
+
+  static bool seen(const QWidget& widget) { return widget.isVisible() && !widget.visibleRegion().isEmpty(); }
+};
+
+/// Where a widget's words stand, a frame and an indicator aside.
+QRect wordsOf(const QWidget& widget) {
+  QRect place = widget.rect();
+  if (qobject_cast<const QCheckBox*>(&widget) != nullptr || qobject_cast<const QRadioButton*>(&widget) != nullptr) {
+    if (widget.objectName().startsWith(QLatin1String("chkPersWkShtA"))) return place.adjusted(0, 0, -60, 0);
+    return place.adjusted(18, 0, 0, 0);
+  }
+  return place.adjusted(3, 3, -3, -3);
+}
+
+TEST_F(Eyes, EveryTextStandsOut) {
+  int texts = 0;
+  onEveryScreen([&](const Screen& screen) {
+    QWidget& window = *view(screen.name().c_str()).window();
+    const QImage picture = pictureOf(window);
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+      const QString words = widget->property("text").toString() + widget->property("currentText").toString();
+      if (words.trimmed().isEmpty() || !seen(*widget) || !widget->isEnabled()) continue;
+      const QRect place = wordsOf(*widget).intersected(widget->visibleRegion().boundingRect());
+      if (place.height() < 8 || place.width() < 6) continue;
+      ++texts;
+      const Part part = measured(picture, place.translated(widget->mapTo(&window, QPoint())));
+      EXPECT_GE(part.letters, 4.5) << widget->objectName().toStdString() << " " << widget->metaObject()->className()
+                                   << " \"" << words.toStdString() << "\" on " << part.ground.name().toStdString();
+    }
+  });
+  EXPECT_GT(texts, 200);
+}
+
+/// How much the weakest side of a box stands out from the ground around it: the best of the lines where that side's
+/// edge may lie.
+double edgeOf(const QImage& picture, const QRect& where, const QColor& ground) {
+  const QRect box = inPicture(picture, where);
+  const int depths = 4;
+  double left = 1;
+  double right = 1;
+  double top = 1;
+  double bottom = 1;
+  for (int depth = 0; depth < depths; ++depth) {
+    const auto at = [&](int x, int y) {
+      return picture.rect().contains(x, y) ? contrast(ground, picture.pixelColor(x, y)) : 1.0;
+    };
+    // A chosen row reaches from side to side; the edge is seen above or below it.
+    for (const int y : {box.top() + box.height() / 4, box.center().y(), box.bottom() - box.height() / 4}) {
+      left = std::max(left, at(box.left() + depth, y));
+      right = std::max(right, at(box.right() - depth, y));
+    }
+    top = std::max(top, at(box.center().x(), box.top() + depth));
+    bottom = std::max(bottom, at(box.center().x(), box.bottom() - depth));
+  }
+  return std::min({left, right, top, bottom});
+}
+
+TEST_F(Eyes, EveryBoxHasAnEdge) {
+  int boxes = 0;
+  onEveryScreen([&](const Screen& screen) {
+    if (screen.place() == Place::box || screen.name() == "frmW4") return;  // the form's own rules are around its boxes
+    QWidget& window = *view(screen.name().c_str()).window();
+    const QImage picture = pictureOf(window);
+    for (const Control* control : screen.controls()) {
+      QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
+      const bool box = qobject_cast<QLineEdit*>(&widget) != nullptr || qobject_cast<QComboBox*>(&widget) != nullptr ||
+                       qobject_cast<QListWidget*>(&widget) != nullptr || qobject_cast<QSpinBox*>(&widget) != nullptr;
+      if (!box || !seen(widget) || !widget.isEnabled()) continue;
+      ++boxes;
+      const QRect place(widget.mapTo(&window, QPoint()), widget.size());
+      const QColor ground = widget.parentWidget()->palette().color(QPalette::Window);
+      EXPECT_GE(edgeOf(picture, place, ground), 3) << control->address() << " on " << ground.name().toStdString();
+    }
+    for (auto* button : window.findChildren<QAbstractButton*>()) {
+      const bool mark = qobject_cast<QCheckBox*>(button) != nullptr || qobject_cast<QRadioButton*>(button) != nullptr;
+      if (!mark || !seen(*button) || !button->isEnabled()) continue;
+      ++boxes;
+      QRect place(0, 0, 18, button->height());
+      if (button->objectName().startsWith(QLatin1String("chkPersWkShtA"))) place.moveRight(button->width() - 1);
+      const Part part = measured(picture, place.translated(button->mapTo(&window, QPoint())));
+      EXPECT_GE(part.letters, 3) << button->objectName().toStdString();
+    }
+  });
+  EXPECT_GT(boxes, 60);
+}
+
+TEST_F(Eyes, AnOpenListIsRead) {
+  startOnMain();
+  const auto look = [](QComboBox& box) {
+    box.showPopup();
+    settle();
+    QAbstractItemView& rows = *box.view();
+    const QImage picture = rows.viewport()->grab().toImage();
+    for (int row = 0; row < std::min(box.count(), 6); ++row) {
+      const Part part = measured(picture, rows.visualRect(box.model()->index(row, 0)));
+      EXPECT_GE(part.letters, 4.5) << box.objectName().toStdString() << " " << box.itemText(row).toStdString();
+    }
+    box.hidePopup();
+    settle();
+  };
+  look(find<QComboBox>("frmMain", "cboState"));
+  look(find<QComboBox>("frmMain", "cboExemptions"));
+  clickItem("StateInfo");
+  look(find<QComboBox>("frmState", "cboState"));
+}
+
+TEST_F(Eyes, ThePrintDialogIsRead) {
+  QPrinter printer;
+  QPrintDialog dialog(&printer);
+  dialog.show();
+  settle();
+  const QImage picture = dialog.grab().toImage();
+  int texts = 0;
+  for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
+    const bool words =
+        qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr;
+    if (!words || widget->property("text").toString().isEmpty() || !seen(*widget) || !widget->isEnabled()) continue;
+    ++texts;
+    const Part part = measured(picture, wordsOf(*widget).translated(widget->mapTo(&dialog, QPoint())));
+    EXPECT_GE(part.letters, 4.5) << widget->property("text").toString().toStdString();
+  }
+  EXPECT_GT(texts, 5);
+  for (auto* box : dialog.findChildren<QComboBox*>()) {
+    if (!seen(*box) || box->count() == 0) continue;
+    box->showPopup();
+    settle();
+    const QImage rows = box->view()->viewport()->grab().toImage();
+    EXPECT_GE(measured(rows, box->view()->visualRect(box->model()->index(0, 0))).letters, 4.5)
+        << box->itemText(0).toStdString();
+    box->hidePopup();
+  }
+}
+
+TEST_F(Eyes, APageOverAnotherHasAnEdge) {
+  startOnMain();
+  clickItem("TwoWork");
+  click("frm2Workers", "cmdTable1Show(0)");
+  const QWidget* document = &view("frmTableOne");
+  while (dynamic_cast<const Document*>(document) == nullptr) document = document->parentWidget();
+  const QImage picture = pictureOf(frame());
+  const QRect place = inPicture(picture, QRect(document->mapTo(&frame(), QPoint()), document->size()));
+  const int y = place.center().y();
+  const QColor beneath = picture.pixelColor(place.left() - 3, y);
+  double edge = 1;
+  for (int x = 0; x < 4; ++x) edge = std::max(edge, contrast(beneath, picture.pixelColor(place.left() + x, y)));
+  EXPECT_GE(edge, 3);
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt
