@@ -2,14 +2,13 @@
 
 #include <benchmark/benchmark.h>
 
-#include <array>
 #include <string>
 
 #include "allocations.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/services.h"
 #include "engine/statelist.h"
-#include "engine/worksheet.h"
+#include "support/worksheet.h"
 
 /// A whole Calculate: four texts parsed, federal tax, FICA, the state, local tax, eight labels.
 
@@ -17,34 +16,18 @@ namespace tallyfin::bench {
 
 namespace {
 
-class Sheet : public Worksheet, public WorksheetProvider {
- public:
-  std::string income = "1,000.00";
-  std::string rate401k = "6";
-  std::string preTax = "25.50";
-  std::string preFica = "10";
-  std::string exemptionsEntry = "2";
-  int state = 0;
-  std::array<Money, 9> figures;
-
-  const std::string& incomeText() const override { return income; }
-  const std::string& rate401kText() const override { return rate401k; }
-  const std::string& preTaxText() const override { return preTax; }
-  const std::string& preFicaText() const override { return preFica; }
-  const std::string& exemptionsText() const override { return exemptionsEntry; }
-  int stateIndex() const override { return state; }
-  bool selfEmployed() const override { return false; }
-  Worksheet& provideWorksheet() override { return *this; }
-  void showFigure(int label, Money figure) override { figures.at(static_cast<std::size_t>(label)) = figure; }
-};
-
 /// A weekly paycheck of a single person with two exemptions, 1 percent local tax and the options of a user who has
 /// been to the state's screen.
 void calculate(benchmark::State& rounds, int state) {
   MemoryStore store;
   store.write(section::stateInfo, "sta401", "Y");
   store.write(section::stateInfo, "staPreTax", "N");
-  Sheet sheet;
+  WorksheetStandIn sheet;
+  sheet.income = "1,000.00";
+  sheet.rate401k = "6";
+  sheet.preTax = "25.50";
+  sheet.preFica = "10";
+  sheet.exemptionsEntry = "2";
   const Services services(store, sheet);
   sheet.state = state;
   payData = PayData{};

@@ -17,7 +17,7 @@ std::string_view Cell::text(std::string& storage) const {
   const std::string_view inside = raw.substr(1);
   const std::size_t quote = inside.find('"');
   if (quote + 1 == inside.size()) return inside.substr(0, quote);
-  // A doubled quote stands for one. Behind the closing quote the rest of the cell stands for itself.
+  // A doubled quote stands for one. What follows the closing quote is taken as it is.
   storage.clear();
   bool open = true;
   for (std::size_t i = 0; i < inside.size(); ++i) {
@@ -54,7 +54,7 @@ CsvReader::Outcome CsvReader::next(Row& row) {
   if (begin_ == end_) return finished_ ? Outcome::end : Outcome::needsMore;
 
   row.cells.clear();
-  // A line end behind everything stops the search in a cell; it is none where it is found.
+  // A sentinel behind the last byte, so that the searches need no test for the end; found there, it isn't a line end.
   buffer_[end_] = '\n';
   const char* const begin = buffer_.data() + begin_;
   const char* const end = buffer_.data() + end_;

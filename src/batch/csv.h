@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Reading CSV as RFC 4180 writes it: cells divided by commas, a cell in double quotes may hold commas, line breaks and
-/// doubled quotes, rows end in LF or CRLF. The bytes of a row stay at hand as they stood, which is what goes out again.
+/// doubled quotes, rows end in LF or CRLF. The bytes of a row are kept as they came in, because they go out unchanged.
 
 namespace tallyfin::batch {
 
@@ -16,7 +16,7 @@ struct Cell {
   std::string_view raw;  ///< With its quotes.
   bool quoted = false;
 
-  /// What the cell holds. Where that doesn't stand in the row as it is, `storage` takes it.
+  /// What the cell holds, without its quotes. It is put together in `storage` where a quote stands within it.
   std::string_view text(std::string& storage) const;
 };
 
@@ -30,7 +30,7 @@ struct Row {
 /// Cuts a stream into rows. Memory is bounded: it holds one block, or one row where that is longer.
 class CsvReader {
  public:
-  /// Puts up to so many bytes to a place; gives their number, 0 at the end.
+  /// Reads up to `size` bytes into `place`; returns their number, 0 at the end.
   using Source = std::function<std::size_t(char* place, std::size_t size)>;
   enum class Outcome { row, needsMore, end, openQuote, tooLong };
 
@@ -43,7 +43,7 @@ class CsvReader {
   Outcome next(Row& row);
   /// Reads another block; to be called where next() needs more.
   void readMore(const Source& source);
-  /// The line at which the row of the last next() begins, or its open quote; the first line is 1.
+  /// Where next() was last: the line at which its row, or the quoted cell that doesn't end, begins. Counts from 1.
   std::size_t line() const { return troubleLine_; }
 
  private:
@@ -51,8 +51,8 @@ class CsvReader {
   bool skipByteOrderMark();
 
   std::vector<char> buffer_;
-  std::size_t begin_ = 0;  ///< Of the row that comes next.
-  std::size_t end_ = 0;    ///< Of what has been read; one more byte is kept free.
+  std::size_t begin_ = 0;  ///< Where the next row begins in the buffer.
+  std::size_t end_ = 0;    ///< Where the bytes that were read end; one more is kept free.
   bool started_ = false;
   bool finished_ = false;
   std::size_t nextLine_ = 1;

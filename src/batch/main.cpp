@@ -32,7 +32,7 @@ constexpr const char* help =
     "The exit status is 0, or 1 where rows had problems, or 2 where the work couldn't be done.\n"
     "The columns are told in tallyfin99-batch(1).\n";
 
-/// The reader of the output has gone away.
+/// Thrown when the reader of the output has gone away.
 struct Gone {};
 
 struct CommandLine {
@@ -85,7 +85,7 @@ class Input {
     return static_cast<std::size_t>(count);
   }
 
-  /// Of the file, 0 to 1; unknown for what isn't a file.
+  /// How much of the file has been read, 0 to 1; unknown for what isn't a file.
   std::optional<double> share() const {
     if (size_ == 0) return std::nullopt;
     return static_cast<double>(done_) / static_cast<double>(size_);
@@ -113,7 +113,7 @@ void writeOut(std::string_view text) {
   }
 }
 
-/// One line on the terminal, written over again each second.
+/// A line on the terminal that is rewritten each second.
 class Progress {
  public:
   Progress(bool wanted, const Input& input) : wanted_(wanted), input_(input) {}
@@ -162,7 +162,7 @@ bool has(int argc, char** argv, std::string_view option) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::signal(SIGPIPE, SIG_IGN);  // a write tells it
+  std::signal(SIGPIPE, SIG_IGN);  // a failed write reports it instead
   try {
     if (has(argc, argv, "--help")) {
       writeOut(help);

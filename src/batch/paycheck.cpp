@@ -25,7 +25,7 @@ constexpr std::string_view flags[] = {"N", "Y"};
 struct ColumnRule {
   std::string_view name;
   Kind kind;
-  int first = 0;  ///< The numbers of a choice.
+  int first = 0;  ///< `first` to `last`: the numbers of a choice.
   int last = 0;
   int byDefault = 0;
 };
@@ -58,7 +58,7 @@ constexpr std::array<std::string_view, resultRows.size()> resultNames{
     "local_tax", "fica",     "social_security", "medicare",     "total_deductions", "check_amount"};
 constexpr std::string_view problemName = "problem";
 
-/// Characters that the results take at most, each behind a comma.
+/// The most characters that a row's results take, with the comma before each.
 constexpr std::size_t longestResults = resultRows.size() * (1 + longestAmount);
 
 constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -76,7 +76,7 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-/// The place of a text among captions.
+/// The index of a text among captions.
 std::optional<int> entryNamed(std::string_view text, std::span<const std::string_view> captions) {
   const auto same = [](char a, char b) { return a == b || lower(a) == lower(b); };
   const auto found = std::find_if(captions.begin(), captions.end(), [&](std::string_view caption) {
@@ -216,7 +216,7 @@ void Paycheck::takeCell(Column column, std::string_view text) {
   }
 }
 
-/// As the program does it when it is started with these choices stored, the boxes are filled and Calculate is pressed.
+/// Does what the program does when it starts with these choices stored, its boxes are filled and Calculate is pressed.
 void Paycheck::calculate() {
   payData = PayData{};
   static_cast<WorksheetFields&>(*this) = WorksheetFields{};
@@ -247,7 +247,7 @@ void Paycheck::calculate() {
 }
 
 void Paycheck::nameUnreadTexts() {
-  // A text that can't be read leaves its field at 0, where a fresh record has it: only those have to be looked at.
+  // A text that isn't a number leaves its field at 0, as in a fresh record: only texts with such a field are looked at.
   const auto name = [this](Column column, const std::string& text, bool isZero, auto read) {
     if (isZero && text != "0" && !can([&] { read(text); })) problem(column, "not a number");
   };

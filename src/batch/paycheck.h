@@ -10,7 +10,7 @@
 #include "engine/services.h"
 #include "engine/settings.h"
 
-/// One row, one paycheck: what the cells mean, and what comes of them.
+/// One row, one paycheck: what the cells mean, and the results.
 
 namespace tallyfin::batch {
 
@@ -38,7 +38,7 @@ enum Column : std::size_t {
   columnCount
 };
 
-/// Which column stands where in the rows of a file.
+/// The header of a file: which column is where in its rows.
 class Header {
  public:
   struct Entry {
@@ -46,11 +46,11 @@ class Header {
     std::size_t place;  ///< In a row, from 0.
   };
 
-  /// Refuses a row that is no header: gives the reason.
+  /// Reads a header row; returns why it is refused, if it is.
   std::optional<std::string> take(const Row& row);
 
   std::size_t size() const { return size_; }
-  /// The columns that the file has of those that a row is worked from, in the order of these.
+  /// The columns of the file that a row is worked from, in the order of Column.
   const std::vector<Entry>& known() const { return known_; }
 
  private:
@@ -61,14 +61,14 @@ class Header {
 /// The columns that are added to the header: ",gross_pay" and so on.
 const std::string& resultColumns();
 
-/// Works one paycheck after the other, none of which knows of another. It is the worksheet of the engine and sets the
+/// Works paychecks, each independent of the others. It is the worksheet of the engine and sets the
 /// options that a state routine reads.
 class Paycheck final : public Worksheet, private WorksheetProvider {
  public:
   Paycheck();
 
-  /// Works the row, all of which have the same header, and adds its results to a text, each behind a comma, then the
-  /// problem. Gives whether there is one.
+  /// Works a row; all rows must have the same header. Appends the results to `out`, each behind a comma, then the
+  /// problem. Returns whether there is one.
   bool work(const Header& header, const Row& row, std::string& out);
 
   const std::string& incomeText() const override { return texts_[income]; }
@@ -82,11 +82,11 @@ class Paycheck final : public Worksheet, private WorksheetProvider {
 
  private:
   Worksheet& provideWorksheet() override { return *this; }
-  /// Takes the cells; false where one of them names nothing.
+  /// Takes the cells; false where one of them is no entry of its list or no count.
   bool take(const Header& header, const Row& row);
   void takeCell(Column column, std::string_view text);
   void calculate();
-  /// The boxes whose text the program could make nothing of.
+  /// Reports the boxes whose text isn't a number.
   void nameUnreadTexts();
   void problem(Column column, const char* why);
   void setOption(const settings::Text& option, bool chosen, bool& stored);
@@ -98,7 +98,7 @@ class Paycheck final : public Worksheet, private WorksheetProvider {
   std::array<std::string, columnCount> texts_;  ///< Of the boxes.
   std::array<int, columnCount> numbers_{};      ///< Of the choices and counts.
   std::string exemptionsText_;
-  std::string additional_;  ///< The additional amount that counts, which needn't be the row's.
+  std::string additional_;  ///< The additional amount used: the row's, or Mississippi's exemption.
   std::string storage_;
   std::string problem_;
 };

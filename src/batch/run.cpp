@@ -32,7 +32,7 @@ class Work {
         case CsvReader::Outcome::tooLong: stop("the row is too long");
         case CsvReader::Outcome::needsMore: break;
       }
-      // What has been worked goes out before more is waited for.
+      // The finished rows go out before it waits for more.
       flush();
       onlooker_(account_.rows);
       reader_.readMore(source_);
@@ -51,7 +51,7 @@ class Work {
       return;
     }
     if (row_.cells.size() > header_.size()) {
-      // What has no column can't be carried through.
+      // Cells beyond the header's columns are dropped.
       const std::string_view last = row_.cells[header_.size() - 1].raw;
       out_.append(row_.bytes.data(), last.data() + last.size());
     } else {

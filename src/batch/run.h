@@ -12,15 +12,15 @@
 
 namespace tallyfin::batch {
 
-/// What ends the work: why, for the one line on standard error.
+/// Ends the work; its text is the one line on standard error.
 class Trouble : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Where the rows go; may throw to end the work.
+/// Takes the rows that go out; may throw to end the work.
 using Sink = std::function<void(std::string_view)>;
 
-/// Looks on from time to time.
+/// Told now and then how many rows are done.
 using Onlooker = std::function<void(std::uint64_t rows)>;
 
 struct Choices {
@@ -32,7 +32,7 @@ struct Account {
   std::uint64_t problems = 0;  ///< Rows that had one.
 };
 
-/// Works all rows of a source. Throws Trouble at what no row can follow; the rows before it have been written.
+/// Works all rows of a source. Throws Trouble where it can't go on; the rows before that have been written.
 Account run(const CsvReader::Source& source, const Sink& sink, const Choices& choices, const Onlooker& onlooker);
 
 }  // namespace tallyfin::batch

@@ -36,7 +36,7 @@ class OptionGroup {
   }
 
   void add(OptionButton& option);
-  /// Takes the setting off all options; runs nothing.
+  /// Clears all options; no handler runs.
   void clear();
 
  private:
@@ -51,9 +51,9 @@ class OptionButton : public Clickable {
   const std::string& caption() const { return caption_; }
   void setCaption(std::string caption);
   bool value() const { return set_; }
-  /// Sets this option, takes the setting off the others, and runs Click, also when nothing changes.
+  /// Sets this option, clears the others, and runs Click, also when nothing changes.
   void select();
-  /// Runs nothing.
+  /// Clears this option; no handler runs.
   void deselect();
 
   void click() override { select(); }
@@ -73,7 +73,7 @@ class CheckBox : public Clickable {
 
   const std::string& caption() const { return caption_; }
   bool value() const { return ticked_; }
-  /// Ticks by code, which runs nothing.
+  /// Ticks by code; no handler runs.
   void setValue(bool ticked);
 
   /// Changes the tick, then runs Click.
@@ -84,7 +84,7 @@ class CheckBox : public Clickable {
   bool ticked_ = false;
 };
 
-/// An item of the list bar, told by its key. It shows highlighted while the pointer is over it.
+/// An item of the list bar, known by its key. It shows highlighted while the pointer is over it.
 class ListBarItem : public Clickable {
  public:
   ListBarItem(Screen& screen, const std::string& name, const std::string& key, std::string group, std::string caption,

@@ -16,10 +16,10 @@ namespace tallyfin {
 
 class Screen;
 
-/// Why a user's act isn't carried out; nothing changed then.
+/// Why a user's act was refused. A refused act changes nothing.
 enum class Refusal { none, blocked, notShown, disabled, noEntry };
 
-/// Anything that stands on a screen.
+/// Anything on a screen.
 class Control : public Watched {
  public:
   /// Registers itself with the screen, in the order of declaration. The index tells one of a control array.
@@ -77,7 +77,7 @@ class Clickable : public Control {
   Refusal userClick();
   /// Click once, then DblClick if the screen is still there.
   Refusal userDblClick();
-  /// The rest of a double click whose first click has been told by itself.
+  /// The second half of a double click whose first click has run already.
   Refusal userSecondClick();
   /// What a click does: by the user, or "presses the button" by code.
   virtual void click() { run(onClick); }

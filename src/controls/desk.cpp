@@ -67,7 +67,8 @@ void Desk::show(Screen& screen) {
 /// Runs Activate of the document that has come to the front, after its Load.
 void Desk::activateFront() {
   Screen* front = activeDocument();
-  if (front == activated_ || seatOf(*front)->loading) return;  // no document is at the front before one was
+  // Without a document both are null.
+  if (front == activated_ || seatOf(*front)->loading) return;
   activated_ = front;
   front->Activate();
 }

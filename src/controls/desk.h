@@ -10,7 +10,7 @@
 
 namespace tallyfin {
 
-/// What a binding is told.
+/// What the desk tells a binding.
 class DeskWatcher {
  public:
   virtual ~DeskWatcher() = default;
@@ -65,7 +65,7 @@ class Desk {
   Screen* activeDocument() const { return documents_.empty() ? nullptr : documents_.front(); }
   /// The shown documents from front to back.
   const std::vector<Screen*>& documents() const { return documents_; }
-  /// All loaded screens, in no order that matters.
+  /// All loaded screens, in no particular order.
   std::vector<Screen*> loaded() const;
 
   /// The control that has the focus: one for the whole program.
@@ -80,7 +80,7 @@ class Desk {
   Refusal act(Control& control, Refusal further, const std::function<void()>& carryOut);
   /// The same for the pointer, which brings nothing to the front.
   Refusal point(Control& control, const std::function<void()>& carryOut);
-  /// Carries out what can't be refused.
+  /// Runs as an act what can't be refused.
   void carryOut(const std::function<void()>& act);
   /// A user's act on the screen itself.
   Refusal act(Screen& screen, const std::function<void()>& carryOut);
@@ -104,7 +104,7 @@ class Desk {
   /// Ends the run at once: no handler runs, and no screen is left when the present act is over.
   void end();
 
-  /// Who is told of what the desk does, while a program runs; nobody else is.
+  /// The binding that is told, while a program runs; null otherwise.
   DeskWatcher* watcher = nullptr;
 
  private:

@@ -17,13 +17,13 @@ class ListBox : public Control {
 
   const std::vector<std::string>& entries() const { return entries_; }
   int index() const { return index_; }
-  /// Chooses an entry by code and runs Click, also when nothing changes. Fails outside the list; -1 is valid.
+  /// Chooses an entry by code and runs Click, also when nothing changes; -1 chooses none. Fails outside the list.
   void setIndex(int index);
-  /// Chooses an entry by a number that must be one's: -1 fails as well, as every stored number outside the list does.
+  /// The same for a number, such as a stored one, that must be that of an entry: -1 fails too.
   void setEntry(int index);
   /// The text of the chosen entry, empty if none is.
   virtual const std::string& text() const;
-  /// The number that stands with the chosen entry.
+  /// The number that add() gave the chosen entry.
   int itemData() const;
 
   virtual void clear();

@@ -6,7 +6,7 @@
 
 namespace tallyfin {
 
-/// What an event runs.
+/// The handler of an event.
 using Handler = std::function<void()>;
 
 /// Runs a handler if there is one.
@@ -34,7 +34,7 @@ class Watched {
   Watched& operator=(const Watched&) = delete;
   virtual ~Watched() = default;
 
-  /// Says who is told that something changed; one watcher at a time.
+  /// Sets what is called when something changes; there is one watcher at a time.
   void watch(Handler watcher) { watcher_ = std::move(watcher); }
   void changed() { run(watcher_); }
 

@@ -14,7 +14,7 @@ class TextBox : public Control {
   const std::string& text() const { return text_; }
   /// Replaces the text by code; the selection goes back to the start.
   void setText(std::string text);
-  /// What stands in the box while it isn't being edited.
+  /// The text that is displayed while the box isn't being edited.
   virtual std::string shown() const { return text_; }
 
   int selStart() const { return selStart_; }
@@ -46,8 +46,8 @@ enum class Format {
   whole,     ///< "0", for a typed number only: a text that the program assigned stands as assigned
 };
 
-/// A box that shows its text in a format while it isn't being edited. It lets every character through: what is a
-/// number, the parser says.
+/// A box that shows its text in a format while it isn't being edited. Every character can be typed: the parser
+/// decides what is a number.
 class MaskedBox : public TextBox {
  public:
   MaskedBox(Screen& screen, std::string name, Format format, std::string tooltip = "");

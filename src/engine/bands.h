@@ -41,8 +41,8 @@ struct Band {
 /// A table: its rows are tested from top to bottom, the first whose test holds applies.
 using Bands = std::span<const Band>;
 
-/// The row that applies to x; a row of any kind has a test and a bound. A value in a gap of the table meets no row: the
-/// statement that asks fails, and what it would have assigned keeps its old value.
+/// The row that applies to x; a row of any kind has a test and a bound. Where x lies in a gap of the table there is
+/// none: the statement fails, and its target keeps the old value.
 template <class Row>
 const Row& bandOf(std::span<const Row> table, Money x) {
   for (const Row& row : table) {
@@ -67,7 +67,7 @@ struct AppliedRow {
 
 [[gnu::cold]] void reportRow(const AppliedRow& row);
 
-/// Whoever applies a row says so to the recorder, if there is one.
+/// Reports a row that a statement applied to the recorder, if there is one.
 inline void rowApplied(const AppliedRow& row) {
   if (recorder != nullptr) [[unlikely]]
     reportRow(row);
@@ -81,7 +81,7 @@ struct AmountsCounted {
 
 [[gnu::cold]] void reportAmounts(const AmountsCounted& counted);
 
-/// Whoever multiplies an amount by a count says so to the recorder, if there is one.
+/// Reports an amount that a statement multiplied by a count to the recorder, if there is one.
 inline void amountsCounted(const AmountsCounted& counted) {
   if (recorder != nullptr) [[unlikely]]
     reportAmounts(counted);

@@ -5,28 +5,28 @@
 
 #include "engine/paydata.h"
 
-/// What the entries of a paycheck become in the record, and what the record shows as its results: all that the screens
-/// do with a paycheck beside showing it.
+/// From the entries of a paycheck to the record, and from the record to the rows of the results: what the screens and
+/// the batch program do alike.
 
 namespace tallyfin {
 
 /// Federal withholding allowance, 1999: dollars a pay period for each exemption. Fails without a frequency.
 double allowancePerExemption();
 
-/// Makes `depsDed`, dollars a pay period, of a number of exemptions. Without a frequency it keeps its value.
+/// Sets `depsDed`, dollars a pay period, from a number of exemptions. Without a frequency it keeps its value.
 void takeAllowance(Int16 exemptions);
 
-/// Makes `maritalStat` of the status option chosen. The third option stands for a status of its own only where its
-/// caption says two incomes; else it yields the single tables.
+/// Sets `maritalStat` from the status option chosen. The third option is Married Claiming Single only where its caption
+/// says two incomes; else it is Single.
 void takeStatus(int option, bool twoIncomes);
 
-/// Makes `localRate` of the text of the Local Tax page when its OK is pressed.
+/// Sets `localRate` from the text of the Local Tax page when its OK is pressed.
 void takeLocalRate(const std::string& text);
 
 /// The Calculate command: `payPeriods`, where a frequency is known, and the calculation on the income of the worksheet.
 void calculatePaycheck();
 
-/// Makes `totalDed` and `checkAmt`.
+/// Sets `totalDed` and `checkAmt`.
 void makeTotals();
 
 /// One row of the results.

@@ -7,14 +7,14 @@
 
 namespace tallyfin {
 
-/// What a statement throws that can't be carried out. Only a statement that runs as one catches it: step() or
-/// unlessItFails().
+/// Thrown by a statement that can't be carried out. Only step() and unlessItFails(), each of which runs one statement,
+/// catch it.
 struct FailedStatement {
   /// Why, in words that follow "because".
   const char* why = "it can't be carried out";
 };
 
-/// Runs a statement that is none of a calculation; where it fails, whatever it had not assigned yet stays as it was.
+/// Runs one statement outside a calculation; where it fails, what it had not assigned yet stays as it was.
 template <class Statement>
 void unlessItFails(Statement&& statement) {
   try {

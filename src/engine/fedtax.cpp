@@ -92,8 +92,8 @@ const Bands& federalTable() {
   throw FailedStatement{"there are federal tables for Married and for Single only"};
 }
 
-/// A part of FICA at a rate: a product of its own, so that the total can differ from its parts in the last decimal;
-/// there is no wage base and no floor.
+/// FICA, or one of its two parts, at a rate. Each is worked out from the same base, so that the total can differ from
+/// the sum of the parts in the last decimal. There is no wage limit and no floor.
 [[gnu::always_inline]] inline void share(Title title, Money& part, double rate) {
   Money base;
   step(

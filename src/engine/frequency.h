@@ -14,7 +14,7 @@ struct PerFrequency {
   T everyTwoWeeks;
   T monthly;
 
-  /// The one of `frequency`. Without a frequency the statement that asks fails.
+  /// The one for the record's `frequency`. Where none is chosen, the statement fails.
   const T& now() const {
     switch (payData.frequency.value()) {
       case frequency::weekly: return weekly;

@@ -27,7 +27,7 @@ class Money {
   constexpr Money(Int16 dollars)  // NOLINT(google-explicit-constructor): likewise
       : Money(dollars.value()) {}
 
-  /// The amount of so many ten-thousandths of a dollar.
+  /// An amount given in ten-thousandths of a dollar.
   static constexpr Money ofUnits(std::int64_t units) {
     Money amount;
     amount.units_ = units;
@@ -60,7 +60,7 @@ class Money {
   std::int64_t units_ = 0;
 };
 
-/// Not below 0.
+/// The amount, or 0 where it is negative.
 constexpr Money atLeastZero(Money amount) { return amount < 0 ? Money{} : amount; }
 
 /// Dollars as a double: the count of ten-thousandths divided by 10000.

@@ -37,7 +37,7 @@ bool takeSign(std::string_view& text, bool& negative) {
   return take(text, '-') || take(text, '+');
 }
 
-/// The exponent behind "E"; far beyond every range it stands still.
+/// The exponent behind "E"; it saturates at 10^12, far beyond the range of every type.
 std::optional<std::int64_t> readExponent(std::string_view text) {
   bool negative = false;
   takeSign(text, negative);
@@ -101,7 +101,7 @@ std::optional<Decimal> readDecimal(std::string_view text) {
   throw FailedStatement{"the text isn't a number"};
 }
 
-/// What a text holds, or failure.
+/// The number that was read from a text; throws FailedStatement where there is none.
 template <class Held>
 const Held& orFail(const std::optional<Held>& held, std::string_view text) {
   if (!held) [[unlikely]]
@@ -109,10 +109,10 @@ const Held& orFail(const std::optional<Held>& held, std::string_view text) {
   return *held;
 }
 
-/// How what is dropped compares with half a unit of the last digit that is kept.
+/// How the digits that are dropped compare with half a unit of the last one that is kept.
 enum class Rest { belowHalf, half, aboveHalf };
 
-/// Hands over the first so many digits, zeros where there are no more, and says what the others amount to.
+/// Calls keep(digit) for the first `wanted` digits, padded with zeros, and tells how the others are to be rounded.
 template <class Keep>
 Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
   auto next = digits.begin();
@@ -129,7 +129,7 @@ Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
 }
 
 /// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. The
-/// number is one that a double can hold: they don't become more than some hundreds.
+/// number is within the range of a double, so that there are a few hundred digits at most.
 std::string roundedDigits(const Decimal& decimal, int places) {
   const std::int64_t wanted = decimal.power + 1 + places;  // how many of the digits stand before the rounding
   if (decimal.digits.empty() || wanted < 0) return "0";
@@ -149,7 +149,7 @@ std::string roundedDigits(const Decimal& decimal, int places) {
 
 /// The number times 10^places, rounded half to even to a whole number.
 std::int64_t roundedInteger(const Decimal& decimal, int places) {
-  constexpr std::int64_t mostDigits = 19;  // of a 64-bit number; the sum of so many digits doesn't wrap
+  constexpr std::int64_t mostDigits = 19;  // all numbers of 19 digits fit into an unsigned 64-bit one
   const std::int64_t wanted = decimal.power + 1 + places;
   if (decimal.digits.empty() || wanted < 0) return 0;
   if (wanted > mostDigits) throw FailedStatement{"the number is too large"};

@@ -31,7 +31,7 @@ std::string toText(Money amount);
 std::string toText(double value);
 std::string toText(Int16 number);
 
-/// Writes the plain text of an amount to a place that has room for `longestAmount` characters; gives its end.
+/// Writes the plain text of an amount to a buffer of `longestAmount` characters; returns the end of the text.
 char* writeText(char* place, Money amount);
 inline constexpr std::size_t longestAmount = 21;  ///< -922337203685477.5808
 

@@ -14,13 +14,13 @@ namespace tallyfin {
 /// Every Money field is dollars a pay period, but for `stateDepsDed`, whose unit is that of the state routine that
 /// wrote it last. Rates are fractions.
 struct PayData {
-  Money depsDed;          ///< Federal allowance deduction; made by Load of the main screen and nowhere else.
-  Money totalDed;         ///< Total of deductions; made by GridPrint.
+  Money depsDed;          ///< Federal allowance deduction; set by Load of the main screen and nowhere else.
+  Money totalDed;         ///< Total of deductions; set by GridPrint.
   double rate401k = 0;    ///< 401(k) rate.
   Money preFica;          ///< Amount exempt from FICA.
   Money preTax;           ///< Amount not taxed.
   Money amt401k;          ///< 401(k) contribution.
-  Money state401k;        ///< The part of `amt401k` that the state base loses: all or nothing.
+  Money state401k;        ///< What the state leaves untaxed of `amt401k`: all of it or 0.
   Money taxableWage;      ///< Income on entry to Calculate, then income less 401(k), pre-FICA and pre-tax.
   Money fedBase;          ///< `taxableWage` less `depsDed`; may be negative.
   Int16 incomeSource;     ///< 0: Calculate reads the income box; 1: it takes `taxableWage`.
@@ -30,9 +30,9 @@ struct PayData {
   Money fedTax;           ///< Federal withholding, whole cents.
   Money stateTax;         ///< State withholding.
   Money fica;             ///< FICA total.
-  Money socSec;           ///< Social Security part, a product of its own.
-  Money medicare;         ///< Medicare part, a product of its own.
-  Int16 frequency;        ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 if never told.
+  Money socSec;           ///< Social Security part, worked out from the base, not from `fica`.
+  Money medicare;         ///< Medicare part, likewise.
+  Int16 frequency;        ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 before the first choice.
   Money multiCheckTotal;  ///< Monthly total of the several-checks worksheet, dollars a month.
   Int16 w4Allowances;     ///< Allowances carried between the W-4 worksheets.
   Int16 w4TableMode;      ///< 1 or 2: the table that the Two-Earner worksheet asked for.
@@ -47,8 +47,8 @@ struct PayData {
   Money staAdd;           ///< Additional state withholding.
   Int16 mMethod;          ///< Michigan special exemptions or Maryland local rate number.
   Money stateDepsDed;     ///< The state's own allowance deduction as the last state routine left it.
-  Money statePreTax;      ///< The part of `preTax` that the state base loses: all or nothing.
-  Money checkAmt;         ///< Net check; made by GridPrint.
+  Money statePreTax;      ///< What the state leaves untaxed of `preTax`: all of it or 0.
+  Money checkAmt;         ///< Net check; set by GridPrint.
   Int16 illDeps;          ///< Illinois second allowance count.
   Int16 dontShow;         ///< 0: the program starts with Personal Information; 1: with the main screen.
 

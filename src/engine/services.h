@@ -7,7 +7,7 @@
 
 namespace tallyfin {
 
-/// Puts a value into a place of the process, and what stood there back when it goes.
+/// Assigns a value to a global variable, and gives it its former value back when it goes.
 template <class T>
 class Installed {
  public:
@@ -21,8 +21,8 @@ class Installed {
   T before_;
 };
 
-/// What the engine works with, installed for as long as this lives: the store that it asks for settings, and who has
-/// the worksheet. Both must live longer.
+/// Installs what the engine needs, the settings store and the provider of the worksheet, for as long as it lives. Both
+/// must outlive it.
 class Services {
  public:
   Services(SettingsStore& store, WorksheetProvider& provider)

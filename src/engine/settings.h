@@ -8,12 +8,12 @@
 #include "engine/numbertext.h"
 #include "engine/settingsstore.h"
 
-/// Every setting of the program: where it is kept, what a reading gives before it has been saved, and what it holds.
+/// Every setting of the program: its section, key, default and type.
 
 namespace tallyfin {
 
-/// One setting, of the type that it holds; in the store all are texts. Saving is a statement of its own: where the
-/// value has no text, or can't be stored, it is skipped.
+/// One setting, of the type that it holds; in the store all are texts. save() is one statement: where the value has no
+/// text (a double that isn't finite), or can't be stored, nothing is saved and nothing is reported.
 template <class Held>
 struct Setting {
   std::string_view section;
@@ -25,7 +25,7 @@ struct Setting {
 
   /// What is stored, as a number. A text that isn't one is a failed statement.
   Int16 number() const requires std::is_same_v<Held, Int16> { return toInt16(text()); }
-  /// The same with a default that only the reader knows.
+  /// The same with the caller's default.
   Int16 numberOr(Int16 otherwise) const requires std::is_same_v<Held, Int16> {
     return toInt16(getSetting(applicationKey, section, key, toText(otherwise)));
   }

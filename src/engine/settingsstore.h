@@ -27,15 +27,15 @@ class SettingsStore {
 
   /// The stored text; none where the key is missing or can't be read.
   virtual std::optional<std::string> read(std::string_view section, std::string_view key) const = 0;
-  /// Stores a text at once. Where that is impossible what was stored stays, and it is a failed statement.
+  /// Stores a text before it returns. Where it can't, what was stored stays and it throws FailedStatement.
   virtual void write(std::string_view section, std::string_view key, const std::string& text) = 0;
-  /// Likewise.
+  /// Removes a text, under the same terms.
   virtual void erase(std::string_view section, std::string_view key) = 0;
-  /// Everything that is stored and can be read; a section without keys doesn't stand there.
+  /// Everything that is stored and can be read; a section without keys is left out.
   virtual Sections all() const = 0;
 };
 
-/// A store for the life of the process.
+/// A store in memory.
 class MemoryStore : public SettingsStore {
  public:
   std::optional<std::string> read(std::string_view section, std::string_view key) const override;
@@ -47,14 +47,14 @@ class MemoryStore : public SettingsStore {
   Sections sections_;
 };
 
-/// Where settings are kept, while Services have said so.
+/// The store that Services have installed; null without them.
 inline SettingsStore* settingsStore = nullptr;
 
 /// The stored text, or the default where there is none.
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultText);
 
-/// Writes at once.
+/// Stores the text before it returns, or throws FailedStatement.
 void saveSetting(std::string_view application, std::string_view section, std::string_view key, const std::string& text);
 
 }  // namespace tallyfin

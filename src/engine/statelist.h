@@ -11,7 +11,7 @@ struct State {
   const char* source;  ///< The file of src/states that holds the routine.
 };
 
-/// The 42 entries in the order of both state lists; the position is the number that everything goes by.
+/// The 42 entries in the order of both state lists; the position is the number of the entry everywhere.
 extern const std::array<State, 42> stateList;
 
 /// Calls the routine of the entry that the worksheet has chosen. "No State", or no entry, calls none: `stateTax` then

@@ -11,17 +11,17 @@
 #include "engine/int16.h"
 #include "engine/money.h"
 
-/// The statements on the road of a paycheck. Each has a title, in the words of a pay stub and of the published tables.
-/// While a recorder is installed, each reports what it did; without one a statement costs a look at a pointer.
+/// The statements of a calculation. Each has a title, in the words of a pay stub and of the published tables.
+/// While a recorder is installed, each reports what it did; without one a statement tests one pointer more.
 
 namespace tallyfin {
 
 class Recorder;
 
-/// The recorder of the calculation that runs; none for most.
+/// The recorder of the running calculation. Null for most: only the toolbar's Calculate installs one.
 [[gnu::visibility("hidden")]] inline Recorder* recorder = nullptr;
 
-/// The title of a statement. An empty one isn't compiled.
+/// The title of a statement. An empty one doesn't compile.
 class Title {
  public:
   consteval Title(const char* words) : words_(words) {  // NOLINT(google-explicit-constructor): its words are the title
@@ -79,8 +79,8 @@ template <class Statement, class... Targets>
 
 }  // namespace detail
 
-/// Runs one statement; where it fails, whatever it had not assigned yet stays as it was. It may assign the targets; one
-/// that says false has assigned nothing.
+/// Runs one statement; where it fails, what it had not assigned yet stays as it was. The targets are what it may
+/// assign; a statement that returns false has assigned none of them.
 template <class Statement, class... Targets>
 requires std::invocable<Statement&>
 [[gnu::always_inline]] inline void step(Title title, Statement&& statement, const Targets&... targets) {

@@ -122,7 +122,7 @@ void Recorder::record(const char* title, std::span<const Target> targets, RunSta
     traced.badText = badText_;
   }
   traced.row = row_;
-  if (!row_) row_ = rowSoFar;  // what a part has applied, the whole has
+  if (!row_) row_ = rowSoFar;  // a row that a part applied counts for the whole statement
   traced.counted = counted_;
   traced.firstChange = trace.changes.size();
   if (const Fields after = fieldsNow(); after != before) addChanges(trace.changes, before, after);

@@ -58,7 +58,7 @@ struct TracedStatement {
   const char* title = "";
   bool done = true;                    ///< False: it failed and was skipped.
   bool assigned = true;                ///< False: none of its cases held.
-  bool part = false;                   ///< A part of the statement before it that is none.
+  bool part = false;                   ///< A part of the last statement before it that isn't a part.
   const char* why = "";                ///< Of the failure, in words that follow "because".
   std::optional<std::string> badText;  ///< The text that isn't a number, if that was the reason.
   std::size_t firstChange = 0, changes = 0;
@@ -67,8 +67,8 @@ struct TracedStatement {
   std::optional<AmountsCounted> counted;
 };
 
-/// A calculation from the pay periods to the total and the check. The changes of its statements that are no parts, made
-/// one after the other to `before`, give `after`.
+/// A calculation from the pay periods to the total and the check. Applied to `before` in their order, the changes of
+/// all statements that aren't parts give `after`.
 struct Trace {
   Fields before;
   Fields after;
@@ -84,8 +84,8 @@ struct Trace {
 
   int number = 0;            ///< Counts the calculations of a run from 1.
   PerField touchedBy{};      ///< The calculation that assigned a field last; 0 if none did.
-  PerField touchedBefore{};  ///< The same before this calculation.
-  PerField setBefore{};      ///< The calculation before which a field was set otherwise; 0 for none.
+  PerField touchedBefore{};  ///< `touchedBy` as it was before this calculation.
+  PerField setBefore{};      ///< The last calculation before which something else set a field; 0 for none.
 };
 
 /// Records all statements while it lives. One at a time.
@@ -115,7 +115,7 @@ class Recorder {
 
 /// The trace of the last calculation that was recorded in this run; none before the first.
 const Trace* lastTrace();
-/// A new run begins.
+/// Forgets all calculations: a new run begins.
 void forgetTraces();
 
 }  // namespace tallyfin

@@ -49,7 +49,7 @@ class Worksheet : public WorksheetFields {
   virtual void showFigure(int label, Money figure) = 0;
 };
 
-/// Has the worksheet; creates it where it doesn't stand yet.
+/// Gives the worksheet, which it creates if there is none yet.
 class WorksheetProvider {
  public:
   virtual Worksheet& provideWorksheet() = 0;
@@ -58,7 +58,7 @@ class WorksheetProvider {
   ~WorksheetProvider() = default;
 };
 
-/// Who has the worksheet, while Services have said so.
+/// The provider that Services have installed; null without them.
 inline WorksheetProvider* worksheetProvider = nullptr;
 
 /// The worksheet of the moment.

@@ -103,8 +103,8 @@ std::string sumOf(const AppliedRow& row, const std::string& result) {
   return reach + sum + (row.plus == 0 && row.credit == 0 ? " is " : ", is ") + result;
 }
 
-/// A sum in words: "$1,800.00 less $108.00 leaves $1,692.00; times 24 it is $40,608.00". A step that alters nothing
-/// isn't told.
+/// A sum in words: "$1,800.00 less $108.00 leaves $1,692.00; times 24 it is $40,608.00". A step that changes nothing
+/// is left out.
 class Sum {
  public:
   explicit Sum(Money from) : value_(from) {}
@@ -138,10 +138,10 @@ class Sum {
   std::string words_;
 };
 
-/// Which fields the reader knows the figure of, from the statements that have been told.
+/// Which fields' figures the reader knows, because a statement that assigns them has been shown.
 using Known = std::array<bool, fieldCount>;
 
-/// Since when a field stands as it was before the calculation.
+/// The value of a field before the calculation, and which calculation or entry set it.
 std::string standing(const Trace& trace, std::size_t field, const std::string& theOneBefore) {
   std::string value;
   std::size_t number = 0;
@@ -164,8 +164,8 @@ std::string whyNot(const TracedStatement& statement) {
   return statement.badText->empty() ? "no number is entered" : "\"" + *statement.badText + "\" isn't a number";
 }
 
-/// The sum that makes one amount of another; what it is made of follows from the title, and it is told only where it
-/// adds up.
+/// The sum that leads from the old amount to the new one. The words of the title say which terms it has; it is empty
+/// where these don't add up to the new amount.
 std::string sumOf(const Trace& trace, const TracedStatement& statement, bool known) {
   const PayData& record = trace.after.record;
   const std::string_view title = statement.title;
@@ -198,14 +198,14 @@ std::string sumOf(const Trace& trace, const TracedStatement& statement, bool kno
   return sum.value() == result ? sum.words() : "";
 }
 
-/// Whether a figure was worked out before the statement, in words that have been told: a field by one of them, a figure
-/// of the routine's own where it isn't 0 any more.
+/// Whether the reader knows the figure from before the statement: a field from a statement that was shown, a figure of
+/// the routine's own where it isn't 0.
 bool isKnown(const Known& known, const Outcome& outcome) {
   if (outcome.field) return known.at(*outcome.field);
   return amountOf(outcome.before, outcome.field) != Money{};
 }
 
-/// The sum or figure behind a title; empty where the statement altered nothing that has been told.
+/// The sum or figure that follows a title; empty where the statement left a figure that the reader knows unchanged.
 std::string figuresOf(const Trace& trace, const Known& known, const TracedStatement& statement) {
   if (statement.outcomes == 0) return "";
   const std::string_view title = statement.title;
@@ -230,12 +230,12 @@ std::string figuresOf(const Trace& trace, const Known& known, const TracedStatem
   try {
     if (amountOf(last.value, last.field)) sum = sumOf(trace, statement, isKnown(known, last));
   } catch (const FailedStatement&) {
-    sum.clear();  // beyond the amounts that can be told
+    sum.clear();  // an intermediate amount is beyond Money's range
   }
   return sum.empty() ? texts.back() : sum;
 }
 
-/// Whether a statement behind this one works the field out anew by a table, whatever it was before.
+/// Whether the next statement that assigns the field takes it from a table, whatever it was before.
 bool isWorkedOutAnew(const Trace& trace, std::size_t position, std::size_t field) {
   for (std::size_t i = position + 1; i < trace.statements.size(); ++i) {
     const TracedStatement& statement = trace.statements[i];
@@ -246,7 +246,7 @@ bool isWorkedOutAnew(const Trace& trace, std::size_t position, std::size_t field
   return false;
 }
 
-/// What a statement did, as a sentence for a row; empty where it isn't worth one.
+/// What a statement did, as a sentence for a row; empty where there is nothing to say.
 std::string sentence(const Trace& trace, const Known& known, std::size_t position, std::size_t row) {
   const TracedStatement& statement = trace.statements[position];
   const std::string title = statement.title;
@@ -305,7 +305,7 @@ bool leadsTo(const Trace& trace, const Row& row, const TracedStatement& statemen
   return false;
 }
 
-/// Behind the last statement that assigns a field, or would.
+/// The position after the last statement that has the field as its target.
 std::size_t endOf(const Trace& trace, std::size_t field) {
   std::size_t end = 0;
   for (std::size_t i = 0; i < trace.statements.size(); ++i) {

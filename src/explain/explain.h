@@ -5,21 +5,21 @@
 
 #include "engine/trace.h"
 
-/// Why a figure of the results is what it is, in words and sums. Written from the trace of the calculation alone: it
-/// says what ran, and knows no state.
+/// Why a figure of the results is what it is, in words and sums. Written from the trace of the calculation alone; there
+/// are no rules of a state here.
 
 namespace tallyfin {
 
 struct Explanation {
-  const char* title;  ///< Of the row of the results.
+  const char* title;  ///< That of the row of the results.
   Money amount;
   std::vector<std::string> lines;  ///< What led to the amount, in order.
 };
 
-/// One for each of the twelve rows, in their order.
+/// One explanation for each of the twelve rows of the results, in their order.
 std::vector<Explanation> explain(const Trace& trace);
 
-/// A part of the gross pay, as the totals have it.
+/// A part of the gross pay.
 struct Share {
   const char* name;
   Money amount;
@@ -33,7 +33,7 @@ std::vector<Share> sharesOf(const Trace& trace);
 /// A part by its name and its percentage, which is rounded to a tenth: federal tax 17.2%.
 std::string shareText(const Share& share);
 
-/// All of them in one sentence, or why there are none.
+/// All shares in one sentence, or why there are none.
 std::string sharesText(const Trace& trace);
 
 /// An amount as currency, with two decimals or as many more as it has: $1,000.00, $172.4936, ($5.00).

@@ -17,14 +17,13 @@ constexpr Colour enabledText{255, 128, 128};
 
 /// What Connecticut's rate letters mean; the fifth has no text. The slip in the first figure stands.
 constexpr std::array connecticutRates{
-    "You are Single; or You are Married and you are filing separately; or You are married filing jointly, both you and "
-    "your spouse work, and your combined income is $100,00 or less.",
+    "You are Single; or You are Married and you are filing separately; or You are married filing jointly, both you "
+    "and your spouse work, and your combined income is $100,00 or less.",
     "You will file as Head of Household on your federal tax return.",
     "You are married filing jointly and your spouse is not employed.",
     "You are married filing jointly, have a working spouse, and your combined income is more than $100,500; or You "
-    "have "
-    "a significant nonwage income, and wish to avoid having too little tax withheld; or You are a nonresident and you "
-    "have substantial other income."};
+    "have a significant nonwage income, and wish to avoid having too little tax withheld; or You are a nonresident "
+    "and you have substantial other income."};
 
 }  // namespace
 

@@ -1,7 +1,7 @@
 #include "states/eightbandtables.h"
 #include "states/states.h"
 
-/// The pure form of a state by the pay period: an amount for each exemption, then a table of eight rows by status and
+/// The plainest states: an amount of the pay period for each exemption, then a table of eight rows by status and
 /// frequency.
 
 namespace tallyfin {

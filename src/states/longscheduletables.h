@@ -3,7 +3,7 @@
 #include "engine/bands.h"
 #include "engine/frequency.h"
 
-/// The tables of Georgia and Idaho, tax year 1999: dollars a pay period, by status and frequency.
+/// The tables of longschedulestates.cpp, tax year 1999: dollars a pay period, by status and frequency.
 
 namespace tallyfin {
 

@@ -16,7 +16,7 @@ constexpr PerFrequency<Dollars> highBound{38.5, 83.5, 77, 167};
 
 static Money clamped(Money deduction) { return std::clamp(deduction, lowBound.now().amount, highBound.now().amount); }
 
-/// The tables of the county rate that `mMethod` holds; none before a pick.
+/// The tables of the county rate whose number `mMethod` holds; none before one is chosen.
 static const PerFrequency<Bands>* countyRate() {
   switch (payData.mMethod.value()) {
     case 48: return &rate48;

@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// New York, the one routine that a failure abandons.
+/// New York, the one routine in which a failed statement skips all that follows.
 
 namespace tallyfin {
 
@@ -60,7 +60,7 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 
 /// New York, 1999. It overwrites `staDeps` with the worksheet's count; the field of exemptions isn't touched. Married
 /// Claiming Single keeps the `stateDepsDed` of the last routine. A failure abandons the whole routine, finish included;
-/// a missing frequency is none. `stateDepsDed`: the standard deduction, dollars a pay period.
+/// that no frequency is chosen isn't one. `stateDepsDed`: the standard deduction, dollars a pay period.
 ///
 /// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
 /// `stateStdDed`, `exemptionsText`. Writes `state401k`, `stateTax`, `staDeps`, `stateDepsDed`, `statePreTax`,

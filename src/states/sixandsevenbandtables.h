@@ -82,7 +82,7 @@ inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, 
 inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
 }  // namespace rhodeisland
 
-/// Vermont. The Single tables are not all of a piece.
+/// Vermont. Two of the Single tables have rows that don't join.
 namespace vermont {
 // clang-format off
 inline constexpr Band marriedWeekly[] = {

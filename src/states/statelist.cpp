@@ -4,8 +4,8 @@
 
 namespace tallyfin {
 
-/// The catalogue of the states, with the source in which each routine stands; its tables stand there too, or in the
-/// header of the same name.
+/// The catalogue of the states, with the source in which each routine stands. Its tables stand there too, or in the
+/// header of the same name: oregontables.h beside oregon.cpp, eightbandtables.h beside eightbandstates.cpp.
 const std::array<State, 42> stateList{{
     {"No State", nullptr, nullptr},
     {"Alabama", Alabama, "annualbandstates.cpp"},
@@ -13,7 +13,7 @@ const std::array<State, 42> stateList{{
     {"Arkansas", Arkansas, "annualbandstates.cpp"},
     {"California", CalifTax, "california.cpp"},
     {"Colorado", Colorado, "periodbandstates.cpp"},
-    {"Connecticut", Connecticut, "longschedulestates.cpp"},
+    {"Connecticut", Connecticut, "connecticut.cpp"},
     {"Delaware", Delaware, "annualbandstates.cpp"},
     {"Dist of Columbia", DCTax, "periodbandstates.cpp"},
     {"Georgia", Georgia, "longschedulestates.cpp"},
@@ -36,11 +36,11 @@ const std::array<State, 42> stateList{{
     {"New Jersey", NewJersey, "newjersey.cpp"},
     {"New Mexico", NewMexico, "eightbandstates.cpp"},
     {"New York", NewYork, "newyork.cpp"},
-    {"North Carolina", NCarolina, "oregonnorthcarolina.cpp"},
+    {"North Carolina", NCarolina, "northcarolina.cpp"},
     {"North Dakota", NorthDakota, "percentagestates.cpp"},
     {"Ohio", Ohio, "frequencyschedulestates.cpp"},
     {"Oklahoma", Oklahoma, "oklahoma.cpp"},
-    {"Oregon", Oregon, "oregonnorthcarolina.cpp"},
+    {"Oregon", Oregon, "oregon.cpp"},
     {"Pennsylvania", Penn, "percentagestates.cpp"},
     {"Rhode Island", RhodeIsland, "sixandsevenbandstates.cpp"},
     {"South Carolina", SCarolina, "annualschedulestates.cpp"},

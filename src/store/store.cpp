@@ -16,18 +16,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The one table of a store, in the words by which SQLite keeps it.
+/// The one table of a store, exactly as its definition stands in SQLite's schema.
 const std::string table =
     "setting(section TEXT NOT NULL, key TEXT NOT NULL, text TEXT NOT NULL, PRIMARY KEY(section, key)) "
     "STRICT, WITHOUT ROWID";
 
-constexpr int patience = 500;  ///< How long another program that is writing is waited for, milliseconds.
+constexpr int patience = 500;  ///< The longest wait for another program that is writing, milliseconds.
 constexpr int largestText = 8 * 1024 * 1024;
 constexpr std::uintmax_t pageSize = 4096;
 constexpr std::uintmax_t largestFile = 16'384 * pageSize;
 
-/// For every connection. secure_delete leaves nothing of a text that has been replaced in the file; a page that is
-/// damaged is noticed before it is used.
+/// Options of every connection. secure_delete overwrites a text that is replaced or removed; cell_size_check notices a
+/// damaged page before it is used.
 const std::string everyConnection =
     "PRAGMA synchronous = NORMAL; PRAGMA secure_delete = ON; PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0; "
     "PRAGMA temp_store = MEMORY; PRAGMA wal_autocheckpoint = 100; PRAGMA max_page_count = " +
@@ -40,7 +40,7 @@ struct Freed {
 using Connection = std::unique_ptr<sqlite3, Freed>;
 using Statement = std::unique_ptr<sqlite3_stmt, Freed>;
 
-/// A prepared statement with its texts, to be stepped through; afterwards it is free for the next.
+/// Resets a prepared statement, and forgets its texts, once its rows have been read.
 struct Rewound {
   void operator()(sqlite3_stmt* statement) const {
     sqlite3_reset(statement);
@@ -52,7 +52,7 @@ using Running = std::unique_ptr<sqlite3_stmt, Rewound>;
 Running with(const Statement& statement, std::initializer_list<std::string_view> texts) {
   int number = 0;
   for (const std::string_view text : texts) {
-    // Without an address it would be no text at all. One that is too long stays unbound, which the table refuses.
+    // A null address would bind NULL. A text that is too long stays unbound, NULL, which the table refuses.
     sqlite3_bind_text64(statement.get(), ++number, text.empty() ? "" : text.data(), text.size(), SQLITE_STATIC,
                         SQLITE_UTF8);
   }
@@ -71,7 +71,7 @@ std::string textIn(const Running& running, int column) {
   return std::string(std::string_view(static_cast<const char*>(bytes), length));
 }
 
-/// The path in a form that SQLite takes options behind.
+/// The path as a URI, to which options can be added.
 std::string asUri(const fs::path& path) {
   constexpr std::string_view hex = "0123456789ABCDEF";
   std::string uri = "file:";
@@ -86,8 +86,8 @@ std::string asUri(const fs::path& path) {
   return uri;
 }
 
-/// Whether a program was ended, or is, in the middle of a change that SQLite completes or takes back at the next
-/// opening. Until then the file alone doesn't say what is stored.
+/// Whether a journal or log stands beside the file: a program is writing, or was ended while it did. SQLite completes
+/// or undoes that change at the next opening; until then the file alone doesn't say what is stored.
 bool changeUnderWay(const fs::path& path) {
   const auto beside = [&](const char* ending) {
     std::error_code none;
@@ -97,8 +97,8 @@ bool changeUnderWay(const fs::path& path) {
   return beside("-journal") || beside("-wal");
 }
 
-/// Makes the file, and the folders that it lacks, the user's alone. Whatever stands there already stays, be it a link
-/// that leads nowhere.
+/// Creates the file, and the folders that it lacks, for the user alone. What is there already stays, even a link that
+/// leads nowhere.
 void makeFile(const fs::path& path) {
   const mode_t before = ::umask(S_IRWXG | S_IRWXO);
   std::error_code failed;
@@ -108,24 +108,24 @@ void makeFile(const fs::path& path) {
   ::umask(before);
 }
 
-/// Takes away what others may do with the file; what SQLite makes beside it has the same mode.
+/// Removes all permissions of others from the file; SQLite gives the files beside it the same mode.
 void takeFromOthers(const fs::path& path) {
   std::error_code failed;
   fs::permissions(path, fs::perms::group_all | fs::perms::others_all, fs::perm_options::remove, failed);
 }
 
-/// A file of another length has been cut off, though SQLite may not notice, or is none of ours: SQLite takes one byte
-/// for an empty database.
+/// Whether the length is that of a store: whole pages, or any length but 1 while a change is under way. Any other file
+/// was cut off, which SQLite may not notice, or isn't a store: SQLite takes one byte for an empty database.
 bool mayBeDatabase(const fs::path& path) {
   std::error_code none;
   if (!fs::is_regular_file(path, none)) return false;
-  const auto size = fs::file_size(path, none);  // the largest number where there is none any more
+  const auto size = fs::file_size(path, none);  // the largest number where the file has gone
   return size <= largestFile && (size % pageSize == 0 || (size != 1 && changeUnderWay(path)));
 }
 
 }  // namespace
 
-/// A connection to a file that may be anything.
+/// A connection to a file whose content isn't known yet.
 class FileStore::Database {
   Connection connection_;  // goes after its statements
 
@@ -158,8 +158,8 @@ class FileStore::Database {
   }
 
   ~Database() {
-    // What SQLite keeps beside the file goes with the last program that has it open. Beside the name of a file that has
-    // been removed meanwhile it may be another one's.
+    // The last program that closes the file removes what SQLite keeps beside it. Where the file itself was replaced
+    // meanwhile, the files beside its name may belong to the new one.
     if (form == Form::store && !moved()) configure(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0);
   }
   Database(const Database&) = delete;
@@ -204,7 +204,7 @@ class FileStore::Database {
     return Statement(statement);
   }
 
-  /// What a statement without texts answers in the first column, a line a row; none where it fails.
+  /// The first column of a query's rows, one line each; none where it fails.
   std::optional<std::string> answer(const char* sql) const {
     const Statement statement = prepared(sql);
     const Running running = with(statement, {});
@@ -217,7 +217,7 @@ class FileStore::Database {
 
   void learnForm() {
     form = Form::none;
-    // Byte by byte: in another encoding the words are others.
+    // textIn() compares bytes: a schema in another encoding isn't ours.
     const auto schema = answer("SELECT sql FROM sqlite_schema");
     if (schema != "" && schema != "CREATE TABLE " + table + '\n') return;
     if (answer("PRAGMA quick_check(1)") == "ok\n") form = schema == "" ? Form::empty : Form::store;
@@ -256,7 +256,7 @@ SettingsStore::Sections FileStore::all() const {
   return sections;
 }
 
-/// The store as it now stands; none where there is none. Making turns an empty file into one.
+/// The open store; null where the file isn't one. Opening::making turns an empty file into one.
 FileStore::Database* FileStore::open(Opening opening) const {
   using Form = Database::Form;
   using View = Database::View;
@@ -269,7 +269,7 @@ FileStore::Database* FileStore::open(Opening opening) const {
   const auto usable = [&](Form form) {
     return form == Form::store || (form == Form::empty && opening == Opening::making);
   };
-  // The snapshot comes first, since by the live view alone SQLite makes files beside a database, whoever's it is.
+  // The snapshot comes first, because opening the live view creates files beside any database, ours or not.
   auto snapshot = std::make_unique<Database>(path, View::snapshot);
   const bool whole = !changeUnderWay(path);
   if (whole && !usable(snapshot->form)) return nullptr;

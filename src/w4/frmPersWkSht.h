@@ -25,8 +25,7 @@ class frmPersWkSht final : public Screen {
       "chkPersWkShtA",
       {"A.  Enter \"X\"", "B.  Enter \"X\" if:", "C.  Enter \"X\":",
        "F.  Check if you have at least $1,500 of child or dependent care expenses for         which you plan to claim "
-       "a "
-       "credit.",
+       "a credit.",
        "E.  Check if you will file as Head of Household on your tax return (see conditions under Head Of Household in "
        "Help)."}};
   Label lblItem1{*this, "lblItem1", "for YOURSELF if no one else can claim you as a dependent."};
@@ -36,8 +35,8 @@ class frmPersWkSht final : public Screen {
                     "Your wages from a second job or your spouse's wages (or the total of both) are $1,000 or less."};
   Label lblItem3{
       *this, "lblItem3",
-      "for your SPOUSE.  But, you may choose to enter -0- if you are married and have either a working spouse "
-      "or more than one job. (This may help you avoid have too little tax withheld.)"};
+      "for your SPOUSE.  But, you may choose to enter -0- if you are married and have either a working spouse or more "
+      "than one job. (This may help you avoid have too little tax withheld.)"};
   Label lblPersWrkNoDeps{
       *this, "lblPersWrkNoDeps",
       "D.  Enter number of dependents (other than your spouse or yourself) you will claim on your tax return."};
@@ -50,16 +49,14 @@ class frmPersWkSht final : public Screen {
       *this,
       "lblChildCare",
       {"If your total income will be between $20,000 and $50,000 ($23,000 and $63,000 if married), enter \"1\" for "
-       "each "
-       "eligible child.",
-       "If your total income will be between $50,000 and $80,000 ($63,000 and $115,000 if married), enter \"1\" if you "
-       "have two eligible children, enter \"2\" if you have three or four eligible children, or enter \"3\" if you "
-       "have "
-       "five or more eligible children."}};
+       "each eligible child.",
+       "If your total income will be between $50,000 and $80,000 ($63,000 and $115,000 if married), enter \"1\" if "
+       "you have two eligible children, enter \"2\" if you have three or four eligible children, or enter \"3\" if "
+       "you have five or more eligible children."}};
   Label lblPersWrkTotal{
       *this, "lblPersWrkTotal",
-      "H.  Add and enter total here. Note: This amount may be different from the number of exemptions "
-      "you claim on your return."};
+      "H.  Add and enter total here. Note: This amount may be different from the number of exemptions you claim on "
+      "your return."};
   Label lblTotalDepsClaim{*this, "lblTotalDepsClaim"};
   ControlArray<CommandButton, 1> cmdPersWrkCalc{*this, "cmdPersWrkCalc"};
   Label lblForAccuracy{*this, "lblForAccuracy", "For accuracy, complete all worksheets that apply."};
@@ -71,8 +68,8 @@ class frmPersWkSht final : public Screen {
        "If you are single, have more than one job, and your combined earnings from all jobs exceeds $32,000 OR if you "
        "are married and have a working spouse or more than one job, and the combined earnings from all jobs exceed "
        "$55,000, see the Two-Earner/Two-Job Worksheet if you want to avoid having too little tax withheld.",
-       "If neither of the above situations applies, stop here and enter the number from line H on line 5 of Form "
-       "W-4."}};
+       "If neither of the above situations applies, stop here and enter the number from line H on line 5 of "
+       "Form W-4."}};
   /// 0 goes forward to page 2, 1 back to page 1.
   ControlArray<CommandButton, 2> cmdW4Back{*this, "cmdW4Back"};
 

@@ -16,12 +16,11 @@ class frmMultiCheck final : public Screen {
   Label lblMulti{*this, "lblMulti", "Multiple Check Worksheet"};
   Label lblMultiInstruct{
       *this, "lblMultiInstruct",
-      "Enter the amount of each check you will receive and select a period for that check, i.e., weekly, monthly, etc. "
-      " "
-      "Enter up to four checks.   The periods do not have to be the same, you can have one check for each period if "
-      "needed. When you have entered the amounts you want to calculate, press the calculate button.  NOTE: The "
-      "\"Calculated Total\" is not the sum of the numbers, but rather a number calculated from the frequency of the "
-      "check."};
+      "Enter the amount of each check you will receive and select a period for that check, i.e., weekly, monthly, "
+      "etc.  Enter up to four checks.   The periods do not have to be the same, you can have one check for each "
+      "period if needed. When you have entered the amounts you want to calculate, press the calculate button.  NOTE: "
+      "The \"Calculated Total\" is not the sum of the numbers, but rather a number calculated from the frequency of "
+      "the check."};
   Label lblMultiWeekly{*this, "lblMultiWeekly", "Weekly"};
   Label lblMultiETW{*this, "lblMultiETW", "Every 2 Weeks"};
   Label lblMulti2aMon{*this, "lblMulti2aMon", "Twice A Month"};

@@ -200,9 +200,9 @@ TEST_F(CalculateTest, CalculatesTheLocalTaxLast) {
   payData.localRate = 0.01;
   Calculate();
   EXPECT_EQ(payData.localTax, 10);
-  EXPECT_EQ(sheet.figures[8], "0");  // the label was filled before
+  EXPECT_EQ(sheet.figures[8], 0);  // the label was filled before
   Calculate();
-  EXPECT_EQ(sheet.figures[8], "10");
+  EXPECT_EQ(sheet.figures[8], 10);
 }
 
 }  // namespace

@@ -173,14 +173,14 @@ TEST_F(FedTaxTest, ShowsEightFiguresHalfToEven) {
   payData.localTax = dollars("-2.5");
   sheet.state = 34;
   FedTax();
-  EXPECT_EQ(sheet.figures[1], "71.1");
-  EXPECT_EQ(sheet.figures[2], "28");
-  EXPECT_EQ(sheet.figures[3], "0.12");
-  EXPECT_EQ(sheet.figures[4], "76.49");  // 76.4897 of 999.865
-  EXPECT_EQ(sheet.figures[5], "0.14");
-  EXPECT_EQ(sheet.figures[6], "61.99");
-  EXPECT_EQ(sheet.figures[7], "14.5");
-  EXPECT_EQ(sheet.figures[8], "-2.5");  // of the calculation before
+  EXPECT_EQ(sheet.figures[1], dollars("71.1"));
+  EXPECT_EQ(sheet.figures[2], 28);
+  EXPECT_EQ(sheet.figures[3], dollars("0.12"));
+  EXPECT_EQ(sheet.figures[4], dollars("76.49"));  // 76.4897 of 999.865
+  EXPECT_EQ(sheet.figures[5], dollars("0.14"));
+  EXPECT_EQ(sheet.figures[6], dollars("61.99"));
+  EXPECT_EQ(sheet.figures[7], dollars("14.5"));
+  EXPECT_EQ(sheet.figures[8], dollars("-2.5"));  // of the calculation before
 }
 
 }  // namespace

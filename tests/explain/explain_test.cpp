@@ -104,9 +104,9 @@ TEST_F(ExplainTest, EveryFigureOfTheSample) {
               ElementsAre("Local tax on the base chosen on the Local Tax page: 0% of $1,000.00 is $0.00."));
   EXPECT_THAT(linesOf("FICA"),
               ElementsAre("FICA, 7.65% of the gross pay less the pre-FICA amount: of $1,000.00 it is $76.50."));
-  EXPECT_THAT(linesOf("Social Security"),
-              ElementsAre("Social Security, 6.2% of the gross pay less the pre-FICA amount: of $1,000.00 it is "
-                          "$62.00."));
+  EXPECT_THAT(
+      linesOf("Social Security"),
+      ElementsAre("Social Security, 6.2% of the gross pay less the pre-FICA amount: of $1,000.00 it is $62.00."));
   EXPECT_THAT(linesOf("Medicare"),
               ElementsAre("Medicare, 1.45% of the gross pay less the pre-FICA amount: of $1,000.00 it is $14.50."));
   EXPECT_THAT(linesOf("Total Ded"),
@@ -176,8 +176,8 @@ TEST_F(ExplainTest, SaysThatAnAllowanceWaitsForTheNextLoad) {
   calculate();
   EXPECT_THAT(
       linesOf("Federal Tax"),
-      Contains("What is chosen now, 0 exemptions at $52.88 each, makes an allowance of $0.00. It counts once the "
-               "main screen is loaded again; until then the allowance stays $52.88."));
+      Contains("What is chosen now, 0 exemptions at $52.88 each, makes an allowance of $0.00. It counts once the main "
+               "screen is loaded again; until then the allowance stays $52.88."));
   main().cboExemptions.setIndex(2);
   calculate();
   program.start();
@@ -189,8 +189,8 @@ TEST_F(ExplainTest, SaysThatAnAllowanceWaitsForTheNextLoad) {
   calculate();
   EXPECT_THAT(linesOf("Federal Tax"), Not(Contains(HasSubstr("The federal allowance"))));
   EXPECT_THAT(linesOf("Federal Tax"),
-              Contains("What is chosen now, 1 exemption at $229.17 each, makes an allowance of $229.17. It counts once "
-                       "the main screen is loaded again; until then the allowance stays $105.76."));
+              Contains("What is chosen now, 1 exemption at $229.17 each, makes an allowance of $229.17. It counts "
+                       "once the main screen is loaded again; until then the allowance stays $105.76."));
   main().cboExemptions.setIndex(-1);  // no number of exemptions: nothing to compare with
   calculate();
   EXPECT_THAT(linesOf("Federal Tax"), Not(Contains(HasSubstr("llowance of"))));

@@ -15,7 +15,8 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// Whatever stands in the record, a state routine reads and writes the fields that its comment names and no other.
+/// Whatever stands in the record, a state routine reads and writes the fields that its comment names and no other. Its
+/// tables stand in the header named after its source.
 
 namespace tallyfin {
 namespace {
@@ -69,6 +70,19 @@ Touched toldOf(const State& state) {
     return names;
   };
   return {namesAfter("Reads"), namesAfter("Writes")};
+}
+
+TEST(StateSources, IncludeNoTablesButThoseOfTheirOwnName) {
+  for (const State& state : stateList) {
+    if (!state.routine) continue;
+    const std::string source = textOf(state.source);
+    ASSERT_NE(source, "") << state.source;
+    const std::string stem = std::regex_replace(state.source, std::regex("(states)?\\.cpp$"), "");
+    const std::regex include("#include \"states/(\\w+)tables\\.h\"");
+    for (std::sregex_iterator it(source.begin(), source.end(), include), end; it != end; ++it) {
+      EXPECT_EQ((*it)[1], stem) << state.caption;
+    }
+  }
 }
 
 /// Mostly an everyday figure, now and then one at the end of its type.

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/table.h"
 
 /// The published tables of 1999 as test data, and the arithmetic to hold a routine against them: an own one, that
 /// knows nothing of the program's.
@@ -100,30 +100,16 @@ struct Table {
   }
 };
 
-inline std::vector<std::vector<std::string>> cellsOf(const std::string& file) {
-  std::ifstream in(std::string(TALLYFIN_TEST_DATA) + "/" + file);
-  EXPECT_TRUE(in) << file;
-  std::vector<std::vector<std::string>> lines;
-  bool heading = true;
-  for (std::string line; std::getline(in, line);) {
-    if (line.starts_with("#")) continue;
-    std::vector<std::string> cells;
-    std::istringstream text(line);
-    for (std::string cell; std::getline(text, cell, '\t');) cells.push_back(cell);
-    if (!heading) lines.push_back(cells);
-    heading = false;
-  }
-  return lines;
-}
-
 inline std::vector<Table> tables() {
   std::vector<Table> all;
-  for (auto cells : cellsOf("bands.tsv")) {
-    cells.resize(10);
-    const auto number = [&](std::size_t column) { return cells[column].empty() ? 0 : std::stod(cells[column]); };
-    const int frequency = cells[2] == "-" ? -1 : std::stoi(cells[2]);
-    if (cells[3] == "1") all.push_back({cells[0], cells[1], frequency, {}});
-    all.back().rows.push_back({cells[4], units(cells[5]), units(cells[6]), number(7), number(8), number(9)});
+  for (const tallyfin::Row& cells : tableOf("states/data/bands.tsv")) {
+    const auto number = [&](const char* column) { return cells.at(column).empty() ? 0 : std::stod(cells.at(column)); };
+    const std::string& frequency = cells.at("frequency");
+    if (cells.at("row") == "1") {
+      all.push_back({cells.at("routine"), cells.at("selection"), frequency == "-" ? -1 : std::stoi(frequency), {}});
+    }
+    all.back().rows.push_back({cells.at("test"), units(cells.at("bound")), units(cells.at("lower")), number("rate"),
+                               number("plus"), number("extra")});
   }
   return all;
 }
@@ -139,8 +125,9 @@ inline std::vector<Table> tablesOf(const std::string& routine) {
 
 /// The figures of an amount in the order of `frequency`.
 inline std::vector<std::string> amounts(const std::string& routine, const std::string& amount) {
-  for (const auto& cells : cellsOf("amounts.tsv")) {
-    if (cells[0] == routine && cells[1] == amount) return {cells.begin() + 2, cells.end()};
+  for (const tallyfin::Row& cells : tableOf("states/data/amounts.tsv")) {
+    if (cells.at("routine") != routine || cells.at("amount") != amount) continue;
+    return {cells.at("weekly"), cells.at("twiceAMonth"), cells.at("everyTwoWeeks"), cells.at("monthly")};
   }
   ADD_FAILURE() << routine << " has no " << amount;
   return {"0", "0", "0", "0"};

@@ -13,10 +13,12 @@ namespace tallyfin {
 /// A row of a table of test data: its cells by the name of their column.
 using Row = std::map<std::string, std::string>;
 
+/// The pieces of a text between its dividers; none of an empty text.
 inline std::vector<std::string> splitAt(const std::string& text, char divider) {
   std::vector<std::string> pieces;
   std::istringstream stream(text);
   for (std::string piece; std::getline(stream, piece, divider);) pieces.push_back(piece);
+  if (text.ends_with(divider)) pieces.emplace_back();
   return pieces;
 }
 
