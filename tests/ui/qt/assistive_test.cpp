@@ -38,7 +38,8 @@ std::vector<std::string> told;  // NOLINT: the toolkit's handler takes no contex
 
 void note(QAccessibleEvent* event) {
   const auto* widget = qobject_cast<const QWidget*>(event->object());
-  const std::string name = widget == nullptr ? "" : widget->objectName().toStdString();
+  if (widget == nullptr) return;
+  const std::string name = widget->objectName().toStdString();
   switch (event->type()) {
     case QAccessible::ValueChanged:
       told.push_back("value " + name + " " +
