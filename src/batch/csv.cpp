@@ -62,7 +62,7 @@ CsvReader::Outcome CsvReader::next(Row& row) {
   std::size_t lines = 1;
   while (true) {
     const char* const cell = at;
-    const bool quoted = *at == '"' && at != end;
+    const bool quoted = *at == '"';
     if (quoted) {
       troubleLine_ = nextLine_ + lines - 1;
       for (++at;; ++at) {

@@ -171,7 +171,7 @@ Paycheck::Paycheck() {
 bool Paycheck::work(const Header& header, const Row& row, std::string& out) {
   problem_.clear();
   if (row.cells.size() > header.size()) problem_ = "more cells than the header has columns";
-  if (take(header, row) && problem_.empty()) {
+  if (take(header, row)) {
     calculate();
     nameUnreadTexts();
     std::array<char, longestResults> results;

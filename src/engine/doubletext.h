@@ -64,10 +64,10 @@ using clibrary::shortTextOf;
 inline std::string shortestTextOf(float value) {
   std::array<char, 32> buffer{};
   int length = 0;
-  for (int digits = 1; digits <= std::numeric_limits<float>::max_digits10; ++digits) {
-    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", digits, static_cast<double>(value));
-    if (std::strtof(buffer.data(), nullptr) == value) break;
-  }
+  int digits = 0;
+  do {
+    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", ++digits, static_cast<double>(value));
+  } while (std::strtof(buffer.data(), nullptr) != value);
   return {buffer.data(), static_cast<std::size_t>(length)};
 }
 

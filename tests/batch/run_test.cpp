@@ -86,6 +86,23 @@ TEST(Batch, RowsDoNotKnowOfEachOther) {
   EXPECT_EQ(linesOf(both)[2], linesOf(outcomeOf(header + second).out)[1]);
 }
 
+TEST(Batch, GivesNoExemptionForAnOptionThatMississippiDoesNotOffer) {
+  const std::string with =
+      outcomeOf("income,frequency,state,state_marital,state_additional\n0,0,Mississippi,5,5\n").out;
+  EXPECT_THAT(with, HasSubstr("0,0,Mississippi,5,5,0,0,0,0,0,5,0,"));
+}
+
+TEST(Batch, GivesNothingForTheOptionWhoseExemptionMustBeEntered) {
+  const std::string with =
+      outcomeOf("income,frequency,state,state_marital,state_additional\n0,0,Mississippi,8,5\n").out;
+  EXPECT_THAT(with, HasSubstr("0,0,Mississippi,8,5,0,0,0,0,0,0,0,"));
+}
+
+TEST(Batch, StopsAtARowThatIsTooLong) {
+  const std::string row(3 * CsvReader::longestRow, 'x');
+  EXPECT_EQ(outcomeOf("note\nshort\n" + row + "\n").trouble, "line 3: the row is too long");
+}
+
 TEST(Batch, LeavesMississippisExemptionToItsRow) {
   // Its marital option 7 stands for an exemption of 10,000 where other states have an additional amount. Kentucky adds
   // that amount to (0 * 52 - 650) * 0.02 / 52, which is -0.25.

@@ -272,6 +272,7 @@ TEST_F(Texts, StandWithTheirPageOutOfSightToo) {
   EXPECT_EQ(page.panel.top(), 135);
   page.panel.left = Panel::outOfSight;
   EXPECT_EQ(page.panel.left(), -10000);
+  EXPECT_EQ(page.panel.caption(), "");
 }
 
 TEST_F(Texts, OfABoxAreSelectedAsItGainsTheFocus) {
@@ -289,6 +290,7 @@ TEST_F(Texts, OfTheListBarAreHighlightedUnderThePointer) {
   page.item.userLeave();
   EXPECT_FALSE(page.item.highlighted());
   EXPECT_EQ(page.item.address(), "bar(NewFile)");
+  EXPECT_EQ(page.item.picture(), "new");
 }
 
 }  // namespace

@@ -507,6 +507,13 @@ TEST_F(ProgramRun, StartsAgainInPlaceOfTheOldOne) {
   EXPECT_EQ(desk.find<First>(), nullptr);
 }
 
+TEST_F(ProgramRun, TakesTheSecondClickForTheDoubleClickAlone) {
+  desk.show<First>();
+  happened();
+  desk.use<First>().button.userSecondClick();
+  EXPECT_THAT(happened(), ElementsAre("First button DblClick"));
+}
+
 class WhatABindingIsTold : public DeskTest, private DeskWatcher {
  protected:
   void shown(Screen& screen) override { note("told of " + screen.name() + " shown"); }

@@ -308,6 +308,15 @@ TEST_F(ExplainTest, SaysThatAGapOfATableMeetsNoRow) {
                           "that amount; $0.00 from the start stays."));
 }
 
+TEST_F(ExplainTest, TellsARowThatTakesOffMoreThanTheAmount) {
+  startSample(38);  // Vermont, Single: the row up to 1,105 begins at 899
+  main().cboExemptions.setIndex(0);
+  main().txt401k.setText("0");
+  main().txtIncome.setText("600");
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"), Contains(HasSubstr("$600.00 is at most $1,105.00: 7% of ($299.00), plus $17.41")));
+}
+
 TEST_F(ExplainTest, GivesNewYorkUpWhereItsCountIsNoNumber) {
   startSample(28);
   main().cboExemptions.setIndex(-1);

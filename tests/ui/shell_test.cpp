@@ -48,6 +48,7 @@ TEST_F(Shell, PutsBackWhatItFound) {
     EXPECT_EQ(tallyfin::machine.clock, &elsewhere);
     EXPECT_EQ(desk.watcher, &watcher);
     EXPECT_EQ(&worksheet(), &desk.use<frmMain>());
+    desk.use<frmMain>().txtIncome.setFocus();  // of which nobody wants to know
   }
   EXPECT_FALSE(desk.running());
   EXPECT_EQ(settingsStore, &store);
