@@ -244,7 +244,7 @@ TEST_F(ExplainTest, SharesAWholeDollarOutAndNothingOfNothing) {
 
 /// The explanation of statements that are written here, in the state's part of a calculation.
 TEST_F(ExplainTest, NeedsNothingAroundAStatement) {
-  static constexpr Band bands[] = {{tallyfin::Test::above, 0, 0, 0.5}};
+  static const Band bands[] = {{tallyfin::Test::above, 0, 0, 0.5}};
   startSample();
   {
     Recorder recording;
