@@ -51,7 +51,6 @@ class Desktop final : public QObject, private DeskWatcher {
   std::map<const Screen*, QPointer<QDialog>> boxes_;
   QPointer<FocusRing> ring_;
   QPointer<View> said_;  ///< The page whose title has been told last.
-  std::vector<std::unique_ptr<QObject>> helpers_;
   std::unique_ptr<ScreenPrinter> screenPrinter_;
   DesktopBeeper beeper_;
   DesktopPointer pointer_;
