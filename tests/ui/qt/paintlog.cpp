@@ -106,8 +106,9 @@ class PaintLog::Engine : public QPaintEngine {
   void drawEllipse(const QRectF& rect) override { note(QStringLiteral("ellipse %1").arg(rectText(at(rect))) + inks()); }
   void drawEllipse(const QRect& rect) override { drawEllipse(QRectF(rect)); }
   void drawPath(const QPainterPath& path) override {
-    note(QStringLiteral("outline %1 of %2 parts").arg(rectText(at(path.boundingRect()))).arg(path.elementCount()) +
-         inks());
+    QString words = QStringLiteral("outline");
+    for (int i = 0; i < path.elementCount(); ++i) words += QLatin1Char(' ') + pointText(at(QPointF(path.elementAt(i))));
+    note(words + inks());
   }
   void drawTextItem(const QPointF& base, const QTextItem& item) override {
     QString words = item.text();
@@ -149,6 +150,7 @@ class PaintLog::Engine : public QPaintEngine {
     }
     if (pen.style() != Qt::NoPen) words += QStringLiteral(" drawn %1").arg(colourText(pen.color()));
     if (pen.style() != Qt::NoPen && pen.widthF() > 1) words += QStringLiteral(" %1 wide").arg(pen.widthF());
+    if (painter()->testRenderHint(QPainter::Antialiasing)) words += QStringLiteral(" smooth");
     return words;
   }
 

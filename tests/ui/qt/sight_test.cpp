@@ -196,6 +196,8 @@ TEST_F(Sights, TheWorksheets) {
   for (const char* line : {"chkPersWkShtA(0)", "chkPersWkShtA(2)"}) click("frmPersWkSht", line);
   type("frmPersWkSht", "txtPersWkEnterDeps", "2");
   see("allowances", "frmPersWkSht");
+  while (focused() != "chkPersWkShtA(1)") press(Qt::Key_Backtab);
+  see("allowances-by-keyboard", "frmPersWkSht");
   click("frmPersWkSht", "cmdW4Back(0)");
   type("frmPersWkSht", "txtChild", "1");
   click("frmPersWkSht", "cmdPersWrkCalc(0)");

@@ -5,6 +5,7 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -16,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "controls/desk.h"
 #include "engine/paydata.h"
@@ -432,6 +434,30 @@ TEST_F(FormPrintTest, ExemptByDoubleClick) {
   EXPECT_EQ(asked, 0);
 }
 
+TEST_F(FormPrintTest, ADoubleClickOfTheHandIsOneClickAndOneDoubleClick) {
+  View& form = openForm();
+  QWidget& line = find(form, "Label20");
+  QWindow* window = line.window()->windowHandle();
+  const QPoint middle = line.mapTo(line.window(), line.rect().center());
+  // Press, release, the second press, its release: as the window system sends them.
+  const auto twice = [&](Qt::MouseButton button) {
+    QTest::mouseDClick(window, button, {}, middle);
+    QApplication::processEvents();
+  };
+  twice(Qt::RightButton);
+  EXPECT_FALSE(visible(form, "Label27"));
+  for (int i = 0; i < 2; ++i) {
+    twice(Qt::LeftButton);
+    EXPECT_TRUE(visible(form, "Label27")) << i;
+  }
+  for (int i = 0; i < 2; ++i) {
+    QTest::mouseClick(window, Qt::LeftButton, {}, middle);
+    QApplication::processEvents();
+    EXPECT_FALSE(visible(form, "Label27")) << i;
+  }
+  EXPECT_EQ(asked, 0);
+}
+
 TEST_F(FormPrintTest, ThePaperHasTheFormInWordsAndWithoutExitAndHint) {
   View& form = openForm();
   type(form, "txtName", "Pat Q. Sample");
@@ -491,7 +517,12 @@ TEST_F(FormPrintTest, WithoutAPrinterAFileIsAskedFor) {
   QTimer::singleShot(300, [this] {
     auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
-    dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
+    EXPECT_EQ(dialog->windowTitle(), "Print to a PDF file");
+    EXPECT_EQ(dialog->nameFilters(), QStringList("PDF files (*.pdf)"));
+    EXPECT_EQ(dialog->acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(QFileInfo(dialog->selectedFiles().front()).fileName(),
+              QString::fromStdString(desk.find<frmW4>()->title()) + ".pdf");
+    dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath("form"));  // the ending comes by itself
     QMetaObject::invokeMethod(dialog, "accept");
   });
   EXPECT_EQ(machine.printer->printScreen(*form.screen()), 1);
@@ -504,6 +535,19 @@ TEST_F(FormPrintTest, ADoubleClickOnFixedTextIsOneOnTheForm) {
   EXPECT_EQ(asked, 1);
   doubleClick(find(form, "txtName"));  // a box keeps its own
   EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FormPrintTest, APrintedFormTakesTheNoticeOfAnEarlierOneAway) {
+  View& form = openForm();
+  const auto& notice = *desktop.frame()->findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
+  const QString good = std::exchange(file, folder.filePath("no such folder/form.pdf"));
+  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 0);
+  EXPECT_TRUE(notice.isVisible());
+  EXPECT_EQ(notice.text(), "The form couldn't be saved. " + file + " can't be written.");
+  file = good;
+  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 1);
+  EXPECT_FALSE(notice.isVisible());
+  EXPECT_EQ(notice.text(), "");
 }
 
 TEST_F(FormPrintTest, PagesPrintedAreCounted) {
