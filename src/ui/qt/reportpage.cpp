@@ -122,6 +122,7 @@ QString ReportPages::readable(int page) const {
 void ReportPages::draw(QPainter& painter, int page) const {
   painter.save();
   painter.setPen(Qt::black);
+  painter.setFont(engineFont(engine_));
   drawHeader(painter);
   drawTable(painter, page);
   drawFooter(painter);
@@ -131,7 +132,6 @@ void ReportPages::draw(QPainter& painter, int page) const {
 void ReportPages::drawHeader(QPainter& painter) const {
   const QFont font = engineFont(engine_);
   const int width = page_.width() - 2 * margin;
-  painter.setFont(font);
   int top = headerTop;
   for (const QString& line : headerOf(text(engine_.header()), font, width)) {
     painter.drawText(QRect(margin, top, width, lineHeight(font)), Qt::AlignLeft | Qt::TextSingleLine, line);
@@ -143,7 +143,6 @@ void ReportPages::drawHeader(QPainter& painter) const {
 void ReportPages::drawFooter(QPainter& painter) const {
   const int top = page_.height() - margin + inch / 5;
   painter.fillRect(QRect(margin, top, page_.width() - 2 * margin, 10), lightRule);
-  painter.setFont(engineFont(engine_));
   painter.drawText(QRect(margin, top + 60, page_.width() - 2 * margin, inch / 4), Qt::AlignHCenter | Qt::TextSingleLine,
                    text(engine_.footer()));
 }
@@ -153,7 +152,6 @@ void ReportPages::drawTable(QPainter& painter, int page) const {
   const auto perPage = static_cast<std::size_t>(rowsOfPage());
   const std::size_t first = 1 + static_cast<std::size_t>(page) * perPage;
   const std::size_t end = std::min(first + perPage, engine_.cells().size());
-  painter.setFont(engineFont(engine_));
   int top = drawRow(painter, 0, tableArea().top());
   for (std::size_t row = first; row < end; ++row) top = drawRow(painter, row, top);
 }
