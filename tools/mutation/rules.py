@@ -1,0 +1,93 @@
+"""Mutants of the engine, the states, the store, the batch and the explanations: one number with another last digit, one
+comparison that takes or leaves its bound (or means the opposite), one step that isn't run."""
+import re
+
+from mutation.place import HERE, NUMBER, code_of, mutant, names, number, opposite, other_number, root, switched_comparison
+
+folders = ["engine", "explain", "states", "store", "batch"]
+programs = ["engine_test", "states_test", "explain_test", "store_test", "batch_test", "tallyfin99-script"]
+
+comparison = re.compile(r"<=>|<<|>>|->|(?<=\s)(?:<=|>=|==|!=|<|>)(?=\s)|(?<=\{)(?:atMost|below|above|atLeast)(?=,)")
+step = re.compile(r"\b(?:step|part)\((?=\s*,)")  # behind it stands the title, which isn't code
+ways = {**opposite, "atMost": "below", "below": "atMost", "above": "atLeast", "atLeast": "above"}
+
+row = re.compile(r"\s*\{(atMost|below|above|atLeast), ([\d.]+), ([\d.]+), ([\d.]+)(?:, (-?[\d.]+))?(?:, [\d.]+)?\},$")
+limit = re.compile(r"\s*if \((\S+) (?:<|<=|>|>=) (\S+)\) \1 = \2;$")
+
+# The names for the numbers of cases.
+choices = "src/engine/choices.h"
+
+# What has the type std::size_t may be the length of an array: it stays a constant.
+constant = re.compile(r"^(\s*(?:inline )?)constexpr (?!std::size_t )(?=(?:[\w:<>]+|std::array<\w+, \w+>) \w+(?:\[\])? ?[={])", re.M)
+
+
+def tax(band, x):
+    lower, rate, plus = (float(band[i] or 0) for i in (3, 4, 5))
+    return round((round((x - lower) * 10000) / 10000 * rate + plus) * 10000)
+
+
+def changes_nothing(mutant, lines):
+    """Changes that no test could notice: at its limit a value that is brought to the limit stays the same, and so does the
+    tax everywhere with three changes in a row of a table."""
+    if mutant.before in names and limit.match(mutant.text):
+        return True
+    before, this, after = (row.match(lines[i]) if 0 <= i < len(lines) else None
+                           for i in range(mutant.line - 2, mutant.line + 1))
+    if not this:
+        return False
+    bound = float(this[2])
+    # The row before has answered already at the bound that the last row begins at.
+    if mutant.before in ("above", "atLeast"):
+        return bool(before and before[1] == "atMost" and float(before[2]) == bound)
+    # Where the rows join, the next one answers the same at the bound.
+    if mutant.before in ("atMost", "below"):
+        takes = after and (after[1] == "atLeast" or (after[1] in ("atMost", "below") and float(after[2]) > bound))
+        return bool(takes) and tax(this, bound) == tax(after, bound)
+    # What is subtracted doesn't matter where the rate is 0.
+    return mutant.column == this.start(3) and float(this[4]) == 0
+
+
+def needed_by_compiler(file, before):
+    """Whether the language wants to know it while it compiles, by what stands before it in its line: the number of a case,
+    the length of an array, a constant of a class."""
+    return file == choices or bool(re.search(r"\bcase $|std::array<.*, $|^\s*static constexpr |^\s*(?:inline )?constexpr std::size_t ",
+                                             before))
+
+
+def switched(before, after):
+    """The text in the mutant's place that is one or the other."""
+    if before in names:
+        return switched_comparison(before)
+    if before in ("step(", "part("):
+        return f"if (!tallyfin_mutated({NUMBER})) {HERE}"
+    return f"(tallyfin_mutated({NUMBER}) ? {after} : {HERE})"
+
+
+def mutants_of(path):
+    source = path.read_text()
+    code = code_of(source)
+    lines = source.splitlines()
+    found = []
+    for pattern, change in ((number, other_number), (comparison, ways.get), (step, lambda text: "if (false) " + text)):
+        for match in pattern.finditer(code):
+            before, after = match.group(), change(match.group())
+            line = code.count("\n", 0, match.start())
+            if after is None or re.match(r"\s*(enum class|case Test::|using|template|static_assert|virtual)", lines[line]):
+                continue
+            built = needed_by_compiler(str(path.relative_to(root)), source[source.rfind("\n", 0, match.start()) + 1:match.start()])
+            edit = (match.start(), match.end(), after if built else switched(before, after))
+            made = mutant(path, source, match.start(), before, after, [edit], built)
+            if not changes_nothing(made, lines):
+                found.append(made)
+    return found
+
+
+def mutants():
+    files = [path for folder in folders for path in sorted((root / "src" / folder).iterdir())
+             if path.suffix in (".cpp", ".h") and path.name != "main.cpp"]
+    return sorted(mutant for path in files for mutant in mutants_of(path))
+
+
+def switchable(file, text):
+    """A file's text in which constants are made when the program starts, so that they may hold a choice."""
+    return text if file == choices else constant.sub(r"\1const ", text).replace("consteval", "constexpr")
