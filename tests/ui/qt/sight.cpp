@@ -401,6 +401,7 @@ class Sight {
   static void addWindow(Words& words, const QWidget& window) {
     words.addText("title", window.windowTitle());
     if (!window.windowIcon().isNull()) words.add("picture " + pictureName(window.windowIcon(), {32, 32}));
+    words.add(QStringLiteral("at %1,%2 of the screen").arg(window.x()).arg(window.y()));
     if (window.minimumSize() == window.maximumSize()) words.add(QStringLiteral("fixed"));
     words.addIf(window.isModal(), "modal");
     words.add(QStringLiteral("flags %1").arg(static_cast<int>(window.windowFlags()), 0, 16));

@@ -1,4 +1,5 @@
 #include "sight.h"
+#include "ui/qt/printer.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>
@@ -151,6 +152,21 @@ TEST_F(Sights, TheReportOfALongName) {
   enterPaycheck();
   click("frmMain", "cmdToolBar(1)");
   see("report-long-name", "frmPrint");
+}
+
+/// A printer that takes no document: nothing is made.
+class NoPrinter : public Printer {
+ public:
+  bool startDocument() override { return false; }
+};
+
+TEST_F(Sights, NoReport) {
+  startOnMainInMay();
+  NoPrinter printer;
+  machine.printer = &printer;
+  click("frmMain", "cmdToolBar(1)");
+  see("no-report", "frmPrint");
+  machine.printer = &desktop().screenPrinter();
 }
 
 TEST_F(Sights, AnOpenedList) {
