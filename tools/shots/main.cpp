@@ -9,6 +9,7 @@
 
 #include "script/session.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/dialogs.h"
 #include "ui/qt/explanation.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
@@ -24,7 +25,8 @@ using namespace tallyfin;
 
 struct Stage {
   MemoryStore store;
-  std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>(store);
+  qt::SystemDialogs dialogs;
+  std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>(store, dialogs);
   script::Session session{store, machine, desk.watcher};  // on the desktop's machine, and it shows what happens
 };
 

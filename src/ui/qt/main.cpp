@@ -9,6 +9,7 @@
 
 #include "store/store.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/dialogs.h"
 #include "ui/qt/look.h"
 
 int main(int argc, char** argv) {
@@ -24,7 +25,8 @@ int main(int argc, char** argv) {
 
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
   tallyfin::FileStore store(QFile::encodeName(folder + QStringLiteral("/Tallyfin99/Tallyfin99.sqlite")).toStdString());
-  tallyfin::qt::Desktop desktop(store);
+  tallyfin::qt::SystemDialogs dialogs;
+  tallyfin::qt::Desktop desktop(store, dialogs);
   desktop.start();
   // Waiting for the frame to be seen would keep it waiting itself.
   QTimer::singleShot(0, &splash, &QWidget::close);

@@ -4,8 +4,6 @@
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QSaveFile>
 #include <QTextLayout>
 #include <algorithm>
 
@@ -186,7 +184,7 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
   return top + place.height();
 }
 
-bool printReportTo(QPagedPaintDevice& device, const PrintEngine& engine) {
+bool drawReport(QPagedPaintDevice& device, const PrintEngine& engine) {
   QPageLayout layout = device.pageLayout();
   layout.setMode(QPageLayout::FullPageMode);
   device.setPageLayout(layout);
@@ -200,17 +198,6 @@ bool printReportTo(QPagedPaintDevice& device, const PrintEngine& engine) {
     pages.draw(painter, page);
   }
   return painter.end();
-}
-
-QString saveReportAsPdf(const QString& path, const PrintEngine& engine) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) return file.errorString();
-  QPdfWriter writer(&file);
-  writer.setPageSize(QPageSize(QPageSize::Letter));
-  writer.setTitle(QStringLiteral("Tallyfin 99"));
-  writer.setCreator(QStringLiteral("Tallyfin 99"));
-  if (!printReportTo(writer, engine)) return QStringLiteral("There is no report to save.");
-  return file.commit() ? QString() : file.errorString();
 }
 
 }  // namespace tallyfin::qt

@@ -18,6 +18,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "dialogsstandin.h"
 #include "store/store.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame.h"
@@ -72,6 +73,8 @@ class DesktopTest : public ::testing::Test {
   std::string text(const char* screen, const QString& name) const;
   /// The rows of the results as "Title value".
   std::vector<std::string> results() const;
+
+  DialogsStandIn dialogs;
 
  private:
   QTemporaryDir folder_;

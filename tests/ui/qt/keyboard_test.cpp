@@ -242,13 +242,8 @@ TEST_F(Keyboard, TheClosingButtonIsReachedByTab) {
 TEST_F(Keyboard, TheFormIsPrintedAndExemptIsWritten) {
   startOnMain();
   clickItem("W4");
-  int asked = 0;
-  desktop().screenPrinter().setUp = [&](QPrinter&) {
-    ++asked;
-    return false;
-  };
   press("Ctrl+P");
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(dialogs.asked, 1);
   press("Alt+7");
   EXPECT_EQ(focused(), "Label20");
   press("Space");

@@ -38,6 +38,8 @@ class frmMainView : public View {
   }
 
  private:
+  Frame& frame() const { return static_cast<Frame&>(*window()); }
+
   /// Alt and a letter, and the keys of what has no caption.
   void letters() {
     const auto button = [this](const char* name) { return findChild<QAbstractButton*>(QString::fromLatin1(name)); };
@@ -208,7 +210,7 @@ class frmMainView : public View {
   void offerActions(QTableWidget& table) {
     const auto explainRow = [this, &table] {
       const auto* title = table.item(table.currentRow(), 0);
-      if (title != nullptr && table.rowCount() == resultRows) ExplanationWindow::open(*window(), title->text());
+      if (title != nullptr && table.rowCount() == resultRows) ExplanationWindow::open(frame(), title->text());
     };
     const auto copyRows = [&table] {
       QString rows;
@@ -258,9 +260,9 @@ class frmMainView : public View {
       table.setItem(row, 1, value);
     }
     if (table.rowCount() != resultRows) return;
-    ExplanationWindow::follow(*window());
+    ExplanationWindow::follow(frame());
     const int last = resultRows - 1;
-    static_cast<Frame*>(window())->announce(table.item(last, 0)->text() + ' ' + table.item(last, 1)->text());
+    frame().announce(table.item(last, 0)->text() + ' ' + table.item(last, 1)->text());
   }
 
   /// The eight figures with their names, so that a raise can be seen.
