@@ -1,0 +1,233 @@
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+#include "everyscreen.h"
+#include "machine/machine.h"
+#include "sight.h"
+
+/// What a user sees of every screen and window, held against the sights that are written down in the folder sights.
+/// With --rewrite what is seen now is written there instead: read the change before you keep it.
+
+namespace tallyfin::qt {
+
+namespace {
+
+/// Before the application begins: one font, drawn alike on all machines, and one language.
+const bool prepared = qputenv("FONTCONFIG_FILE", TALLYFIN_SIGHTS "/fonts.conf") && qputenv("LC_ALL", "C.UTF-8") &&
+                      qputenv("TZ", "UTC");
+
+class StandingClock : public Clock {
+ public:
+  LocalTime now() const override {
+    return std::chrono::local_days{std::chrono::May / 17 / 1999} + std::chrono::hours{14};
+  }
+};
+
+std::string joined(const QStringList& lines) { return lines.join(QLatin1Char('\n')).toStdString() + '\n'; }
+
+void compare(const char* name, const QStringList& lines) {
+  QFile file(QStringLiteral(TALLYFIN_SIGHTS "/%1.txt").arg(QLatin1String(name)));
+  const std::string seen = joined(lines);
+  if (QCoreApplication::arguments().contains(QStringLiteral("--rewrite"))) {
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    ASSERT_EQ(file.write(seen.data(), static_cast<qint64>(seen.size())), static_cast<qint64>(seen.size()));
+    return;
+  }
+  ASSERT_TRUE(file.open(QFile::ReadOnly)) << name << " isn't written down";
+  EXPECT_EQ(file.readAll().toStdString(), seen) << "in " << name;
+}
+
+class Sights : public EveryScreen {
+ protected:
+  Sights() { EXPECT_TRUE(prepared); }
+
+  void startOnMainInMay() {
+    startOnMain();
+    machine.clock = &clock_;
+  }
+
+  /// A screen with what is around it: its title strip, or its window.
+  void see(const char* name, const Screen& screen) const {
+    QWidget* part = desktop().view(screen.name());
+    if (screen.place() == Place::frame) return compare(name, sightOf(*part, &frame().area()));
+    while (screen.place() == Place::document ? part->parentWidget() != &frame().area() : !part->isWindow()) {
+      part = part->parentWidget();
+    }
+    compare(name, sightOf(*part));
+  }
+  void see(const char* name, const char* screen) const { see(name, *desk.find(screen)); }
+  void seeFrame(const char* name) const { compare(name, sightOf(frame(), &frame().area())); }
+  /// A window beside the frame.
+  void seeWindow(const char* name, const char* object) const {
+    auto* window = frame().findChild<QWidget*>(object);
+    ASSERT_NE(window, nullptr);
+    compare(name, sightOf(*window));
+  }
+
+  /// A weekly paycheck in which no figure is another's.
+  void enterPaycheck() const {
+    choose("frmMain", "lstFrequency", "Weekly");
+    choose("frmMain", "cboExemptions", "2");
+    click("frmMain", "optStatus(1)");
+    choose("frmMain", "cboState", "Pennsylvania");
+    type("frmMain", "txtIncome", "1000");
+    type("frmMain", "txtHours", "37.5");
+    type("frmMain", "txt401k", "6");
+    type("frmMain", "txtPreTax", "20");
+    type("frmMain", "txtPreFICA", "30");
+    click("frmMain", "cmdAdditional(0)");
+    type("frmMisc", "txtTaxPerCnt", "2");
+    click("frmMisc", "cmdExit(0)");
+    click("frmMain", "cmdToolBar(0)");
+  }
+
+ private:
+  StandingClock clock_;
+};
+
+TEST_F(Sights, TheLook) { compare("look", sightOfTheLook()); }
+
+TEST_F(Sights, EveryScreen) {
+  int number = 0;
+  const StandingClock clock;
+  onEveryScreen([&](const Screen& screen) {
+    machine.clock = const_cast<StandingClock*>(&clock);
+    see(QStringLiteral("every-%1-%2").arg(++number, 2, 10, QLatin1Char('0')).arg(screen.name().c_str()).toLatin1(),
+        screen);
+  });
+  EXPECT_EQ(number, 21);
+}
+
+TEST_F(Sights, TheFirstStart) {
+  start();
+  type("frmName", "txtName", "Pat Q. Sample");
+  type("frmName", "txtSSN", "123456789");
+  click("frmName", "optMaritalStatus(1)");
+  see("first-start", "frmName");
+}
+
+TEST_F(Sights, ThePaycheck) {
+  startOnMainInMay();
+  enterPaycheck();
+  see("paycheck", "frmMain");
+  click("frmMain", "cmdAdditional(1)");
+  type("frmMisc", "txtRaise(0)", "3");
+  click("frmMisc", "cmdExit(1)");
+  see("raise", "frmMisc");
+  see("raise-below", "frmMain");
+  click("frmMisc", "cmdExit(2)");
+  auto& grid = find<QTableWidget>("frmMain", "dbgDisplay");
+  grid.setFocus(Qt::TabFocusReason);
+  grid.setCurrentCell(5, 0);
+  press(Qt::Key_Return);
+  seeWindow("explanation", "explanation");
+}
+
+TEST_F(Sights, TheReport) {
+  startOnMainInMay();
+  enterPaycheck();
+  click("frmMain", "cmdToolBar(1)");
+  see("report", "frmPrint");
+  click("frmPrint", "next");
+  click("frmPrint", "fitwidth");
+  see("report-wide", "frmPrint");
+  click("frmPrint", "fitpage");
+  see("report-whole", "frmPrint");
+}
+
+TEST_F(Sights, TheAnalysisAndSeveralChecks) {
+  startOnMainInMay();
+  enterPaycheck();
+  clickItem("Analysis");
+  see("analysis", "frmAnalysis");
+  clickItem("Multi");
+  for (int check = 1; check <= 4; ++check) {
+    type("frmMultiCheck", QStringLiteral("txtCheck%1").arg(check), QString::number(100 * check));
+  }
+  click("frmMultiCheck", "optSelectETW(1)");
+  click("frmMultiCheck", "optSelectTAW(2)");
+  click("frmMultiCheck", "optSelectMonthly(3)");
+  click("frmMultiCheck", "cmdCalc");
+  find("frmMultiCheck", "optSelectTAW(2)").setFocus(Qt::TabFocusReason);
+  settle();
+  see("several-checks", "frmMultiCheck");
+}
+
+TEST_F(Sights, TheStates) {
+  startOnMainInMay();
+  clickItem("StateInfo");
+  for (const char* state : {"Alabama", "Arizona", "California", "Connecticut", "Illinois", "Maryland"}) {
+    SCOPED_TRACE(state);
+    choose("frmState", "cboState", state);
+    see((std::string("state-") + state).c_str(), "frmState");
+  }
+}
+
+TEST_F(Sights, TheWorksheets) {
+  startOnMainInMay();
+  clickItem("Pers");
+  for (const char* line : {"chkPersWkShtA(0)", "chkPersWkShtA(2)"}) click("frmPersWkSht", line);
+  type("frmPersWkSht", "txtPersWkEnterDeps", "2");
+  see("allowances", "frmPersWkSht");
+  click("frmPersWkSht", "cmdW4Back(0)");
+  type("frmPersWkSht", "txtChild", "1");
+  click("frmPersWkSht", "cmdPersWrkCalc(0)");
+  see("allowances-second", "frmPersWkSht");
+  clickItem("Ded");
+  type("frmDednAdj", "txtGetItemized", "10000");
+  click("frmDednAdj", "optDedCategory(2)");
+  see("deductions", "frmDednAdj");
+  click("frmDednAdj", "cmdW4Back(0)");
+  type("frmDednAdj", "txtAdjustments", "1000");
+  type("frmDednAdj", "txtNonWage", "500");
+  click("frmDednAdj", "cmdPersWrkCalc");
+  see("deductions-second", "frmDednAdj");
+  clickItem("TwoWork");
+  click("frm2Workers", "cmdTable1Show(0)");
+  click("frmTableOne", "optTableOne(1)");
+  see("table-one", "frmTableOne");
+}
+
+TEST_F(Sights, TheForm) {
+  for (const auto& [key, text] : {std::pair{"UName", "Pat Q. Sample"}, {"USSN", "123456789"}, {"UAdd", "1 Elm St"}}) {
+    stored(section::user, key, text);
+  }
+  startOnMainInMay();
+  clickItem("W4");
+  see("form", "frmW4");
+  click("frmW4", "optMarried");
+  click("frmW4", "Check4");
+  find("frmW4", "Label20").setFocus(Qt::TabFocusReason);
+  press(Qt::Key_Space);
+  see("form-exempt", "frmW4");
+}
+
+TEST_F(Sights, TheFrame) {
+  startOnMainInMay();
+  int number = 0;
+  for (auto* header : frame().findChildren<QAbstractButton*>(QRegularExpression("^group "))) {
+    click(*header);
+    seeFrame(QStringLiteral("frame-%1").arg(++number).toLatin1());
+  }
+  frame().tell(QStringLiteral("What the user must know."));
+  find("MDIOpen", "SSListBar1(About)").setFocus(Qt::TabFocusReason);
+  settle();
+  seeFrame("frame-told");
+}
+
+TEST_F(Sights, TheHelp) {
+  startOnMainInMay();
+  clickItem("Help");
+  seeWindow("help", "help");
+  auto& search = *frame().findChild<QLineEdit*>("search");
+  QTest::keyClicks(&search, "calendar");
+  QTest::keyClick(&search, Qt::Key_Return);
+  settle();
+  seeWindow("help-search", "help");
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt
