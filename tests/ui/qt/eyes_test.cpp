@@ -80,8 +80,9 @@ TEST_F(Eyes, EveryTextStandsOut) {
       if (place.height() < 8 || place.width() < 6) continue;
       ++texts;
       const Part part = measured(picture, place.translated(widget->mapTo(&window, QPoint())));
-      EXPECT_GE(part.letters, widget->isEnabled() ? 4.5 : 3) << widget->objectName().toStdString() << " " << widget->metaObject()->className()
-                                   << " \"" << words.toStdString() << "\" on " << part.ground.name().toStdString();
+      EXPECT_GE(part.letters, widget->isEnabled() ? 4.5 : 3)
+          << widget->objectName().toStdString() << " " << widget->metaObject()->className() << " \""
+          << words.toStdString() << "\" on " << part.ground.name().toStdString();
     }
   });
   EXPECT_GT(texts, 200);
