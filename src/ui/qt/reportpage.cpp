@@ -162,9 +162,8 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
   for (const PrintColumn& column : engine_.columns()) width += column.width;
   const QRect place(margin, top, width, rowHeight());
 
-  const bool heading = row == 0;
-  // The lines of a group are indented; one that isn't and carries a figure is a total.
-  const bool total = !heading && !cells.back().empty() && !cells.front().starts_with(' ');
+  const bool heading = engine_.kind(row) == RowKind::heading;
+  const bool total = engine_.kind(row) == RowKind::total;
   const bool empty = std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
   const int thickness = heading || total ? 15 : 10;
   if (heading || total) {
