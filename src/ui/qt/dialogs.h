@@ -10,11 +10,7 @@ namespace tallyfin::qt {
 /// Asks the user where something is to be printed or saved.
 class Dialogs {
  public:
-  Dialogs() = default;
-  Dialogs(const Dialogs&) = delete;
-  Dialogs& operator=(const Dialogs&) = delete;
   virtual ~Dialogs() = default;
-
   /// Whether a printer is set up on this computer.
   virtual bool hasPrinter() const = 0;
   /// Sets the printer up as the user wants it, for some of the pages too where he may choose them. False if he doesn't

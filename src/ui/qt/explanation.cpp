@@ -126,16 +126,6 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   page_->setPalette(look::onWhite());
   page_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
-  auto* copyButton = new QPushButton(QStringLiteral("&Copy"), this);
-  auto* printButton = new QPushButton(QStringLiteral("&Print"), this);
-  auto* closeButton = new QPushButton(QStringLiteral("C&lose"), this);
-  copyButton->setObjectName(QStringLiteral("copy"));
-  printButton->setObjectName(QStringLiteral("print"));
-  closeButton->setObjectName(QStringLiteral("close"));
-  connect(copyButton, &QPushButton::clicked, this, [this] { copy(); });
-  connect(printButton, &QPushButton::clicked, this, [this] { print(); });
-  connect(closeButton, &QPushButton::clicked, this, &QDialog::close);
-
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(look::row);
   layout->addWidget(bar_);
@@ -148,10 +138,16 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   layout->addWidget(notice_);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
-  for (QPushButton* button : {copyButton, printButton, closeButton}) {
+  const auto add = [&](const char* name, const char* caption, auto act) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), this);
+    button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, act);
     buttons->addWidget(button);
-  }
+  };
+  add("copy", "&Copy", [this] { copy(); });
+  add("print", "&Print", [this] { print(); });
+  add("close", "C&lose", [this] { close(); });
   layout->addLayout(buttons);
   figures_->setFocus();
   resize(look::scaled(640), look::scaled(430));

@@ -107,9 +107,9 @@ void setGround(QWidget& widget, const QPalette& palette) {
   widget.setAutoFillBackground(true);
 }
 
-QWidget* rule(const QColor& colour, QWidget* parent) {
+QWidget* rule(const QColor& colour, QWidget* parent, int thickness, Qt::Orientation orientation) {
   auto* line = new QWidget(parent);
-  line->setFixedHeight(1);
+  orientation == Qt::Horizontal ? line->setFixedHeight(thickness) : line->setFixedWidth(thickness);
   QPalette palette;
   palette.setColor(QPalette::Window, colour);
   setGround(*line, palette);

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
 #include <utility>
 
 #include "controls/output.h"
@@ -80,21 +81,15 @@ void Preview::turnTo(int page) {
 
 int Preview::pages() const { return ReportPages(engine_).count(); }
 
-int Preview::percent(int room, int twips) const { return 100 * (room - 2 * Sheet::around) / Frame::pixels(twips); }
-
-int Preview::zoomOfPage() const {
-  const QSize room = maximumViewportSize();
-  return std::min(percent(room.height(), ReportPages::letter.height()),
-                  percent(room.width(), ReportPages::letter.width()));
-}
-
-int Preview::zoomOfWidth() const {
-  const QSize room = maximumViewportSize();
-  const int width = percent(room.width(), ReportPages::letter.width());
+int Preview::fitting(bool whole) const {
+  const QSize room = maximumViewportSize() - QSize(2 * Sheet::around, 2 * Sheet::around);
+  const QSize paper(Frame::pixels(ReportPages::letter.width()), Frame::pixels(ReportPages::letter.height()));
+  const int byHeight = 100 * room.height() / paper.height();
+  const int byWidth = 100 * room.width() / paper.width();
+  if (whole) return std::min(byHeight, byWidth);
   // A page as wide as its room is higher than that and has a bar beside it.
-  const bool higher = percent(room.height(), ReportPages::letter.height()) < width;
-  const int bar = higher ? verticalScrollBar()->sizeHint().width() : 0;
-  return percent(room.width() - bar, ReportPages::letter.width());
+  const int bar = byHeight < byWidth ? verticalScrollBar()->sizeHint().width() : 0;
+  return 100 * (room.width() - bar) / paper.width();
 }
 
 void Preview::keyPressEvent(QKeyEvent* event) {

@@ -12,8 +12,8 @@ namespace tallyfin::qt {
 
 class View;
 
-/// The picture of the report: one page as a sheet of paper on a grey ground. The arrows, Page Up and Page Down, Home and
-/// End move the sheet.
+/// The picture of the report: one page as a sheet of paper on a grey ground. The arrows, Page Up and Page Down, Home
+/// and End move the sheet.
 class Preview : public QScrollArea, public Readable {
  public:
   Preview(View& view, const PrintEngine& engine);
@@ -22,10 +22,8 @@ class Preview : public QScrollArea, public Readable {
   void turnTo(int page);
   int page() const { return page_; }
   int pages() const;
-  /// The zoom, in percent, at which the page is as large as it can be seen whole.
-  int zoomOfPage() const;
-  /// The same of its width.
-  int zoomOfWidth() const;
+  /// The zoom, in percent, at which the page, or its width, is as large as it can be seen whole.
+  int fitting(bool whole) const;
 
   QString readable() const override { return text_; }
 
@@ -35,7 +33,6 @@ class Preview : public QScrollArea, public Readable {
 
  private:
   class Sheet;
-  int percent(int room, int twips) const;
 
   const PrintEngine& engine_;
   Sheet* sheet_;

@@ -60,6 +60,12 @@ class DesktopTest : public ::testing::Test {
     return *widget;
   }
 
+  /// Whether a widget stands on a page that is in sight.
+  bool inSight(const char* screen, const QString& name) const {
+    const QWidget& widget = find(screen, name);
+    return widget.isVisible() && widget.mapTo(&view(screen), widget.rect().topRight()).x() >= 0;
+  }
+
   static void click(QWidget& widget);
   void click(const char* screen, const QString& name) const { click(find(screen, name)); }
   /// Clicks an item of the list bar, after its group's header where the group is closed.

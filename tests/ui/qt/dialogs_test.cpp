@@ -129,7 +129,8 @@ class UnwritableFile : public DesktopTest {
   static void expectTold(const QWidget& window, const char* what) {
     const auto* notice = window.findChild<QLabel*>("notice");
     EXPECT_TRUE(notice->isVisible());
-    EXPECT_THAT(notice->text().toStdString(), StartsWith(std::string("The ") + what + " couldn't be saved. /dev/null/"));
+    EXPECT_THAT(notice->text().toStdString(),
+                StartsWith(std::string("The ") + what + " couldn't be saved. /dev/null/"));
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   }
 };

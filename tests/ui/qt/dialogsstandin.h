@@ -21,7 +21,7 @@ struct DialogsStandIn : Dialogs {
 
   /// Sets the printer up; false doesn't print after all. Without it there is no printer.
   std::function<bool(QPrinter&)> onPrinter;
-  QString path;  ///< Where a PDF file is saved; empty doesn't save after all.
+  QString path;                                            ///< Where a PDF file is saved; empty doesn't save after all.
   std::function<QString(QWidget&, const QString&)> onPdf;  ///< Instead of that path.
   int asked = 0;
 };

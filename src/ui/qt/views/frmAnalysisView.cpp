@@ -55,6 +55,9 @@ class frmAnalysisView : public View {
 
 }  // namespace
 
-std::unique_ptr<View> makeView(frmAnalysis& screen) { return std::make_unique<frmAnalysisView>(screen); }
+template <>
+std::unique_ptr<View> makeView(frmAnalysis& screen) {
+  return std::make_unique<frmAnalysisView>(screen);
+}
 
 }  // namespace tallyfin::qt

@@ -73,6 +73,9 @@ class frmCalendarView : public View {
 
 }  // namespace
 
-std::unique_ptr<View> makeView(frmCalendar& screen) { return std::make_unique<frmCalendarView>(screen); }
+template <>
+std::unique_ptr<View> makeView(frmCalendar& screen) {
+  return std::make_unique<frmCalendarView>(screen);
+}
 
 }  // namespace tallyfin::qt

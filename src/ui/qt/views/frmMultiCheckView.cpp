@@ -146,11 +146,7 @@ class frmMultiCheckView : public View {
     row->setSpacing(look::row);
     row->addStretch(1);
     const auto add = [&](CommandButton& control, const char* picture, const char* name) {
-      QPushButton* widget = button(control, QString::fromLatin1(picture));
-      widget->setAccessibleName(QString::fromLatin1(name));
-      widget->setIconSize({20, 20});
-      widget->setFixedSize(48, 30);
-      row->addWidget(widget);
+      row->addWidget(pictureButton(control, picture, name, {48, 30}, 20));
     };
     add(screen_.cmdCalc, "calculate-dark", "Calculate");
     add(screen_.cmdGoBack, "back", "Go To Main Worksheet");
@@ -162,6 +158,9 @@ class frmMultiCheckView : public View {
 
 }  // namespace
 
-std::unique_ptr<View> makeView(frmMultiCheck& screen) { return std::make_unique<frmMultiCheckView>(screen); }
+template <>
+std::unique_ptr<View> makeView(frmMultiCheck& screen) {
+  return std::make_unique<frmMultiCheckView>(screen);
+}
 
 }  // namespace tallyfin::qt

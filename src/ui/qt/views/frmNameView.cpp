@@ -58,6 +58,9 @@ class frmNameView : public View {
 
 }  // namespace
 
-std::unique_ptr<View> makeView(frmName& screen) { return std::make_unique<frmNameView>(screen); }
+template <>
+std::unique_ptr<View> makeView(frmName& screen) {
+  return std::make_unique<frmNameView>(screen);
+}
 
 }  // namespace tallyfin::qt

@@ -44,24 +44,25 @@ class frmPrintView : public View {
   QLayout* toolbar(frmPrint& screen) {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::tight);
-    const auto add = [row](QPushButton* widget, const char* name) {
-      widget->setIconSize({20, 20});
-      widget->setFixedSize(34, 28);
-      widget->setToolTip(QString::fromLatin1(name));
-      widget->setAccessibleName(widget->toolTip());
+    const auto add = [row](QPushButton* widget, const char* picture, const char* name) {
+      showPicture(*widget, picture, name, {34, 28}, 20);
+      widget->setToolTip(widget->accessibleName());
       row->addWidget(widget);
       return widget;
     };
-    add(button(screen.cmdPrintMenu[0], QStringLiteral("report")), "Make the report again");
-    add(button(screen.cmdPrintMenu[1], QStringLiteral("close")), "Close");
+    add(button(screen.cmdPrintMenu[0]), "report", "Make the report again");
+    add(button(screen.cmdPrintMenu[1]), "close", "Close");
     row->addSpacing(look::row);
-    print_ = add(ownButton("print", [this] { print(); }), "Print");
-    save_ = add(ownButton("savepdf", [this] { savePdf(); }), "Save as PDF");
+    const auto own = [this, add](const char* picture, const char* name, auto press) {
+      return add(ownButton(picture, press), picture, name);
+    };
+    print_ = own("print", "Print", [this] { print(); });
+    save_ = own("savepdf", "Save as PDF", [this] { savePdf(); });
     row->addSpacing(look::row);
-    previous_ = add(ownButton("previous", [this] { turnTo(preview_->page() - 1); }), "Previous page");
-    next_ = add(ownButton("next", [this] { turnTo(preview_->page() + 1); }), "Next page");
-    auto* width = add(ownButton("fitwidth", [this] { zoom_->setValue(preview_->zoomOfWidth()); }), "Fit width");
-    auto* page = add(ownButton("fitpage", [this] { zoom_->setValue(preview_->zoomOfPage()); }), "Fit page");
+    previous_ = own("previous", "Previous page", [this] { turnTo(preview_->page() - 1); });
+    next_ = own("next", "Next page", [this] { turnTo(preview_->page() + 1); });
+    auto* width = own("fitwidth", "Fit width", [this] { zoom_->setValue(preview_->fitting(false)); });
+    auto* page = own("fitpage", "Fit page", [this] { zoom_->setValue(preview_->fitting(true)); });
     pressOn(Qt::ALT | Qt::Key_W, width);
     pressOn(Qt::ALT | Qt::Key_A, page);
     pressOn(QKeySequence::Print, print_);
@@ -85,10 +86,9 @@ class frmPrintView : public View {
   }
 
   template <class Press>
-  QPushButton* ownButton(const char* picture, Press press) {
+  QPushButton* ownButton(const char* name, Press press) {
     auto* widget = new QPushButton(this);
-    widget->setObjectName(QString::fromLatin1(picture));
-    widget->setIcon(look::picture(QString::fromLatin1(picture)));
+    widget->setObjectName(QString::fromLatin1(name));
     widget->setAutoDefault(true);
     QPalette face;
     face.setColor(QPalette::Window, look::light);  // its edge, as that of the screen's own buttons
@@ -173,6 +173,9 @@ class frmPrintView : public View {
 
 }  // namespace
 
-std::unique_ptr<View> makeView(frmPrint& screen) { return std::make_unique<frmPrintView>(screen); }
+template <>
+std::unique_ptr<View> makeView(frmPrint& screen) {
+  return std::make_unique<frmPrintView>(screen);
+}
 
 }  // namespace tallyfin::qt

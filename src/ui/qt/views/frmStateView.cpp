@@ -120,11 +120,7 @@ class frmStateView : public View {
     name(title, edit, 'W');
     row->addWidget(edit, 1, Qt::AlignTop);
     row->addWidget(exempt());
-    QPushButton* accept = button(screen_.cmdAccept, QStringLiteral("accept"));
-    accept->setAccessibleName(QStringLiteral("Accept"));
-    accept->setIconSize({24, 24});
-    accept->setFixedSize(44, 36);
-    row->addWidget(accept, 0, Qt::AlignBottom);
+    row->addWidget(pictureButton(screen_.cmdAccept, "accept", "Accept", {44, 36}, 24), 0, Qt::AlignBottom);
     column->addLayout(row);
     return column;
   }
@@ -148,6 +144,9 @@ class frmStateView : public View {
 
 }  // namespace
 
-std::unique_ptr<View> makeView(frmState& screen) { return std::make_unique<frmStateView>(screen); }
+template <>
+std::unique_ptr<View> makeView(frmState& screen) {
+  return std::make_unique<frmStateView>(screen);
+}
 
 }  // namespace tallyfin::qt

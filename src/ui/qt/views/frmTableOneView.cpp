@@ -42,6 +42,9 @@ class frmTableOneView : public View {
 
 }  // namespace
 
-std::unique_ptr<View> makeView(frmTableOne& screen) { return std::make_unique<frmTableOneView>(screen); }
+template <>
+std::unique_ptr<View> makeView(frmTableOne& screen) {
+  return std::make_unique<frmTableOneView>(screen);
+}
 
 }  // namespace tallyfin::qt
