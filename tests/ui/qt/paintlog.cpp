@@ -46,8 +46,9 @@ QString colourText(const QColor& colour) {
 
 QString fontText(const QFont& font) {
   const bool inPixels = font.pixelSize() > 0;
-  QString words = font.family() + QLatin1Char(' ') +
-                  (inPixels ? QStringLiteral("%1px").arg(font.pixelSize()) : QString::number(font.pointSizeF(), 'f', 2));
+  QString words =
+      font.family() + QLatin1Char(' ') +
+      (inPixels ? QStringLiteral("%1px").arg(font.pixelSize()) : QString::number(font.pointSizeF(), 'f', 2));
   if (font.bold()) words += QStringLiteral(" bold");
   if (font.italic()) words += QStringLiteral(" italic");
   if (font.underline()) words += QStringLiteral(" underlined");
@@ -82,7 +83,8 @@ class PaintLog::Engine : public QPaintEngine {
   }
   void drawLines(const QLineF* strokes, int count) override {
     for (int i = 0; i < count; ++i) {
-      note(QStringLiteral("line %1 to %2").arg(pointText(at(strokes[i].p1())), pointText(at(strokes[i].p2()))) + inks());
+      note(QStringLiteral("line %1 to %2").arg(pointText(at(strokes[i].p1())), pointText(at(strokes[i].p2()))) +
+           inks());
     }
   }
   void drawLines(const QLine* strokes, int count) override {
@@ -110,8 +112,8 @@ class PaintLog::Engine : public QPaintEngine {
   void drawTextItem(const QPointF& base, const QTextItem& item) override {
     QString words = item.text();
     note(QStringLiteral("text %1 \"%2\" %3 %4")
-             .arg(pointText(at(base)), words.replace('\n', QLatin1String("\\n")),
-                  colourText(painter()->pen().color()), fontText(item.font())));
+             .arg(pointText(at(base)), words.replace('\n', QLatin1String("\\n")), colourText(painter()->pen().color()),
+                  fontText(item.font())));
   }
   void drawPixmap(const QRectF& rect, const QPixmap& pixmap, const QRectF& /*from*/) override {
     note(QStringLiteral("%1 %2").arg(pictureName(pixmap.toImage()), rectText(at(rect))));

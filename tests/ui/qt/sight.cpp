@@ -139,8 +139,8 @@ void addContent(Words& words, const QWidget& widget) {
     if (label->indent() != -1) words.add(QStringLiteral("indent %1").arg(label->indent()));
     if (label->buddy() != nullptr) words.add("for " + label->buddy()->objectName());
     if (label->textInteractionFlags() != Qt::LinksAccessibleByMouse) {
-      words.add(QString::fromLatin1(
-          QMetaEnum::fromType<Qt::TextInteractionFlags>().valueToKeys(static_cast<int>(label->textInteractionFlags()))));
+      words.add(QString::fromLatin1(QMetaEnum::fromType<Qt::TextInteractionFlags>().valueToKeys(
+          static_cast<int>(label->textInteractionFlags()))));
     }
   } else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
     words.addText("caption", button->text());
@@ -204,8 +204,7 @@ void addContent(Words& words, const QWidget& widget) {
     words.add(nameOf(calendar->verticalHeaderFormat()));
     words.add("from " + QString::number(calendar->firstDayOfWeek()));
     for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
-      words.add(
-          colourText(calendar->weekdayTextFormat(static_cast<Qt::DayOfWeek>(day)).foreground().color()));
+      words.add(colourText(calendar->weekdayTextFormat(static_cast<Qt::DayOfWeek>(day)).foreground().color()));
     }
   } else if (qobject_cast<const QSvgWidget*>(&widget) != nullptr) {
     QImage drawn(widget.size(), QImage::Format_ARGB32_Premultiplied);
@@ -235,7 +234,8 @@ QStringList partsOf(const QWidget& widget) {
   for (const QAction* action : widget.actions()) {
     if (action->text().isEmpty()) continue;
     rows << QStringLiteral("action %1 %2")
-                .arg(quoted(action->text()), QKeySequence::listToString(action->shortcuts(), QKeySequence::PortableText))
+                .arg(quoted(action->text()),
+                     QKeySequence::listToString(action->shortcuts(), QKeySequence::PortableText))
                 .trimmed();
   }
   return rows;

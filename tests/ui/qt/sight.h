@@ -9,8 +9,8 @@ class QWidget;
 namespace tallyfin::qt {
 
 /// The widgets of a part in the order of their places, each with its class and role, name, place in the part, content,
-/// words for assistive technology, state, colours and font where they differ from what is around it, and drawing. Behind
-/// them the order of Tab and the keys. What lies in `without` is left out.
+/// words for assistive technology, state, colours and font where they differ from what is around it, and drawing.
+/// Behind them the order of Tab and the keys. What lies in `without` is left out.
 QStringList sightOf(QWidget& part, const QWidget* without = nullptr);
 
 /// The fonts and colours of the whole program.

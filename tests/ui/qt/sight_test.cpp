@@ -1,11 +1,14 @@
+#include "sight.h"
+
+#include <QAbstractItemView>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 
 #include "everyscreen.h"
 #include "machine/machine.h"
-#include "sight.h"
 
 /// What a user sees of every screen and window, held against the sights that are written down in the folder sights.
 /// With --rewrite what is seen now is written there instead: read the change before you keep it.
@@ -15,8 +18,8 @@ namespace tallyfin::qt {
 namespace {
 
 /// Before the application begins: one font, drawn alike on all machines, and one language.
-const bool prepared = qputenv("FONTCONFIG_FILE", TALLYFIN_SIGHTS "/fonts.conf") && qputenv("LC_ALL", "C.UTF-8") &&
-                      qputenv("TZ", "UTC");
+const bool prepared =
+    qputenv("FONTCONFIG_FILE", TALLYFIN_SIGHTS "/fonts.conf") && qputenv("LC_ALL", "C.UTF-8") && qputenv("TZ", "UTC");
 
 class StandingClock : public Clock {
  public:
@@ -64,6 +67,11 @@ class Sights : public EveryScreen {
     auto* window = frame().findChild<QWidget*>(object);
     ASSERT_NE(window, nullptr);
     compare(name, sightOf(*window));
+  }
+
+  static void point(const QWidget& widget) {
+    QCursor::setPos(widget.mapToGlobal(widget.rect().center()));
+    settle();
   }
 
   /// A weekly paycheck in which no figure is another's.
@@ -137,6 +145,23 @@ TEST_F(Sights, TheReport) {
   see("report-whole", "frmPrint");
 }
 
+TEST_F(Sights, TheReportOfALongName) {
+  stored(section::user, "UName", QStringLiteral("Pat Q. Sample of the Long Name ").repeated(12).toStdString());
+  startOnMainInMay();
+  enterPaycheck();
+  click("frmMain", "cmdToolBar(1)");
+  see("report-long-name", "frmPrint");
+}
+
+TEST_F(Sights, AnOpenedList) {
+  startOnMainInMay();
+  auto& box = find<QComboBox>("frmMain", "cboState");
+  box.showPopup();
+  settle();
+  compare("opened-list", sightOf(*box.view()->window()));
+  box.hidePopup();
+}
+
 TEST_F(Sights, TheAnalysisAndSeveralChecks) {
   startOnMainInMay();
   enterPaycheck();
@@ -188,6 +213,11 @@ TEST_F(Sights, TheWorksheets) {
   click("frm2Workers", "cmdTable1Show(0)");
   click("frmTableOne", "optTableOne(1)");
   see("table-one", "frmTableOne");
+  clickItem("TwoWork");
+  click("frm2Workers", "cmdW4Back(0)");
+  type("frm2Workers", "txtNumPayDays", "26");
+  click("frm2Workers", "cmdPersWrkCalc(0)");
+  see("two-workers-second", "frm2Workers");
 }
 
 TEST_F(Sights, TheForm) {
@@ -211,6 +241,10 @@ TEST_F(Sights, TheFrame) {
     click(*header);
     seeFrame(QStringLiteral("frame-%1").arg(++number).toLatin1());
   }
+  point(find("MDIOpen", "SSListBar1(About)"));
+  seeFrame("frame-pointed");
+  point(*frame().findChild<QWidget*>("group File"));
+  seeFrame("frame-pointed-at-group");
   frame().tell(QStringLiteral("What the user must know."));
   find("MDIOpen", "SSListBar1(About)").setFocus(Qt::TabFocusReason);
   settle();
@@ -226,6 +260,9 @@ TEST_F(Sights, TheHelp) {
   QTest::keyClick(&search, Qt::Key_Return);
   settle();
   seeWindow("help-search", "help");
+  QTest::keyClicks(&search, "zzz");
+  settle();
+  seeWindow("help-nothing", "help");
 }
 
 }  // namespace
