@@ -47,9 +47,9 @@ class frmMainView : public View {
         {"optStatus(0)", 'M'},     {"optStatus(1)", 'g'},     {"optStatus(2)", 'C'}, {"chkSelfEmployed", 'E'},
         {"cmdAdditional(0)", 'L'}, {"cmdAdditional(1)", 'R'}, {"cmdToolBar(4)", 'o'}};
     for (const auto& [name, mark] : marked) letter(button(name), mark);
-    pressOn(Qt::Key_F9, button("cmdToolBar(0)"));
-    pressOn(QKeySequence::Print, button("cmdToolBar(1)"));
-    pressOn(Qt::CTRL | Qt::Key_L, button("cmdToolBar(2)"));
+    pressOn(Qt::Key_F9, screen_.cmdToolBar[frmMain::calculate]);
+    pressOn(QKeySequence::Print, screen_.cmdToolBar[frmMain::print]);
+    pressOn(Qt::CTRL | Qt::Key_L, screen_.cmdToolBar[frmMain::clear]);
     goOn(Qt::ALT | Qt::Key_Y, findChild<QListWidget*>());
     goOn(Qt::ALT | Qt::Key_T, findChild<QTableWidget*>());
   }
@@ -153,10 +153,10 @@ class frmMainView : public View {
     const auto add = [&](int index, const char* picture, const char* name) {
       row->addWidget(pictureButton(screen_.cmdToolBar[index], picture, name, {30, 26}));
     };
-    add(2, "clear", "Clear");
-    add(0, "calculate", "Calculate");
-    add(1, "print", "Print");
-    add(3, "exit", "Exit");
+    add(frmMain::clear, "clear", "Clear");
+    add(frmMain::calculate, "calculate", "Calculate");
+    add(frmMain::print, "print", "Print");
+    add(frmMain::exit, "exit", "Exit");
     row->addStretch(1);
     row->addWidget(button(screen_.cmdToolBar[frmMain::sponsorInfo]));
     return row;

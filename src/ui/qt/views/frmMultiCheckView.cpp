@@ -56,8 +56,8 @@ class frmMultiCheckView : public View {
       goOn(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + check),
            findChild<QLineEdit*>(QStringLiteral("txtCheck%1").arg(check)));
     }
-    pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QStringLiteral("cmdCalc")));
-    pressOn(Qt::ALT | Qt::Key_M, findChild<QAbstractButton*>(QStringLiteral("cmdGoBack")));
+    pressOn(Qt::Key_F9, screen.cmdCalc);
+    pressOn(Qt::ALT | Qt::Key_M, screen.cmdGoBack);
   }
 
  private:

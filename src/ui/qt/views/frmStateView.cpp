@@ -39,7 +39,7 @@ class frmStateView : public View {
     layout->addLayout(foot());
     letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(0)")), '4');
     letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(1)")), 'P');
-    pressOn(Qt::CTRL | Qt::Key_Return, findChild<QAbstractButton*>(QStringLiteral("cmdAccept")));
+    pressOn(Qt::CTRL | Qt::Key_Return, screen.cmdAccept);
   }
 
  private:
