@@ -46,14 +46,8 @@ class frmAbtView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(MsgBox& screen) {
-  return std::make_unique<MsgBoxView>(screen);
-}
+std::unique_ptr<View> makeView(MsgBox& screen) { return std::make_unique<MsgBoxView>(screen); }
 
-template <>
-std::unique_ptr<View> makeView(frmAbt& screen) {
-  return std::make_unique<frmAbtView>(screen);
-}
+std::unique_ptr<View> makeView(frmAbt& screen) { return std::make_unique<frmAbtView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -61,9 +61,6 @@ class frm2WorkersView : public WorksheetView {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frm2Workers& screen) {
-  return std::make_unique<frm2WorkersView>(screen);
-}
+std::unique_ptr<View> makeView(frm2Workers& screen) { return std::make_unique<frm2WorkersView>(screen); }
 
 }  // namespace tallyfin::qt

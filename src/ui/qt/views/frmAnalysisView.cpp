@@ -55,9 +55,6 @@ class frmAnalysisView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmAnalysis& screen) {
-  return std::make_unique<frmAnalysisView>(screen);
-}
+std::unique_ptr<View> makeView(frmAnalysis& screen) { return std::make_unique<frmAnalysisView>(screen); }
 
 }  // namespace tallyfin::qt

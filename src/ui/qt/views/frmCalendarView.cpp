@@ -73,9 +73,6 @@ class frmCalendarView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmCalendar& screen) {
-  return std::make_unique<frmCalendarView>(screen);
-}
+std::unique_ptr<View> makeView(frmCalendar& screen) { return std::make_unique<frmCalendarView>(screen); }
 
 }  // namespace tallyfin::qt

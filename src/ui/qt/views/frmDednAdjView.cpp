@@ -47,9 +47,6 @@ class frmDednAdjView : public WorksheetView {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmDednAdj& screen) {
-  return std::make_unique<frmDednAdjView>(screen);
-}
+std::unique_ptr<View> makeView(frmDednAdj& screen) { return std::make_unique<frmDednAdjView>(screen); }
 
 }  // namespace tallyfin::qt

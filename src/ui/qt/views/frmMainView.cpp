@@ -295,9 +295,6 @@ class frmMainView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmMain& screen) {
-  return std::make_unique<frmMainView>(screen);
-}
+std::unique_ptr<View> makeView(frmMain& screen) { return std::make_unique<frmMainView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -120,9 +120,6 @@ class frmMiscView : public PagedView {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmMisc& screen) {
-  return std::make_unique<frmMiscView>(screen);
-}
+std::unique_ptr<View> makeView(frmMisc& screen) { return std::make_unique<frmMiscView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -158,9 +158,6 @@ class frmMultiCheckView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmMultiCheck& screen) {
-  return std::make_unique<frmMultiCheckView>(screen);
-}
+std::unique_ptr<View> makeView(frmMultiCheck& screen) { return std::make_unique<frmMultiCheckView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -58,9 +58,6 @@ class frmNameView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmName& screen) {
-  return std::make_unique<frmNameView>(screen);
-}
+std::unique_ptr<View> makeView(frmName& screen) { return std::make_unique<frmNameView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -84,9 +84,6 @@ class frmPersWkShtView : public WorksheetView {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmPersWkSht& screen) {
-  return std::make_unique<frmPersWkShtView>(screen);
-}
+std::unique_ptr<View> makeView(frmPersWkSht& screen) { return std::make_unique<frmPersWkShtView>(screen); }
 
 }  // namespace tallyfin::qt

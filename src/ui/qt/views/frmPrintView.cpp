@@ -173,9 +173,6 @@ class frmPrintView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmPrint& screen) {
-  return std::make_unique<frmPrintView>(screen);
-}
+std::unique_ptr<View> makeView(frmPrint& screen) { return std::make_unique<frmPrintView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -144,9 +144,6 @@ class frmStateView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmState& screen) {
-  return std::make_unique<frmStateView>(screen);
-}
+std::unique_ptr<View> makeView(frmState& screen) { return std::make_unique<frmStateView>(screen); }
 
 }  // namespace tallyfin::qt

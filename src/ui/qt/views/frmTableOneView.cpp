@@ -42,9 +42,6 @@ class frmTableOneView : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmTableOne& screen) {
-  return std::make_unique<frmTableOneView>(screen);
-}
+std::unique_ptr<View> makeView(frmTableOne& screen) { return std::make_unique<frmTableOneView>(screen); }
 
 }  // namespace tallyfin::qt

@@ -368,9 +368,6 @@ class frmW4View : public View {
 
 }  // namespace
 
-template <>
-std::unique_ptr<View> makeView(frmW4& screen) {
-  return std::make_unique<frmW4View>(screen);
-}
+std::unique_ptr<View> makeView(frmW4& screen) { return std::make_unique<frmW4View>(screen); }
 
 }  // namespace tallyfin::qt
