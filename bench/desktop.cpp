@@ -9,6 +9,7 @@
 
 #include "allocations.h"
 #include "engine/settingsstore.h"
+#include "ui/qt/dialogs.h"
 #include "ui/qt/look.h"
 #include "ui/screens.h"
 
@@ -28,7 +29,8 @@ void settle() {
 template <class S>
 void openAndClose(benchmark::State& rounds) {
   MemoryStore store;
-  qt::Desktop desktop(store);
+  qt::SystemDialogs dialogs;
+  qt::Desktop desktop(store, dialogs);
   desktop.start();
   const auto open = [] {
     S& screen = desk.use<S>();

@@ -108,6 +108,12 @@ class ControlArray {
     for (int i = 0; i < count; ++i) (*this)[i].*event = [handler, i] { handler(i); };
   }
 
+  /// Colours the text of each control at one event, and takes the colour back at another.
+  void highlight(Handler T::*begin, Handler T::*end, Colour lit, Colour plain) {
+    on(begin, [this, lit](int i) { (*this)[i].foreColour = lit; });
+    on(end, [this, plain](int i) { (*this)[i].foreColour = plain; });
+  }
+
  private:
   template <int... i>
   ControlArray(Screen& screen, const std::string& name,

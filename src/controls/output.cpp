@@ -1,5 +1,6 @@
 #include "controls/output.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "engine/numbertext.h"
@@ -23,8 +24,9 @@ Grid::Cells Grid::split(const std::string& text) const {
   return fields;
 }
 
-void Grid::addRow(const std::string& text) {
+void Grid::addRow(const std::string& text, RowKind kind) {
   rows_.push_back(text);
+  kinds_.push_back(kind);
   cells_.push_back(split(text));
   changed();
 }
@@ -32,6 +34,7 @@ void Grid::addRow(const std::string& text) {
 void Grid::removeAll() {
   rows_.clear();
   cells_.clear();
+  kinds_.clear();
   changed();
 }
 
@@ -55,6 +58,7 @@ void PrintEngine::startDocument() {
   table_.clear();
   columns_.clear();
   cells_.clear();
+  kinds_.clear();
 }
 
 void PrintEngine::endDocument() {
@@ -68,7 +72,7 @@ void PrintEngine::setFont(int points, bool bold, bool italic) {
   italic_ = italic;
 }
 
-void PrintEngine::addTable(std::string table) {
+void PrintEngine::addTable(std::string table, const std::vector<std::string>& totals) {
   table_ = std::move(table);
   std::vector<std::string> rows = splitAt(table_, ';');
   rows.pop_back();  // every row ends in the divider
@@ -78,6 +82,8 @@ void PrintEngine::addTable(std::string table) {
   for (std::size_t row = 1; row < rows.size(); ++row) {
     cells_.push_back(splitAt(rows[row], '|'));
     cells_.back().resize(columns_.size());
+    const bool total = std::find(totals.begin(), totals.end(), cells_.back().front()) != totals.end();
+    kinds_.push_back(row == 1 ? RowKind::heading : total ? RowKind::total : RowKind::line);
   }
 }
 

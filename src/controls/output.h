@@ -9,6 +9,9 @@
 
 namespace tallyfin {
 
+/// What a row of a table is to its reader.
+enum class RowKind { line, heading, total, result };
+
 /// A grid of two columns, "Title" and "Value". A row comes as one text whose fields are divided by the separator and
 /// may be enclosed in the delimiter; a value that is a number is displayed as currency.
 class Grid : public Control {
@@ -18,13 +21,14 @@ class Grid : public Control {
 
   void setFieldDelimiter(char delimiter) { delimiter_ = delimiter; }
   void setFieldSeparator(char separator) { separator_ = separator; }
-  void addRow(const std::string& text);
+  void addRow(const std::string& text, RowKind kind = RowKind::line);
   void removeAll();
 
   /// The rows as they were added.
   const std::vector<std::string>& rows() const { return rows_; }
   /// The rows as they are displayed, two cells each.
   const std::vector<Cells>& cells() const { return cells_; }
+  RowKind kind(std::size_t row) const { return kinds_[row]; }
 
  private:
   Cells split(const std::string& text) const;
@@ -33,6 +37,7 @@ class Grid : public Control {
   char separator_ = ',';
   std::vector<std::string> rows_;
   std::vector<Cells> cells_;
+  std::vector<RowKind> kinds_;
 };
 
 /// The column of a printed table.
@@ -56,7 +61,8 @@ class PrintEngine : public Control {
   void setHeader(std::string header) { header_ = std::move(header); }
   void setFooter(std::string footer) { footer_ = std::move(footer); }
   void setFont(int points, bool bold, bool italic);
-  void addTable(std::string table);
+  /// The rows of these titles are totals.
+  void addTable(std::string table, const std::vector<std::string>& totals = {});
   void setZoom(int percent);
 
   const std::string& header() const { return header_; }
@@ -68,6 +74,7 @@ class PrintEngine : public Control {
   const std::vector<PrintColumn>& columns() const { return columns_; }
   /// The table as it is laid out, heading row first.
   const std::vector<Cells>& cells() const { return cells_; }
+  RowKind kind(std::size_t row) const { return kinds_[row]; }
   int zoom() const { return zoom_; }
   /// Pages of the document that stands; 0 before the first.
   int pages() const { return pages_; }
@@ -81,6 +88,7 @@ class PrintEngine : public Control {
   std::string table_;
   std::vector<PrintColumn> columns_;
   std::vector<Cells> cells_;
+  std::vector<RowKind> kinds_;
   int zoom_ = 100;
   int pages_ = 0;
 };

@@ -92,6 +92,7 @@ class Panel : public Control {
   Property<int> top{*this, 0};
 
   static constexpr int outOfSight = -10000;
+  bool inSight() const { return left() >= 0; }
   void moveTo(int newLeft, int newTop);
 
  private:

@@ -58,8 +58,8 @@ frmMain::frmMain() : Screen(screenName, "Calculations") {
     optStatus[i].foreColour = optStatus[i].value() ? colours::lightBlue : colours::lightYellow;
   });
   cmdAdditional.on(&CommandButton::onClick, [this](int i) { cmdAdditional_Click(i); });
-  cmdAdditional.on(&CommandButton::onGotFocus, [this](int i) { cmdAdditional[i].foreColour = colours::lightBlue; });
-  cmdAdditional.on(&CommandButton::onLostFocus, [this](int i) { cmdAdditional[i].foreColour = colours::lightYellow; });
+  cmdAdditional.highlight(&CommandButton::onGotFocus, &CommandButton::onLostFocus, colours::lightBlue,
+                          colours::lightYellow);
   cmdToolBar.on(&CommandButton::onClick, [this](int i) { cmdToolBar_Click(i); });
 }
 
@@ -173,12 +173,21 @@ void frmMain::sponsorInfoCommand() {
   for (const char* row : sponsorRows) dbgDisplay.addRow(row);
 }
 
+namespace {
+
+RowKind kindOf(const ResultRow& row) {
+  if (row.amount == &PayData::checkAmt) return RowKind::result;
+  return row.amount == &PayData::grossPay || row.amount == &PayData::totalDed ? RowKind::total : RowKind::line;
+}
+
+}  // namespace
+
 void frmMain::GridPrint() {
   dbgDisplay.setFieldDelimiter('!');
   dbgDisplay.setFieldSeparator(',');
   makeTotals();
   for (const ResultRow& row : resultRows) {
-    dbgDisplay.addRow("!" + std::string(row.title) + "!," + toText(payData.*row.amount));
+    dbgDisplay.addRow("!" + std::string(row.title) + "!," + toText(payData.*row.amount), kindOf(row));
   }
 }
 

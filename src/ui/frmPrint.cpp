@@ -11,6 +11,9 @@ namespace tallyfin {
 
 namespace {
 
+constexpr const char* totalOfDeductions = "Total of Deductions";
+constexpr const char* checkAmount = "Check Amount";
+
 /// The report as one text for the print engine. totalDed and checkAmt are as the results grid left them.
 std::string reportTable() {
   const auto amount = [](const char* title, Money figure) { return title + ("|" + currency(figure)) + ";"; };
@@ -20,7 +23,7 @@ std::string reportTable() {
          amount("  Gross Pay", payData.grossPay) + amount("  401k Deduction", payData.amt401k) +
          amount("  Federal Tax", payData.fedTax) + amount("  State Tax", payData.stateTax) +
          amount("  Local Tax", payData.localTax) + amount("  FICA", payData.fica) + emptyRow +
-         amount("Total of Deductions", payData.totalDed) + amount("Check Amount", payData.checkAmt) + emptyRow +
+         amount(totalOfDeductions, payData.totalDed) + amount(checkAmount, payData.checkAmt) + emptyRow +
          "Included in FICA|;" + amount("  Social Security", payData.socSec) + amount("  Medicare", payData.medicare) +
          emptyRow + "Protected Amounts|;" + amount("  Non-Taxable", payData.preTax) +
          amount("  Pre-FICA", payData.preFica);
@@ -41,7 +44,7 @@ void frmPrint::buildReport() {
   machine.pointer->setBusy(true);
   vsPrinter1.setHeader(" Prepared for " + settings::uName.text() + " on " + longDate(machine.clock->now()));
   vsPrinter1.setFont(12, false, false);
-  vsPrinter1.addTable(reportTable());
+  vsPrinter1.addTable(reportTable(), {totalOfDeductions, checkAmount});
   vsPrinter1.endDocument();
   machine.pointer->setBusy(false);
 }

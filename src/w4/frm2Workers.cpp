@@ -33,8 +33,8 @@ frm2Workers::frm2Workers() : Screen(screenName, "Two-Earner/Two-Job Worksheet") 
   };
   cmdTable1Show.on(&CommandButton::onClick, [this](int i) { cmdTable1Show_Click(i); });
   cmdW4Back.on(&CommandButton::onClick, [this](int i) { cmdW4Back_Click(i); });
-  cmdW4Back.on(&CommandButton::onMouseEnter, [this](int i) { cmdW4Back[i].foreColour = colours::highlight; });
-  cmdW4Back.on(&CommandButton::onMouseLeave, [this](int i) { cmdW4Back[i].foreColour = colours::greyText; });
+  cmdW4Back.highlight(&CommandButton::onMouseEnter, &CommandButton::onMouseLeave, colours::highlight,
+                      colours::greyText);
   cmdPersWrkCalc.on(&CommandButton::onClick, [this](int i) { cmdPersWrkCalc_Click(i); });
 }
 

@@ -28,8 +28,8 @@ frmDednAdj::frmDednAdj() : Screen(screenName, "Deductions and Adjustments") {
     amount->onChange = [amount] { amount->setCaption(currency(amount->caption())); };
   }
   optDedCategory.on(&OptionButton::onClick, [this](int i) { optDedCategory_Click(i); });
-  optDedCategory.on(&OptionButton::onMouseEnter, [this](int i) { optDedCategory[i].foreColour = colours::highlight; });
-  optDedCategory.on(&OptionButton::onMouseLeave, [this](int i) { optDedCategory[i].foreColour = colours::greyText; });
+  optDedCategory.highlight(&OptionButton::onMouseEnter, &OptionButton::onMouseLeave, colours::highlight,
+                           colours::greyText);
   cmdPersWrkCalc.onClick = [this] { cmdPersWrkCalc_Click(); };
   cmdW4Back.on(&CommandButton::onClick, [this](int i) { cmdW4Back_Click(i); });
 }

@@ -59,10 +59,8 @@ void frmPersWkSht::highlightWithThePointer() {
   lblPersWrkNoDeps.onMouseMove = [this] { lblPersWrkNoDeps.foreColour = colours::highlight; };
   txtPersWkEnterDeps.onMouseMove = lblPersWrkNoDeps.onMouseMove;
   lblPersWrkTotal.onMouseMove = [childCare] { colour(childCare, colours::greyText); };
-  cmdInstructions.on(&CommandButton::onMouseEnter,
-                     [this](int i) { cmdInstructions[i].foreColour = pointedInstruction; });
-  cmdInstructions.on(&CommandButton::onMouseLeave,
-                     [this](int i) { cmdInstructions[i].foreColour = colours::greyText; });
+  cmdInstructions.highlight(&CommandButton::onMouseEnter, &CommandButton::onMouseLeave, pointedInstruction,
+                            colours::greyText);
 }
 
 /// Line H.

@@ -59,8 +59,8 @@ void build(ListBox& list, std::span<const AmountBand> bands) {
 frmTableOne::frmTableOne() : Screen(screenName, "") {
   setTextColour(colours::greyText);
   optTableOne.on(&OptionButton::onClick, [this](int i) { optTableOne_Click(i); });
-  optTableOne.on(&OptionButton::onMouseEnter, [this](int i) { optTableOne[i].foreColour = colours::highlight; });
-  optTableOne.on(&OptionButton::onMouseLeave, [this](int i) { optTableOne[i].foreColour = colours::greyText; });
+  optTableOne.highlight(&OptionButton::onMouseEnter, &OptionButton::onMouseLeave, colours::highlight,
+                        colours::greyText);
   lstTableOne.onClick = [this] { lstTableOne_Click(); };
 }
 

@@ -24,8 +24,7 @@ frmMisc::frmMisc() : Screen(screenName, "Local Tax and Raise") {
   pnlContainerMisc[1].moveTo(Panel::outOfSight, pageTop);
   imgSeal.tooltip = "Click to Unload Page";
 
-  cmdExit.on(&CommandButton::onGotFocus, [this](int i) { cmdExit[i].foreColour = colours::highlight; });
-  cmdExit.on(&CommandButton::onLostFocus, [this](int i) { cmdExit[i].foreColour = colours::greyText; });
+  cmdExit.highlight(&CommandButton::onGotFocus, &CommandButton::onLostFocus, colours::highlight, colours::greyText);
 
   lblOldShow.onChange = [this] { lblOldShow.setCaption(currency(lblOldShow.caption())); };
   lstGrossPay.onClick = [this] { lstGrossPay_Click(); };

@@ -40,8 +40,18 @@ TEST_F(GridTest, AlwaysHasTwoCells) {
               ElementsAre(ElementsAre("", ""), ElementsAre("Main Office", ""), ElementsAre("a", "$1.00")));
 }
 
-TEST_F(GridTest, LosesAllRowsAtOnce) {
+TEST_F(GridTest, TellsTheKindOfEachRow) {
   grid.addRow("a,1");
+  grid.addRow("b,2", RowKind::result);
+  EXPECT_EQ(grid.kind(0), RowKind::line);
+  EXPECT_EQ(grid.kind(1), RowKind::result);
+}
+
+TEST_F(GridTest, LosesAllRowsAtOnce) {
+  grid.addRow("a,1", RowKind::total);
+  grid.removeAll();
+  grid.addRow("b,2");
+  EXPECT_EQ(grid.kind(0), RowKind::line);
   grid.removeAll();
   EXPECT_THAT(grid.rows(), IsEmpty());
   EXPECT_THAT(grid.cells(), IsEmpty());
@@ -65,6 +75,14 @@ TEST_F(PrintEngineTest, LaysOutATableThatComesAsOneText) {
   EXPECT_THAT(engine.cells(), ElementsAre(ElementsAre("Category", "Amount"), ElementsAre("  Gross Pay", "$5.00"),
                                           ElementsAre("", ""), ElementsAre("Alone", "")));
   EXPECT_EQ(engine.pages(), 1);
+}
+
+TEST_F(PrintEngineTest, TellsTheHeadingAndTheTotalsItWasGiven) {
+  engine.startDocument();
+  engine.addTable("<3000|>1500;Category|Amount;Tax|$5.00;Sum|$5.00;", {"Sum"});
+  EXPECT_EQ(engine.kind(0), RowKind::heading);
+  EXPECT_EQ(engine.kind(1), RowKind::line);
+  EXPECT_EQ(engine.kind(2), RowKind::total);
 }
 
 TEST_F(PrintEngineTest, StartsEachDocumentEmpty) {

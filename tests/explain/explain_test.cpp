@@ -161,6 +161,16 @@ TEST_F(ExplainTest, SaysSinceWhenAFigureStands) {
               Contains("Not touched by this calculation: $0.00 as it was set before the last 2 calculations."));
 }
 
+TEST_F(ExplainTest, SaysThatAFigureWasSetSinceTheFirstCalculation) {
+  startSample();
+  calculate();
+  main().cboState.setIndex(0);
+  EXPECT_EQ(main().cmdToolBar[frmMain::clear].userClick(), Refusal::none);
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"),
+              Contains("Not touched by this calculation: $0.00 as it was set since the last calculation."));
+}
+
 TEST_F(ExplainTest, SaysThatAnAllowanceWaitsForTheNextLoad) {
   startSample();
   main().cboExemptions.setIndex(2);

@@ -1,5 +1,6 @@
 #include "store/store.h"
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,12 +14,44 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <cstdarg>
 #include <fstream>
+#include <map>
 #include <set>
 #include <sstream>
 #include <thread>
 
 #include "engine/failure.h"
+
+namespace {
+
+/// What the connections of this process are told, by SQLite's number of the option or limit; the first of each.
+std::map<int, int> options;
+std::map<int, int> limits;
+
+template <class Function>
+Function* ofSqlite(const char* name) {
+  return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+// They stand before SQLite's own, note what is asked for, and pass it on.
+
+int sqlite3_db_config(sqlite3* connection, int what, ...) {
+  std::va_list arguments;
+  va_start(arguments, what);
+  const int value = va_arg(arguments, int);
+  int* const answer = va_arg(arguments, int*);
+  va_end(arguments);
+  options.emplace(what, value);
+  return ofSqlite<decltype(sqlite3_db_config)>("sqlite3_db_config")(connection, what, value, answer);
+}
+
+int sqlite3_limit(sqlite3* connection, int what, int value) {
+  limits.emplace(what, value);
+  return ofSqlite<decltype(sqlite3_limit)>("sqlite3_limit")(connection, what, value);
+}
 
 namespace tallyfin {
 
@@ -299,6 +332,40 @@ TEST_F(StoreTest, LeavesWhatIsTooLargeAlone) {
   EXPECT_EQ(store.read(section::settings, "IncAmt"), std::nullopt);
   EXPECT_THROW(store.write(section::settings, "IncAmt", "2"), FailedStatement);
   EXPECT_EQ(fs::file_size(path), 100'000'000U);
+}
+
+TEST_F(StoreTest, ReadsTheLargestFileThatItTakes) {
+  opened().write(section::settings, "IncAmt", "1000");
+  fs::resize_file(path, 67'108'864);
+  EXPECT_EQ(kept("IncAmt"), "1000");
+  fs::resize_file(path, 67'112'960);
+  EXPECT_EQ(kept("IncAmt"), std::nullopt);
+}
+
+/// SQLite takes a file of one byte for an empty database.
+TEST_F(StoreTest, LeavesOneByteAloneWhateverStandsBesideIt) {
+  put(path, "x");
+  put(path.string() + "-wal", "no log of SQLite's");
+  expectLeftAlone();
+}
+
+/// Each opening is told to trust nothing that the file brings along, and to copy nothing into what may be no store.
+TEST_F(StoreTest, OpensAFileAsOneThatMayBeHostile) {
+  opened().write(section::settings, "IncAmt", "1000");
+  FileStore store = opened();
+  options.clear();
+  limits.clear();
+  EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
+  EXPECT_EQ(options, (std::map<int, int>{{SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+                                         {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+                                         {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+                                         {SQLITE_DBCONFIG_DQS_DDL, 0},
+                                         {SQLITE_DBCONFIG_DQS_DML, 0},
+                                         {SQLITE_DBCONFIG_DEFENSIVE, 1},
+                                         {SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1}}));
+  EXPECT_EQ(limits, (std::map<int, int>{{SQLITE_LIMIT_LENGTH, 8 * 1024 * 1024},
+                                        {SQLITE_LIMIT_SQL_LENGTH, 10'000},
+                                        {SQLITE_LIMIT_ATTACHED, 0}}));
 }
 
 TEST_F(StoreTest, LeavesATruncatedStoreAlone) {

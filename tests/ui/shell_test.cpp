@@ -381,6 +381,9 @@ TEST_F(Report, NamesTheUserAndTheFigures) {
   EXPECT_THAT(engine.cells()[3], ElementsAre("  Federal Tax", "$172.49"));
   EXPECT_THAT(engine.cells()[8], ElementsAre("Total of Deductions", "$308.99"));
   EXPECT_THAT(engine.cells()[9], ElementsAre("Check Amount", "$691.01"));
+  for (std::size_t row = 1; row < engine.cells().size(); ++row) {
+    EXPECT_EQ(engine.kind(row), row == 8 || row == 9 ? RowKind::total : RowKind::line) << row;
+  }
 }
 
 TEST_F(Report, BeepsAndStaysWhereNoDocumentCanBeStarted) {

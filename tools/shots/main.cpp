@@ -3,20 +3,24 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QPainter>
+#include <QSvgRenderer>
 #include <QTextStream>
 #include <cstdio>
 #include <memory>
 
 #include "script/session.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/dialogs.h"
 #include "ui/qt/explanation.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 
 /// tallyfin99-screenshots FOLDER SHOTS-FILE: saves pictures of the screens. The file holds lines of the script protocol
-/// and four more: `fresh` begins with an empty store and no run, `group NAME` opens a group of the list bar, `how ROW`
+/// and five more: `fresh` begins with an empty store and no run, `group NAME` opens a group of the list bar, `how ROW`
 /// opens the explanation of that row of the results, `shot NAME` saves what the frame shows as NAME.png, and a box
-/// above it as NAME-box.png.
+/// above it as NAME-box.png, `drawn FILE` saves an SVG picture for both densities of screens.
 
 namespace {
 
@@ -24,7 +28,8 @@ using namespace tallyfin;
 
 struct Stage {
   MemoryStore store;
-  std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>(store);
+  qt::SystemDialogs dialogs;
+  std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>(store, dialogs);
   script::Session session{store, machine, desk.watcher};  // on the desktop's machine, and it shows what happens
 };
 
@@ -40,6 +45,18 @@ void shoot(const Stage& stage, const QDir& folder, const QString& name) {
     if (qobject_cast<const QDialog*>(widget) != nullptr && widget->isVisible()) {
       save(*widget, folder.filePath(name + "-box.png"));
     }
+  }
+}
+
+void draw(const QString& file, const QDir& folder) {
+  QSvgRenderer picture(file);
+  for (const int density : {1, 2}) {
+    QImage image(picture.defaultSize() * density, QImage::Format_RGB32);
+    QPainter painter(&image);
+    picture.render(&painter);
+    painter.end();
+    const QString name = QFileInfo(file).baseName() + (density == 1 ? ".png" : "@2x.png");
+    if (!image.save(folder.filePath(name))) std::fprintf(stderr, "%s can't be written\n", qPrintable(name));
   }
 }
 
@@ -66,12 +83,15 @@ int main(int argc, char** argv) {
     const QString line = lines.readLine().trimmed();
     if (line == "fresh") {
       stage.reset();  // one after the other: each puts back what it found
+      QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // without a loop windows that closed stay
       stage = std::make_unique<Stage>();
     } else if (line.startsWith("group ")) {
       auto* header = stage->desktop->frame()->findChild<QAbstractButton*>(line);
       if (header != nullptr) header->click();
     } else if (line.startsWith("how ")) {
       qt::ExplanationWindow::open(*stage->desktop->frame(), line.mid(4));
+    } else if (line.startsWith("drawn ")) {
+      draw(QFileInfo(shots).dir().filePath(line.mid(6)), folder);
     } else if (line.startsWith("shot ")) {
       shoot(*stage, folder, line.mid(5));
     } else if (const auto answer = stage->session.answer(line.toStdString()); answer && answer->front() == '!') {

@@ -13,14 +13,14 @@
 #include "ui/qt/focusring.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
-#include "ui/qt/printer.h"
 #include "ui/qt/view.h"
 
 namespace tallyfin::qt {
 
-Desktop::Desktop(SettingsStore& store)
-    : screenPrinter_(std::make_unique<ScreenPrinter>(*this)),
-      program_(store, {plainMachine().clock, &beeper_, &pointer_, screenPrinter_.get(), &help_}, this) {
+Desktop::Desktop(SettingsStore& store, Dialogs& dialogs)
+    : dialogs_(dialogs),
+      printer_(*this),
+      program_(store, {plainMachine().clock, &beeper_, &pointer_, &printer_, &help_}, this) {
   answerAssistiveTechnology();
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     dropFocus(now);
@@ -47,7 +47,7 @@ View* Desktop::view(std::string_view screenName) const {
 void Desktop::shown(Screen& screen) {
   switch (screen.place()) {
     case Place::frame:
-      frame_ = std::make_unique<Frame>(static_cast<MDIOpen&>(screen));
+      frame_ = std::make_unique<Frame>(static_cast<MDIOpen&>(screen), dialogs_);
       views_[&screen] = frame_.get();
       help_.serve(*frame_);
       return frame_->show();

@@ -9,21 +9,22 @@
 #include "ui/program.h"
 #include "ui/qt/helpviewer.h"
 #include "ui/qt/machine.h"
+#include "ui/qt/printer.h"
 
 class QDialog;
 
 namespace tallyfin::qt {
 
+class Dialogs;
 class FocusRing;
 class Frame;
-class ScreenPrinter;
 class View;
 
 /// The desktop binding as a whole: shows what the desk holds. A shown screen has a view; documents stand in the frame,
 /// boxes above it. While it lives it is also the program's beeper, mouse pointer, printer and help.
 class Desktop final : public QObject, private DeskWatcher {
  public:
-  explicit Desktop(SettingsStore& store);
+  Desktop(SettingsStore& store, Dialogs& dialogs);
   ~Desktop() override;
 
   /// Begins a run: the frame, then its first screen.
@@ -31,8 +32,6 @@ class Desktop final : public QObject, private DeskWatcher {
   Frame* frame() const { return frame_.get(); }
   /// The view of a shown screen; none if it isn't shown.
   View* view(std::string_view screenName) const;
-  /// What prints screens.
-  ScreenPrinter& screenPrinter() const { return *screenPrinter_; }
 
  private:
   void shown(Screen& screen) override;
@@ -46,14 +45,15 @@ class Desktop final : public QObject, private DeskWatcher {
   QWidget* focusedWidget() const;
   void dropFocus(const QWidget* now);
 
+  Dialogs& dialogs_;
   std::unique_ptr<Frame> frame_;
   std::map<const Screen*, QPointer<View>> views_;
   std::map<const Screen*, QPointer<QDialog>> boxes_;
   QPointer<FocusRing> ring_;
   QPointer<View> said_;  ///< The page whose title has been told last.
-  std::unique_ptr<ScreenPrinter> screenPrinter_;
   DesktopBeeper beeper_;
   DesktopPointer pointer_;
+  ScreenPrinter printer_;
   DesktopHelp help_;
   Program program_;
 };

@@ -5,15 +5,16 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPrinter>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTextBrowser>
 #include <QTextDocument>
 
-#include "machine/machine.h"
+#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
+#include "ui/qt/notice.h"
 #include "ui/qt/printer.h"
 
 namespace tallyfin::qt {
@@ -85,12 +86,14 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
-ExplanationWindow::ExplanationWindow(QWidget* frame)
-    : QDialog(frame),
+ExplanationWindow::ExplanationWindow(Frame& frame)
+    : QDialog(&frame),
+      frame_(frame),
       bar_(new ShareBar(this)),
       shares_(new QLabel(this)),
       figures_(new QTableWidget(0, 2, this)),
-      page_(new QTextBrowser(this)) {
+      page_(new QTextBrowser(this)),
+      notice_(new Notice(this)) {
   setObjectName(windowName);
   setWindowTitle(QStringLiteral("How this was worked out"));
   look::setGround(*this, look::onPaper());
@@ -123,16 +126,6 @@ ExplanationWindow::ExplanationWindow(QWidget* frame)
   page_->setPalette(look::onWhite());
   page_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
-  auto* copyButton = new QPushButton(QStringLiteral("&Copy"), this);
-  auto* printButton = new QPushButton(QStringLiteral("&Print"), this);
-  auto* closeButton = new QPushButton(QStringLiteral("C&lose"), this);
-  copyButton->setObjectName(QStringLiteral("copy"));
-  printButton->setObjectName(QStringLiteral("print"));
-  closeButton->setObjectName(QStringLiteral("close"));
-  connect(copyButton, &QPushButton::clicked, this, [this] { copy(); });
-  connect(printButton, &QPushButton::clicked, this, [this] { print(); });
-  connect(closeButton, &QPushButton::clicked, this, &QDialog::close);
-
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(look::row);
   layout->addWidget(bar_);
@@ -142,25 +135,32 @@ ExplanationWindow::ExplanationWindow(QWidget* frame)
   middle->addWidget(figures_);
   middle->addWidget(page_, 1);
   layout->addLayout(middle, 1);
+  layout->addWidget(notice_);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
-  for (QPushButton* button : {copyButton, printButton, closeButton}) {
+  const auto add = [&](const char* name, const char* caption, auto act) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), this);
+    button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, act);
     buttons->addWidget(button);
-  }
+  };
+  add("copy", "&Copy", [this] { copy(); });
+  add("print", "&Print", [this] { print(); });
+  add("close", "C&lose", [this] { close(); });
   layout->addLayout(buttons);
   figures_->setFocus();
   resize(look::scaled(640), look::scaled(430));
 }
 
-ExplanationWindow* ExplanationWindow::of(const QWidget& frame) {
+ExplanationWindow* ExplanationWindow::of(const Frame& frame) {
   return static_cast<ExplanationWindow*>(frame.findChild<QDialog*>(windowName, Qt::FindDirectChildrenOnly));
 }
 
-void ExplanationWindow::open(QWidget& frame, const QString& title) {
+void ExplanationWindow::open(Frame& frame, const QString& title) {
   if (lastTrace() == nullptr) return;
   ExplanationWindow* window = of(frame);
-  if (window == nullptr) window = new ExplanationWindow(&frame);
+  if (window == nullptr) window = new ExplanationWindow(frame);
   window->refresh();
   window->choose(title);
   window->QDialog::show();
@@ -168,7 +168,7 @@ void ExplanationWindow::open(QWidget& frame, const QString& title) {
   window->activateWindow();
 }
 
-void ExplanationWindow::follow(QWidget& frame) {
+void ExplanationWindow::follow(const Frame& frame) {
   ExplanationWindow* window = of(frame);
   if (window == nullptr) return;
   // Once the calculation is over.
@@ -220,17 +220,23 @@ QString ExplanationWindow::chosenText() const {
 void ExplanationWindow::copy() const { QGuiApplication::clipboard()->setText(chosenText()); }
 
 void ExplanationWindow::print() {
-  auto* printer = dynamic_cast<ScreenPrinter*>(machine.printer);
-  if (printer == nullptr) return;
-  QPrinter device(QPrinter::HighResolution);
-  device.setPageSize(QPageSize(QPageSize::Letter));
-  device.setDocName(windowTitle());
-  if (!printer->setUp(device)) return;
-  QString html = QStringLiteral("<p>%1</p>").arg(shares_->text().toHtmlEscaped());
-  for (const Explanation& explanation : explanations_) html += htmlOf(explanation);
-  QTextDocument document;
-  document.setHtml(html);
-  document.print(&device);
+  const auto draw = [this](QPagedPaintDevice& device) {
+    QString html = QStringLiteral("<p>%1</p>").arg(shares_->text().toHtmlEscaped());
+    for (const Explanation& explanation : explanations_) html += htmlOf(explanation);
+    QTextDocument document;
+    document.setHtml(html);
+    document.print(&device);
+    return true;
+  };
+  const Paper paper{.name = QStringLiteral("explanation"),
+                    .title = windowTitle(),
+                    .file = windowTitle() + QStringLiteral(".pdf"),
+                    .somePages = true,
+                    .draw = draw};
+  const Outcome outcome = paper.printOrSave(frame_.dialogs(), *this);
+  if (!outcome) return;
+  notice_->tell(*outcome);
+  if (!outcome->isEmpty()) frame_.announce(*outcome);
 }
 
 }  // namespace tallyfin::qt

@@ -11,6 +11,9 @@ class QTextBrowser;
 
 namespace tallyfin::qt {
 
+class Frame;
+class Notice;
+
 /// The parts of the gross pay as one horizontal bar: each part is drawn in a ground of its own and bears its share,
 /// where that has room; the sentence beneath names them all.
 class ShareBar : public QWidget {
@@ -31,30 +34,32 @@ class ShareBar : public QWidget {
 /// open, and follows the next Calculate.
 class ExplanationWindow : public QDialog {
  public:
-  explicit ExplanationWindow(QWidget* frame);
+  explicit ExplanationWindow(Frame& frame);
 
   /// Shows the figure of a row of the results; nothing happens where nothing has been calculated or there is no such
   /// row. Makes the window of the frame where there is none.
-  static void open(QWidget& frame, const QString& title);
+  static void open(Frame& frame, const QString& title);
   /// The results have changed: an open window shows the new ones.
-  static void follow(QWidget& frame);
+  static void follow(const Frame& frame);
 
   /// The chosen explanation as text, its title first.
   QString chosenText() const;
 
  private:
-  static ExplanationWindow* of(const QWidget& frame);
+  static ExplanationWindow* of(const Frame& frame);
   void refresh();
   void choose(const QString& title);
   void tell();
   void copy() const;
   void print();
 
+  Frame& frame_;
   std::vector<Explanation> explanations_;
   ShareBar* bar_;
   QLabel* shares_;
   QTableWidget* figures_;
   QTextBrowser* page_;
+  Notice* notice_;
 };
 
 }  // namespace tallyfin::qt

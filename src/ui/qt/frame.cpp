@@ -18,6 +18,7 @@
 #include "ui/MDIOpen.h"
 #include "ui/qt/accessible.h"
 #include "ui/qt/look.h"
+#include "ui/qt/notice.h"
 
 namespace tallyfin::qt {
 
@@ -284,7 +285,7 @@ Binding& bind(ListBarButton& widget, ListBarItem& item) {
 
 // --- The frame ---
 
-Frame::Frame(MDIOpen& screen) : View(screen) {
+Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs) {
   setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                  Qt::WindowCloseButtonHint);
   setWindowIcon(look::picture(QStringLiteral("tallyfin99")));
@@ -306,11 +307,8 @@ Frame::Frame(MDIOpen& screen) : View(screen) {
   auto* documents = new QVBoxLayout;
   documents->setSpacing(0);
   documents->addWidget(area_, 1);
-  notice_ = new QLabel(this);
-  notice_->setObjectName(QStringLiteral("notice"));
-  notice_->setWordWrap(true);
+  notice_ = new Notice(this);
   notice_->setMargin(look::tight);
-  notice_->hide();
   documents->addWidget(notice_);
   layout->addLayout(documents, 1);
   openGroup(1);
@@ -406,8 +404,7 @@ void Frame::openGroup(std::size_t group) {
 }
 
 void Frame::tell(const QString& words) {
-  notice_->setText(words);
-  notice_->setVisible(!words.isEmpty());
+  notice_->tell(words);
   if (!words.isEmpty()) announce(words);
 }
 

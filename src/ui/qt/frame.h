@@ -18,6 +18,8 @@ class MDIOpen;
 namespace tallyfin::qt {
 
 class Announcer;
+class Dialogs;
+class Notice;
 
 /// A document in the frame: a title strip with a closing button above the view, which scrolls where it doesn't fit.
 class Document : public QWidget {
@@ -100,8 +102,10 @@ class ListBarButton : public BarButton {
 /// The frame of the program: a window of fixed size, the list bar at its left, the documents beside it.
 class Frame : public View {
  public:
-  explicit Frame(MDIOpen& screen);
+  Frame(MDIOpen& screen, Dialogs& dialogs);
 
+  /// What its windows ask the user with.
+  Dialogs& dialogs() const { return dialogs_; }
   DocumentArea& area() const { return *area_; }
   /// Says in a line below the documents what the user must know; no words take the line away.
   void tell(const QString& words);
@@ -128,10 +132,11 @@ class Frame : public View {
   };
   Group addGroup(const QString& caption, QWidget* bar);
 
+  Dialogs& dialogs_;
   std::vector<Group> groups_;
   std::size_t openGroup_ = 0;
   DocumentArea* area_;
-  QLabel* notice_;
+  Notice* notice_;
   Announcer* announcer_;
 };
 

@@ -21,6 +21,7 @@
 #include "controls/desk.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
+#include "ui/qt/notice.h"
 
 namespace tallyfin::qt {
 
@@ -138,10 +139,7 @@ HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), she
   auto* split = new QSplitter(Qt::Horizontal, this);
   layout->addWidget(strip());
   layout->addWidget(split, 1);
-  missing_ = new QLabel(this);
-  missing_->setObjectName(QStringLiteral("notice"));
-  missing_->setWordWrap(true);
-  missing_->hide();
+  missing_ = new Notice(this);
   layout->addWidget(missing_);
   split->addWidget(leftSide());
   split->addWidget(page());
@@ -265,8 +263,8 @@ void HelpWindow::fillContents() {
 
 void HelpWindow::showTopic(const QString& file, const QString& id) {
   const HelpBook* book = shelf_.book(file);
-  missing_->setVisible(book == nullptr);
-  if (book == nullptr) return missing_->setText(shelf_.missing(file));
+  missing_->tell(book == nullptr ? shelf_.missing(file) : QString());
+  if (book == nullptr) return;
   const QString known = book->find(id) != nullptr ? id : book->topics.front().id;
   const QUrl address = addressOf(file, known);
   if (page_->source() != address) page_->setSource(address, QTextDocument::HtmlResource);

@@ -18,6 +18,8 @@ class QTreeWidget;
 
 namespace tallyfin::qt {
 
+class Notice;
+
 class Frame;
 
 /// One topic of a help file: what follows a heading of the first order, up to the next one.
@@ -83,7 +85,7 @@ class HelpWindow : public QDialog {
   QLineEdit* search_ = nullptr;
   QTreeWidget* contents_ = nullptr;
   QLabel* nothing_ = nullptr;
-  QLabel* missing_ = nullptr;
+  Notice* missing_ = nullptr;
   QTextBrowser* page_ = nullptr;
 };
 

@@ -40,7 +40,7 @@ QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& butto
   for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
     palette.setColor(QPalette::Disabled, role, faded);
   }
-  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(150, 150, 140));
+  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(116, 116, 106));
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(225, 226, 214));
   return palette;
 }
@@ -96,7 +96,7 @@ QPalette lightFace() {
   palette.setColor(QPalette::Button, light);
   palette.setColor(QPalette::ButtonText, ink);
   palette.setColor(QPalette::Disabled, QPalette::Button, QColor(196, 202, 196));
-  palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(120, 124, 120));
+  palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(104, 108, 104));
   return palette;
 }
 
@@ -107,9 +107,9 @@ void setGround(QWidget& widget, const QPalette& palette) {
   widget.setAutoFillBackground(true);
 }
 
-QWidget* rule(const QColor& colour, QWidget* parent) {
+QWidget* rule(const QColor& colour, QWidget* parent, int thickness, Qt::Orientation orientation) {
   auto* line = new QWidget(parent);
-  line->setFixedHeight(1);
+  orientation == Qt::Horizontal ? line->setFixedHeight(thickness) : line->setFixedWidth(thickness);
   QPalette palette;
   palette.setColor(QPalette::Window, colour);
   setGround(*line, palette);

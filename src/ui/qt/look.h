@@ -57,8 +57,8 @@ QPalette onList();
 /// Gives a widget its palette and paints its ground.
 void setGround(QWidget& widget, const QPalette& palette);
 
-/// A hairline across its place.
-QWidget* rule(const QColor& colour, QWidget* parent);
+/// A line across its place, or up and down it.
+QWidget* rule(const QColor& colour, QWidget* parent, int thickness = 1, Qt::Orientation orientation = Qt::Horizontal);
 
 /// The sides of a rectangle, inside it. Filled, because a pen may lose a side between whole pixels.
 void drawEdge(QPainter& painter, const QRect& place, const QColor& colour);

@@ -1,18 +1,16 @@
 #include "ui/qt/printer.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFileDialog>
 #include <QLibrary>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPicture>
-#include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
-#include <QStandardPaths>
+#include <QSaveFile>
 
 #include "controls/screen.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/dialogs.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/view.h"
 
@@ -33,9 +31,8 @@ QPicture drawingOf(QWidget& widget) {
   return picture;
 }
 
-}  // namespace
-
-bool printWidget(QWidget& widget, QPagedPaintDevice& device) {
+/// Draws a widget on one page, as large as the page's margins let it be and in vectors: words stay words.
+bool drawWidget(QWidget& widget, QPagedPaintDevice& device) {
   const QPicture picture = drawingOf(widget);
   QPainter painter;
   if (!painter.begin(&device)) return false;
@@ -48,6 +45,7 @@ bool printWidget(QWidget& widget, QPagedPaintDevice& device) {
   return painter.end();
 }
 
+/// Why the job that has just gone to a printer wasn't taken, in the words of the print server; empty if it was.
 QString printTrouble(const QPrinter& printer) {
   if (printer.outputFormat() != QPrinter::NativeFormat) return {};
   // The toolkit hands the job to the print server and keeps its answer to itself. The server's library has it still.
@@ -61,45 +59,53 @@ QString printTrouble(const QPrinter& printer) {
   return QString::fromUtf8(words());
 }
 
+}  // namespace
+
+Outcome Paper::print(Dialogs& dialogs, QWidget& asking) const {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(title);
+  if (!dialogs.choosePrinter(asking, printer, somePages)) return std::nullopt;
+  const bool taken = draw(printer) && printer.printerState() != QPrinter::Error;
+  const QString trouble = taken ? printTrouble(printer) : printer.printerName();
+  return trouble.isEmpty() ? QString() : QStringLiteral("The %1 couldn't be printed. %2").arg(name, trouble);
+}
+
+Outcome Paper::save(Dialogs& dialogs, QWidget& asking) const {
+  const QString path = dialogs.choosePdf(asking, file);
+  if (path.isEmpty()) return std::nullopt;
+  const QString trouble = write(path);
+  return trouble.isEmpty() ? QString() : QStringLiteral("The %1 couldn't be saved. %2: %3").arg(name, path, trouble);
+}
+
+Outcome Paper::printOrSave(Dialogs& dialogs, QWidget& asking) const {
+  return dialogs.hasPrinter() ? print(dialogs, asking) : save(dialogs, asking);
+}
+
+QString Paper::write(const QString& path) const {
+  QSaveFile saved(path);
+  if (!saved.open(QIODevice::WriteOnly)) return saved.errorString();
+  QPdfWriter writer(&saved);
+  writer.setPageSize(QPageSize(QPageSize::Letter));
+  writer.setTitle(title);
+  writer.setCreator(QStringLiteral("Tallyfin 99"));
+  if (!draw(writer)) return QStringLiteral("There is nothing to save.");
+  return saved.commit() ? QString() : saved.errorString();
+}
+
 ScreenPrinter::ScreenPrinter(const Desktop& desktop) : desktop_(desktop) {}
 
 int ScreenPrinter::printScreen(Screen& screen) {
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setPageSize(QPageSize(QPageSize::Letter));
-  printer.setDocName(QString::fromStdString(screen.title()));
   View* view = desktop_.view(screen.name());
-  if (view == nullptr || !setUp(printer)) return 0;
-  const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
-  QString trouble;
-  if (!printWidget(*view, printer)) {
-    trouble = toFile ? printer.outputFileName() + QStringLiteral(" can't be written.") : printer.printerName();
-  } else {
-    trouble = printTrouble(printer);
-  }
-  if (trouble.isEmpty()) {
-    desktop_.frame()->tell({});
-    return 1;
-  }
-  const QString what = toFile ? QStringLiteral("saved") : QStringLiteral("printed");
-  desktop_.frame()->tell(QStringLiteral("The form couldn't be %1. %2").arg(what, trouble));
-  return 0;
-}
-
-bool ScreenPrinter::ask(QPrinter& printer) {
-  if (!QPrinterInfo::availablePrinters().isEmpty()) {
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
-    return dialog.exec() == QDialog::Accepted;
-  }
-  const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-  QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Print to a PDF file"), documents.path(),
-                     QStringLiteral("PDF files (*.pdf)"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);  // which asks before it replaces a file
-  dialog.setDefaultSuffix(QStringLiteral("pdf"));
-  dialog.selectFile(printer.docName() + ".pdf");
-  if (dialog.exec() != QDialog::Accepted) return false;
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(dialog.selectedFiles().front());
-  return true;
+  if (view == nullptr) return 0;
+  const QString title = QString::fromStdString(screen.title());
+  const Paper form{.name = QStringLiteral("form"),
+                   .title = title,
+                   .file = title + QStringLiteral(".pdf"),
+                   .draw = [view](QPagedPaintDevice& device) { return drawWidget(*view, device); }};
+  Frame& frame = *desktop_.frame();
+  const Outcome outcome = form.printOrSave(frame.dialogs(), frame);
+  if (outcome) frame.tell(*outcome);
+  return outcome && outcome->isEmpty() ? 1 : 0;
 }
 
 }  // namespace tallyfin::qt

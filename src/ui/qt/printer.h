@@ -2,23 +2,42 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "machine/machine.h"
 
 class QPagedPaintDevice;
-class QPrinter;
 class QWidget;
 
 namespace tallyfin::qt {
 
 class Desktop;
+class Dialogs;
 
-/// Draws a widget on one page, as large as the page's margins let it be and in vectors: words stay words. False where
-/// the device takes nothing.
-bool printWidget(QWidget& widget, QPagedPaintDevice& device);
+/// What the user must be told when something has been printed or saved, empty where that went well. None if he didn't
+/// want to after all.
+using Outcome = std::optional<QString>;
 
-/// Why the job that has just gone to a printer wasn't taken, in the words of the print server; empty if it was.
-QString printTrouble(const QPrinter& printer);
+/// Something for paper or a PDF file.
+struct Paper {
+  QString name;            ///< What the user calls it: "report".
+  QString title;           ///< Of the document.
+  QString file;            ///< The name that is offered for a file.
+  bool somePages = false;  ///< Whether some of its pages can be printed alone.
+  /// False where the device takes nothing, or there is nothing to draw.
+  std::function<bool(QPagedPaintDevice&)> draw;
+
+  /// Prints it on the printer that the user chooses.
+  Outcome print(Dialogs& dialogs, QWidget& asking) const;
+  /// Saves it as the PDF file that the user names.
+  Outcome save(Dialogs& dialogs, QWidget& asking) const;
+  /// Prints it, or saves it where there is no printer.
+  Outcome printOrSave(Dialogs& dialogs, QWidget& asking) const;
+
+  /// Writes a PDF file on Letter paper. Returns what went wrong, empty if nothing did. A file that stood there before
+  /// is replaced only by a whole one.
+  QString write(const QString& path) const;
+};
 
 /// Prints screens as the desktop shows them.
 class ScreenPrinter : public Printer {
@@ -26,12 +45,6 @@ class ScreenPrinter : public Printer {
   explicit ScreenPrinter(const Desktop& desktop);
 
   int printScreen(Screen& screen) override;
-
-  /// Asks the user by the system's print dialog, or for the name of a PDF file where there is no printer. False if he
-  /// doesn't want to print after all.
-  static bool ask(QPrinter& printer);
-  /// Sets the printer up before each printing; false prints nothing.
-  std::function<bool(QPrinter&)> setUp = ask;
 
  private:
   const Desktop& desktop_;

@@ -4,8 +4,6 @@
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QSaveFile>
 #include <QTextLayout>
 #include <algorithm>
 
@@ -162,9 +160,8 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
   for (const PrintColumn& column : engine_.columns()) width += column.width;
   const QRect place(margin, top, width, rowHeight());
 
-  const bool heading = row == 0;
-  // The lines of a group are indented; one that isn't and carries a figure is a total.
-  const bool total = !heading && !cells.back().empty() && !cells.front().starts_with(' ');
+  const bool heading = engine_.kind(row) == RowKind::heading;
+  const bool total = engine_.kind(row) == RowKind::total;
   const bool empty = std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
   const int thickness = heading || total ? 15 : 10;
   if (heading || total) {
@@ -184,7 +181,7 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
   return top + place.height();
 }
 
-bool printReportTo(QPagedPaintDevice& device, const PrintEngine& engine) {
+bool drawReport(QPagedPaintDevice& device, const PrintEngine& engine) {
   QPageLayout layout = device.pageLayout();
   layout.setMode(QPageLayout::FullPageMode);
   device.setPageLayout(layout);
@@ -198,17 +195,6 @@ bool printReportTo(QPagedPaintDevice& device, const PrintEngine& engine) {
     pages.draw(painter, page);
   }
   return painter.end();
-}
-
-QString saveReportAsPdf(const QString& path, const PrintEngine& engine) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) return file.errorString();
-  QPdfWriter writer(&file);
-  writer.setPageSize(QPageSize(QPageSize::Letter));
-  writer.setTitle(QStringLiteral("Tallyfin 99"));
-  writer.setCreator(QStringLiteral("Tallyfin 99"));
-  if (!printReportTo(writer, engine)) return QStringLiteral("There is no report to save.");
-  return file.commit() ? QString() : file.errorString();
 }
 
 }  // namespace tallyfin::qt

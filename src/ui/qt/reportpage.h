@@ -46,11 +46,7 @@ class ReportPages {
 };
 
 /// Draws the report onto a printer or into a file, on whatever paper is in it. False where the device can't be painted
-/// on, or there is nothing to print.
-bool printReportTo(QPagedPaintDevice& device, const PrintEngine& engine);
-
-/// Saves the report as a PDF file on Letter paper. Returns what went wrong, in words for the user; empty if nothing
-/// did. A file that stood there before is replaced only by a whole one.
-QString saveReportAsPdf(const QString& path, const PrintEngine& engine);
+/// on, or there is no report.
+bool drawReport(QPagedPaintDevice& device, const PrintEngine& engine);
 
 }  // namespace tallyfin::qt

@@ -38,14 +38,13 @@ QWidget* View::widgetOf(const Control& control) const {
   return nullptr;
 }
 
-namespace {
-
-/// Whether the user sees a widget of this page and can act on it.
-bool inSight(const QWidget& widget, const QWidget& page) {
-  return widget.isVisibleTo(&page) && widget.isEnabledTo(&page) && widget.mapTo(&page, QPoint()).x() >= 0;
+bool View::inSight(const QWidget& widget) const {
+  return widget.isVisibleTo(this) && widget.isEnabledTo(this) &&
+         std::none_of(bindings_.begin(), bindings_.end(), [&](const Binding* binding) {
+           const auto* panel = dynamic_cast<const Panel*>(binding->control());
+           return panel != nullptr && !panel->inSight() && binding->widget().isAncestorOf(&widget);
+         });
 }
-
-}  // namespace
 
 QWidget& enteredAt(QWidget& widget) {
   const auto* option = qobject_cast<QRadioButton*>(&widget);
@@ -56,14 +55,14 @@ QWidget& enteredAt(QWidget& widget) {
 
 QWidget* View::firstControl() const {
   for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
-    if (!isAncestorOf(widget) || bindingOf(widget) == nullptr || !inSight(*widget, *this)) continue;
+    if (!isAncestorOf(widget) || bindingOf(widget) == nullptr || !inSight(*widget)) continue;
     if ((widget->focusPolicy() & Qt::TabFocus) != 0) return &enteredAt(*widget);
   }
   return nullptr;
 }
 
 void View::takeKeyboard() {
-  QWidget* target = lastFocus_ != nullptr && inSight(*lastFocus_, *this) ? lastFocus_.data() : firstControl();
+  QWidget* target = lastFocus_ != nullptr && inSight(*lastFocus_) ? lastFocus_.data() : firstControl();
   (target != nullptr ? target : this)->setFocus(Qt::TabFocusReason);
 }
 
@@ -84,14 +83,31 @@ void View::onKey(const QKeySequence& key, const QString& words, std::function<vo
 
 void View::pressOn(const QKeySequence& key, QAbstractButton* button) {
   onKey(key, nameOf(*button), [this, button] {
-    if (inSight(*button, *this)) button->click();
+    if (inSight(*button)) button->click();
   });
+}
+
+void View::pressOn(const QKeySequence& key, const CommandButton& control) {
+  pressOn(key, static_cast<QAbstractButton*>(widgetOf(control)));
+}
+
+void View::lineKeys(std::initializer_list<std::pair<char, Control*>> lines) {
+  for (const auto& [line, control] : lines) {
+    onKey(Qt::ALT | static_cast<Qt::Key>(line), QStringLiteral("Line ") + QLatin1Char(line),
+          [widget = widgetOf(*control)] { enteredAt(*widget).setFocus(Qt::ShortcutFocusReason); });
+  }
 }
 
 void View::goOn(const QKeySequence& key, QWidget* widget) {
   onKey(key, widget->accessibleName(), [this, widget] {
-    if (inSight(*widget, *this)) enteredAt(*widget).setFocus(Qt::ShortcutFocusReason);
+    if (inSight(*widget)) enteredAt(*widget).setFocus(Qt::ShortcutFocusReason);
   });
+}
+
+void View::keepPlace(QWidget* widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
 }
 
 void View::letter(QAbstractButton* button, char letter) {
@@ -137,11 +153,23 @@ QLineEdit* View::amountBox(TextBox& control) {
   return widget;
 }
 
-QPushButton* View::button(CommandButton& control, const QString& picture) {
+QPushButton* View::button(CommandButton& control) {
   auto* widget = new QPushButton(this);
   widget->setAutoDefault(true);  // Enter presses the button that has the focus
-  if (!picture.isEmpty()) widget->setIcon(look::picture(picture));
   return tied(widget, bind(*widget, control));
+}
+
+QPushButton* View::pictureButton(CommandButton& control, const char* picture, const char* name, QSize size, int side) {
+  QPushButton* widget = button(control);
+  showPicture(*widget, picture, name, size, side);
+  return widget;
+}
+
+void View::showPicture(QPushButton& button, const char* picture, const char* name, QSize size, int side) {
+  button.setIcon(look::picture(QString::fromLatin1(picture)));
+  button.setIconSize({side, side});
+  button.setFixedSize(size);
+  button.setAccessibleName(QString::fromLatin1(name));
 }
 
 QButtonGroup* View::newGroup() { return new QButtonGroup(this); }
@@ -221,6 +249,7 @@ Binding* View::bindingOf(const QWidget* widget) const {
 
 void View::name(QLabel* label, QWidget* box, char letter) {
   label->setBuddy(box);
+  label->installEventFilter(this);
   const auto mark = [label, box, letter](QString caption) {
     box->setAccessibleName(caption.simplified());
     if (auto* combo = qobject_cast<QComboBox*>(box); combo != nullptr && combo->isEditable()) {
@@ -237,6 +266,10 @@ void View::name(QLabel* label, QWidget* box, char letter) {
     mark(QString::fromStdString(control->caption()));
   };
   binding->refresh();
+}
+
+bool View::eventFilter(QObject* watched, QEvent* event) {
+  return event->type() == QEvent::Shortcut && !inSight(static_cast<QWidget&>(*watched));
 }
 
 void View::colour(QWidget* widget, const QPalette& palette) {

@@ -53,7 +53,11 @@ class View : public QWidget {
   QLineEdit* box(TextBox& control);
   /// A box for an amount: right-aligned.
   QLineEdit* amountBox(TextBox& control);
-  QPushButton* button(CommandButton& control, const QString& picture = {});
+  QPushButton* button(CommandButton& control);
+  /// A button that shows a picture, of a side in pixels, instead of a caption.
+  QPushButton* pictureButton(CommandButton& control, const char* picture, const char* name, QSize size, int side = 18);
+  /// The same for a button of the view's own.
+  static void showPicture(QPushButton& button, const char* picture, const char* name, QSize size, int side);
   /// Options that exclude one another, in one group of the keyboard.
   std::vector<QRadioButton*> options(std::initializer_list<OptionButton*> controls);
   template <int count>
@@ -77,18 +81,28 @@ class View : public QWidget {
   void name(QLabel* label, QWidget* box, char letter = '\0');
   /// Gives a tied widget colours of its own, under those of its control.
   void colour(QWidget* widget, const QPalette& palette);
+  /// Nothing moves when the widget is hidden.
+  static void keepPlace(QWidget* widget);
   /// Alt and this letter of its caption press the button, option or check box.
   static void letter(QAbstractButton* button, char letter);
   /// A key that acts while this page is the active one, whatever has the keyboard; the words tell what it does.
   void onKey(const QKeySequence& key, const QString& words, std::function<void()> act);
   /// A key that presses a button, or goes to a widget, if it is in sight.
   void pressOn(const QKeySequence& key, QAbstractButton* button);
+  void pressOn(const QKeySequence& key, const CommandButton& control);
   void goOn(const QKeySequence& key, QWidget* widget);
+  /// Alt and the number or letter of a line of a form go to what stands there, in sight or not.
+  void lineKeys(std::initializer_list<std::pair<char, Control*>> lines);
   /// The control that a page which opens gives the keyboard to; none where nothing takes it.
   virtual QWidget* firstControl() const;
 
+  /// Keeps the mark for the keyboard of a label that is out of sight from acting.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   Binding* bindingOf(const QWidget* widget) const;
+  /// Whether the user sees a widget of this page and can act on it.
+  bool inSight(const QWidget& widget) const;
   QButtonGroup* newGroup();
   QRadioButton* option(OptionButton& control, QButtonGroup& group);
 

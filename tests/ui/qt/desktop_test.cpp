@@ -26,7 +26,7 @@ void DesktopTest::putFile(const QByteArray& content) const {
 }
 
 void DesktopTest::start() {
-  desktop_ = std::make_unique<Desktop>(*store_);
+  desktop_ = std::make_unique<Desktop>(*store_, dialogs);
   desktop_->start();
   frame().activateWindow();
   if (!QTest::qWaitForWindowActive(&frame())) throw std::runtime_error("the frame doesn't become the active window");

@@ -18,6 +18,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "dialogsstandin.h"
 #include "store/store.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame.h"
@@ -59,6 +60,12 @@ class DesktopTest : public ::testing::Test {
     return *widget;
   }
 
+  /// Whether a widget stands on a page that is in sight.
+  bool inSight(const char* screen, const QString& name) const {
+    const QWidget& widget = find(screen, name);
+    return widget.isVisible() && widget.mapTo(&view(screen), widget.rect().topRight()).x() >= 0;
+  }
+
   static void click(QWidget& widget);
   void click(const char* screen, const QString& name) const { click(find(screen, name)); }
   /// Clicks an item of the list bar, after its group's header where the group is closed.
@@ -72,6 +79,8 @@ class DesktopTest : public ::testing::Test {
   std::string text(const char* screen, const QString& name) const;
   /// The rows of the results as "Title value".
   std::vector<std::string> results() const;
+
+  DialogsStandIn dialogs;
 
  private:
   QTemporaryDir folder_;

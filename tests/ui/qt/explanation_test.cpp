@@ -9,7 +9,6 @@
 #include <QTextBrowser>
 
 #include "desktoptest.h"
-#include "ui/qt/printer.h"
 
 /// The window that tells how a figure was worked out, opened from the results by hand.
 
@@ -127,16 +126,11 @@ TEST_F(ExplanationOfTheResults, CopiesTheRowsAndTheExplanation) {
 
 TEST_F(ExplanationOfTheResults, PrintsAllTwelveAsTheReportIsPrinted) {
   QTemporaryDir folder;
-  const QString file = folder.filePath("explanation.pdf");
-  desktop().screenPrinter().setUp = [&file](QPrinter& printer) {
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(file);
-    return true;
-  };
+  dialogs.path = folder.filePath("explanation.pdf");
   doubleClick(5);
   click(part<QPushButton>("print"));
   QProcess reader;
-  reader.start("pdftotext", {"-raw", file, "-"});
+  reader.start("pdftotext", {"-raw", dialogs.path, "-"});
   ASSERT_TRUE(reader.waitForFinished()) << "pdftotext is needed";
   const std::string paper = QString::fromUtf8(reader.readAllStandardOutput()).simplified().toStdString();
   EXPECT_THAT(paper, StartsWith("Of the gross pay of $1,000.00: "));
@@ -152,16 +146,14 @@ TEST_F(ExplanationOfTheResults, PrintsAllTwelveAsTheReportIsPrinted) {
 }
 
 TEST_F(ExplanationOfTheResults, PrintsNothingForOneWhoDoesNotWantToAfterAll) {
-  int asked = 0;
   QTemporaryDir folder;
-  desktop().screenPrinter().setUp = [&](QPrinter& printer) {
-    ++asked;
+  dialogs.onPrinter = [&](QPrinter& printer) {
     printer.setOutputFileName(folder.filePath("explanation.pdf"));
     return false;
   };
   doubleClick(5);
   click(part<QPushButton>("print"));
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(dialogs.asked, 1);
   EXPECT_FALSE(QFile::exists(folder.filePath("explanation.pdf")));
 }
 

@@ -242,13 +242,8 @@ TEST_F(Keyboard, TheClosingButtonIsReachedByTab) {
 TEST_F(Keyboard, TheFormIsPrintedAndExemptIsWritten) {
   startOnMain();
   clickItem("W4");
-  int asked = 0;
-  desktop().screenPrinter().setUp = [&](QPrinter&) {
-    ++asked;
-    return false;
-  };
   press("Ctrl+P");
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(dialogs.asked, 1);
   press("Alt+7");
   EXPECT_EQ(focused(), "Label20");
   press("Space");
@@ -338,8 +333,8 @@ TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
 
 TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
   onEveryScreen([this](const Screen& screen) {
-    if (screen.place() == Place::box) return;
     QWidget& page = const_cast<View&>(view(screen.name().c_str()));
+    QWidget& window = *page.window();
     for (const Control* control : screen.controls()) {
       QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
       if (!(widget.focusPolicy() & Qt::TabFocus) || !widget.isVisible() || !widget.isEnabled()) continue;
@@ -347,11 +342,11 @@ TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
       widget.setFocus(Qt::TabFocusReason);
       settle();
       if (QApplication::focusWidget() == nullptr) continue;
-      const QImage with = frame().grab().toImage();
-      const QRect around = QRect(widget.mapTo(&frame(), QPoint()), widget.size()).adjusted(-2, -2, 2, 2);
+      const QImage with = window.grab().toImage();
+      const QRect around = QRect(widget.mapTo(&window, QPoint()), widget.size()).adjusted(-2, -2, 2, 2);
       QApplication::focusWidget()->clearFocus();
       settle();
-      const QImage without = frame().grab().toImage();
+      const QImage without = window.grab().toImage();
       int seen = 0;
       for (int y = std::max(0, around.top()); y <= std::min(around.bottom(), with.height() - 1); ++y) {
         for (int x = std::max(0, around.left()); x <= std::min(around.right(), with.width() - 1); ++x) {

@@ -17,7 +17,6 @@
 #include "controls/buttons.h"
 #include "desktoptest.h"
 #include "machine/machine.h"
-#include "ui/qt/printer.h"
 
 /// A random walk over the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After
 /// each act every widget shows what its control holds; an act that the control refuses leaves all screens as they were.
@@ -61,7 +60,6 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     }
     desktopRuns_ = true;
     machine.help = &noHelp_;
-    desktop().screenPrinter().setUp = [](QPrinter&) { return false; };
     mirror_.look(desktop());
   }
 

@@ -1,14 +1,11 @@
 #include <QDir>
 #include <QFile>
-#include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QProcess>
 #include <QRegularExpression>
 
 #include "controls/desk.h"
 #include "desktoptest.h"
-#include "ui/qt/printer.h"
 
 /// What arrives on paper, and what is told when nothing does. Runs on the print server of the script beside it.
 
@@ -44,34 +41,30 @@ class Printing : public DesktopTest {
     return path;
   }
 
-  /// The report goes to a queue, as from the print dialog.
+  /// The user chooses a queue and a paper.
+  void choosePrinter(const char* queue, QPageSize::PageSizeId paper) {
+    dialogs.onPrinter = [=](QPrinter& printer) {
+      printer.setPrinterName(QLatin1String(queue));
+      printer.setPageSize(QPageSize(paper));
+      return true;
+    };
+  }
+
   void printReport(const char* queue, QPageSize::PageSizeId paper) {
     stored(section::settings, "IncAmt", "1000");
     stored(section::settings, "Frequency", "0");
     if (!desk.running()) startOnMain();
     click("frmMain", "cmdToolBar(0)");
     click("frmMain", "cmdToolBar(1)");
+    choosePrinter(queue, paper);
     click("frmPrint", "print");
-    auto* dialog = const_cast<View&>(view("frmPrint")).findChild<QPrintDialog*>();
-    ASSERT_NE(dialog, nullptr);
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPrinterName(QLatin1String(queue));
-    printer.setPageSize(QPageSize(paper));
-    Q_EMIT dialog->accepted(&printer);
-    dialog->close();
     settle();
   }
 
   void printForm(const char* queue, QPageSize::PageSizeId paper) {
     if (!desk.running()) startOnMain();
     clickItem("W4");
-    desktop().screenPrinter().setUp = [=](QPrinter& printer) {
-      printer.setPrinterName(QLatin1String(queue));
-      printer.setPageSize(QPageSize(paper));
-      return true;
-    };
-    frame().activateWindow();  // where the print dialog was
-    settle();
+    choosePrinter(queue, paper);
     QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
     settle();
   }
@@ -135,7 +128,7 @@ TEST_F(Printing, APrinterThatIsGoneIsTold) {
   administer(add);
   startOnMain();
   clickItem("W4");
-  desktop().screenPrinter().setUp = [](QPrinter& printer) {
+  dialogs.onPrinter = [](QPrinter& printer) {
     printer.setPrinterName("lost");
     administer({"-x", "lost"});
     return true;

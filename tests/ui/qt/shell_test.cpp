@@ -1,8 +1,12 @@
 #include <QDialog>
 #include <QDir>
+#include <QImage>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPointer>
+#include <QSvgRenderer>
 #include <QToolButton>
+#include <cstdlib>
 
 #include "controls/desk.h"
 #include "desktoptest.h"
@@ -32,6 +36,33 @@ TEST_F(ShellDesktop, PersonalInformationComesFirstOnAFreshStore) {
   click("frmName", "cmdExit");
   EXPECT_EQ(front(), "Calculations");
   EXPECT_FALSE(shown("frmName"));
+}
+
+/// How far apart two pictures are: the mean of the differences of a colour's parts, of 255.
+double difference(const QImage& one, const QImage& other) {
+  double sum = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      const QColor a = one.pixelColor(x, y);
+      const QColor b = other.pixelColor(x, y);
+      sum += std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
+    }
+  }
+  return sum / (3.0 * one.width() * one.height());
+}
+
+/// The splash is kept as tools/screenshots draws it. Fonts differ a little from machine to machine.
+TEST_F(ShellDesktop, TheSplashIsItsDrawing) {
+  QSvgRenderer drawing(QStringLiteral(TESTS_FOLDER "/../src/ui/qt/pictures/splash.svg"));
+  for (const char* file : {":/pictures/splash.png", ":/pictures/splash@2x.png"}) {
+    const QImage kept(QString::fromLatin1(file));
+    ASSERT_FALSE(kept.isNull()) << file;
+    QImage drawn(kept.size(), QImage::Format_RGB32);
+    QPainter painter(&drawn);
+    drawing.render(&painter);
+    painter.end();
+    EXPECT_LT(difference(kept, drawn), 1) << file;
+  }
 }
 
 TEST_F(ShellDesktop, SaysNothingOfAFileThatIsNoStoreAndWorksOn) {

@@ -1,5 +1,4 @@
 #include "sight.h"
-#include "ui/qt/printer.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>
@@ -163,10 +162,10 @@ class NoPrinter : public Printer {
 TEST_F(Sights, NoReport) {
   startOnMainInMay();
   NoPrinter printer;
-  machine.printer = &printer;
+  Printer* usual = std::exchange(machine.printer, &printer);
   click("frmMain", "cmdToolBar(1)");
   see("no-report", "frmPrint");
-  machine.printer = &desktop().screenPrinter();
+  machine.printer = usual;
 }
 
 TEST_F(Sights, AnOpenedList) {

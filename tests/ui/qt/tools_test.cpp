@@ -1,3 +1,5 @@
+#include <QCursor>
+
 #include "desktoptest.h"
 
 /// Local tax, raise, several checks and the analysis, worked by hand.
@@ -23,8 +25,8 @@ TEST_F(Tools, LocalTaxShowsOnePageAndTakesTheRate) {
   startWithAPaycheck();
   click("frmMain", "cmdAdditional(0)");
   EXPECT_EQ(focused(), "txtTaxPerCnt");
-  EXPECT_TRUE(find("frmMisc", "txtTaxPerCnt").isVisible());
-  EXPECT_FALSE(find("frmMisc", "txtRaise(0)").isVisible());
+  EXPECT_TRUE(inSight("frmMisc", "txtTaxPerCnt"));
+  EXPECT_FALSE(inSight("frmMisc", "txtRaise(0)"));
   type("frmMisc", "txtTaxPerCnt", "2");
   choose("frmMisc", "lstGrossPay", "Gross pay only");
   click("frmMisc", "cmdExit(0)");
@@ -37,7 +39,8 @@ TEST_F(Tools, ARaiseByPercentage) {
   startWithAPaycheck();
   click("frmMain", "cmdAdditional(1)");
   EXPECT_EQ(focused(), "txtRaise(0)");
-  EXPECT_FALSE(find("frmMisc", "txtTaxPerCnt").isVisible());
+  EXPECT_TRUE(inSight("frmMisc", "txtRaise(0)"));
+  EXPECT_FALSE(inSight("frmMisc", "txtTaxPerCnt"));
   EXPECT_EQ(text("frmMisc", "lblOldShow"), "$25.00");
   QTest::keyClicks(QApplication::focusWidget(), "3");
   click("frmMisc", "cmdExit(1)");
@@ -49,6 +52,30 @@ TEST_F(Tools, ARaiseByPercentage) {
   EXPECT_EQ(results().at(4), "Federal Tax $204.10");
   click("frmMisc", "cmdExit(2)");
   EXPECT_FALSE(shown("frmMisc"));
+}
+
+TEST_F(Tools, ThePageOutOfSightTakesKeysAndNoMarkLeadsThere) {
+  startWithAPaycheck();
+  click("frmMain", "cmdAdditional(1)");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);  // the mark of the local tax
+  EXPECT_EQ(focused(), "txtRaise(0)");
+  auto& rate = find<QLineEdit>("frmMisc", "txtTaxPerCnt");
+  rate.setFocus();
+  settle();
+  EXPECT_EQ(focused(), "txtTaxPerCnt");
+  EXPECT_THAT(rate.accessibleDescription().toStdString(), testing::HasSubstr("(Local tax, out of sight)"));
+  rate.selectAll();
+  QTest::keyClicks(&rate, "3");
+  EXPECT_EQ(text("frmMisc", "txtTaxPerCnt"), "3");
+}
+
+TEST_F(Tools, BothPagesAreOfOneSize) {
+  startWithAPaycheck();
+  click("frmMain", "cmdAdditional(0)");
+  const QSize size = view("frmMisc").size();
+  click("frmMisc", "imgSeal");
+  click("frmMain", "cmdAdditional(1)");
+  EXPECT_EQ(view("frmMisc").size(), size);
 }
 
 TEST_F(Tools, TheSealClosesThePageByMouseAndByKey) {
@@ -89,6 +116,20 @@ TEST_F(Tools, ThePeriodsOfACheckExcludeOneAnother) {
   EXPECT_FALSE(find<QRadioButton>("frmMultiCheck", "optSelectWeek(2)").isChecked());
   EXPECT_TRUE(find<QRadioButton>("frmMultiCheck", "optSelectETW(2)").isChecked());
   EXPECT_TRUE(find<QRadioButton>("frmMultiCheck", "optSelectTAW(3)").isChecked());
+}
+
+TEST_F(Tools, APageThatLeavesUnderThePointerTakesTheHighlightBack) {
+  startWithAPaycheck();
+  clickItem("Ded");
+  QWidget& option = find("frmDednAdj", "optDedCategory(0)");
+  const auto colour = [&] { return option.palette().color(QPalette::Active, QPalette::WindowText); };
+  QCursor::setPos(option.mapToGlobal(option.rect().center()));
+  settle();
+  EXPECT_EQ(colour(), QColor(128, 128, 255));
+  QTest::keyClick(&frame(), Qt::Key_PageDown, Qt::ControlModifier);
+  settle();
+  EXPECT_FALSE(inSight("frmDednAdj", "optDedCategory(0)"));
+  EXPECT_EQ(colour(), QColor(64, 64, 64));
 }
 
 TEST_F(Tools, TheHeadingLightsUpWithTheFocus) {

@@ -4,28 +4,23 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QWindow>
 
 #include "controls/desk.h"
+#include "dialogsstandin.h"
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
-#include "ui/qt/printer.h"
 #include "w4/frm2Workers.h"
 #include "w4/frmCalendar.h"
 #include "w4/frmDednAdj.h"
@@ -111,7 +106,8 @@ class W4ViewsTest : public testing::Test {
   }
 
   MemoryStore store;
-  Desktop desktop{store};
+  DialogsStandIn dialogs;
+  Desktop desktop{store, dialogs};
 };
 
 TEST_F(W4ViewsTest, TheCalendarsControlFollowsTheKeyboardAndTheMarkedDay) {
@@ -382,17 +378,10 @@ TEST_F(W4ViewsTest, TheCalendarShowsToday) {
   EXPECT_EQ(find<QCalendarWidget>(view<frmCalendar>(), "mthTwoWorkers").selectedDate(), QDate::currentDate());
 }
 
-/// The form, printed to a file instead of through a dialog.
+/// The form, printed to a file: there is no printer.
 class FormPrintTest : public W4ViewsTest {
  protected:
-  FormPrintTest() {
-    desktop.screenPrinter().setUp = [this](QPrinter& printer) {
-      ++asked;
-      printer.setOutputFormat(QPrinter::PdfFormat);
-      printer.setOutputFileName(file);
-      return true;
-    };
-  }
+  FormPrintTest() { dialogs.path = folder.filePath("form.pdf"); }
 
   View& openForm() {
     desk.show<frmW4>();
@@ -410,11 +399,9 @@ class FormPrintTest : public W4ViewsTest {
     EXPECT_EQ(process.exitCode(), 0);
     return QString::fromUtf8(process.readAllStandardOutput()).simplified().toStdString();
   }
-  std::string textOnPaper() const { return outputOf("pdftotext", {"-raw", file, "-"}); }
+  std::string textOnPaper() const { return outputOf("pdftotext", {"-raw", dialogs.path, "-"}); }
 
   QTemporaryDir folder;
-  QString file = folder.filePath("form.pdf");
-  int asked = 0;
 };
 
 TEST_F(FormPrintTest, NothingSavedShowsDashes) {
@@ -431,7 +418,7 @@ TEST_F(FormPrintTest, ExemptByDoubleClick) {
   EXPECT_TRUE(visible(form, "Label27"));
   click(form, "Label20");
   EXPECT_FALSE(visible(form, "Label27"));
-  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(dialogs.asked, 0);
 }
 
 TEST_F(FormPrintTest, ADoubleClickOfTheHandIsOneClickAndOneDoubleClick) {
@@ -455,7 +442,7 @@ TEST_F(FormPrintTest, ADoubleClickOfTheHandIsOneClickAndOneDoubleClick) {
     QApplication::processEvents();
     EXPECT_FALSE(visible(form, "Label27")) << i;
   }
-  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(dialogs.asked, 0);
 }
 
 TEST_F(FormPrintTest, ThePaperHasTheFormInWordsAndWithoutExitAndHint) {
@@ -465,7 +452,7 @@ TEST_F(FormPrintTest, ThePaperHasTheFormInWordsAndWithoutExitAndHint) {
   click(form, "optSingle");
   doubleClick(find(form, "Label20"));
   doubleClick(form, {2, 2});
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(dialogs.asked, 1);
   const std::string paper = textOnPaper();
   EXPECT_THAT(paper, AllOf(HasSubstr("W-4"), HasSubstr("Employee's Withholding Allowance Certificate"),
                            HasSubstr("1999"), HasSubstr("Pat Q. Sample"), HasSubstr("Port Ellery, Ohio 43000"),
@@ -475,19 +462,19 @@ TEST_F(FormPrintTest, ThePaperHasTheFormInWordsAndWithoutExitAndHint) {
   EXPECT_THAT(paper, Not(HasSubstr("Double Click Form To Print")));
   EXPECT_THAT(paper, HasSubstr("Check4"));
   // Vectors, not pixels: the list of pictures in the file has its heading alone.
-  EXPECT_THAT(outputOf("pdfimages", {"-list", file}), testing::EndsWith("-"));
+  EXPECT_THAT(outputOf("pdfimages", {"-list", dialogs.path}), testing::EndsWith("-"));
 }
 
 TEST_F(FormPrintTest, ThePaperIsOneLetterPage) {
   doubleClick(openForm(), {2, 2});
-  EXPECT_THAT(outputOf("pdfinfo", {file}), AllOf(HasSubstr("Pages: 1 "), HasSubstr("612 x 792 pts (letter)")));
+  EXPECT_THAT(outputOf("pdfinfo", {dialogs.path}), AllOf(HasSubstr("Pages: 1 "), HasSubstr("612 x 792 pts (letter)")));
 }
 
 TEST_F(FormPrintTest, ExitAndHintAreBackAfterPrinting) {
   View& form = openForm();
   const QRect exit = find(form, "cmdW4Exit").geometry();
   bool hiddenMeanwhile = false;
-  desktop.screenPrinter().setUp = [&](QPrinter& /*printer*/) {
+  dialogs.onPrinter = [&](QPrinter& /*printer*/) {
     hiddenMeanwhile = !visible(form, "cmdW4Exit") && !visible(form, "lblPrint");
     return false;  // the user cancels
   };
@@ -496,55 +483,26 @@ TEST_F(FormPrintTest, ExitAndHintAreBackAfterPrinting) {
   EXPECT_TRUE(visible(form, "cmdW4Exit"));
   EXPECT_TRUE(visible(form, "lblPrint"));
   EXPECT_EQ(find(form, "cmdW4Exit").geometry(), exit);
-  EXPECT_FALSE(QFile::exists(file));
-}
-
-TEST_F(FormPrintTest, TheDialogCanBeCancelled) {
-  View& form = openForm();
-  desktop.screenPrinter().setUp = ScreenPrinter::ask;
-  QTimer::singleShot(300, [] {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    dialog->reject();
-  });
-  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 0);
-}
-
-TEST_F(FormPrintTest, WithoutAPrinterAFileIsAskedFor) {
-  if (!QPrinterInfo::availablePrinters().isEmpty()) GTEST_SKIP() << "there is a printer";
-  View& form = openForm();
-  desktop.screenPrinter().setUp = ScreenPrinter::ask;
-  QTimer::singleShot(300, [this] {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    EXPECT_EQ(dialog->windowTitle(), "Print to a PDF file");
-    EXPECT_EQ(dialog->nameFilters(), QStringList("PDF files (*.pdf)"));
-    EXPECT_EQ(dialog->acceptMode(), QFileDialog::AcceptSave);
-    EXPECT_EQ(QFileInfo(dialog->selectedFiles().front()).fileName(),
-              QString::fromStdString(desk.find<frmW4>()->title()) + ".pdf");
-    dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath("form"));  // the ending comes by itself
-    QMetaObject::invokeMethod(dialog, "accept");
-  });
-  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 1);
-  EXPECT_THAT(textOnPaper(), HasSubstr("Employee's signature"));
+  EXPECT_FALSE(QFile::exists(dialogs.path));
 }
 
 TEST_F(FormPrintTest, ADoubleClickOnFixedTextIsOneOnTheForm) {
   View& form = openForm();
   doubleClick(find(form, "Label2"));
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(dialogs.asked, 1);
   doubleClick(find(form, "txtName"));  // a box keeps its own
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(dialogs.asked, 1);
 }
 
 TEST_F(FormPrintTest, APrintedFormTakesTheNoticeOfAnEarlierOneAway) {
   View& form = openForm();
   const auto& notice = *desktop.frame()->findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
-  const QString good = std::exchange(file, folder.filePath("no such folder/form.pdf"));
+  const QString good = std::exchange(dialogs.path, folder.filePath("no such folder/form.pdf"));
   EXPECT_EQ(machine.printer->printScreen(*form.screen()), 0);
   EXPECT_TRUE(notice.isVisible());
-  EXPECT_EQ(notice.text(), "The form couldn't be saved. " + file + " can't be written.");
-  file = good;
+  EXPECT_TRUE(notice.text().startsWith("The form couldn't be saved. " + dialogs.path + ": "))
+      << notice.text().toStdString();
+  dialogs.path = good;
   EXPECT_EQ(machine.printer->printScreen(*form.screen()), 1);
   EXPECT_FALSE(notice.isVisible());
   EXPECT_EQ(notice.text(), "");
@@ -553,7 +511,7 @@ TEST_F(FormPrintTest, APrintedFormTakesTheNoticeOfAnEarlierOneAway) {
 TEST_F(FormPrintTest, PagesPrintedAreCounted) {
   openForm();
   EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 1);
-  desktop.screenPrinter().setUp = [](QPrinter& /*printer*/) { return false; };
+  dialogs.path.clear();
   EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 0);
 }
 

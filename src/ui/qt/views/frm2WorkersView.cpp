@@ -14,9 +14,10 @@ class frm2WorkersView : public WorksheetView {
   explicit frm2WorkersView(frm2Workers& screen) : WorksheetView(screen, amountWidth), screen_(screen) {
     firstPage();
     secondPage();
-    keys("cmdPersWrkCalc(0)");
-    pressOn(Qt::ALT | Qt::Key_1, findChild<QAbstractButton*>(QStringLiteral("cmdTable1Show(0)")));
-    pressOn(Qt::ALT | Qt::Key_2, findChild<QAbstractButton*>(QStringLiteral("cmdTable1Show(1)")));
+    keys(screen_.cmdPersWrkCalc[0], screen_.cmdW4Back[0], screen_.cmdW4Back[1]);
+    lineKeys({{'7', &screen_.lblTable2}, {'8', &screen_.lblMultiply8}, {'9', &screen_.lblDollarAmt}});
+    pressOn(Qt::ALT | Qt::Key_1, screen_.cmdTable1Show[0]);
+    pressOn(Qt::ALT | Qt::Key_2, screen_.cmdTable1Show[1]);
   }
 
  private:
@@ -28,8 +29,8 @@ class frm2WorkersView : public WorksheetView {
     line(sheet, line2, result(screen_.lbl2WkerT1, whole(screen_.lblItem2, screen_.cmdTable1Show[0], screen_.lblTwo2)));
     comesOut(sheet, screen_.lblTwo3, screen_.lbl2Wker3);
     line(sheet, caption(screen_.lblTwoNote2));
-    foot(sheet, {pictureButton(screen_.cmdPersWrkCalc[2], "formw4-dark", "Form W4"),
-                 pictureButton(screen_.cmdW4Back[0], "forward", "Page 2")});
+    foot(sheet, {footButton(screen_.cmdPersWrkCalc[2], "formw4-dark", "Form W4"),
+                 footButton(screen_.cmdW4Back[0], "forward", "Page 2")});
   }
 
   void secondPage() {
@@ -43,10 +44,10 @@ class frm2WorkersView : public WorksheetView {
     enter(sheet, screen_.lbl2WkerLine8, screen_.lblMultiply8);
     enter(sheet, screen_.lbl2WkerLine9, screen_.lblDollarAmt);
     enter(sheet, screen_.lblNoPaydays, screen_.txtNumPayDays);
-    foot(sheet, {pictureButton(screen_.cmdW4Back[2], "calendar-dark", "Calendar"),
-                 pictureButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"),
-                 pictureButton(screen_.cmdPersWrkCalc[1], "formw4-dark", "Form W4"),
-                 pictureButton(screen_.cmdW4Back[1], "back", "Page 1")});
+    foot(sheet, {footButton(screen_.cmdW4Back[2], "calendar-dark", "Calendar"),
+                 footButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"),
+                 footButton(screen_.cmdPersWrkCalc[1], "formw4-dark", "Form W4"),
+                 footButton(screen_.cmdW4Back[1], "back", "Page 1")});
   }
 
   /// The sentence as it reads with its button in the gap.

@@ -38,6 +38,8 @@ class frmMainView : public View {
   }
 
  private:
+  Frame& frame() const { return static_cast<Frame&>(*window()); }
+
   /// Alt and a letter, and the keys of what has no caption.
   void letters() {
     const auto button = [this](const char* name) { return findChild<QAbstractButton*>(QString::fromLatin1(name)); };
@@ -45,9 +47,9 @@ class frmMainView : public View {
         {"optStatus(0)", 'M'},     {"optStatus(1)", 'g'},     {"optStatus(2)", 'C'}, {"chkSelfEmployed", 'E'},
         {"cmdAdditional(0)", 'L'}, {"cmdAdditional(1)", 'R'}, {"cmdToolBar(4)", 'o'}};
     for (const auto& [name, mark] : marked) letter(button(name), mark);
-    pressOn(Qt::Key_F9, button("cmdToolBar(0)"));
-    pressOn(QKeySequence::Print, button("cmdToolBar(1)"));
-    pressOn(Qt::CTRL | Qt::Key_L, button("cmdToolBar(2)"));
+    pressOn(Qt::Key_F9, screen_.cmdToolBar[frmMain::calculate]);
+    pressOn(QKeySequence::Print, screen_.cmdToolBar[frmMain::print]);
+    pressOn(Qt::CTRL | Qt::Key_L, screen_.cmdToolBar[frmMain::clear]);
     goOn(Qt::ALT | Qt::Key_Y, findChild<QListWidget*>());
     goOn(Qt::ALT | Qt::Key_T, findChild<QTableWidget*>());
   }
@@ -129,9 +131,7 @@ class frmMainView : public View {
     for (CommandButton& control : screen_.cmdAdditional) {
       QPushButton* widget = button(control);
       colour(widget, look::choicesOnDeep());
-      QSizePolicy policy = widget->sizePolicy();
-      policy.setRetainSizeWhenHidden(true);  // the Raise button comes with the first Calculate
-      widget->setSizePolicy(policy);
+      keepPlace(widget);  // the Raise button comes with the first Calculate
       row->addWidget(widget, 1);
     }
     return row;
@@ -151,16 +151,12 @@ class frmMainView : public View {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::tight);
     const auto add = [&](int index, const char* picture, const char* name) {
-      QPushButton* widget = button(screen_.cmdToolBar[index], QString::fromLatin1(picture));
-      widget->setAccessibleName(QString::fromLatin1(name));
-      widget->setIconSize({18, 18});
-      widget->setFixedSize(30, 26);
-      row->addWidget(widget);
+      row->addWidget(pictureButton(screen_.cmdToolBar[index], picture, name, {30, 26}));
     };
-    add(2, "clear", "Clear");
-    add(0, "calculate", "Calculate");
-    add(1, "print", "Print");
-    add(3, "exit", "Exit");
+    add(frmMain::clear, "clear", "Clear");
+    add(frmMain::calculate, "calculate", "Calculate");
+    add(frmMain::print, "print", "Print");
+    add(frmMain::exit, "exit", "Exit");
     row->addStretch(1);
     row->addWidget(button(screen_.cmdToolBar[frmMain::sponsorInfo]));
     return row;
@@ -208,7 +204,7 @@ class frmMainView : public View {
   void offerActions(QTableWidget& table) {
     const auto explainRow = [this, &table] {
       const auto* title = table.item(table.currentRow(), 0);
-      if (title != nullptr && table.rowCount() == resultRows) ExplanationWindow::open(*window(), title->text());
+      if (title != nullptr && holdsResults()) ExplanationWindow::open(frame(), title->text());
     };
     const auto copyRows = [&table] {
       QString rows;
@@ -236,6 +232,12 @@ class frmMainView : public View {
     connect(&table, &QTableWidget::cellDoubleClicked, this, explainRow);
   }
 
+  /// Whether the grid holds all results, and not another table.
+  bool holdsResults() const {
+    const std::size_t rows = screen_.dbgDisplay.cells().size();
+    return rows > 0 && screen_.dbgDisplay.kind(rows - 1) == RowKind::result;
+  }
+
   void fill(QTableWidget& table) const {
     const auto& cells = screen_.dbgDisplay.cells();
     table.setRowCount(static_cast<int>(cells.size()));
@@ -244,12 +246,12 @@ class frmMainView : public View {
       auto* title = new QTableWidgetItem(QString::fromStdString(texts[0]));
       auto* value = new QTableWidgetItem(QString::fromStdString(texts[1]));
       value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      const bool check = texts[0] == "Check Amt";
+      const RowKind kind = screen_.dbgDisplay.kind(static_cast<std::size_t>(row));
       for (QTableWidgetItem* item : {title, value}) {
         QFont font = look::figures();
-        font.setBold(check || texts[0] == "Total Ded" || texts[0] == "Gross Pay");
+        font.setBold(kind != RowKind::line);
         item->setFont(font);
-        if (check) {
+        if (kind == RowKind::result) {
           item->setBackground(look::deep);
           item->setForeground(look::lightYellow);
         }
@@ -257,10 +259,10 @@ class frmMainView : public View {
       table.setItem(row, 0, title);
       table.setItem(row, 1, value);
     }
-    if (table.rowCount() != resultRows) return;
-    ExplanationWindow::follow(*window());
-    const int last = resultRows - 1;
-    static_cast<Frame*>(window())->announce(table.item(last, 0)->text() + ' ' + table.item(last, 1)->text());
+    if (!holdsResults()) return;
+    ExplanationWindow::follow(frame());
+    const int last = table.rowCount() - 1;
+    frame().announce(table.item(last, 0)->text() + ' ' + table.item(last, 1)->text());
   }
 
   /// The eight figures with their names, so that a raise can be seen.

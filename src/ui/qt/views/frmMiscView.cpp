@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "ui/qt/look.h"
+#include "ui/qt/views/pages.h"
 #include "ui/qt/views/views.h"
 #include "whatif/frmMisc.h"
 
@@ -16,59 +17,44 @@ namespace tallyfin::qt {
 
 namespace {
 
-class frmMiscView : public View {
+class frmMiscView : public PagedView {
  public:
-  explicit frmMiscView(frmMisc& screen) : View(screen), screen_(screen) {
+  explicit frmMiscView(frmMisc& screen) : PagedView(screen), screen_(screen) {
     look::setGround(*this, look::onDeep());
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
     layout->setHorizontalSpacing(look::group);
     layout->setVerticalSpacing(look::group);
     layout->addWidget(seal(), 0, 0, Qt::AlignTop);
-    for (const int number : {0, 1}) layout->addWidget(page(number), 0, 1);
-    setFixedWidth(look::scaled(pageWidth));
+    layout->addLayout(pages(), 0, 1);
+    fillLocalTax(*page(screen.pnlContainerMisc[0], QStringLiteral("Local tax")));
+    fillRaise(*page(screen.pnlContainerMisc[1], QStringLiteral("Raise")));
+    setFixedWidth(look::scaled(width));
+    levelPages(look::scaled(width) - sealSide - look::group - 2 * look::edge);
     // Its letters are none of the main screen's, over which it lies.
-    pressOn(Qt::CTRL | Qt::Key_Return, findChild<QAbstractButton*>(QStringLiteral("cmdExit(0)")));
+    pressOn(Qt::CTRL | Qt::Key_Return, screen.cmdExit[0]);
     goOn(Qt::ALT | Qt::Key_B, findChild<QListWidget*>());
-    pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QStringLiteral("cmdExit(1)")));
+    pressOn(Qt::Key_F9, screen.cmdExit[1]);
   }
 
  private:
-  static constexpr int pageWidth = 380;
+  static constexpr int width = 380;
+  static constexpr int sealSide = 64;
 
   /// The picture closes the screen; as a button it can be reached by keyboard too.
   QPushButton* seal() {
     auto* widget = new QPushButton(this);
     widget->setFlat(true);
     widget->setAutoDefault(true);
-    widget->setIcon(look::picture(QStringLiteral("seal")));
-    widget->setIconSize({56, 56});
-    widget->setFixedSize(64, 64);
-    widget->setAccessibleName(QStringLiteral("Close this page"));
+    showPicture(*widget, "seal", "Close this page", {sealSide, sealSide}, 56);
     Binding& binding = bindPlain(*widget, screen_.imgSeal);
     connect(widget, &QPushButton::clicked, &binding,
             [this, &binding] { binding.act([this] { screen_.imgSeal.userClick(); }); });
     return tied(widget, binding);
   }
 
-  QWidget* page(int number) {
-    auto* widget = new QWidget(this);
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-    auto* layout = new QVBoxLayout(widget);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(look::row);
-    number == 0 ? fillLocalTax(*layout) : fillRaise(*layout);
-
-    Panel& panel = screen_.pnlContainerMisc[number];
-    Binding& binding = bindPlain(*widget, panel);
-    binding.shown = [&panel] { return panel.left >= 0; };
-    binding.refresh();
-    return tied(widget, binding);
-  }
-
   void fillLocalTax(QVBoxLayout& layout) {
+    layout.setSpacing(look::row);
     QLabel* percent = label(screen_.lblpercent);
     QLineEdit* rate = amountBox(screen_.txtTaxPerCnt);
     rate->setFixedWidth(look::scaled(boxWidth));
@@ -86,11 +72,12 @@ class frmMiscView : public View {
     bases->setFixedHeight(heightOfRows(*bases, bases->count()));
     layout.addWidget(bases);
     layout.addStretch(1);
-    layout.addWidget(command(0, {}), 0, Qt::AlignRight);
+    layout.addWidget(command(button(screen_.cmdExit[0])), 0, Qt::AlignRight);
   }
 
   /// Reads as a sentence: from the old wage, by a percentage or to a new wage.
   void fillRaise(QVBoxLayout& layout) {
+    layout.setSpacing(look::row);
     layout.addWidget(paragraph(screen_.lblRaiseInst));
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(look::row);
@@ -114,17 +101,14 @@ class frmMiscView : public View {
     auto* foot = new QHBoxLayout;
     foot->setSpacing(look::row);
     foot->addStretch(1);
-    foot->addWidget(command(1, QStringLiteral("raise-dark"), QStringLiteral("Work out the raise")));
-    foot->addWidget(command(2, QStringLiteral("exit-dark"), QStringLiteral("Close")));
+    foot->addWidget(command(pictureButton(screen_.cmdExit[1], "raise-dark", "Work out the raise", {}, 20)));
+    foot->addWidget(command(pictureButton(screen_.cmdExit[2], "exit-dark", "Close", {}, 20)));
     layout.addLayout(foot);
   }
 
   /// A button with a light face: the colours that the screen gives its letters are dark.
-  QPushButton* command(int number, const QString& picture, const QString& accessibleName = {}) {
-    QPushButton* widget = button(screen_.cmdExit[number], picture);
-    if (!accessibleName.isEmpty()) widget->setAccessibleName(accessibleName);
+  QPushButton* command(QPushButton* widget) {
     colour(widget, look::lightFace());
-    widget->setIconSize({20, 20});
     widget->setFixedSize(look::scaled(80), look::scaled(28));
     return widget;
   }

@@ -56,8 +56,8 @@ class frmMultiCheckView : public View {
       goOn(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + check),
            findChild<QLineEdit*>(QStringLiteral("txtCheck%1").arg(check)));
     }
-    pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QStringLiteral("cmdCalc")));
-    pressOn(Qt::ALT | Qt::Key_M, findChild<QAbstractButton*>(QStringLiteral("cmdGoBack")));
+    pressOn(Qt::Key_F9, screen.cmdCalc);
+    pressOn(Qt::ALT | Qt::Key_M, screen.cmdGoBack);
   }
 
  private:
@@ -146,11 +146,7 @@ class frmMultiCheckView : public View {
     row->setSpacing(look::row);
     row->addStretch(1);
     const auto add = [&](CommandButton& control, const char* picture, const char* name) {
-      QPushButton* widget = button(control, QString::fromLatin1(picture));
-      widget->setAccessibleName(QString::fromLatin1(name));
-      widget->setIconSize({20, 20});
-      widget->setFixedSize(48, 30);
-      row->addWidget(widget);
+      row->addWidget(pictureButton(control, picture, name, {48, 30}, 20));
     };
     add(screen_.cmdCalc, "calculate-dark", "Calculate");
     add(screen_.cmdGoBack, "back", "Go To Main Worksheet");

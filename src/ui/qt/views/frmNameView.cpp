@@ -38,9 +38,9 @@ class frmNameView : public View {
     row(screen.lblCity, screen.txtCity, 'C');
     const auto status = options(screen.optMaritalStatus);
     const char marks[] = {'M', 'g', 'b'};
-    for (std::size_t i = 0; i < status.size(); ++i) {
-      letter(status[i], marks[i]);
-      layout->addWidget(status[i]);
+    for (std::size_t i = 0; i < std::size(marks); ++i) {
+      letter(status.at(i), marks[i]);
+      layout->addWidget(status.at(i));
     }
     layout->addStretch(1);
     auto* foot = new QHBoxLayout;

@@ -20,7 +20,14 @@ class frmPersWkShtView : public WorksheetView {
   explicit frmPersWkShtView(frmPersWkSht& screen) : WorksheetView(screen, countWidth), screen_(screen) {
     firstPage();
     secondPage();
-    keys("cmdPersWrkCalc(0)");
+    keys(screen_.cmdPersWrkCalc[0], screen_.cmdW4Back[0], screen_.cmdW4Back[1]);
+    lineKeys({{'A', &screen_.chkPersWkShtA[0]},
+              {'B', &screen_.chkPersWkShtA[1]},
+              {'C', &screen_.chkPersWkShtA[2]},
+              {'D', &screen_.txtPersWkEnterDeps},
+              {'E', &screen_.chkPersWkShtA[4]},
+              {'F', &screen_.chkPersWkShtA[3]},
+              {'G', &screen_.txtChild}});
   }
 
  private:
@@ -31,7 +38,7 @@ class frmPersWkShtView : public WorksheetView {
     explained(sheet, screen_.chkPersWkShtA[2], {&screen_.lblItem3});
     enter(sheet, screen_.lblPersWrkNoDeps, screen_.txtPersWkEnterDeps);
     explained(sheet, screen_.chkPersWkShtA[4], {});
-    foot(sheet, {pictureButton(screen_.cmdW4Back[0], "forward", "Page 2")});
+    foot(sheet, {footButton(screen_.cmdW4Back[0], "forward", "Page 2")});
   }
 
   void secondPage() {
@@ -48,8 +55,8 @@ class frmPersWkShtView : public WorksheetView {
     auto* last = new QHBoxLayout;
     last->setSpacing(look::tight);
     last->addWidget(instruction(2), 1);
-    last->addWidget(pictureButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"));
-    last->addWidget(pictureButton(screen_.cmdW4Back[1], "back", "Page 1"));
+    last->addWidget(footButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"));
+    last->addWidget(footButton(screen_.cmdW4Back[1], "back", "Page 1"));
     sheet->addLayout(last);
     sheet->addStretch(1);
   }

@@ -1,22 +1,15 @@
-#include <QFileDialog>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSpinBox>
 #include <QVBoxLayout>
-#include <utility>
 
 #include "ui/frmPrint.h"
-#include "ui/qt/accessible.h"
+#include "ui/qt/dialogs.h"
 #include "ui/qt/frame.h"
 #include "ui/qt/look.h"
+#include "ui/qt/notice.h"
+#include "ui/qt/preview.h"
 #include "ui/qt/printer.h"
 #include "ui/qt/reportpage.h"
 #include "ui/qt/views/views.h"
@@ -24,81 +17,6 @@
 namespace tallyfin::qt {
 
 namespace {
-
-const QColor previewGround{128, 134, 137};
-
-/// One page of the report as a sheet of paper with its shadow.
-class Sheet : public QWidget {
- public:
-  static constexpr int around = 12;  ///< Ground on each side of the paper.
-
-  Sheet(const View& view, const PrintEngine& engine) : view_(view), engine_(engine) {
-    setAccessibleName(QStringLiteral("Page"));
-  }
-
-  /// Turns to a page and to the engine's zoom.
-  void showPage(int page) {
-    page_ = page;
-    const QSize paper = ReportPages::letter * engine_.zoom() / 100;
-    setFixedSize(Frame::pixels(paper.width()) + 2 * around, Frame::pixels(paper.height()) + 2 * around);
-    update();
-  }
-
- protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    if (view_.screen() == nullptr || page_ >= ReportPages(engine_).count()) return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRect paper = rect().adjusted(around, around, -around, -around);
-    for (int spread = 4; spread > 0; --spread) {
-      painter.fillRect(paper.adjusted(0, 0, spread, spread).translated(1, 1), QColor(0, 0, 0, 24));
-    }
-    painter.fillRect(paper, Qt::white);
-    painter.translate(paper.topLeft());
-    painter.scale(paper.width() / static_cast<double>(ReportPages::letter.width()),
-                  paper.height() / static_cast<double>(ReportPages::letter.height()));
-    ReportPages(engine_).draw(painter, page_);
-  }
-
- private:
-  const View& view_;
-  const PrintEngine& engine_;
-  int page_ = 0;
-};
-
-/// The grey ground on which the sheet lies. The arrows, Page Up and Page Down, Home and End move it.
-class Preview : public QScrollArea, public Readable {
- public:
-  explicit Preview(QWidget* parent) : QScrollArea(parent) { presentAs(*this, QAccessible::Document); }
-
-  QString readable() const override { return text_; }
-  /// What is read of the page.
-  void setText(const QString& text) {
-    const QString before = std::exchange(text_, text);
-    if (before != text_) tellReadable(*this, before, text_);
-  }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Home) return verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
-    if (event->key() == Qt::Key_End) return verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
-    QScrollArea::keyPressEvent(event);
-  }
-
-  bool event(QEvent* event) override {
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
-    const bool done = QScrollArea::event(event);
-    if (event->type() == QEvent::Paint) {
-      QPainter painter(this);
-      painter.setPen(hasFocus() ? look::lightYellow : look::deepLine);
-      painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
-    return done;
-  }
-
- private:
-  QString text_;
-};
 
 class frmPrintView : public View {
  public:
@@ -108,10 +26,9 @@ class frmPrintView : public View {
     layout->setContentsMargins(look::row, look::tight, look::row, look::tight);
     layout->setSpacing(look::tight);
     layout->addLayout(toolbar(screen));
-    layout->addWidget(preview(), 1);
-    notice_ = new QLabel(this);
-    notice_->setObjectName(QStringLiteral("notice"));
-    notice_->setWordWrap(true);
+    preview_ = new Preview(*this, engine_);
+    layout->addWidget(preview_, 1);
+    notice_ = new Notice(this);
     layout->addWidget(notice_);
     layout->addLayout(statusLine(screen));
     bindEngine();
@@ -127,24 +44,25 @@ class frmPrintView : public View {
   QLayout* toolbar(frmPrint& screen) {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::tight);
-    const auto add = [row](QPushButton* widget, const char* name) {
-      widget->setIconSize({20, 20});
-      widget->setFixedSize(34, 28);
-      widget->setToolTip(QString::fromLatin1(name));
-      widget->setAccessibleName(widget->toolTip());
+    const auto add = [row](QPushButton* widget, const char* picture, const char* name) {
+      showPicture(*widget, picture, name, {34, 28}, 20);
+      widget->setToolTip(widget->accessibleName());
       row->addWidget(widget);
       return widget;
     };
-    add(button(screen.cmdPrintMenu[0], QStringLiteral("report")), "Make the report again");
-    add(button(screen.cmdPrintMenu[1], QStringLiteral("close")), "Close");
+    add(button(screen.cmdPrintMenu[0]), "report", "Make the report again");
+    add(button(screen.cmdPrintMenu[1]), "close", "Close");
     row->addSpacing(look::row);
-    print_ = add(ownButton("print", [this] { print(); }), "Print");
-    save_ = add(ownButton("savepdf", [this] { savePdf(); }), "Save as PDF");
+    const auto own = [this, add](const char* picture, const char* name, auto press) {
+      return add(ownButton(picture, press), picture, name);
+    };
+    print_ = own("print", "Print", [this] { print(); });
+    save_ = own("savepdf", "Save as PDF", [this] { savePdf(); });
     row->addSpacing(look::row);
-    previous_ = add(ownButton("previous", [this] { turnTo(page_ - 1); }), "Previous page");
-    next_ = add(ownButton("next", [this] { turnTo(page_ + 1); }), "Next page");
-    auto* width = add(ownButton("fitwidth", [this] { fit(false); }), "Fit width");
-    auto* page = add(ownButton("fitpage", [this] { fit(true); }), "Fit page");
+    previous_ = own("previous", "Previous page", [this] { turnTo(preview_->page() - 1); });
+    next_ = own("next", "Next page", [this] { turnTo(preview_->page() + 1); });
+    auto* width = own("fitwidth", "Fit width", [this] { zoom_->setValue(preview_->fitting(false)); });
+    auto* page = own("fitpage", "Fit page", [this] { zoom_->setValue(preview_->fitting(true)); });
     pressOn(Qt::ALT | Qt::Key_W, width);
     pressOn(Qt::ALT | Qt::Key_A, page);
     pressOn(QKeySequence::Print, print_);
@@ -168,10 +86,9 @@ class frmPrintView : public View {
   }
 
   template <class Press>
-  QPushButton* ownButton(const char* picture, Press press) {
+  QPushButton* ownButton(const char* name, Press press) {
     auto* widget = new QPushButton(this);
-    widget->setObjectName(QString::fromLatin1(picture));
-    widget->setIcon(look::picture(QString::fromLatin1(picture)));
+    widget->setObjectName(QString::fromLatin1(name));
     widget->setAutoDefault(true);
     QPalette face;
     face.setColor(QPalette::Window, look::light);  // its edge, as that of the screen's own buttons
@@ -180,22 +97,6 @@ class frmPrintView : public View {
       if (this->screen() != nullptr) press();
     });
     return widget;
-  }
-
-  QWidget* preview() {
-    preview_ = new Preview(this);
-    preview_->setAccessibleName(QStringLiteral("Preview of the report"));
-    preview_->setFrameShape(QFrame::Box);
-    preview_->setAlignment(Qt::AlignCenter);
-    preview_->setFocusPolicy(Qt::StrongFocus);
-    sheet_ = new Sheet(*this, engine_);
-    preview_->setWidget(sheet_);
-    QPalette ground;
-    ground.setColor(QPalette::Window, previewGround);
-    preview_->viewport()->setPalette(ground);
-    preview_->viewport()->setAutoFillBackground(true);
-    sheet_->setAutoFillBackground(false);
-    return preview_;
   }
 
   QLayout* statusLine(frmPrint& screen) {
@@ -217,89 +118,57 @@ class frmPrintView : public View {
     tied(preview_, binding);
     binding.show = [this] {
       tell({});
-      turnTo(page_);
+      turnTo(preview_->page());
     };
     binding.refresh();
   }
 
   void turnTo(int page) {
-    const int pages = ReportPages(engine_).count();
-    page_ = std::clamp(page, 0, std::max(0, pages - 1));
-    sheet_->showPage(page_);
-    preview_->setText(ReportPages(engine_).readable(page_));
+    preview_->turnTo(page);
+    const int pages = preview_->pages();
+    const int shown = preview_->page() + 1;
     pageNumber_->setText(pages == 0 ? QStringLiteral("No report")
-                                    : QStringLiteral("Page %1 of %2").arg(page_ + 1).arg(pages));
-    previous_->setEnabled(page_ > 0);
-    next_->setEnabled(page_ + 1 < pages);
+                                    : QStringLiteral("Page %1 of %2").arg(shown).arg(pages));
+    previous_->setEnabled(shown > 1);
+    next_->setEnabled(shown < pages);
     print_->setEnabled(pages > 0);
     save_->setEnabled(pages > 0);
   }
 
-  /// Turns the zoom until the page, or its width, is as large as it can be seen whole.
-  void fit(bool whole) {
-    const QSize room = preview_->maximumViewportSize() - QSize(2 * Sheet::around, 2 * Sheet::around);
-    const QSize paper(Frame::pixels(ReportPages::letter.width()), Frame::pixels(ReportPages::letter.height()));
-    const int byHeight = 100 * room.height() / paper.height();
-    // A page as wide as its room is higher than that and has a bar beside it.
-    const int bar =
-        byHeight < 100 * room.width() / paper.width() ? preview_->verticalScrollBar()->sizeHint().width() : 0;
-    const int byWidth = 100 * (room.width() - bar) / paper.width();
-    zoom_->setValue(whole ? std::min(byHeight, 100 * room.width() / paper.width()) : byWidth);
-  }
+  Frame& frame() const { return static_cast<Frame&>(*window()); }
 
   void print() {
-    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
-      return tell(QStringLiteral(
-          "No printer is set up on this computer. You can save the report as a PDF file and print that elsewhere."));
+    if (!frame().dialogs().hasPrinter()) {
+      return tell(
+          QStringLiteral("No printer is set up on this computer. You can save the report as a PDF file and "
+                         "print that elsewhere."));
     }
-    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setDocName(QStringLiteral("Tallyfin 99"));
-    auto* dialog = new QPrintDialog(printer.get(), this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
-    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, [this, printer](QPrinter* chosen) {
-      if (screen() == nullptr) return;
-      const bool drawn = printReportTo(*chosen, engine_);
-      const QString trouble = drawn ? printTrouble(*chosen) : chosen->printerName();
-      tell(trouble.isEmpty() ? QString() : QStringLiteral("The report couldn't be printed. ") + trouble);
-    });
-    dialog->open();
+    if (const Outcome outcome = paper_.print(frame().dialogs(), *this)) tell(*outcome);
   }
 
   void savePdf() {
-    auto* dialog = new QFileDialog(this, QStringLiteral("Save as PDF"), QString(), QStringLiteral("PDF files (*.pdf)"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(QStringLiteral("pdf"));
-    dialog->selectFile(QStringLiteral("Paycheck.pdf"));
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& path) { saveTo(path); });
-    dialog->open();
-  }
-
-  void saveTo(const QString& path) {
-    if (screen() == nullptr) return;
-    const QString trouble = saveReportAsPdf(path, engine_);
-    tell(trouble.isEmpty() ? QString() : QStringLiteral("The report couldn't be saved. %1: %2").arg(path, trouble));
+    if (const Outcome outcome = paper_.save(frame().dialogs(), *this)) tell(*outcome);
   }
 
   /// Says in a line of this screen what the user must know; no words take the line away.
   void tell(const QString& words) {
-    notice_->setText(words);
-    notice_->setVisible(!words.isEmpty());
-    if (auto* frame = dynamic_cast<Frame*>(window()); frame != nullptr && !words.isEmpty()) frame->announce(words);
+    notice_->tell(words);
+    if (!words.isEmpty()) frame().announce(words);
   }
 
   PrintEngine& engine_;
+  Paper paper_{.name = QStringLiteral("report"),
+               .title = QStringLiteral("Tallyfin 99"),
+               .file = QStringLiteral("Paycheck.pdf"),
+               .draw = [this](QPagedPaintDevice& device) { return drawReport(device, engine_); }};
   QSpinBox* zoom_ = nullptr;
   Preview* preview_ = nullptr;
-  Sheet* sheet_ = nullptr;
   QLabel* pageNumber_ = nullptr;
-  QLabel* notice_ = nullptr;
+  Notice* notice_ = nullptr;
   QPushButton* print_ = nullptr;
   QPushButton* save_ = nullptr;
   QPushButton* previous_ = nullptr;
   QPushButton* next_ = nullptr;
-  int page_ = 0;
 };
 
 }  // namespace

@@ -39,7 +39,7 @@ class frmStateView : public View {
     layout->addLayout(foot());
     letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(0)")), '4');
     letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(1)")), 'P');
-    pressOn(Qt::CTRL | Qt::Key_Return, findChild<QAbstractButton*>(QStringLiteral("cmdAccept")));
+    pressOn(Qt::CTRL | Qt::Key_Return, screen.cmdAccept);
   }
 
  private:
@@ -120,11 +120,7 @@ class frmStateView : public View {
     name(title, edit, 'W');
     row->addWidget(edit, 1, Qt::AlignTop);
     row->addWidget(exempt());
-    QPushButton* accept = button(screen_.cmdAccept, QStringLiteral("accept"));
-    accept->setAccessibleName(QStringLiteral("Accept"));
-    accept->setIconSize({24, 24});
-    accept->setFixedSize(44, 36);
-    row->addWidget(accept, 0, Qt::AlignBottom);
+    row->addWidget(pictureButton(screen_.cmdAccept, "accept", "Accept", {44, 36}, 24), 0, Qt::AlignBottom);
     column->addLayout(row);
     return column;
   }

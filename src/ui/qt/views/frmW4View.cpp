@@ -42,19 +42,9 @@ QFont print(double points) {
   return font;
 }
 
-QWidget* rule(QWidget* parent, int width = 0, int height = 0) {
-  auto* line = new QWidget(parent);
-  QPalette palette = look::onWhite();
-  palette.setColor(QPalette::Window, Qt::black);
-  look::setGround(*line, palette);
-  if (width > 0) line->setFixedWidth(width);
-  if (height > 0) line->setFixedHeight(height);
-  return line;
-}
+QWidget* upright(QWidget* parent) { return look::rule(Qt::black, parent, 1, Qt::Vertical); }
 
-QWidget* upright(QWidget* parent) { return rule(parent, 1); }
-
-QWidget* level(QWidget* parent, int height = 1) { return rule(parent, 0, height); }
+QWidget* level(QWidget* parent, int height = 1) { return look::rule(Qt::black, parent, height); }
 
 void showFocus(QPainter& painter, const QWidget& widget) {
   if (!widget.hasFocus()) return;
@@ -169,15 +159,11 @@ class frmW4View : public View {
     layout->addStretch(1);
     layout->addLayout(foot());
     onKey(QKeySequence::Print, QStringLiteral("Print the form"), [this] { screen_.userDblClick(); });
-    const std::pair<Qt::Key, Control*> numbers[] = {{Qt::Key_1, &screen_.txtName},
-                                                    {Qt::Key_2, &screen_.txtSSN},
-                                                    {Qt::Key_3, &screen_.optSingle},
-                                                    {Qt::Key_4, &screen_.Check4},
-                                                    {Qt::Key_7, &screen_.Label20}};
-    for (const auto& [number, control] : numbers) {
-      onKey(Qt::ALT | number, QStringLiteral("Line %1").arg(QChar(number)),
-            [this, control = control] { enteredAt(*widgetOf(*control)).setFocus(Qt::ShortcutFocusReason); });
-    }
+    lineKeys({{'1', &screen_.txtName},
+              {'2', &screen_.txtSSN},
+              {'3', &screen_.optSingle},
+              {'4', &screen_.Check4},
+              {'7', &screen_.Label20}});
   }
 
   QSize sizeHint() const override { return {look::scaled(width), heightForWidth(look::scaled(width))}; }
@@ -308,10 +294,7 @@ class frmW4View : public View {
     row->setContentsMargins(0, space, 0, 0);
     QLabel* hint = label(screen_.lblPrint);
     keepPlace(hint);
-    QPushButton* exit = button(screen_.cmdW4Exit, QStringLiteral("exit-dark"));
-    exit->setAccessibleName(QStringLiteral("Close the form"));
-    exit->setIconSize({18, 18});
-    exit->setFixedSize(34, 22);
+    QPushButton* exit = pictureButton(screen_.cmdW4Exit, "exit-dark", "Close the form", {34, 22});
     keepPlace(exit);
     row->addWidget(hint, 1);
     row->addWidget(exit);
@@ -378,13 +361,6 @@ class frmW4View : public View {
     auto* widget = new FormTick<QRadioButton>(this);
     widget->setFont(smallPrint());
     return tied(widget, bind(*widget, control, group));
-  }
-
-  /// Nothing moves when it is hidden.
-  static void keepPlace(QWidget* widget) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
   }
 
   frmW4& screen_;

@@ -1,7 +1,5 @@
 #include "ui/qt/views/views.h"
 
-#include "ui/screens.h"
-
 namespace tallyfin::qt {
 
 namespace {

@@ -3,29 +3,11 @@
 #include <memory>
 
 #include "ui/qt/view.h"
-
-namespace tallyfin {
-class MsgBox;
-class frm2Workers;
-class frmAbt;
-class frmAnalysis;
-class frmCalendar;
-class frmDednAdj;
-class frmMain;
-class frmMisc;
-class frmMultiCheck;
-class frmName;
-class frmPersWkSht;
-class frmPrint;
-class frmState;
-class frmTableOne;
-class frmW4;
-}  // namespace tallyfin
-
-/// One maker for each screen that has a view; the view's own class stands in its source.
+#include "ui/screens.h"
 
 namespace tallyfin::qt {
 
+/// Makes the view of a screen, each beside its class in its source.
 std::unique_ptr<View> makeView(MsgBox& screen);
 std::unique_ptr<View> makeView(frm2Workers& screen);
 std::unique_ptr<View> makeView(frmAbt& screen);

@@ -4,13 +4,10 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpression>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "ui/qt/accessible.h"
 #include "ui/qt/captions.h"
-#include "ui/qt/frame.h"
 #include "ui/qt/look.h"
 
 namespace tallyfin::qt {
@@ -18,15 +15,6 @@ namespace tallyfin::qt {
 namespace {
 
 constexpr QSize unfilled{460, 362};  ///< Of a worksheet that doesn't fill the shell.
-
-QWidget* hairline(QWidget* parent) {
-  auto* line = new QWidget(parent);
-  QPalette palette = look::onPaper();
-  palette.setColor(QPalette::Window, look::paperLine);
-  look::setGround(*line, palette);
-  line->setFixedHeight(1);
-  return line;
-}
 
 /// A figure in a field of its own.
 class Result : public FigureLabel {
@@ -46,65 +34,26 @@ class Result : public FigureLabel {
 }  // namespace
 
 WorksheetView::WorksheetView(Screen& screen, int entryWidth)
-    : View(screen), margin_(look::scaled(26)), entryWidth_(look::scaled(entryWidth)), pages_(new QVBoxLayout(this)) {
+    : PagedView(screen), margin_(look::scaled(26)), entryWidth_(look::scaled(entryWidth)) {
   look::setGround(*this, look::onPaper());
-  pages_->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
+  setLayout(pages());
+  pages()->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
 }
 
 QSize WorksheetView::sizeHint() const { return unfilled; }
 
 QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNumber) {
-  auto* sheet = new QWidget(this);
-  pages_->addWidget(sheet);
-  auto* column = new QVBoxLayout(sheet);
-  column->setContentsMargins(0, 0, 0, 0);
+  QVBoxLayout* column = PagedView::page(panel, QString::fromStdString(pageNumber.caption()));
   column->setSpacing(look::tight);
   auto* top = new QHBoxLayout;
   top->addWidget(heading(headingText), 1);
   top->addWidget(label(pageNumber));
   column->addLayout(top);
-  presentAs(*sheet, QAccessible::Grouping);
-  sheet->setAccessibleName(QString::fromStdString(pageNumber.caption()));
-  Binding& binding = bindPlain(*sheet, panel);
-  sheets_.push_back({sheet, &panel, QString::fromStdString(pageNumber.caption())});
-  binding.show = [this, number = sheets_.size() - 1] { place(sheets_[number]); };
-  binding.refresh();
-  tied(sheet, binding);
   return column;
 }
 
-/// A page out of sight stands beside the sheet, as wide and high as in its place; its boxes work there too. Who can't
-/// see that is told it with the name of whatever has the focus.
-void WorksheetView::place(const Sheet& sheet) {
-  if (screen() == nullptr) return;
-  QWidget& page = *sheet.widget;
-  const bool inSight = sheet.panel->left >= 0;
-  if (!inSight) {
-    pages_->removeWidget(&page);
-    const QRect inside = contentsRect().marginsRemoved(pages_->contentsMargins());
-    const int width = std::max(inside.width(), page.minimumSizeHint().width());
-    const int height = std::max(inside.height(), page.heightForWidth(width));
-    const int left = std::min(Frame::pixels(sheet.panel->left), -width);
-    page.setGeometry(left, Frame::pixels(sheet.panel->top), width, height);
-  } else if (pages_->indexOf(&page) < 0) {
-    pages_->addWidget(&page);
-    if (auto* frame = dynamic_cast<Frame*>(window())) frame->announce(sheet.number);
-  }
-  const QString remark = QStringLiteral(" (%1, out of sight)").arg(sheet.number);
-  for (QWidget* widget : page.findChildren<QWidget*>()) {
-    if (widget->focusPolicy() == Qt::NoFocus) continue;
-    const QString words = widget->accessibleDescription().remove(remark);
-    widget->setAccessibleDescription(inSight ? words : words + remark);
-  }
-}
-
-void WorksheetView::resizeEvent(QResizeEvent* event) {
-  View::resizeEvent(event);
-  for (const Sheet& sheet : sheets_) place(sheet);
-}
-
 void WorksheetView::line(QBoxLayout* page, QWidget* words, QWidget* entry) {
-  page->addWidget(hairline(this));
+  page->addWidget(look::rule(look::paperLine, this));
   auto* row = new QHBoxLayout;
   row->setSpacing(look::row);
   row->addWidget(words, 1);
@@ -113,7 +62,7 @@ void WorksheetView::line(QBoxLayout* page, QWidget* words, QWidget* entry) {
 }
 
 void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures) {
-  page->addWidget(hairline(this));
+  page->addWidget(look::rule(look::paperLine, this));
   page->addStretch(1);
   auto* row = new QHBoxLayout;
   row->setSpacing(look::tight);
@@ -122,20 +71,10 @@ void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictu
   page->addLayout(row);
 }
 
-void WorksheetView::keys(const char* calculate) {
-  static const QRegularExpression number(QStringLiteral("^([0-9]|[A-Z])\\."));
-  for (QWidget* widget : findChildren<QWidget*>()) {
-    const auto* button = qobject_cast<QAbstractButton*>(widget);
-    const QString words = button != nullptr ? nameOf(*button) : widget->accessibleName();
-    const auto line = number.match(words);
-    const bool takes = qobject_cast<QLineEdit*>(widget) != nullptr || qobject_cast<QCheckBox*>(widget) != nullptr;
-    if (!takes || !line.hasMatch()) continue;
-    onKey(QKeySequence(QStringLiteral("Alt+") + line.captured(1)), QStringLiteral("Line ") + line.captured(1),
-          [widget] { widget->setFocus(Qt::ShortcutFocusReason); });
-  }
-  pressOn(Qt::Key_F9, findChild<QAbstractButton*>(QString::fromLatin1(calculate)));
-  pressOn(Qt::CTRL | Qt::Key_PageDown, findChild<QAbstractButton*>(QStringLiteral("cmdW4Back(0)")));
-  pressOn(Qt::CTRL | Qt::Key_PageUp, findChild<QAbstractButton*>(QStringLiteral("cmdW4Back(1)")));
+void WorksheetView::keys(const CommandButton& calculate, const CommandButton& forward, const CommandButton& back) {
+  pressOn(Qt::Key_F9, calculate);
+  pressOn(Qt::CTRL | Qt::Key_PageDown, forward);
+  pressOn(Qt::CTRL | Qt::Key_PageUp, back);
 }
 
 void WorksheetView::addIndented(QBoxLayout* page, QRadioButton* option) {
@@ -171,14 +110,6 @@ QLabel* WorksheetView::result(Label& control, const QString& words) {
   widget->setFixedWidth(entryWidth_);
   widget->setAccessibleName(words.simplified());
   return tied(widget, bind(*widget, control));
-}
-
-QPushButton* WorksheetView::pictureButton(CommandButton& control, const char* picture, const char* accessibleName) {
-  QPushButton* widget = button(control, QString::fromLatin1(picture));
-  widget->setAccessibleName(QString::fromLatin1(accessibleName));
-  widget->setIconSize({18, 18});
-  widget->setFixedSize(34, 26);
-  return widget;
 }
 
 QWidget* WorksheetView::sentence(Label& first, CommandButton& button, Label& second) {

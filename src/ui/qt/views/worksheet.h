@@ -5,16 +5,15 @@
 
 #include "controls/buttons.h"
 #include "controls/texts.h"
-#include "ui/qt/view.h"
+#include "ui/qt/views/pages.h"
 
 class QBoxLayout;
-class QVBoxLayout;
 
 namespace tallyfin::qt {
 
 /// What the worksheets of Form W-4 have in common: ruled paper in pages, line numbers hanging in the margin, what is
 /// entered and what comes out in one column at the right.
-class WorksheetView : public View {
+class WorksheetView : public PagedView {
  public:
   QSize sizeHint() const override;
 
@@ -25,17 +24,14 @@ class WorksheetView : public View {
 
   WorksheetView(Screen& screen, int entryWidth);
 
-  void resizeEvent(QResizeEvent* event) override;
-
-  /// A page with its heading; it stands where its panel is. The lines go below each other on it.
+  /// A page with its heading. The lines go below each other on it.
   QBoxLayout* page(Panel& panel, Label& heading, Label& pageNumber);
   /// A line of the page, a hairline above it: its words, and the entry at the right if it has one.
   void line(QBoxLayout* page, QWidget* words, QWidget* entry = nullptr);
   /// The foot of the page: pictures at its right end.
   void foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures);
-  /// The keys of a worksheet when all its lines stand: Alt and the number or letter of a line that takes something, and
-  /// those that calculate and turn the page.
-  void keys(const char* calculate);
+  /// The keys that calculate, and turn the page by two buttons.
+  void keys(const CommandButton& calculate, const CommandButton& forward, const CommandButton& back);
 
   QLabel* caption(Label& control);
   /// Options below each other, as far in as the words of a line.
@@ -53,24 +49,17 @@ class WorksheetView : public View {
   void comesOut(QBoxLayout* page, Label& words, Label& figure) {
     line(page, caption(words), result(figure, wordsOf(words)));
   }
-  QPushButton* pictureButton(CommandButton& control, const char* picture, const char* accessibleName);
+  QPushButton* footButton(CommandButton& control, const char* picture, const char* name) {
+    return pictureButton(control, picture, name, {34, 26});
+  }
   /// A line whose words surround a button.
   QWidget* sentence(Label& first, CommandButton& button, Label& second);
 
  private:
-  struct Sheet {
-    QWidget* widget;
-    const Panel* panel;
-    QString number;
-  };
-  void place(const Sheet& sheet);
-
   void addIndented(QBoxLayout* page, QRadioButton* option);
 
   int margin_;  ///< For the line numbers.
   int entryWidth_;
-  QVBoxLayout* pages_;
-  std::vector<Sheet> sheets_;
 };
 
 }  // namespace tallyfin::qt

@@ -1,0 +1,82 @@
+#include "ui/qt/views/pages.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "controls/texts.h"
+#include "ui/qt/accessible.h"
+#include "ui/qt/frame.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+/// Lets the pointer leave a widget that has moved away under it: the toolkit waits until the pointer itself moves.
+void leaveBehind(QWidget& widget) {
+  if (!widget.underMouse()) return;
+  QTimer::singleShot(0, &widget, [&widget] {
+    if (widget.rect().contains(widget.mapFromGlobal(QCursor::pos()))) return;
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&widget, &leave);
+  });
+}
+
+}  // namespace
+
+PagedView::PagedView(Screen& screen) : View(screen), pages_(new QVBoxLayout) {}
+
+QVBoxLayout* PagedView::page(Panel& panel, const QString& name) {
+  auto* widget = new QWidget(this);
+  pages_->addWidget(widget);
+  auto* column = new QVBoxLayout(widget);
+  column->setContentsMargins(0, 0, 0, 0);
+  presentAs(*widget, QAccessible::Grouping);
+  widget->setAccessibleName(name);
+  Binding& binding = bindPlain(*widget, panel);
+  all_.push_back({widget, &panel, name});
+  binding.show = [this, number = all_.size() - 1] { place(all_[number]); };
+  binding.refresh();
+  tied(widget, binding);
+  return column;
+}
+
+void PagedView::levelPages(int width) {
+  int height = 0;
+  for (const Page& page : all_) height = std::max(height, page.widget->heightForWidth(width));
+  for (const Page& page : all_) page.widget->setMinimumHeight(height);
+}
+
+/// Who can't see that a page is out of sight is told it with the name of whatever has the focus.
+void PagedView::place(const Page& page) {
+  if (screen() == nullptr) return;
+  QWidget& widget = *page.widget;
+  const bool inSight = page.panel->inSight();
+  if (!inSight) {
+    pages_->removeWidget(&widget);
+    const int width = std::max(room_.width(), widget.minimumSizeHint().width());
+    const int height = std::max(room_.height(), widget.heightForWidth(width));
+    const int left = std::min(Frame::pixels(page.panel->left), -width);
+    widget.setGeometry(left, Frame::pixels(page.panel->top), width, height);
+  } else if (pages_->indexOf(&widget) < 0) {
+    pages_->addWidget(&widget);
+    if (auto* frame = dynamic_cast<Frame*>(window())) frame->announce(page.name);
+  }
+  const QString remark = QStringLiteral(" (%1, out of sight)").arg(page.name);
+  for (QWidget* part : widget.findChildren<QWidget*>()) {
+    leaveBehind(*part);
+    if (part->focusPolicy() == Qt::NoFocus) continue;
+    const QString words = part->accessibleDescription().remove(remark);
+    part->setAccessibleDescription(inSight ? words : words + remark);
+  }
+}
+
+void PagedView::resizeEvent(QResizeEvent* event) {
+  View::resizeEvent(event);
+  room_ = pages_->contentsRect().size();  // while the layout knows it: it forgets with each change
+  for (const Page& page : all_) place(page);
+}
+
+}  // namespace tallyfin::qt

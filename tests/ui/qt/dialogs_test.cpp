@@ -1,0 +1,168 @@
+#include "ui/qt/dialogs.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "desktoptest.h"
+
+/// The dialog for a PDF file, as it comes up.
+
+namespace tallyfin::qt {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+
+class PdfDialog : public DesktopTest {
+ protected:
+  using Answer = std::function<void(QWidget&)>;
+
+  PdfDialog() {
+    dialogs.onPdf = [](QWidget& asking, const QString& offered) { return SystemDialogs().choosePdf(asking, offered); };
+  }
+
+  /// Asks for the printing of the form; what comes up meanwhile is answered one after the other.
+  void printForm(std::vector<Answer> answers) {
+    answers_ = std::move(answers);
+    answerNext();
+    startOnMain();
+    clickItem("W4");
+    QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
+    EXPECT_TRUE(answers_.empty());
+    EXPECT_FALSE(frame().findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly)->isVisible());
+  }
+
+  /// Enters the name of a file.
+  static Answer name(const QString& path) {
+    return [path](QWidget& dialog) {
+      auto* edit = qobject_cast<QLineEdit*>(dialog.focusWidget());
+      ASSERT_NE(edit, nullptr);
+      edit->setText(path);  // typed, it would be completed
+      QTest::keyClick(edit, Qt::Key_Return);
+    };
+  }
+  static Answer button(QMessageBox::StandardButton button) {
+    return [button](QWidget& dialog) {
+      auto* box = qobject_cast<QMessageBox*>(&dialog);
+      ASSERT_NE(box, nullptr);
+      box->button(button)->click();
+    };
+  }
+  static void escape(QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }
+
+  QString inFolder(const char* file) const { return files_.filePath(QString::fromLatin1(file)); }
+  std::vector<std::string> files() const {
+    std::vector<std::string> names;
+    for (const QString& name : QDir(files_.path()).entryList(QDir::Files)) names.push_back(name.toStdString());
+    return names;
+  }
+  static std::string content(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
+    return file.readAll().toStdString();
+  }
+  static void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write(content);
+  }
+
+ private:
+  void answerNext() {
+    QTimer::singleShot(20, &frameless_, [this] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (dialog == nullptr || dialog == answered_) return answerNext();
+      answered_ = dialog;
+      const Answer answer = answers_.front();
+      answers_.erase(answers_.begin());
+      if (!answers_.empty()) answerNext();
+      answer(*dialog);
+    });
+  }
+
+  QObject frameless_;
+  QTemporaryDir files_;
+  std::vector<Answer> answers_;
+  QPointer<QWidget> answered_;
+};
+
+TEST_F(PdfDialog, GivesTheFormItsEnding) {
+  printForm({name(inFolder("mine"))});
+  EXPECT_THAT(files(), ElementsAre("mine.pdf"));
+  EXPECT_THAT(content(inFolder("mine.pdf")), StartsWith("%PDF-"));
+}
+
+TEST_F(PdfDialog, ReplacesAFileOnlyWhenTheUserSaysSo) {
+  write(inFolder("form.pdf"), "old");
+  printForm({name(inFolder("form")), button(QMessageBox::No), escape});
+  EXPECT_EQ(content(inFolder("form.pdf")), "old");
+  EXPECT_THAT(files(), ElementsAre("form.pdf"));
+}
+
+TEST_F(PdfDialog, ReplacesAFileWhenTheUserSaysSo) {
+  write(inFolder("form.pdf"), "old");
+  printForm({name(inFolder("form")), button(QMessageBox::Yes)});
+  EXPECT_THAT(content(inFolder("form.pdf")), StartsWith("%PDF-"));
+}
+
+TEST_F(PdfDialog, KeepsNoSettings) {
+  const QTemporaryDir settings;
+  qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+  printForm({escape});
+  EXPECT_EQ(QDir(settings.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+}
+
+// --- A file that can't be written is told in the window that asked.
+
+class UnwritableFile : public DesktopTest {
+ protected:
+  UnwritableFile() {
+    startOnMain();
+    click("frmMain", "cmdToolBar(0)");
+    dialogs.path = "/dev/null/paper.pdf";
+  }
+
+  static void expectTold(const QWidget& window, const char* what) {
+    const auto* notice = window.findChild<QLabel*>("notice");
+    EXPECT_TRUE(notice->isVisible());
+    EXPECT_THAT(notice->text().toStdString(),
+                StartsWith(std::string("The ") + what + " couldn't be saved. /dev/null/"));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  }
+};
+
+TEST_F(UnwritableFile, OfTheReport) {
+  click("frmMain", "cmdToolBar(1)");
+  click("frmPrint", "savepdf");
+  expectTold(view("frmPrint"), "report");
+}
+
+TEST_F(UnwritableFile, OfTheForm) {
+  clickItem("W4");
+  QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
+  expectTold(frame(), "form");
+}
+
+TEST_F(UnwritableFile, OfTheExplanation) {
+  auto& results = find<QTableWidget>("frmMain", "dbgDisplay");
+  results.setFocus();
+  results.setCurrentCell(0, 0);
+  QTest::keyClick(&results, Qt::Key_Return);
+  const auto& window = *frame().findChild<QDialog*>("explanation");
+  auto& print = *window.findChild<QPushButton*>("print");
+  click(print);
+  expectTold(window, "explanation");
+  const QTemporaryDir folder;
+  dialogs.path = folder.filePath("explanation.pdf");
+  click(print);
+  EXPECT_FALSE(window.findChild<QLabel*>("notice")->isVisible());
+  EXPECT_TRUE(QFile::exists(dialogs.path));
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "ui/qt/dialogs.h"
+
+namespace tallyfin::qt {
+
+/// The answers of a user to the dialogs, which don't come up.
+struct DialogsStandIn : Dialogs {
+  bool hasPrinter() const override { return static_cast<bool>(onPrinter); }
+  bool choosePrinter(QWidget& /*asking*/, QPrinter& printer, bool /*somePages*/) override {
+    ++asked;
+    return onPrinter(printer);
+  }
+  QString choosePdf(QWidget& asking, const QString& offered) override {
+    ++asked;
+    return onPdf ? onPdf(asking, offered) : path;
+  }
+
+  /// Sets the printer up; false doesn't print after all. Without it there is no printer.
+  std::function<bool(QPrinter&)> onPrinter;
+  QString path;                                            ///< Where a PDF file is saved; empty doesn't save after all.
+  std::function<QString(QWidget&, const QString&)> onPdf;  ///< Instead of that path.
+  int asked = 0;
+};
+
+}  // namespace tallyfin::qt
