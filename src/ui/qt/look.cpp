@@ -6,7 +6,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QStyleFactory>
+#include <QProxyStyle>
 #include <QToolTip>
 #include <QWidget>
 #include <algorithm>
@@ -53,6 +53,24 @@ bool hasTabularDigits(const QFont& font) {
   });
 }
 
+/// Fusion, but for the pictures of what is disabled: they fade into whatever ground they stand on. Fusion's take the
+/// colour of the application's own ground, and were brighter than the others on the deep one.
+class Style : public QProxyStyle {
+ public:
+  Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override {
+    if (mode != QIcon::Disabled) return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+    QPixmap faded(pixmap.size());
+    faded.setDevicePixelRatio(pixmap.devicePixelRatio());
+    faded.fill(Qt::transparent);
+    QPainter painter(&faded);
+    painter.setOpacity(0.4);
+    painter.drawPixmap(0, 0, pixmap);
+    return faded;
+  }
+};
+
 }  // namespace
 
 int scaled(int pixels) {
@@ -60,7 +78,7 @@ int scaled(int pixels) {
 }
 
 void apply(QApplication& application) {
-  application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  application.setStyle(new Style);
   // Desktops come with sizes up to 11 points; whoever has set more wants larger letters here too.
   const QFontInfo system(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
   QFont font(system.family());

@@ -88,6 +88,25 @@ TEST_F(Eyes, EveryTextStandsOut) {
   EXPECT_GT(texts, 200);
 }
 
+/// What can't be pressed stands out less than it does once it can.
+TEST_F(Eyes, WhatIsDisabledLooksSo) {
+  int disabled = 0;
+  onEveryScreen([&](const Screen& screen) {
+    QWidget& window = *view(screen.name().c_str()).window();
+    for (auto* button : window.findChildren<QAbstractButton*>()) {
+      if (!seen(*button) || button->isEnabled()) continue;
+      ++disabled;
+      const QRect place = wordsOf(*button).translated(button->mapTo(&window, QPoint()));
+      const Part off = measured(window.grab().toImage(), place);
+      button->setEnabled(true);
+      const Part on = measured(window.grab().toImage(), place);
+      button->setEnabled(false);
+      EXPECT_LT(off.letters, 0.8 * on.letters) << button->objectName().toStdString();
+    }
+  });
+  EXPECT_GT(disabled, 4);
+}
+
 /// How much the weakest side of a box stands out from the ground around it: the best of the lines where that side's
 /// edge may lie.
 double edgeOf(const QImage& picture, const QRect& where, const QColor& ground) {

@@ -15,6 +15,7 @@
 #include <QListWidget>
 #include <QMetaEnum>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -447,7 +448,8 @@ class Sight {
 QStringList sightOf(QWidget& part, const QWidget* without) { return Sight(part, without).lines(); }
 
 QStringList sightOfTheLook() {
-  return {QStringLiteral("style %1").arg(QApplication::style()->name()),
+  const auto* style = qobject_cast<const QProxyStyle*>(QApplication::style());
+  return {QStringLiteral("style %1").arg(style == nullptr ? QString() : style->baseStyle()->name()),
           QStringLiteral("font %1").arg(fontText(QApplication::font())),
           QStringLiteral("colours %1").arg(coloursOf(QApplication::palette(), {}, true)),
           QStringLiteral("tips %1, %2").arg(fontText(QToolTip::font()), coloursOf(QToolTip::palette(), {}, true))};

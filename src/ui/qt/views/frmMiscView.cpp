@@ -101,17 +101,19 @@ class frmMiscView : public PagedView {
     auto* foot = new QHBoxLayout;
     foot->setSpacing(look::row);
     foot->addStretch(1);
-    foot->addWidget(command(pictureButton(screen_.cmdExit[1], "raise-dark", "Work out the raise", {}, 20)));
-    foot->addWidget(command(pictureButton(screen_.cmdExit[2], "exit-dark", "Close", {}, 20)));
+    foot->addWidget(command(pictureButton(screen_.cmdExit[1], "raise-dark", "Work out the raise", commandSize(), 20)));
+    foot->addWidget(command(pictureButton(screen_.cmdExit[2], "exit-dark", "Close", commandSize(), 20)));
     layout.addLayout(foot);
   }
 
   /// A button with a light face: the colours that the screen gives its letters are dark.
   QPushButton* command(QPushButton* widget) {
     colour(widget, look::lightFace());
-    widget->setFixedSize(look::scaled(80), look::scaled(28));
+    widget->setFixedSize(commandSize());
     return widget;
   }
+
+  static QSize commandSize() { return {look::scaled(80), look::scaled(28)}; }
 
   static constexpr int boxWidth = 88;
 
