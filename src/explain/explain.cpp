@@ -246,8 +246,8 @@ bool isWorkedOutAnew(const Trace& trace, std::size_t position, std::size_t field
   return false;
 }
 
-/// What a statement did, as a sentence for a row; empty where there is nothing to say.
-std::string sentence(const Trace& trace, const Known& known, std::size_t position, std::size_t row) {
+/// What a statement did, as a line for a row; none where there is nothing to say.
+std::optional<ExplanationLine> lineOf(const Trace& trace, const Known& known, std::size_t position, std::size_t row) {
   const TracedStatement& statement = trace.statements[position];
   const std::string title = statement.title;
   const auto outcomes = outcomesOf(trace, statement);
@@ -257,16 +257,18 @@ std::string sentence(const Trace& trace, const Known& known, std::size_t positio
       if (!field || isWorkedOutAnew(trace, position, *field)) continue;
       stays.push_back(known.at(*field) ? textOf(value, field) : standing(trace, *field, "the calculation before"));
     }
-    const std::string why = statement.done ? ": doesn't apply" : ": left out, because " + whyNot(statement);
-    return title + why + (stays.empty() ? "" : "; " + listed(stays) + (stays.size() == 1 ? " stays" : " stay")) + ".";
+    const std::string why = statement.done ? "doesn't apply" : "left out, because " + whyNot(statement);
+    const std::string rest = stays.empty() ? "" : "; " + listed(stays) + (stays.size() == 1 ? " stays" : " stay");
+    return ExplanationLine{title, why + rest};
   }
   // Nothing entered, nothing left untaxed: not worth a line under another figure.
   if (outcomes.size() == 1 && !statement.row && outcomes.front().field != row && !isKnown(known, outcomes.front()) &&
       amountOf(outcomes.front().value, outcomes.front().field) == Money{}) {
-    return "";
+    return std::nullopt;
   }
   const std::string figures = figuresOf(trace, known, statement);
-  return figures.empty() ? "" : title + ": " + figures + ".";
+  if (figures.empty()) return std::nullopt;
+  return ExplanationLine{title, figures};
 }
 
 /// A row of the results, and the fields whose statements lead to it.
@@ -317,38 +319,46 @@ std::size_t endOf(const Trace& trace, std::size_t field) {
 }
 
 /// What the record says about a row beside its statements.
-void addBackground(const Trace& trace, const Row& row, std::vector<std::string>& lines) {
+void addBackground(const Trace& trace, const Row& row, std::vector<ExplanationLine>& lines) {
   const PayData& record = trace.after.record;
   if (row.field == stateTax) {
-    lines.insert(lines.begin(), *trace.state == '\0' ? "No state is chosen." : std::string(trace.state) + ".");
+    lines.insert(lines.begin(), {*trace.state == '\0' ? "No state is chosen" : trace.state});
   }
   if (row.field == grossPay && trace.touchedBy.at(grossPay) != trace.number) {
-    lines.emplace_back("No income is entered.");
+    lines.push_back({"No income is entered"});
   }
   if (row.field == totalDed && trace.touchedBy.at(totalDed) == trace.number) {
-    lines.insert(lines.begin(), "401(k) " + amountText(record.amt401k) + ", FICA " + amountText(record.fica) +
-                                    ", federal tax " + amountText(record.fedTax) + ", state tax " +
-                                    amountText(record.stateTax) + ", local tax " + amountText(record.localTax) + ".");
+    lines.insert(lines.begin(), {"401(k) " + amountText(record.amt401k) + ", FICA " + amountText(record.fica) +
+                                 ", federal tax " + amountText(record.fedTax) + ", state tax " +
+                                 amountText(record.stateTax) + ", local tax " + amountText(record.localTax)});
   }
   if (row.field != fedTax || !trace.allowance) return;
   const std::int64_t each = trace.allowance->units();
   if (record.depsDed != 0 && record.depsDed.units() % each == 0) {
     const std::int64_t count = record.depsDed.units() / each;
-    lines.push_back("The federal allowance of " + amountText(record.depsDed) + " is for " + std::to_string(count) +
-                    (count == 1 ? " exemption." : " exemptions."));
+    lines.push_back({"The federal allowance of " + amountText(record.depsDed) + " is for " + std::to_string(count) +
+                     (count == 1 ? " exemption" : " exemptions")});
   }
   if (!trace.exemptions) return;
   const Money chosen = *trace.allowance * *trace.exemptions;
   if (chosen != record.depsDed) {
-    lines.push_back("What is chosen now, " + toText(*trace.exemptions) +
-                    (*trace.exemptions == 1 ? " exemption" : " exemptions") + " at " + amountText(*trace.allowance) +
-                    " each, makes an allowance of " + amountText(chosen) +
-                    ". It counts once the main screen is loaded again; until then the allowance stays " +
-                    amountText(record.depsDed) + ".");
+    lines.push_back({"What is chosen now, " + toText(*trace.exemptions) +
+                     (*trace.exemptions == 1 ? " exemption" : " exemptions") + " at " + amountText(*trace.allowance) +
+                     " each, makes an allowance of " + amountText(chosen) +
+                     ". It counts once the main screen is loaded again; until then the allowance stays " +
+                     amountText(record.depsDed)});
   }
 }
 
 }  // namespace
+
+std::string ExplanationLine::text() const { return (sum.empty() ? what : what + ": " + sum) + "."; }
+
+std::vector<std::string> Explanation::sentences() const {
+  std::vector<std::string> texts;
+  for (const ExplanationLine& line : lines) texts.push_back(line.text());
+  return texts;
+}
 
 std::vector<Share> sharesOf(const Trace& trace) {
   const PayData& record = trace.after.record;
@@ -409,7 +419,7 @@ std::vector<Explanation> explain(const Trace& trace) {
   std::vector<Explanation> all;
   for (const Row& row : rows()) {
     Known known{};
-    std::vector<std::string> lines;
+    std::vector<ExplanationLine> lines;
     const std::size_t end = row.field == stateTax ? trace.endOfState : endOf(trace, row.field);
     const TracedStatement* whole = nullptr;
     for (std::size_t i = 0; i < end; ++i) {
@@ -418,10 +428,8 @@ std::vector<Explanation> explain(const Trace& trace) {
       if (!statement.part) whole = &statement;
       if (hasParts) continue;
       if (leadsTo(trace, row, statement, i)) {
-        if (std::string line = sentence(trace, known, i, row.field); !line.empty()) {
-          lines.push_back(std::move(line));
-        }
-        if (statement.part && !statement.done && !whole->done) lines.emplace_back("The rest is given up.");
+        if (auto line = lineOf(trace, known, i, row.field)) lines.push_back(std::move(*line));
+        if (statement.part && !statement.done && !whole->done) lines.push_back({"The rest is given up"});
       }
       for (const Outcome& outcome : outcomesOf(trace, statement)) {
         if (outcome.field) known.at(*outcome.field) = true;
@@ -429,8 +437,7 @@ std::vector<Explanation> explain(const Trace& trace) {
     }
     const bool touched = trace.touchedBy.at(row.field) == trace.number;
     addBackground(trace, row, lines);
-    if (!touched)
-      lines.push_back("Not touched by this calculation: " + standing(trace, row.field, "the one before") + ".");
+    if (!touched) lines.push_back({"Not touched by this calculation", standing(trace, row.field, "the one before")});
     Money amount;
     std::size_t number = 0;
     Fields::each(trace.after, [&](const char* /*name*/, const auto& field) {

@@ -10,10 +10,21 @@
 
 namespace tallyfin {
 
+/// What was done, and the sum or figure that it came to, if it came to one.
+struct ExplanationLine {
+  std::string what;
+  std::string sum = {};
+
+  /// As a sentence.
+  std::string text() const;
+};
+
 struct Explanation {
   const char* title;  ///< That of the row of the results.
   Money amount;
-  std::vector<std::string> lines;  ///< What led to the amount, in order.
+  std::vector<ExplanationLine> lines;  ///< What led to the amount, in order.
+
+  std::vector<std::string> sentences() const;
 };
 
 /// One explanation for each of the twelve rows of the results, in their order.

@@ -445,7 +445,7 @@ std::string Session::explain(const Words& /*words*/) {
   if (trace == nullptr) return value("null");
   std::string rows;
   for (const Explanation& row : tallyfin::explain(*trace)) {
-    rows += (rows.empty() ? "{" : ",") + json(row.title) + ":" + json(row.lines);
+    rows += (rows.empty() ? "{" : ",") + json(row.title) + ":" + json(row.sentences());
   }
   return value(rows + "}");
 }

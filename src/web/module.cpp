@@ -151,7 +151,7 @@ std::string explained() {
   std::vector<std::vector<std::string>> figures;
   for (const Explanation& explanation : explain(*trace)) {
     std::vector<std::string> figure{explanation.title, amountText(explanation.amount)};
-    figure.insert(figure.end(), explanation.lines.begin(), explanation.lines.end());
+    for (const ExplanationLine& line : explanation.lines) figure.push_back(line.text());
     figures.push_back(figure);
   }
   return "{\"shares\":" + script::json(shares) + ",\"sentence\":" + script::json(sharesText(*trace)) +

@@ -68,7 +68,7 @@ class ExplainTest : public ProgramTest {
     ADD_FAILURE() << "no row " << title;
     return {};
   }
-  static Lines linesOf(const std::string& title) { return row(title).lines; }
+  static Lines linesOf(const std::string& title) { return row(title).sentences(); }
 };
 
 TEST_F(ExplainTest, ThereIsNoneBeforeTheFirstCalculateOfARun) {

@@ -31,14 +31,12 @@ QString htmlOf(const Explanation& explanation) {
   const QString title = QString::fromLatin1(explanation.title).toHtmlEscaped();
   QString html = QStringLiteral("<h2>%1</h2><table width='100%' cellspacing='0' cellpadding='4'>").arg(title);
   bool darker = false;
-  for (const std::string& line : explanation.lines) {
-    const QString words = text(line).toHtmlEscaped();
-    const qsizetype colon = words.indexOf(QStringLiteral(": "));
+  for (const ExplanationLine& line : explanation.lines) {
     html += QStringLiteral("<tr bgcolor='%1'>")
                 .arg(look::onWhite().color(darker ? QPalette::AlternateBase : QPalette::Base).name());
-    html += colon < 0 ? QStringLiteral("<td colspan='2'>%1</td>").arg(words)
-                      : QStringLiteral("<td width='42%'>%1</td><td>%2</td>")
-                            .arg(words.left(colon), words.mid(colon + 2).chopped(1));
+    html += line.sum.empty() ? QStringLiteral("<td colspan='2'>%1</td>").arg(text(line.text()).toHtmlEscaped())
+                             : QStringLiteral("<td width='42%'>%1</td><td>%2</td>")
+                                   .arg(text(line.what).toHtmlEscaped(), text(line.sum).toHtmlEscaped());
     html += QStringLiteral("</tr>");
     darker = !darker;
   }
@@ -213,7 +211,7 @@ void ExplanationWindow::tell() {
 QString ExplanationWindow::chosenText() const {
   const Explanation& chosen = explanations_.at(static_cast<std::size_t>(std::max(0, figures_->currentRow())));
   QString all = QString::fromLatin1(chosen.title) + QLatin1Char('\n');
-  for (const std::string& line : chosen.lines) all += text(line) + QLatin1Char('\n');
+  for (const ExplanationLine& line : chosen.lines) all += text(line.text()) + QLatin1Char('\n');
   return all + text(amountText(chosen.amount));
 }
 
