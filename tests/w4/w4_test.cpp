@@ -104,6 +104,8 @@ TEST_F(PersonalAllowances, TurnThePages) {
   sheet().cmdW4Back[0].userClick();
   EXPECT_EQ(sheet().pnlW4PersWkSht[0].left(), -10000);
   EXPECT_EQ(sheet().pnlW4PersWkSht[1].left(), 0);
+  EXPECT_FALSE(sheet().pnlW4PersWkSht[0].inSight());
+  EXPECT_TRUE(sheet().pnlW4PersWkSht[1].inSight());
   EXPECT_EQ(sheet().pnlW4PersWkSht[1].top(), 0);
   EXPECT_TRUE(sheet().txtPersWkEnterDeps.focused());  // out of sight
   sheet().txtChild.userFocus();
