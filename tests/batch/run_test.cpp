@@ -290,11 +290,11 @@ TEST(Batch, WritesWhatIsWorkedBeforeItWaitsForMore) {
       [&](char* place, std::size_t) {
         const std::string_view part =
             std::array<std::string_view, 3>{"id\n", "1\n", ""}[static_cast<std::size_t>(call++)];
-        events.push_back("read");
+        events.emplace_back("read");
         std::memcpy(place, part.data(), part.size());
         return part.size();
       },
-      [&](std::string_view) { events.push_back("write"); }, {},
+      [&](std::string_view) { events.emplace_back("write"); }, {},
       [&](std::uint64_t rows) { events.push_back("told " + std::to_string(rows)); });
   EXPECT_THAT(events, ElementsAre("told 0", "read", "write", "told 0", "read", "write", "told 1", "read"));
 }

@@ -84,8 +84,7 @@ TEST(TextToMoney, RefusesWhatIsNoNumber) {
                            "1E5.0",
                            "1E+",
                            "5\n",
-                           "\xC2\xA0"
-                           "5",
+                           "\u00A05",
                            "\xD9\xA5",
                            "1_000",
                            "1'000",

@@ -16,7 +16,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-using testing::StrEq;
 
 using Lines = std::vector<std::string>;
 
