@@ -170,6 +170,14 @@ TEST_F(ExplainTest, SaysThatAFigureWasSetSinceTheFirstCalculation) {
               Contains("Not touched by this calculation: $0.00 as it was set since the last calculation."));
 }
 
+/// A row of amounts has no lower bound of its own.
+TEST_F(ExplainTest, SaysWhatARowOfAmountsReaches) {
+  startSample(6);  // Connecticut
+  main().txtIncome.setText("400");
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"), Contains("Exemption by its table: $20,800.00 is at most $24,000.00: $12,000.00."));
+}
+
 TEST_F(ExplainTest, SaysThatAnAllowanceWaitsForTheNextLoad) {
   startSample();
   main().cboExemptions.setIndex(2);
