@@ -127,6 +127,7 @@ std::string DesktopTest::text(const char* screen, const QString& name) const {
 std::vector<std::string> DesktopTest::results() const {
   const auto& table = find<QTableWidget>("frmMain", "dbgDisplay");
   std::vector<std::string> rows;
+  rows.reserve(static_cast<std::size_t>(table.rowCount()));
   for (int row = 0; row < table.rowCount(); ++row) {
     rows.push_back((table.item(row, 0)->text() + " " + table.item(row, 1)->text()).toStdString());
   }

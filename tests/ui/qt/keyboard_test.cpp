@@ -30,7 +30,6 @@ namespace tallyfin::qt {
 
 namespace {
 
-using testing::Contains;
 using testing::HasSubstr;
 
 class Keyboard : public EveryScreen {

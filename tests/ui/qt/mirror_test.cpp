@@ -187,7 +187,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   std::string clickSomething() {
     QWidget& widget = *something();
     const QPoint point = pointIn(widget);
-    const std::string words = "click " + named(widget);
+    std::string words = "click " + named(widget);
     pointAt(widget, point);
     noteRefusal(widget);
     clickAt(widget, point);
@@ -197,7 +197,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   std::string doubleClickSomething() {
     QWidget& widget = *something();
     const QPoint point = pointIn(widget);
-    const std::string words = "double click " + named(widget);
+    std::string words = "double click " + named(widget);
     pointAt(widget, point);
     noteRefusal(widget);
     QTest::mouseDClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
@@ -251,7 +251,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   std::string turnWheel() {
     QWidget& widget = *something();
     const QPoint point = pointIn(widget);
-    const std::string words = "turn the wheel over " + named(widget);
+    std::string words = "turn the wheel over " + named(widget);
     pointAt(widget, point);
     QWidget* under = QApplication::widgetAt(QCursor::pos());
     const QPoint turn(0, below(2) == 0 ? 120 : -120);
@@ -265,7 +265,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   std::string movePointer() {
     QWidget& widget = *something();
     const QPoint point = pointIn(widget);
-    const std::string words = "point at " + named(widget);
+    std::string words = "point at " + named(widget);
     pointAt(widget, point);
     return words;
   }
@@ -278,7 +278,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     }
     QAbstractButton& button = *one(buttons);
     if (button.objectName() == QLatin1String("SSListBar1(ExitProgram)") && below(4) > 0) return movePointer();
-    const std::string words = "click " + named(button) + " of the list bar";
+    std::string words = "click " + named(button) + " of the list bar";
     pointAt(button, button.rect().center());
     noteRefusal(button);
     clickAt(button, button.rect().center());
