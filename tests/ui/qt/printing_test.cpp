@@ -34,7 +34,7 @@ class Printing : public DesktopTest {
 
   /// Waits for what a queue delivers: the file, until it stops growing.
   static QString arrived(const char* queue) {
-    const QString path = QDir(qEnvironmentVariable("PRINTED")).filePath(QLatin1String(queue) + ".pdf");
+    QString path = QDir(qEnvironmentVariable("PRINTED")).filePath(QLatin1String(queue) + ".pdf");
     const auto whole = [&] { return answerOf("pdfinfo", {path}).find("Page size") != std::string::npos; };
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path) && QFile(path).size() > 0 && whole(); }, 20000))
         << queue;
