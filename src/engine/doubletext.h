@@ -60,7 +60,7 @@ using clibrary::shortTextOf;
 
 #endif
 
-/// This number rounded to the fewest digits that still tell it from every other of single precision.
+/// A finite number rounded to the fewest digits that still tell it from every other of single precision.
 inline std::string shortestTextOf(float value) {
   std::array<char, 32> buffer{};
   int length = 0;
