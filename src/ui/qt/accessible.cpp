@@ -186,7 +186,6 @@ Announcer::Announcer(QWidget* window) : QWidget(window) {
   presentAs(*this, QAccessible::Notification);
   setFixedSize(1, 1);
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  lower();
 }
 
 void Announcer::say(const QString& words) {

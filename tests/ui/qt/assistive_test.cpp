@@ -47,6 +47,12 @@ void note(QAccessibleEvent* event) {
       break;
     case QAccessible::Alert: told.push_back("alert " + widget->accessibleName().toStdString()); break;
     case QAccessible::StateChanged: told.push_back("state " + name); break;
+    case QAccessible::TextUpdated: {
+      const auto* text = static_cast<QAccessibleTextUpdateEvent*>(event);
+      told.push_back("text " + name + " at " + std::to_string(text->changePosition()) + " " +
+                     text->textRemoved().toStdString() + " to " + text->textInserted().toStdString());
+      break;
+    }
     default: break;
   }
 }
@@ -119,6 +125,25 @@ TEST_F(Assistive, PressingAButtonIsAClick) {
   EXPECT_FALSE(shown("frmMisc"));
 }
 
+TEST_F(Assistive, AButtonThatIsHeldDownIsPressed) {
+  startOnMain();
+  QWidget& button = find("frmMain", "cmdToolBar(0)");
+  EXPECT_FALSE(faceOf(button).state().pressed);
+  QTest::mousePress(&button, Qt::LeftButton);
+  EXPECT_TRUE(faceOf(button).state().pressed);
+  QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(-5, -5));
+  EXPECT_FALSE(faceOf(button).state().pressed);
+}
+
+TEST_F(Assistive, TurningExemptOnTheFormMovesTheKeyboardThere) {
+  startOnMain();
+  clickItem("W4");
+  toggle("frmW4", "Label20");
+  EXPECT_EQ(focused(), "Label20");
+  EXPECT_TRUE(inSight("frmW4", "Label27"));
+  EXPECT_TRUE(faceOf(find("frmW4", "Label20")).state().checked);
+}
+
 TEST_F(Assistive, TheListBarsGroupsExpandAndCollapse) {
   startOnMain();
   auto groups = frame().findChildren<QAbstractButton*>(QRegularExpression("^group "));
@@ -126,10 +151,12 @@ TEST_F(Assistive, TheListBarsGroupsExpandAndCollapse) {
   QWidget& first = *groups.front();
   EXPECT_EQ(faceOf(first).role(), QAccessible::Button);
   EXPECT_TRUE(faceOf(first).state().expandable);
+  EXPECT_FALSE(faceOf(first).state().expanded);
   EXPECT_TRUE(faceOf(first).state().collapsed);
   told.clear();
   act(first, QAccessibleActionInterface::pressAction());
   EXPECT_TRUE(faceOf(first).state().expanded);
+  EXPECT_FALSE(faceOf(first).state().collapsed);
   EXPECT_TRUE(find("MDIOpen", "SSListBar1(NewFile)").isVisible());
   EXPECT_THAT(told, Contains("state " + first.objectName().toStdString()));
   press("MDIOpen", "SSListBar1(Personal)");
@@ -196,6 +223,7 @@ TEST_F(Assistive, FiguresAreToldWhenTheyChange) {
   told.clear();
   press("frmMain", "cmdToolBar(0)");
   EXPECT_THAT(told, Contains("value lbl1 " + text("frmMain", "lbl1")));
+  EXPECT_THAT(told, Contains("text lbl1 at 0  to " + text("frmMain", "lbl1")));
   EXPECT_THAT(told, Contains("alert " + results().back()));  // the calculation is finished, and this is the check
   EXPECT_THAT(results().back(), HasSubstr("Check Amt $"));
 }
@@ -321,7 +349,19 @@ TEST_F(Assistive, ThePageOfTheReportIsReadAsText) {
   const std::string page = textOf(face, QAccessible::Value);
   EXPECT_THAT(page, HasSubstr("Gross"));
   EXPECT_THAT(page, HasSubstr("$1,000.00"));
-  EXPECT_EQ(face.textInterface()->text(0, face.textInterface()->characterCount()).toStdString(), page);
+  QAccessibleTextInterface& letters = *face.textInterface();
+  EXPECT_EQ(letters.text(0, letters.characterCount()).toStdString(), page);
+  EXPECT_EQ(letters.text(2, 5).toStdString(), page.substr(2, 3));
+  // It is read only: nothing is selected, and the cursor and every point are at its beginning.
+  EXPECT_EQ(letters.selectionCount(), 0);
+  EXPECT_EQ(letters.cursorPosition(), 0);
+  EXPECT_EQ(letters.offsetAtPoint({9, 9}), 0);
+  int start = -1;
+  int end = -1;
+  letters.selection(0, &start, &end);
+  EXPECT_EQ(std::pair(start, end), std::pair(0, 0));
+  EXPECT_EQ(letters.attributes(7, &start, &end), "");
+  EXPECT_EQ(std::pair(start, end), std::pair(0, letters.characterCount()));
 }
 
 TEST_F(Assistive, TheFrameIsAWindowAndItsPartsAreGroups) {
