@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <QStyleOptionButton>
-#include <QStyleOptionFocusRect>
 
 namespace tallyfin::qt {
 
@@ -102,11 +101,6 @@ void HangingCheckBox::paintEvent(QPaintEvent* /*event*/) {
                   style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this));
   option.rect = QRect(QPoint(width() - box.width() - 2, height() - box.height() - 1), box);
   style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, this);
-  if (!hasFocus()) return;
-  QStyleOptionFocusRect focus;
-  focus.initFrom(this);
-  focus.rect = rect();
-  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 
 namespace {
