@@ -131,7 +131,6 @@ HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), she
   setWindowTitle(QStringLiteral("Tallyfin 99 Help"));
   setWindowIcon(look::picture(QStringLiteral("help")));
   look::setGround(*this, look::onDeep());
-  setModal(false);
   resize(QSize(680, 480).boundedTo(screen()->availableSize() - QSize(16, 48)));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(look::row, look::tight, look::row, look::row);
@@ -171,7 +170,7 @@ QWidget* HelpWindow::strip() {
   row->addWidget(back_ = tool("previous", "Back", Qt::ALT | Qt::Key_Left));
   row->addWidget(forward_ = tool("next", "Forward", Qt::ALT | Qt::Key_Right));
   row->addWidget(home_ = tool("home", "Home", Qt::ALT | Qt::Key_Home));
-  row->addStretch(1);
+  row->addStretch();
   search_ = new QLineEdit(bar);
   search_->setObjectName(QStringLiteral("search"));
   search_->setPlaceholderText(QStringLiteral("Search"));
@@ -201,7 +200,6 @@ QWidget* HelpWindow::leftSide() {
   contents_->setHeaderHidden(true);
   contents_->setPalette(look::onWhite());
   contents_->setIndentation(14);
-  contents_->setUniformRowHeights(true);
   layout->addWidget(contents_, 1);
   nothing_ = new QLabel(QStringLiteral("No page has these words."), side);
   nothing_->setObjectName(QStringLiteral("nothing"));

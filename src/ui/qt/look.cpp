@@ -150,10 +150,7 @@ QFont heading() {
 
 QFont figures() {
   QFont font = QApplication::font();
-  for (const char* family : {"DejaVu Sans", "Noto Sans", "Liberation Sans"}) {
-    if (hasTabularDigits(font)) break;
-    font.setFamily(QString::fromLatin1(family));
-  }
+  if (!hasTabularDigits(font)) font.setFamily(QStringLiteral("DejaVu Sans"));  // comes with the program
   return font;
 }
 
