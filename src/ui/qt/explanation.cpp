@@ -135,7 +135,7 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   layout->addLayout(middle, 1);
   layout->addWidget(notice_);
   auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
+  buttons->addStretch();
   const auto add = [&](const char* name, const char* caption, auto act) {
     auto* button = new QPushButton(QString::fromLatin1(caption), this);
     button->setObjectName(QString::fromLatin1(name));

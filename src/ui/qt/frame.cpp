@@ -366,7 +366,7 @@ QWidget* Frame::listBar(MDIOpen& screen) {
     tied(widget, bind(*widget, item));
     items->layout()->addWidget(widget);
   }
-  for (const Group& group : groups_) static_cast<QVBoxLayout*>(group.items->widget()->layout())->addStretch(1);
+  for (const Group& group : groups_) static_cast<QVBoxLayout*>(group.items->widget()->layout())->addStretch();
   return bar;
 }
 

@@ -58,16 +58,16 @@ class frmMainView : public View {
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
     column->addLayout(boxes());
-    column->addStretch(1);
+    column->addStretch();
     column->addWidget(frequency());
-    column->addStretch(1);
+    column->addStretch();
     for (QRadioButton* option : options(screen_.optStatus)) {
       colour(option, look::choicesOnDeep());
       column->addWidget(option);
     }
-    column->addStretch(1);
+    column->addStretch();
     column->addLayout(choices());
-    column->addStretch(1);
+    column->addStretch();
     column->addLayout(additional());
     return column;
   }
@@ -142,7 +142,7 @@ class frmMainView : public View {
     column->setSpacing(look::row);
     column->addLayout(toolbar());
     column->addWidget(grid());
-    column->addStretch(1);
+    column->addStretch();
     column->addLayout(strip());
     return column;
   }
@@ -157,7 +157,7 @@ class frmMainView : public View {
     add(frmMain::calculate, "calculate", "Calculate");
     add(frmMain::print, "print", "Print");
     add(frmMain::exit, "exit", "Exit");
-    row->addStretch(1);
+    row->addStretch();
     row->addWidget(button(screen_.cmdToolBar[frmMain::sponsorInfo]));
     return row;
   }

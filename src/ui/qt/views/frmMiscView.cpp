@@ -62,7 +62,7 @@ class frmMiscView : public PagedView {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::row);
     row->addWidget(percent);
-    row->addStretch(1);
+    row->addStretch();
     row->addWidget(rate);
     layout.addLayout(row);
     layout.addWidget(paragraph(screen_.lblInstruct));
@@ -71,7 +71,7 @@ class frmMiscView : public PagedView {
     bases->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     bases->setFixedHeight(heightOfRows(*bases, bases->count()));
     layout.addWidget(bases);
-    layout.addStretch(1);
+    layout.addStretch();
     layout.addWidget(command(button(screen_.cmdExit[0])), 0, Qt::AlignRight);
   }
 
@@ -97,10 +97,10 @@ class frmMiscView : public PagedView {
     row(3, paragraph(screen_.lblCompare), amountBox(screen_.txtRaise[1]), 'w', 1);
     grid->addWidget(label(screen_.lblNew), 3, 1, Qt::AlignRight | Qt::AlignVCenter);
     layout.addLayout(grid);
-    layout.addStretch(1);
+    layout.addStretch();
     auto* foot = new QHBoxLayout;
     foot->setSpacing(look::row);
-    foot->addStretch(1);
+    foot->addStretch();
     foot->addWidget(command(pictureButton(screen_.cmdExit[1], "raise-dark", "Work out the raise", commandSize(), 20)));
     foot->addWidget(command(pictureButton(screen_.cmdExit[2], "exit-dark", "Close", commandSize(), 20)));
     layout.addLayout(foot);

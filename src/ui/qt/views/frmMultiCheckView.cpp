@@ -48,9 +48,9 @@ class frmMultiCheckView : public View {
     layout->setSpacing(look::row);
     layout->addWidget(heading(screen.lblMulti));
     layout->addWidget(paragraph(screen.lblMultiInstruct));
-    layout->addStretch(1);
+    layout->addStretch();
     layout->addLayout(table());
-    layout->addStretch(1);
+    layout->addStretch();
     layout->addLayout(foot());
     for (int check = 1; check <= checks; ++check) {
       goOn(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + check),
@@ -144,7 +144,7 @@ class frmMultiCheckView : public View {
   QLayout* foot() {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::row);
-    row->addStretch(1);
+    row->addStretch();
     const auto add = [&](CommandButton& control, const char* picture, const char* name) {
       row->addWidget(pictureButton(control, picture, name, {48, 30}, 20));
     };

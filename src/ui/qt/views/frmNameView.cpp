@@ -42,12 +42,12 @@ class frmNameView : public View {
       letter(status.at(i), marks[i]);
       layout->addWidget(status.at(i));
     }
-    layout->addStretch(1);
+    layout->addStretch();
     auto* foot = new QHBoxLayout;
     QCheckBox* show = check(screen.chkShow);
     letter(show, 'w');
     foot->addWidget(show);
-    foot->addStretch(1);
+    foot->addStretch();
     QPushButton* ok = button(screen.cmdExit);
     ok->setMinimumWidth(80);
     letter(ok, 'O');

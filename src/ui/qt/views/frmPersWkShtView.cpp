@@ -58,7 +58,7 @@ class frmPersWkShtView : public WorksheetView {
     last->addWidget(footButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"));
     last->addWidget(footButton(screen_.cmdW4Back[1], "back", "Page 1"));
     sheet->addLayout(last);
-    sheet->addStretch(1);
+    sheet->addStretch();
   }
 
   QWidget* instruction(int index) {

@@ -69,7 +69,7 @@ class frmPrintView : public View {
     pressOn(QKeySequence::Save, save_);
     pressOn(Qt::CTRL | Qt::Key_PageUp, previous_);
     pressOn(Qt::CTRL | Qt::Key_PageDown, next_);
-    row->addStretch(1);
+    row->addStretch();
     auto* zoomName = new QLabel(QStringLiteral("Zoom"), this);
     auto* zoom = new QSpinBox(this);
     zoom->setSingleStep(10);
@@ -105,7 +105,7 @@ class frmPrintView : public View {
     pageNumber_ = new QLabel(this);
     pageNumber_->setObjectName(QStringLiteral("pageNumber"));
     row->addWidget(pageNumber_);
-    row->addStretch(1);
+    row->addStretch();
     QLabel* size = figure(screen.lblShowSize);
     size->setAccessibleName(QStringLiteral("Zoom in percent"));
     row->addWidget(size);

@@ -31,11 +31,11 @@ class frmStateView : public View {
     layout->setContentsMargins(6, look::row, 6, look::row);  // the captions need the width
     layout->setSpacing(0);
     layout->addLayout(dropDowns());
-    layout->addStretch(1);
+    layout->addStretch();
     layout->addLayout(marital());
-    layout->addStretch(1);
+    layout->addStretch();
     layout->addWidget(rates());
-    layout->addStretch(1);
+    layout->addStretch();
     layout->addLayout(foot());
     letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(0)")), '4');
     letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(1)")), 'P');

@@ -26,7 +26,7 @@ class frmTableOneView : public View {
       letter(option, option->text().front().toLatin1());
       left->addWidget(option);
     }
-    left->addStretch(1);
+    left->addStretch();
     QListWidget* wages = list(screen.lstTableOne, Choose::byEnter);
     wages->setAccessibleName(QString::fromStdString(screen.title()));
     auto* layout = new QHBoxLayout(this);

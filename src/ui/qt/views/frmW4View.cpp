@@ -156,7 +156,7 @@ class frmW4View : public View {
     layout->addSpacing(look::row);
     layout->addLayout(signature());
     layout->addWidget(level(this, 2));
-    layout->addStretch(1);
+    layout->addStretch();
     layout->addLayout(foot());
     onKey(QKeySequence::Print, QStringLiteral("Print the form"), [this] { screen_.userDblClick(); });
     lineKeys({{'1', &screen_.txtName},
@@ -313,7 +313,7 @@ class frmW4View : public View {
     name(words, edit);
     edit->setTextMargins(look::scaled(margin - 2), 0, 0, 0);
     column->addWidget(words);
-    column->addStretch(1);
+    column->addStretch();
     column->addWidget(tied(edit, bind(*edit, control)));
     return column;
   }

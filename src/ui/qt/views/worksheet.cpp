@@ -63,10 +63,10 @@ void WorksheetView::line(QBoxLayout* page, QWidget* words, QWidget* entry) {
 
 void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures) {
   page->addWidget(look::rule(look::paperLine, this));
-  page->addStretch(1);
+  page->addStretch();
   auto* row = new QHBoxLayout;
   row->setSpacing(look::tight);
-  row->addStretch(1);
+  row->addStretch();
   for (QWidget* picture : pictures) row->addWidget(picture);
   page->addLayout(row);
 }
