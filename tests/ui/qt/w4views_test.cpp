@@ -301,6 +301,21 @@ TEST_F(W4ViewsTest, TheExplanationLightsUpWithItsLine) {
   EXPECT_EQ(find(sheet, "lblPart1of3").palette().color(QPalette::WindowText), QColor(64, 64, 64));
 }
 
+/// The window system tells of every move of the pointer, the widget only if it has asked for them.
+TEST_F(W4ViewsTest, ThePointerThatMovesOverALineLightsItUp) {
+  View& sheet = open<frmPersWkSht>();
+  const auto move = [&](const char* name) {
+    const QWidget& widget = find(sheet, name);
+    QTest::mouseMove(sheet.window()->windowHandle(), widget.mapTo(sheet.window(), QPoint(4, 4)));
+    QApplication::processEvents();
+  };
+  const auto colourOfLineD = [&] { return find(sheet, "lblPersWrkNoDeps").palette().color(QPalette::WindowText); };
+  move("lblPersWrkNoDeps");
+  EXPECT_EQ(colourOfLineD(), QColor(128, 128, 255));
+  move("chkPersWkShtA(0)");
+  EXPECT_EQ(colourOfLineD(), QColor(64, 64, 64));
+}
+
 TEST_F(W4ViewsTest, DeductionsAreSubtractedAndDividedBy3000) {
   View& sheet = open<frmDednAdj>();
   type(sheet, "txtGetItemized", "10000");
