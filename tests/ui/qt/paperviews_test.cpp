@@ -388,6 +388,33 @@ TEST_F(Preview, FirstButtonMakesTheReportAgain) {
   EXPECT_EQ(engine().cells()[1], (PrintEngine::Cells{"  Gross Pay", "$1,000.00"}));
 }
 
+/// Counts how often a widget is painted.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+};
+
+TEST_F(Preview, IsDrawnAgainWithTheReport) {
+  start();
+  openReport();
+  Paints paints(*widget<QScrollArea>("vsPrinter1")->widget());
+  auto* again = widget<QPushButton>("cmdPrintMenu(0)");
+  QTest::mouseClick(again, Qt::LeftButton);  // which moves the mark of the focus away from the page
+  QTest::qWait(100);
+  paints.count = 0;
+  fillRecord();
+  QTest::mouseClick(again, Qt::LeftButton);
+  QTest::qWait(100);
+  EXPECT_GT(paints.count, 0);
+}
+
 TEST_F(Preview, SecondButtonClosesTheScreen) {
   start();
   openReport();
