@@ -129,7 +129,6 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   layout->addWidget(bar_);
   layout->addWidget(shares_);
   auto* middle = new QHBoxLayout;
-  middle->setSpacing(look::row);
   middle->addWidget(figures_);
   middle->addWidget(page_, 1);
   layout->addLayout(middle, 1);

@@ -244,7 +244,6 @@ void ListBarButton::paintEvent(QPaintEvent* /*event*/) {
   }
   if (hasFocus()) {
     painter.setPen(QPen(look::lightYellow, 1));
-    painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(inside, 3, 3);
   }
   const QRect pictureRect(inside.center().x() - 11, inside.top() + 4, 22, 22);
@@ -305,7 +304,6 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
   layout->setSpacing(0);
   layout->addWidget(listBar(screen));
   auto* documents = new QVBoxLayout;
-  documents->setSpacing(0);
   documents->addWidget(area_, 1);
   notice_ = new Notice(this);
   notice_->setMargin(look::tight);

@@ -143,7 +143,6 @@ HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), she
   split->addWidget(leftSide());
   split->addWidget(page());
   split->setSizes({212, 452});
-  split->setStretchFactor(0, 0);
   split->setStretchFactor(1, 1);
   split->setChildrenCollapsible(false);
   fillContents();

@@ -223,7 +223,6 @@ int View::heightOfRows(const QListWidget& list, int rows) { return rows * list.s
 QListWidget* View::list(ListBox& control, Choose choose) {
   auto* widget = new FramedList(this);
   widget->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  widget->setUniformItemSizes(true);
   return tied(widget, bind(*widget, control, choose));
 }
 

@@ -271,6 +271,23 @@ TEST_F(W4ViewsTest, TheCardsTickHasItsCaption) {
   EXPECT_GE(tick.minimumSizeHint().width(), tick.fontMetrics().horizontalAdvance("Check4"));
 }
 
+TEST_F(W4ViewsTest, TheMarkOfTheFocusIsALineAroundWhatStandsOnTheForm) {
+  const View& form = open<frmW4>();
+  for (const char* name : {"optMarried", "Check4"}) {
+    auto& tick = find<QAbstractButton>(form, name);
+    click(form, name);
+    ASSERT_TRUE(tick.isChecked() && tick.hasFocus()) << name;
+    const QImage marked = tick.grab().toImage();
+    find(form, "txtName").setFocus();
+    const QImage bare = tick.grab().toImage();
+    const QRect inside = marked.rect().adjusted(1, 1, -1, -1);
+    EXPECT_EQ(marked.copy(inside), bare.copy(inside)) << name;
+    EXPECT_EQ(marked.pixelColor(0, 0), QColor(58, 110, 165)) << name;
+    EXPECT_EQ(marked.pixelColor(inside.bottomRight() + QPoint(1, 1)), QColor(58, 110, 165)) << name;
+    EXPECT_NE(bare.pixelColor(0, 0), QColor(58, 110, 165)) << name;
+  }
+}
+
 TEST_F(W4ViewsTest, PersonalAllowancesAddUpOverBothPages) {
   View& sheet = open<frmPersWkSht>();
   EXPECT_TRUE(visible(sheet, "chkPersWkShtA(0)"));

@@ -112,7 +112,6 @@ class frmMainView : public View {
     QComboBox* state = dropDown(screen_.cboState);
     name(stateName, state, 'S');
     auto* first = new QHBoxLayout;
-    first->setSpacing(look::tight);
     first->addWidget(exemptionsName);
     first->addWidget(exemptions, 1);
     grid->addLayout(first, 0, 0, 1, 2);
@@ -174,7 +173,6 @@ class frmMainView : public View {
     header->setPalette(look::lightFace());
     header->setSectionResizeMode(0, QHeaderView::Stretch);
     header->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    header->setHighlightSections(false);
     const int rowHeight = fontMetrics().height() + 6;
     header->setFixedHeight(rowHeight);
     table->verticalHeader()->hide();
@@ -268,7 +266,6 @@ class frmMainView : public View {
   /// The eight figures with their names, so that a raise can be seen.
   QLayout* strip() {
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(look::row);
     grid->setVerticalSpacing(1);
     const auto add = [&](int place, const char* title, Label& control) {
       auto* name = new QLabel(QString::fromLatin1(title), this);

@@ -60,7 +60,6 @@ class frmMiscView : public PagedView {
     rate->setFixedWidth(look::scaled(boxWidth));
     name(percent, rate, 'n');
     auto* row = new QHBoxLayout;
-    row->setSpacing(look::row);
     row->addWidget(percent);
     row->addStretch();
     row->addWidget(rate);
@@ -80,8 +79,6 @@ class frmMiscView : public PagedView {
     layout.setSpacing(look::row);
     layout.addWidget(paragraph(screen_.lblRaiseInst));
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(look::row);
-    grid->setVerticalSpacing(look::row);
     grid->setColumnStretch(0, 1);
     const auto row = [&](int line, QLabel* title, QWidget* value, char letter, int columns = 2) {
       name(title, value, letter);

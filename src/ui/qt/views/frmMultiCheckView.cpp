@@ -67,7 +67,6 @@ class frmMultiCheckView : public View {
 
   QLayout* table() {
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(look::row);
     grid->setVerticalSpacing(look::tight);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(2, 1);
@@ -93,7 +92,6 @@ class frmMultiCheckView : public View {
 
   QLayout* headings() {
     auto* row = new QHBoxLayout;
-    row->setSpacing(0);
     for (Label* control :
          {&screen_.lblMultiWeekly, &screen_.lblMultiETW, &screen_.lblMulti2aMon, &screen_.lblMultimonthly}) {
       QLabel* widget = paragraph(*control);
@@ -143,7 +141,6 @@ class frmMultiCheckView : public View {
 
   QLayout* foot() {
     auto* row = new QHBoxLayout;
-    row->setSpacing(look::row);
     row->addStretch();
     const auto add = [&](CommandButton& control, const char* picture, const char* name) {
       row->addWidget(pictureButton(control, picture, name, {48, 30}, 20));

@@ -43,7 +43,6 @@ class frmPrintView : public View {
  private:
   QLayout* toolbar(frmPrint& screen) {
     auto* row = new QHBoxLayout;
-    row->setSpacing(look::tight);
     const auto add = [row](QPushButton* widget, const char* picture, const char* name) {
       showPicture(*widget, picture, name, {34, 28}, 20);
       widget->setToolTip(widget->accessibleName());

@@ -236,8 +236,6 @@ class frmW4View : public View {
   /// Lines 5 to 7, their figures in boxes at the right edge.
   QLayout* lines() {
     auto* grid = new QGridLayout;
-    grid->setSpacing(0);
-    grid->setColumnStretch(0, 1);
     boxedLine(*grid, small(screen_.lblFive, look::scaled(margin)), screen_.Label12, figure(screen_.lblW4Line5));
     grid->setRowMinimumHeight(grid->rowCount() - 1, 2 * QFontMetrics(smallPrint()).height() + space);
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);

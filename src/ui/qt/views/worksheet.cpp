@@ -65,7 +65,6 @@ void WorksheetView::foot(QBoxLayout* page, std::initializer_list<QWidget*> pictu
   page->addWidget(look::rule(look::paperLine, this));
   page->addStretch();
   auto* row = new QHBoxLayout;
-  row->setSpacing(look::tight);
   row->addStretch();
   for (QWidget* picture : pictures) row->addWidget(picture);
   page->addLayout(row);
