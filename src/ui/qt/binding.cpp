@@ -30,9 +30,6 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-/// A caption as a widget shows it: an ampersand is a character, not a mark for the keyboard.
-QString plain(const std::string& caption) { return text(caption).replace(QLatin1String("&"), QLatin1String("&&")); }
-
 }  // namespace
 
 Binding::Binding(QWidget& widget, Control& control) : QObject(&widget), widget_(widget), control_(&control) {
@@ -255,7 +252,7 @@ Binding& bind(QLineEdit& edit, TextBox& box) {
 
 Binding& bind(QAbstractButton& widget, CommandButton& button) {
   auto* binding = new Binding(widget, button);
-  widget.setText(plain(button.caption()));
+  widget.setText(text(button.caption()));
   if (!button.caption().empty()) widget.setAccessibleName(text(button.caption()).trimmed());
   QObject::connect(&widget, &QAbstractButton::clicked, binding,
                    [binding, &button] { binding->act([&] { button.userClick(); }); });
@@ -267,7 +264,7 @@ Binding& bind(QRadioButton& widget, OptionButton& option, QButtonGroup& group) {
   auto* binding = new Binding(widget, option);
   group.addButton(&widget);
   binding->show = [&widget, &option, &group] {
-    if (nameOf(widget) != text(option.caption()).trimmed()) widget.setText(plain(option.caption()));
+    if (nameOf(widget) != text(option.caption()).trimmed()) widget.setText(text(option.caption()));
     group.setExclusive(false);  // else the last one set couldn't be cleared
     widget.setChecked(option.value());
     group.setExclusive(true);
@@ -280,7 +277,7 @@ Binding& bind(QRadioButton& widget, OptionButton& option, QButtonGroup& group) {
 
 Binding& bind(QCheckBox& widget, CheckBox& box) {
   auto* binding = new Binding(widget, box);
-  widget.setText(plain(box.caption()));
+  widget.setText(text(box.caption()));
   binding->show = [&widget, &box] { widget.setChecked(box.value()); };
   QObject::connect(&widget, &QCheckBox::clicked, binding, [binding, &box] { binding->act([&] { box.userClick(); }); });
   binding->refresh();
@@ -458,7 +455,6 @@ class DropDownKeys : public QObject {
     if (!isLetter(key)) return false;
     if (!lastLetter_.isValid() || lastLetter_.hasExpired(pause)) searched_.clear();
     lastLetter_.start();
-    if (searched_.isEmpty() && key.key() == Qt::Key_Space) return false;
     QString wanted = searched_ + key.text();
     int row = firstFrom(0, wanted);
     if (row < 0 && wanted.count(wanted.front(), Qt::CaseInsensitive) == wanted.size()) {

@@ -139,7 +139,7 @@ void Desktop::showBox(Screen& screen) {
   box->setPalette(look::onDeep());
   View* view = viewOf(screen).release();
   auto* layout = new QVBoxLayout(box);
-  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setContentsMargins({});
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addWidget(view);
   views_[&screen] = view;

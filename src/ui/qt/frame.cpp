@@ -45,7 +45,6 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
   close->setText(QStringLiteral("×"));
   close->setAutoRaise(true);
   close->setFixedSize(titleHeight(), titleHeight() - 2);
-  close->setFocusPolicy(Qt::TabFocus);
   close->setToolTip(QStringLiteral("Close this page"));
   close->setAccessibleName(QStringLiteral("Close"));
   auto* strip = new QHBoxLayout(strip_);
@@ -154,8 +153,7 @@ void DocumentArea::arrange() {
   }
 }
 
-void DocumentArea::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+void DocumentArea::resizeEvent(QResizeEvent* /*event*/) {
   for (const auto& document : documents_) {
     if (document != nullptr) document->place(size());
   }
@@ -185,7 +183,6 @@ GroupHeader::GroupHeader(const QString& caption, QWidget* parent) : BarButton(pa
   setText(caption);
   setObjectName(QStringLiteral("group ") + caption);
   setCheckable(true);
-  setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setAttribute(Qt::WA_Hover);
 }
@@ -220,7 +217,6 @@ void GroupHeader::paintEvent(QPaintEvent* /*event*/) {
 
 ListBarButton::ListBarButton(QWidget* parent, const QString& pictureName) : BarButton(parent) {
   setIcon(look::picture(pictureName));
-  setFocusPolicy(Qt::StrongFocus);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
@@ -300,7 +296,7 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
   announcer_ = new Announcer(this);
   area_ = new DocumentArea(this);
   auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setContentsMargins({});
   layout->setSpacing(0);
   layout->addWidget(listBar(screen));
   auto* documents = new QVBoxLayout;
@@ -348,7 +344,7 @@ QWidget* Frame::listBar(MDIOpen& screen) {
   presentAs(*bar, QAccessible::ToolBar);
   bar->setAccessibleName(QStringLiteral("List bar"));
   auto* layout = new QVBoxLayout(bar);
-  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setContentsMargins({});
   layout->setSpacing(0);
   std::string opened;
   for (ListBarItem& item : screen.SSListBar1) {

@@ -164,7 +164,7 @@ QToolButton* HelpWindow::tool(const char* picture, const char* name, const QKeyS
 QWidget* HelpWindow::strip() {
   auto* bar = new QWidget(this);
   auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(0, 0, 0, 0);
+  row->setContentsMargins({});
   row->setSpacing(look::tight);
   row->addWidget(back_ = tool("previous", "Back", Qt::ALT | Qt::Key_Left));
   row->addWidget(forward_ = tool("next", "Forward", Qt::ALT | Qt::Key_Right));
@@ -191,7 +191,7 @@ QWidget* HelpWindow::strip() {
 QWidget* HelpWindow::leftSide() {
   auto* side = new QWidget(this);
   auto* layout = new QVBoxLayout(side);
-  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setContentsMargins({});
   layout->setSpacing(look::tight);
   contents_ = new QTreeWidget(side);
   contents_->setObjectName(QStringLiteral("contents"));

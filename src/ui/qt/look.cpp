@@ -30,7 +30,6 @@ QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& butto
   palette.setColor(QPalette::PlaceholderText, QColor(120, 120, 110));
   palette.setColor(QPalette::Button, button);
   palette.setColor(QPalette::ButtonText, buttonText);
-  palette.setColor(QPalette::BrightText, Qt::white);
   palette.setColor(QPalette::Highlight, QColor(58, 110, 165));
   palette.setColor(QPalette::HighlightedText, Qt::white);
   palette.setColor(QPalette::ToolTipBase, paper);

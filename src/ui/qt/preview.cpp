@@ -64,7 +64,6 @@ Preview::Preview(View& view, const PrintEngine& engine)
   setAccessibleName(QStringLiteral("Preview of the report"));
   setFrameShape(QFrame::Box);
   setAlignment(Qt::AlignCenter);
-  setFocusPolicy(Qt::StrongFocus);
   setWidget(sheet_);
   QPalette ground;
   ground.setColor(QPalette::Window, previewGround);
@@ -84,12 +83,9 @@ int Preview::pages() const { return ReportPages(engine_).count(); }
 int Preview::fitting(bool whole) const {
   const QSize room = maximumViewportSize() - QSize(2 * Sheet::around, 2 * Sheet::around);
   const QSize paper(Frame::pixels(ReportPages::letter.width()), Frame::pixels(ReportPages::letter.height()));
-  const int byHeight = 100 * room.height() / paper.height();
-  const int byWidth = 100 * room.width() / paper.width();
-  if (whole) return std::min(byHeight, byWidth);
+  if (whole) return 100 * room.height() / paper.height();  // the room is wider than it is high, the paper isn't
   // A page as wide as its room is higher than that and has a bar beside it.
-  const int bar = byHeight < byWidth ? verticalScrollBar()->sizeHint().width() : 0;
-  return 100 * (room.width() - bar) / paper.width();
+  return 100 * (room.width() - verticalScrollBar()->sizeHint().width()) / paper.width();
 }
 
 void Preview::keyPressEvent(QKeyEvent* event) {

@@ -254,7 +254,6 @@ void View::name(QLabel* label, QWidget* box, char letter) {
     if (auto* combo = qobject_cast<QComboBox*>(box); combo != nullptr && combo->isEditable()) {
       combo->lineEdit()->setAccessibleName(box->accessibleName());
     }
-    caption.replace('&', QLatin1String("&&"));  // an ampersand of the caption is no mark for the keyboard
     const auto place = letter == '\0' ? -1 : caption.indexOf(QLatin1Char(letter));
     if (place >= 0) caption.insert(place, '&');
     label->setText(caption);

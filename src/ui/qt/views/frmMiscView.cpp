@@ -21,12 +21,11 @@ class frmMiscView : public PagedView {
  public:
   explicit frmMiscView(frmMisc& screen) : PagedView(screen), screen_(screen) {
     look::setGround(*this, look::onDeep());
-    auto* layout = new QGridLayout(this);
+    auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
-    layout->setHorizontalSpacing(look::group);
-    layout->setVerticalSpacing(look::group);
-    layout->addWidget(seal(), 0, 0, Qt::AlignTop);
-    layout->addLayout(pages(), 0, 1);
+    layout->setSpacing(look::group);
+    layout->addWidget(seal(), 0, Qt::AlignTop);
+    layout->addLayout(pages());
     fillLocalTax(*page(screen.pnlContainerMisc[0], QStringLiteral("Local tax")));
     fillRaise(*page(screen.pnlContainerMisc[1], QStringLiteral("Raise")));
     setFixedWidth(look::scaled(width));

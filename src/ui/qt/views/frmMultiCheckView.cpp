@@ -62,7 +62,6 @@ class frmMultiCheckView : public View {
 
  private:
   static constexpr int checks = 4;
-  static constexpr int boxWidth = 92;
   static constexpr int periodWidth = 56;
 
   QLayout* table() {
@@ -110,7 +109,6 @@ class frmMultiCheckView : public View {
     const QString title = QStringLiteral("Check %1").arg(check + 1);
     QLineEdit* amount = amountBox(*boxes.at(place));
     amount->setAccessibleName(title);
-    amount->setMinimumWidth(look::scaled(boxWidth));
     QLabel* result = figure(*results.at(place));
     result->setAccessibleName(title + QStringLiteral(", monthly amount"));
     grid.addWidget(amount, line, 0);
@@ -130,7 +128,7 @@ class frmMultiCheckView : public View {
     const std::array names{&screen_.lblMultiWeekly, &screen_.lblMultiETW, &screen_.lblMulti2aMon,
                            &screen_.lblMultimonthly};
     auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins({});
     row->setSpacing(0);
     for (std::size_t i = 0; i < widgets.size(); ++i) {
       widgets[i]->setAccessibleName(title + ", " + QString::fromStdString(names.at(i)->caption()));

@@ -93,7 +93,7 @@ class frmStateView : public View {
     tied(panel, bindPlain(*panel, screen_.pnlRate));
     panel->setAccessibleName(QStringLiteral("Rate"));
     auto* layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins({});
     layout->setSpacing(look::tight);
     auto* row = new QHBoxLayout;
     for (QRadioButton* option : options(screen_.optRateSelect)) {

@@ -291,7 +291,6 @@ class frmW4View : public View {
     auto* row = new QHBoxLayout;
     row->setContentsMargins(0, space, 0, 0);
     QLabel* hint = label(screen_.lblPrint);
-    keepPlace(hint);
     QPushButton* exit = pictureButton(screen_.cmdW4Exit, "exit-dark", "Close the form", {34, 22});
     keepPlace(exit);
     row->addWidget(hint, 1);

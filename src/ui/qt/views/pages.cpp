@@ -30,9 +30,8 @@ PagedView::PagedView(Screen& screen) : View(screen), pages_(new QVBoxLayout) {}
 
 QVBoxLayout* PagedView::page(Panel& panel, const QString& name) {
   auto* widget = new QWidget(this);
-  pages_->addWidget(widget);
   auto* column = new QVBoxLayout(widget);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins({});
   presentAs(*widget, QAccessible::Grouping);
   widget->setAccessibleName(name);
   Binding& binding = bindPlain(*widget, panel);
