@@ -262,6 +262,21 @@ test('erasing asks first, then leaves nothing and starts afresh', async (t) => {
   assert.equal(await page.$eval(selector('frmMain.txtIncome'), (box) => box.value), '$0.00');
 });
 
+test('F1 opens the topic of the screen in front, whichever book it is in', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  for (const [way, title] of [
+    ['frmMain', 'The main screen'],
+    ['frmDednAdj', 'Deductions and Adjustments'],
+    ['frmW4', 'Form W-4'],
+  ]) {
+    await screens[way](u);
+    await page.keyboard.press('F1');
+    await page.waitForFunction((words) => document.querySelector('#help-topic h3')?.textContent === words, {}, title);
+    await page.click('#help [data-dismiss]');
+  }
+});
+
 test('after one visit the page works without its server', async (t) => {
   const alone = await serve();
   const context = await browser.createBrowserContext();

@@ -62,6 +62,14 @@ export async function openHelp(file, id) {
   await show(file, id);
 }
 
+/** Opens the book that has the topic, at it. */
+export async function openHelpOn(id) {
+  for (const file of ['Tallyfin.hlp', 'W4.hlp']) {
+    if ((await book(file)).has(id)) return openHelp(file, id);
+  }
+  return openHelp('Tallyfin.hlp', 'index');
+}
+
 export function prepareHelp() {
   at('help').addEventListener('click', (event) => {
     const link = event.target.closest('a');

@@ -5,7 +5,7 @@ import * as storage from './store.js';
 import { addKind, bind, elementOf, refreshChanged } from './binder.js';
 import { calendar } from './calendar.js';
 import { report } from './report.js';
-import { openHelp, prepareHelp } from './help.js';
+import { openHelp, openHelpOn, prepareHelp } from './help.js';
 import { prepareExplanation, refreshExplanation } from './explanation.js';
 
 const at = (id) => document.getElementById(id);
@@ -161,7 +161,7 @@ function bindPage() {
   document.addEventListener('keydown', (event) => {
     if (event.key !== 'F1') return;
     event.preventDefault();
-    openHelp('Tallyfin.hlp', front || 'index');
+    openHelpOn(front);
   });
 }
 
