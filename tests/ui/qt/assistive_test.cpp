@@ -46,7 +46,11 @@ void note(QAccessibleEvent* event) {
                      static_cast<QAccessibleValueChangeEvent*>(event)->value().toString().toStdString());
       break;
     case QAccessible::Alert: told.push_back("alert " + widget->accessibleName().toStdString()); break;
-    case QAccessible::StateChanged: told.push_back("state " + name); break;
+    case QAccessible::StateChanged: {
+      const QAccessible::State changed = static_cast<QAccessibleStateChangeEvent*>(event)->changedStates();
+      told.push_back("state " + name + (changed.expanded ? " expanded" : "") + (changed.collapsed ? " collapsed" : ""));
+      break;
+    }
     case QAccessible::TextUpdated: {
       const auto* text = static_cast<QAccessibleTextUpdateEvent*>(event);
       told.push_back("text " + name + " at " + std::to_string(text->changePosition()) + " " +
@@ -158,7 +162,7 @@ TEST_F(Assistive, TheListBarsGroupsExpandAndCollapse) {
   EXPECT_TRUE(faceOf(first).state().expanded);
   EXPECT_FALSE(faceOf(first).state().collapsed);
   EXPECT_TRUE(find("MDIOpen", "SSListBar1(NewFile)").isVisible());
-  EXPECT_THAT(told, Contains("state " + first.objectName().toStdString()));
+  EXPECT_THAT(told, Contains("state " + first.objectName().toStdString() + " expanded collapsed"));
   press("MDIOpen", "SSListBar1(Personal)");
   EXPECT_TRUE(shown("frmName"));
 }
@@ -185,6 +189,7 @@ TEST_F(Assistive, SelectingAnEntryOfADropDownIsAPick) {
   select(entries, 4);
   EXPECT_EQ(screen.cboExemptions.index(), 4);
   EXPECT_EQ(box.currentIndex(), 4);
+  EXPECT_EQ(desk.focused(), &screen.cboExemptions);
 }
 
 TEST_F(Assistive, ARowOfTheTableThatIsSelectedIsChosen) {

@@ -123,6 +123,8 @@ TEST_F(Keyboard, LettersWalkThroughAnOpenedListToTheEntry) {
   ASSERT_TRUE(listOf("cboState").isVisible());
   EXPECT_EQ(listOf("cboState").currentIndex().data().toString(), "Maine");
   EXPECT_EQ(text("frmMain", "cboState"), "No State");
+  QTest::keyClick(&listOf("cboState"), 'w');  // no state: the marker stays
+  EXPECT_EQ(listOf("cboState").currentIndex().data().toString(), "Maine");
   for (const char letter : {'i', 's', 's'}) QTest::keyClick(&listOf("cboState"), letter);
   EXPECT_EQ(listOf("cboState").currentIndex().data().toString(), "Mississippi");
   QTest::keyClick(&listOf("cboState"), Qt::Key_Return);
@@ -152,6 +154,20 @@ TEST_F(Keyboard, OneLetterAgainAndAgainGoesThroughItsEntries) {
     QTest::keyClick(&listOf("cboState"), 'n');
   }
   EXPECT_THAT(passed, testing::ElementsAre("No State", "Nebraska", "New Jersey"));
+}
+
+TEST_F(Keyboard, AnEditableDropDownTakesWhatIsTypedAsItIs) {
+  startOnMain();
+  clickItem("StateInfo");
+  auto& box = find<QComboBox>("frmState", "cboState");
+  const int entries = box.count();
+  box.setFocus();
+  box.lineEdit()->selectAll();
+  write("Ca");
+  EXPECT_EQ(box.currentText().toStdString(), "Ca");  // not the rest of California
+  EXPECT_EQ(desk.use<frmState>().cboState.text(), "Ca");
+  press("Return");
+  EXPECT_EQ(box.count(), entries);
 }
 
 TEST_F(Keyboard, AClosedDropDownNeverChooses) {
@@ -256,6 +272,64 @@ TEST_F(Keyboard, TheFormIsPrintedAndExemptIsWritten) {
   EXPECT_TRUE(find("frmW4", "Label27").isVisible());
 }
 
+TEST_F(Keyboard, TheKeyOfALineGoesThere) {
+  struct Line {
+    const char* item;
+    const char* key;
+    const char* focused;
+  };
+  const Line lines[] = {
+      {"W4", "Alt+1", "txtName"},
+      {"W4", "Alt+2", "txtSSN"},
+      {"W4", "Alt+3", "optSingle"},
+      {"W4", "Alt+4", "Check4"},
+      {"W4", "Alt+7", "Label20"},
+      {"Pers", "Alt+A", "chkPersWkShtA(0)"},
+      {"Pers", "Alt+B", "chkPersWkShtA(1)"},
+      {"Pers", "Alt+C", "chkPersWkShtA(2)"},
+      {"Pers", "Alt+D", "txtPersWkEnterDeps"},
+      {"Pers", "Alt+E", "chkPersWkShtA(4)"},
+      {"Pers", "Alt+F", "chkPersWkShtA(3)"},
+      {"Pers", "Alt+G", "txtChild"},
+      {"Ded", "Alt+1", "txtGetItemized"},
+      {"Ded", "Alt+4", "txtAdjustments"},
+      {"Ded", "Alt+6", "txtNonWage"},
+      {"TwoWork", "Alt+7", "lblTable2"},
+      {"TwoWork", "Alt+8", "lblMultiply8"},
+      {"TwoWork", "Alt+9", "lblDollarAmt"},
+  };
+  startOnMain();
+  for (const auto& [item, key, name] : lines) {
+    clickItem(item);
+    press(key);
+    EXPECT_EQ(focused(), name) << item << " " << key;
+  }
+}
+
+TEST_F(Keyboard, EnterOfTheKeypadIsEnter) {
+  startOnMain();
+  clickItem("TwoWork");
+  click("frm2Workers", "cmdTable1Show(0)");
+  auto& rows = find<QListWidget>("frmTableOne", "lstTableOne");
+  rows.setFocus();
+  rows.setCurrentRow(2);
+  press("Enter");
+  EXPECT_FALSE(shown("frmTableOne"));
+  EXPECT_EQ(text("frm2Workers", "lbl2WkerT1"), "3");
+  click("frm2Workers", "cmdTable1Show(0)");
+  auto& again = find<QListWidget>("frmTableOne", "lstTableOne");
+  again.setFocus();
+  again.setCurrentRow(1);
+  press("Space");
+  EXPECT_EQ(text("frm2Workers", "lbl2WkerT1"), "2");
+  find("MDIOpen", "SSListBar1(W4)").setFocus();
+  press("Enter");
+  EXPECT_TRUE(shown("frmW4"));
+  find("frmW4", "Label20").setFocus();
+  press("Enter");
+  EXPECT_TRUE(find("frmW4", "Label27").isVisible());
+}
+
 TEST_F(Keyboard, F1OnAboutOpensItsPage) {
   startOnMain();
   clickItem("About");
@@ -323,6 +397,8 @@ TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
   EXPECT_EQ(paste(" \t900 \r\n"), "900");
   EXPECT_EQ(income.text().toStdString(), "900");
   EXPECT_EQ(paste("12\n13"), "12 13");
+  EXPECT_EQ(paste("7 "), "7");
+  EXPECT_EQ(income.cursorPosition(), 1);
   income.selectAll();
   write("1 ");  // typed blanks stay: a name has them
   EXPECT_EQ(screen.txtIncome.text(), "1 ");
