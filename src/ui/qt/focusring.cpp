@@ -35,7 +35,6 @@ void FocusRing::mark(QWidget* widget) {
   QWidget* ground = widget == nullptr ? nullptr : groundOf(*widget);
   if (ground == nullptr) return hide();
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setFocusPolicy(Qt::NoFocus);
   if (parentWidget() != ground) setParent(ground);
   for (QWidget* part = widget; part != ground; part = part->parentWidget()) part->installEventFilter(this);
   place();

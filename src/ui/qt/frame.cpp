@@ -183,7 +183,6 @@ GroupHeader::GroupHeader(const QString& caption, QWidget* parent) : BarButton(pa
   setText(caption);
   setObjectName(QStringLiteral("group ") + caption);
   setCheckable(true);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setAttribute(Qt::WA_Hover);
 }
 
@@ -368,7 +367,6 @@ Frame::Group Frame::addGroup(const QString& caption, QWidget* bar) {
   const Group group{new GroupHeader(caption, bar), new QScrollArea(bar)};
   group.items->setFrameShape(QFrame::NoFrame);
   group.items->setFocusPolicy(Qt::NoFocus);
-  group.items->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   group.items->setWidgetResizable(true);
   auto* items = new QWidget;
   QPalette ground = look::onDeep();
@@ -412,7 +410,6 @@ void Frame::closeEvent(QCloseEvent* event) {
 }
 
 void Frame::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange || screen() == nullptr) return;
   if (windowState().testFlag(Qt::WindowMaximized) || windowState().testFlag(Qt::WindowFullScreen)) {
     static_cast<MDIOpen*>(screen())->userResize(WindowState::maximized);

@@ -176,8 +176,8 @@ QWidget* HelpWindow::strip() {
   search_->setAccessibleName(QStringLiteral("Search the help"));
   search_->setToolTip(QStringLiteral("Words to look for (Ctrl+F)"));
   search_->setClearButtonEnabled(true);
-  search_->setMinimumWidth(80);
   search_->setMaximumWidth(200);
+  search_->setMinimumWidth(80);
   row->addWidget(search_, 100);
   connect(search_, &QLineEdit::textChanged, this, [this](const QString& words) { search(words); });
   connect(search_, &QLineEdit::returnPressed, this, [this] { showFirstHit(); });
@@ -219,7 +219,6 @@ QWidget* HelpWindow::page() {
   page_->setAccessibleName(QStringLiteral("Help page"));
   page_->setPalette(look::onWhite());
   page_->setOpenLinks(false);
-  page_->setWordWrapMode(QTextOption::WordWrap);
   page_->document()->setDocumentMargin(look::group);
   page_->document()->setDefaultStyleSheet(
       QStringLiteral("h1 { font-size: large; color: %1; } h2 { font-size: medium; color: %1; }"
@@ -233,8 +232,6 @@ QWidget* HelpWindow::page() {
   connect(back_, &QToolButton::clicked, page_, &QTextBrowser::backward);
   connect(forward_, &QToolButton::clicked, page_, &QTextBrowser::forward);
   connect(home_, &QToolButton::clicked, this, [this] { showTopic(HelpShelf::files.front(), {}); });
-  back_->setEnabled(false);
-  forward_->setEnabled(false);
   return page_;
 }
 

@@ -118,13 +118,11 @@ QString ReportPages::readable(int page) const {
 }
 
 void ReportPages::draw(QPainter& painter, int page) const {
-  painter.save();
   painter.setPen(Qt::black);
   painter.setFont(engineFont(engine_));
   drawHeader(painter);
   drawTable(painter, page);
   drawFooter(painter);
-  painter.restore();
 }
 
 void ReportPages::drawHeader(QPainter& painter) const {

@@ -222,7 +222,6 @@ int View::heightOfRows(const QListWidget& list, int rows) { return rows * list.s
 
 QListWidget* View::list(ListBox& control, Choose choose) {
   auto* widget = new FramedList(this);
-  widget->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   return tied(widget, bind(*widget, control, choose));
 }
 

@@ -173,6 +173,7 @@ TEST_F(Assistive, SelectingARowIsAPick) {
   QAccessibleInterface& list = faceOf(find("frmMain", "lstFrequency"));
   select(list, 3);
   EXPECT_EQ(screen.lstFrequency.index(), 3);
+  EXPECT_EQ(desk.focused(), &screen.lstFrequency);
   select(list, 0);
   EXPECT_EQ(screen.lstFrequency.index(), 0);
   select(list, 0);  // again

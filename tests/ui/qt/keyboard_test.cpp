@@ -130,6 +130,9 @@ TEST_F(Keyboard, LettersWalkThroughAnOpenedListToTheEntry) {
   QTest::keyClick(&listOf("cboState"), Qt::Key_Return);
   settle();
   EXPECT_EQ(desk.use<frmMain>().cboState.text(), "Mississippi");
+  find("frmMain", "cboState").setFocus();
+  write("i");  // what was typed into the list before is forgotten
+  EXPECT_EQ(listOf("cboState").currentIndex().data().toString().front(), 'I');
 }
 
 TEST_F(Keyboard, ANumberIsThatNumberAndNotTheNext) {

@@ -349,6 +349,7 @@ TEST_F(Preview, TurningTheZoomResizesThePage) {
   zoom->setFocus();
   zoom->selectAll();
   QTest::keyClicks(zoom, "50");
+  EXPECT_NE(engine().zoom(), 50);  // until the number is complete
   QTest::keyClick(zoom, Qt::Key_Return);
   EXPECT_EQ(engine().zoom(), 50);
   EXPECT_EQ(widget<QLabel>("lblShowSize")->text(), "50");
@@ -616,6 +617,13 @@ TEST_F(Help, SearchForWhatIsNowhereSaysSo) {
   QTest::keyClicks(window()->findChild<QLineEdit*>("search"), "xylophone");
   EXPECT_TRUE(listed().empty());
   EXPECT_TRUE(nothing->isVisible());
+}
+
+TEST_F(Help, LeavesRoomForTheSearchInASmallWindow) {
+  clickListBar("Help");
+  window()->resize(1, 1);
+  QApplication::processEvents();
+  EXPECT_GE(window()->findChild<QLineEdit*>("search")->width(), 80);
 }
 
 TEST_F(Help, GoesBackForwardAndHome) {

@@ -403,6 +403,10 @@ TEST_F(W4ViewsTest, TheTablesAreASmallWindow) {
   EXPECT_EQ(view<frmTableOne>().size(), QSize(340, 221));  // 5100 by 3315 twips
 }
 
+TEST_F(W4ViewsTest, TheYearOfTheCalendarHasAName) {
+  EXPECT_EQ(find(open<frmCalendar>(), "qt_calendar_yearedit").accessibleName(), "Year");
+}
+
 TEST_F(W4ViewsTest, TheCalendarShowsToday) {
   View& sheet = open<frm2Workers>();
   click(sheet, "cmdW4Back(0)");

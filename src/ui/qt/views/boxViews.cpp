@@ -25,7 +25,6 @@ class MsgBoxView : public View {
     layout->addWidget(heading(screen.Title));
     layout->addWidget(label(screen.Text));
     QPushButton* ok = button(screen.OK);
-    ok->setDefault(true);
     layout->addWidget(ok, 0, Qt::AlignRight);
   }
 };

@@ -95,7 +95,6 @@ class frmMainView : public View {
   QListWidget* frequency() {
     QListWidget* widget = list(screen_.lstFrequency);
     widget->setAccessibleName(QStringLiteral("Pay frequency"));
-    widget->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     widget->setFixedHeight(heightOfRows(*widget, 4));
     widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as wide as the column
     return widget;
@@ -180,8 +179,6 @@ class frmMainView : public View {
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
     table->setFixedHeight((1 + resultRows) * rowHeight + 2 * table->frameWidth());
     table->setMinimumWidth(QFontMetrics(look::figures()).horizontalAdvance("Social Security  ($1,000,000.00)"));
-    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setShowGrid(false);

@@ -66,7 +66,6 @@ class frmMiscView : public PagedView {
     layout.addWidget(paragraph(screen_.lblInstruct));
     QListWidget* bases = list(screen_.lstGrossPay);
     bases->setAccessibleName(QStringLiteral("What the local tax is taken from"));
-    bases->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     bases->setFixedHeight(heightOfRows(*bases, bases->count()));
     layout.addWidget(bases);
     layout.addStretch();

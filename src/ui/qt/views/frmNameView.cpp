@@ -49,7 +49,6 @@ class frmNameView : public View {
     foot->addWidget(show);
     foot->addStretch();
     QPushButton* ok = button(screen.cmdExit);
-    ok->setMinimumWidth(80);
     letter(ok, 'O');
     foot->addWidget(ok);
     layout->addLayout(foot);

@@ -49,7 +49,6 @@ class frmStateView : public View {
     const auto narrow = [&](EditableDropDown& control) {
       QComboBox* widget = dropDown(control);
       widget->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-      widget->setMinimumContentsLength(4);
       return widget;
     };
     const auto row = [&](int line, Label& caption, EditableDropDown& control, char letter) {

@@ -292,7 +292,6 @@ class frmW4View : public View {
     row->setContentsMargins(0, space, 0, 0);
     QLabel* hint = label(screen_.lblPrint);
     QPushButton* exit = pictureButton(screen_.cmdW4Exit, "exit-dark", "Close the form", {34, 22});
-    keepPlace(exit);
     row->addWidget(hint, 1);
     row->addWidget(exit);
     return row;
