@@ -38,7 +38,7 @@ def program_of(file):
     name = pathlib.Path(file).stem
     if re.match(r"frm(W4|2Workers|DednAdj|PersWkSht|Calendar|TableOne)View|worksheet|captions", name):
         return "w4views_test"
-    return "paperviews_test" if name in ("frmPrintView", "reportpage", "helpviewer", "printer") else "desktop_test"
+    return "paperviews_test" if name in ("frmPrintView", "preview", "reportpage", "helpviewer", "printer") else "desktop_test"
 
 
 def of_binding(mutant):
@@ -80,6 +80,7 @@ def prepare(numbered, mutants):
         if name and (root / name).is_file():
             put(name, with_switches(name, numbered) if name in mutated else (root / name).read_bytes())
     made = run("cmake", "-S", copy, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DTALLYFIN_TESTS=ON",
+               "-DTALLYFIN_DESKTOP=ON",
                f"-DCMAKE_CXX_FLAGS=-O1 -g0 -w -Wno-error -Wno-narrowing -include {root}/tools/mutated.h")
     if made.returncode != 0:
         sys.exit(made.stdout)
