@@ -14,9 +14,10 @@ struct DialogsStandIn : Dialogs {
     ++asked;
     return onPrinter(printer);
   }
-  QString choosePdf(QWidget& asking, const QString& offered) override {
+  QString choosePdf(QWidget& asking, const QString& name) override {
     ++asked;
-    return onPdf ? onPdf(asking, offered) : path;
+    offered = name;
+    return onPdf ? onPdf(asking, name) : path;
   }
 
   /// Sets the printer up; false doesn't print after all. Without it there is no printer.
@@ -24,6 +25,7 @@ struct DialogsStandIn : Dialogs {
   QString path;                                            ///< Where a PDF file is saved; empty doesn't save after all.
   std::function<QString(QWidget&, const QString&)> onPdf;  ///< Instead of that path.
   int asked = 0;
+  QString offered;  ///< The name that was offered for the latest PDF file.
 };
 
 }  // namespace tallyfin::qt

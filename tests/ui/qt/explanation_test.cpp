@@ -129,6 +129,7 @@ TEST_F(ExplanationOfTheResults, PrintsAllTwelveAsTheReportIsPrinted) {
   dialogs.path = folder.filePath("explanation.pdf");
   doubleClick(5);
   click(part<QPushButton>("print"));
+  EXPECT_EQ(dialogs.offered, "How this was worked out.pdf");
   QProcess reader;
   reader.start("pdftotext", {"-raw", dialogs.path, "-"});
   ASSERT_TRUE(reader.waitForFinished()) << "pdftotext is needed";

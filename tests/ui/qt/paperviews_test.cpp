@@ -470,6 +470,7 @@ TEST_F(Preview, SavesAsPdfWhereTheUserSays) {
   const QTemporaryDir folder;
   dialogs_.path = folder.filePath("report.pdf");
   QTest::mouseClick(widget<QPushButton>("savepdf"), Qt::LeftButton);
+  EXPECT_EQ(dialogs_.offered, "Paycheck.pdf");
   QFile saved(dialogs_.path);
   ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
   EXPECT_TRUE(saved.read(5) == "%PDF-");

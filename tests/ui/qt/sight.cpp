@@ -100,11 +100,13 @@ QString cellText(const QTableWidgetItem* cell) {
 
 QStringList rowsOf(const QTableWidget& table) {
   QStringList rows;
-  if (table.horizontalHeader()->isVisibleTo(&table)) {
-    rows << QStringLiteral("head %1x%2: %3 | %4")
-                .arg(table.horizontalHeader()->width())
-                .arg(table.horizontalHeader()->height())
-                .arg(cellText(table.horizontalHeaderItem(0)), cellText(table.horizontalHeaderItem(1)));
+  if (const QHeaderView& head = *table.horizontalHeader(); head.isVisibleTo(&table)) {
+    rows << QStringLiteral("head %1x%2 %3 on %4: %5 | %6")
+                .arg(head.width())
+                .arg(head.height())
+                .arg(colourText(head.palette().color(QPalette::ButtonText)),
+                     colourText(head.palette().color(QPalette::Button)), cellText(table.horizontalHeaderItem(0)),
+                     cellText(table.horizontalHeaderItem(1)));
   }
   for (int row = 0; row < table.rowCount(); ++row) {
     rows << QStringLiteral("row %1x%2, %3: %4 | %5")
@@ -231,7 +233,10 @@ void addContent(Words& words, const QWidget& widget) {
 QStringList partsOf(const QWidget& widget) {
   if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) return rowsOf(*table);
   QStringList rows;
-  if (const auto* tree = qobject_cast<const QTreeWidget*>(&widget)) addEntries(rows, *tree->invisibleRootItem(), {});
+  if (const auto* tree = qobject_cast<const QTreeWidget*>(&widget)) {
+    rows << QStringLiteral("indented by %1").arg(tree->indentation());
+    addEntries(rows, *tree->invisibleRootItem(), {});
+  }
   for (const QAction* action : widget.actions()) {
     if (action->text().isEmpty()) continue;
     rows << QStringLiteral("action %1 %2")

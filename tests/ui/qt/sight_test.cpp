@@ -133,6 +133,19 @@ TEST_F(Sights, ThePaycheck) {
   seeWindow("explanation", "explanation");
 }
 
+TEST_F(Sights, TheSharesOfAHighIncome) {
+  startOnMainInMay();
+  choose("frmMain", "lstFrequency", "Weekly");
+  type("frmMain", "txtIncome", "50000");
+  type("frmMain", "txt401k", "40");
+  click("frmMain", "cmdToolBar(0)");
+  auto& grid = find<QTableWidget>("frmMain", "dbgDisplay");
+  grid.setFocus(Qt::TabFocusReason);
+  grid.setCurrentCell(4, 0);
+  press(Qt::Key_Return);
+  seeWindow("explanation-of-a-high-income", "explanation");  // the dark shares have room for words
+}
+
 TEST_F(Sights, TheReport) {
   startOnMainInMay();
   enterPaycheck();

@@ -547,6 +547,8 @@ TEST_F(FormPrintTest, APrintedFormTakesTheNoticeOfAnEarlierOneAway) {
 TEST_F(FormPrintTest, PagesPrintedAreCounted) {
   openForm();
   EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 1);
+  EXPECT_EQ(dialogs.offered.toStdString(), desk.find<frmW4>()->title() + ".pdf");
+  EXPECT_EQ(machine.printer->printScreen(desk.use<frmDednAdj>()), 0);  // it isn't shown
   dialogs.path.clear();
   EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 0);
 }
