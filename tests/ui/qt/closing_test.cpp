@@ -2,6 +2,7 @@
 #include <cstddef>
 
 #include "desktoptest.h"
+#include "ui/qt/binding.h"
 #include "ui/screens.h"
 
 #ifdef __SANITIZE_ADDRESS__
@@ -73,6 +74,22 @@ TYPED_TEST(ClosedScreen, LeavesNoWidgetAndNoMemory) {
 
   // The toolkit would keep what it draws by ever new names.
   EXPECT_FALSE(QPixmapCache::insert("drawn", QPixmap(1, 1)));
+}
+
+using Released = DesktopTest;
+
+/// The control may be there still when the widget is gone. The address sanitizer sees who is told then.
+TEST_F(Released, ABindingIsToldNothingMore) {
+  startOnMain();
+  Control& control = desk.use<frmAnalysis>().lblOne[0];  // which has no widget yet
+  {
+    QWidget widget;
+    bindPlain(widget, control).release();
+    control.enabled = false;
+    EXPECT_TRUE(widget.isEnabled());
+  }
+  control.enabled = true;
+  EXPECT_TRUE(control.enabled);
 }
 
 }  // namespace
