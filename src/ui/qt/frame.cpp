@@ -410,6 +410,7 @@ void Frame::closeEvent(QCloseEvent* event) {
 }
 
 void Frame::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange || screen() == nullptr) return;
   if (windowState().testFlag(Qt::WindowMaximized) || windowState().testFlag(Qt::WindowFullScreen)) {
     static_cast<MDIOpen*>(screen())->userResize(WindowState::maximized);
