@@ -124,13 +124,14 @@ class ReportFile : public PaperTest {
   }
   QString path() const { return folder_.filePath("report.pdf"); }
 
-  QString read(const QStringList& options) const {
-    QProcess reader;
-    reader.start("pdftotext", options + QStringList{path(), "-"});
-    EXPECT_TRUE(reader.waitForFinished());
-    EXPECT_EQ(reader.exitCode(), 0);
-    return QString::fromUtf8(reader.readAllStandardOutput());
+  static QString outputOf(const char* program, const QStringList& arguments) {
+    QProcess process;
+    process.start(QString::fromLatin1(program), arguments);
+    EXPECT_TRUE(process.waitForFinished()) << program << " is needed";
+    EXPECT_EQ(process.exitCode(), 0);
+    return QString::fromUtf8(process.readAllStandardOutput());
   }
+  QString read(const QStringList& options) const { return outputOf("pdftotext", options + QStringList{path(), "-"}); }
 
   /// The lines that hold something, blanks made single.
   std::vector<std::string> lines() const {
@@ -311,10 +312,7 @@ TEST_F(ReportFile, SaysWhatItIsAndWhoMadeIt) {
   start();
   openReport();
   ASSERT_EQ(report.write(path()), QString());
-  QProcess reader;
-  reader.start("pdfinfo", {path()});
-  ASSERT_TRUE(reader.waitForFinished());
-  const QString about = QString::fromUtf8(reader.readAllStandardOutput());
+  const QString about = outputOf("pdfinfo", {path()});
   EXPECT_TRUE(about.contains(QRegularExpression("^Title: +A week's pay$", QRegularExpression::MultilineOption)));
   EXPECT_TRUE(about.contains(QRegularExpression("^Creator: +Tallyfin 99$", QRegularExpression::MultilineOption)));
 }

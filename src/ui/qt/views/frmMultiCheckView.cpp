@@ -91,6 +91,7 @@ class frmMultiCheckView : public View {
 
   QLayout* headings() {
     auto* row = new QHBoxLayout;
+    row->setSpacing(0);
     for (Label* control :
          {&screen_.lblMultiWeekly, &screen_.lblMultiETW, &screen_.lblMulti2aMon, &screen_.lblMultimonthly}) {
       QLabel* widget = paragraph(*control);

@@ -29,6 +29,7 @@ class frmStateView : public View {
     look::setGround(*this, look::onDeep());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, look::row, 6, look::row);  // the captions need the width
+    layout->setSpacing(0);
     layout->addLayout(dropDowns());
     layout->addStretch();
     layout->addLayout(marital());
