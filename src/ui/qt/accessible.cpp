@@ -67,7 +67,7 @@ class ButtonFace : public QAccessibleWidget {
 
   void doAction(const QString& action) override {
     if (action != pressAction() && action != toggleAction()) return QAccessibleWidget::doAction(action);
-    if ((button_.focusPolicy() & Qt::ClickFocus) != 0) button_.setFocus(Qt::MouseFocusReason);
+    if (button_.focusPolicy() & Qt::ClickFocus) button_.setFocus(Qt::MouseFocusReason);
     button_.click();
   }
 

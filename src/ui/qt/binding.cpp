@@ -106,11 +106,7 @@ bool Binding::eventFilter(QObject* /*watched*/, QEvent* event) {
   return false;
 }
 
-Binding& bindPlain(QWidget& widget, Control& control) {
-  auto* binding = new Binding(widget, control);
-  binding->refresh();
-  return *binding;
-}
+Binding& bindPlain(QWidget& widget, Control& control) { return *new Binding(widget, control); }
 
 namespace {
 
@@ -142,17 +138,7 @@ class ClickFilter : public QObject {
   bool doubled_ = false;
 };
 
-void takeClicks(Binding& binding, Clickable& control) {
-  binding.widget().installEventFilter(new ClickFilter(binding, control));
-}
-
 }  // namespace
-
-Binding& bindPicture(QWidget& widget, Clickable& control) {
-  Binding& binding = bindPlain(widget, control);
-  takeClicks(binding, control);
-  return binding;
-}
 
 Binding& bind(QLabel& widget, Label& label) {
   auto* binding = new Binding(widget, label);
@@ -162,9 +148,7 @@ Binding& bind(QLabel& widget, Label& label) {
     widget.setText(now);
     if (before != now && dynamic_cast<Readable*>(&widget) != nullptr) tellReadable(widget, before, now);
   };
-  widget.setTextFormat(Qt::PlainText);
-  takeClicks(*binding, label);
-  binding->refresh();
+  widget.installEventFilter(new ClickFilter(*binding, label));
   return *binding;
 }
 
@@ -227,7 +211,6 @@ class EditFilter : public QObject {
     if (showing_) return;
     binding_.act([this, now] {
       const Typed typed = typedInto(text(box_.text()), now);
-      if (!edit_.hasFocus()) edit_.setFocus(Qt::OtherFocusReason);
       box_.userType(typed.text.toStdString());
       if (typed.cursor >= 0) edit_.setCursorPosition(static_cast<int>(typed.cursor));
     });
@@ -246,17 +229,14 @@ Binding& bind(QLineEdit& edit, TextBox& box) {
   auto* filter = new EditFilter(*binding, edit, box);
   edit.installEventFilter(filter);
   binding->show = [filter] { filter->showText(); };
-  binding->refresh();
   return *binding;
 }
 
 Binding& bind(QAbstractButton& widget, CommandButton& button) {
   auto* binding = new Binding(widget, button);
   widget.setText(text(button.caption()));
-  if (!button.caption().empty()) widget.setAccessibleName(text(button.caption()).trimmed());
   QObject::connect(&widget, &QAbstractButton::clicked, binding,
                    [binding, &button] { binding->act([&] { button.userClick(); }); });
-  binding->refresh();
   return *binding;
 }
 
@@ -271,7 +251,6 @@ Binding& bind(QRadioButton& widget, OptionButton& option, QButtonGroup& group) {
   };
   QObject::connect(&widget, &QRadioButton::clicked, binding,
                    [binding, &option] { binding->act([&] { option.userClick(); }); });
-  binding->refresh();
   return *binding;
 }
 
@@ -280,7 +259,6 @@ Binding& bind(QCheckBox& widget, CheckBox& box) {
   widget.setText(text(box.caption()));
   binding->show = [&widget, &box] { widget.setChecked(box.value()); };
   QObject::connect(&widget, &QCheckBox::clicked, binding, [binding, &box] { binding->act([&] { box.userClick(); }); });
-  binding->refresh();
   return *binding;
 }
 
@@ -372,7 +350,6 @@ Binding& bind(QListWidget& widget, ListBox& list, Choose choose) {
     }
     widget.setCurrentRow(list.index());
   };
-  binding->refresh();
   return *binding;
 }
 
@@ -405,27 +382,22 @@ class DropDownKeys : public QObject {
   bool openBy(QKeyEvent& key) {
     switch (key.key()) {
       case Qt::Key_Up:
-      case Qt::Key_Down: open(); return true;
+      case Qt::Key_Down: box_.showPopup(); return true;
       case Qt::Key_Home:
       case Qt::Key_End:
         if (box_.isEditable()) return false;
         [[fallthrough]];
       case Qt::Key_PageUp:
       case Qt::Key_PageDown:
-        open();
+        box_.showPopup();
         QApplication::sendEvent(box_.view(), &key);
         return true;
       default: break;
     }
-    if (box_.isEditable() || !isLetter(key) || key.key() == Qt::Key_Space) return false;
-    open();
+    if (box_.isEditable() || !isLetter(key)) return false;
+    box_.showPopup();
     searched_.clear();
     return search(key);
-  }
-
-  void open() {
-    box_.showPopup();
-    adoptList();
   }
 
   void adoptList() {
@@ -433,7 +405,6 @@ class DropDownKeys : public QObject {
     adopted_ = true;
     QAbstractItemView& rows = *box_.view();
     look::setGround(*rows.parentWidget(), look::onList());
-    rows.setPalette(look::onList());
     rows.setAccessibleName(box_.accessibleName());
     rows.installEventFilter(this);
     onBareSelection(binding_, rows, [this](int row) {
@@ -505,7 +476,6 @@ void showEntries(QComboBox& widget, const DropDown& dropDown) {
 Binding& bind(QComboBox& widget, DropDown& dropDown) {
   Binding& binding = bindCombo(widget, dropDown);
   binding.show = [&widget, &dropDown] { showEntries(widget, dropDown); };
-  binding.refresh();
   return binding;
 }
 
@@ -519,7 +489,7 @@ Binding& bind(QComboBox& widget, EditableDropDown& dropDown) {
     showEntries(widget, dropDown);
     const QString wanted = text(dropDown.text());
     if (widget.currentText() != wanted) widget.setEditText(wanted);
-    if (widget.lineEdit()->hasFocus()) widget.lineEdit()->setCursorPosition(cursor);
+    widget.lineEdit()->setCursorPosition(cursor);
   };
   QLineEdit* edit = widget.lineEdit();
   QObject::connect(edit, &QLineEdit::textChanged, &binding, [&binding, &widget, &dropDown, edit](const QString& now) {
@@ -533,7 +503,6 @@ Binding& bind(QComboBox& widget, EditableDropDown& dropDown) {
       if (typed.cursor >= 0) edit->setCursorPosition(static_cast<int>(typed.cursor));
     });
   });
-  binding.refresh();
   return binding;
 }
 
@@ -545,7 +514,6 @@ Binding& bind(QSpinBox& widget, UpDown& upDown) {
   binding->show = [&widget, &upDown] { widget.setValue(upDown.value()); };
   QObject::connect(&widget, &QSpinBox::valueChanged, binding,
                    [binding, &upDown](int value) { binding->act([&] { upDown.userPick(value); }); });
-  binding->refresh();
   return *binding;
 }
 

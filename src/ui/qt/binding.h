@@ -95,8 +95,6 @@ Binding& bind(QComboBox& widget, DropDown& dropDown);
 Binding& bind(QComboBox& widget, EditableDropDown& dropDown);
 /// Turned by a step it picks at once, typed into when the number is complete.
 Binding& bind(QSpinBox& widget, UpDown& upDown);
-/// A widget that only shows, and takes clicks where the control does.
-Binding& bindPicture(QWidget& widget, Clickable& control);
 /// A widget that only shows.
 Binding& bindPlain(QWidget& widget, Control& control);
 

@@ -212,12 +212,8 @@ int SentenceWithButton::flow(int width, bool place) const {
     }
     first_->words = first;
     second_->words = second;
-    for (Words* words : {first_, second_}) {
-      words->setGeometry(rect());
-      words->update();
-    }
+    for (Words* words : {first_, second_}) words->setGeometry(rect());
     button_->setGeometry(QRect(QPoint(room.left(), room.top()), buttonSize));
-    button_->raise();
   }
   return sentence.height() + 4;
 }

@@ -33,7 +33,6 @@ Desktop::Desktop(SettingsStore& store, Dialogs& dialogs)
 Desktop::~Desktop() {
   disconnect(qApp, nullptr, this, nullptr);  // the keyboard wanders from widget to widget while they go
   delete ring_;
-  desk.end();
 }
 
 void Desktop::start() { program_.start(); }
@@ -82,8 +81,6 @@ void Desktop::giveKeyboard() {
   const auto active = views_.find(desk.activeDocument());
   if (active == views_.end() || active->second == nullptr) return;
   View& view = *active->second;
-  const QWidget* focused = QApplication::focusWidget();
-  if (focused != nullptr && view.isAncestorOf(focused)) return;
   QWidget* kept = focusedWidget();
   if (kept != nullptr && kept->isVisible() && view.isAncestorOf(kept)) {
     kept->setFocus(Qt::ActiveWindowFocusReason);
@@ -172,10 +169,7 @@ void Desktop::discarded(Screen& screen) {
     }
   }
   // A button may be closing its own screen, so its widgets go when its event is over.
-  if (holder != nullptr) {
-    hideQuietly(*holder);
-    holder->deleteLater();
-  }
+  if (holder != nullptr) holder->deleteLater();
   QTimer::singleShot(0, this, &Desktop::arrange);  // once the next document is the active one
 }
 

@@ -71,7 +71,6 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
     const QRect place(QPoint(static_cast<int>(from * width()), 0),
                       QPoint(static_cast<int>(to * width()) - 1, height() - 1));
     from = to;
-    if (place.width() <= 0) continue;
     const QColor& ground = grounds[i];
     painter.fillRect(place, ground);
     painter.setPen(Qt::white);
@@ -110,7 +109,6 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   figures_->setSelectionMode(QAbstractItemView::SingleSelection);
   figures_->setSelectionBehavior(QAbstractItemView::SelectRows);
   figures_->setShowGrid(false);
-  figures_->verticalHeader()->setMinimumSectionSize(1);
   figures_->verticalHeader()->setDefaultSectionSize(figures_->fontMetrics().height() + look::row);
   figures_->setTabKeyNavigation(false);
   figures_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -180,35 +178,30 @@ void ExplanationWindow::refresh() {
   bar_->show(sharesOf(*trace));
   shares_->setText(text(sharesText(*trace)));
   bar_->setAccessibleDescription(shares_->text());
-  const int chosen = std::max(0, figures_->currentRow());
-  {
-    const QSignalBlocker quiet(figures_);
-    figures_->setRowCount(static_cast<int>(explanations_.size()));
-    for (int row = 0; row < figures_->rowCount(); ++row) {
-      const Explanation& explanation = explanations_[static_cast<std::size_t>(row)];
-      auto* amount = new QTableWidgetItem(text(amountText(explanation.amount)));
-      amount->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      figures_->setItem(row, 0, new QTableWidgetItem(QString::fromLatin1(explanation.title)));
-      figures_->setItem(row, 1, amount);
-    }
-    figures_->setCurrentCell(chosen, 0);
+  figures_->setRowCount(static_cast<int>(explanations_.size()));
+  for (int row = 0; row < figures_->rowCount(); ++row) {
+    const Explanation& explanation = explanations_[static_cast<std::size_t>(row)];
+    auto* amount = new QTableWidgetItem(text(amountText(explanation.amount)));
+    amount->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    figures_->setItem(row, 0, new QTableWidgetItem(QString::fromLatin1(explanation.title)));
+    figures_->setItem(row, 1, amount);
   }
   tell();
 }
 
 void ExplanationWindow::choose(const QString& title) {
   for (int row = 0; row < figures_->rowCount(); ++row) {
-    if (figures_->item(row, 0)->text() == title) figures_->setCurrentCell(row, 0);
+    if (figures_->item(row, 0)->text() == title) figures_->selectRow(row);
   }
 }
 
 void ExplanationWindow::tell() {
-  const auto row = static_cast<std::size_t>(std::max(0, figures_->currentRow()));
-  if (row < explanations_.size()) page_->setHtml(htmlOf(explanations_[row]));
+  const int row = figures_->currentRow();
+  if (row >= 0) page_->setHtml(htmlOf(explanations_.at(static_cast<std::size_t>(row))));
 }
 
 QString ExplanationWindow::chosenText() const {
-  const Explanation& chosen = explanations_.at(static_cast<std::size_t>(std::max(0, figures_->currentRow())));
+  const Explanation& chosen = explanations_.at(static_cast<std::size_t>(figures_->currentRow()));
   QString all = QString::fromLatin1(chosen.title) + QLatin1Char('\n');
   for (const ExplanationLine& line : chosen.lines) all += text(line.text()) + QLatin1Char('\n');
   return all + text(amountText(chosen.amount));

@@ -45,7 +45,6 @@ void FocusRing::place() {
   const QRect around(marked_->mapTo(parentWidget(), QPoint()), marked_->size());
   setGeometry(around.adjusted(-outside, -outside, outside, outside).intersected(parentWidget()->rect()));
   show();
-  raise();
 }
 
 bool FocusRing::eventFilter(QObject* /*watched*/, QEvent* event) {

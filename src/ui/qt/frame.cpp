@@ -110,9 +110,8 @@ void Document::setActive(bool active) {
   escape_->setEnabled(active && over);
 }
 
-void Document::mousePressEvent(QMouseEvent* event) {
+void Document::mousePressEvent(QMouseEvent* /*event*/) {
   if (Screen* screen = view_.screen()) desk.act(*screen, [] {});  // a click on its frame brings it to the front
-  QWidget::mousePressEvent(event);
 }
 
 /// A document that doesn't fill the area has an edge: a dark line and a light one, for what is beneath may be either.
@@ -127,11 +126,7 @@ void Document::paintEvent(QPaintEvent* /*event*/) {
 
 DocumentArea::DocumentArea(QWidget* parent) : QWidget(parent) { look::setGround(*this, look::onDeep()); }
 
-void DocumentArea::add(View& view) {
-  auto* document = new Document(view, this);
-  documents_.emplace_back(document);
-  document->place(size());
-}
+void DocumentArea::add(View& view) { documents_.emplace_back(new Document(view, this)); }
 
 void DocumentArea::arrange() {
   std::erase_if(documents_, [](const QPointer<Document>& d) { return d == nullptr || d->view().screen() == nullptr; });
@@ -245,10 +240,11 @@ void ListBarButton::paintEvent(QPaintEvent* /*event*/) {
   if (highlighted || isDown()) {
     // The light picture would drown in the light blue: its shape is drawn dark.
     QPixmap picture = icon().pixmap(pictureRect.size() * devicePixelRatio());
-    QPainter shape(&picture);
-    shape.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    shape.fillRect(picture.rect(), look::deep);
-    shape.end();
+    {
+      QPainter shape(&picture);
+      shape.setCompositionMode(QPainter::CompositionMode_SourceIn);
+      shape.fillRect(picture.rect(), look::deep);
+    }
     painter.drawPixmap(pictureRect, picture);
   } else {
     icon().paint(&painter, pictureRect);
@@ -264,14 +260,12 @@ namespace {
 Binding& bind(ListBarButton& widget, ListBarItem& item) {
   auto* binding = new Binding(widget, item);
   widget.setText(QString::fromStdString(item.caption()));
-  widget.setAccessibleName(widget.text());
   binding->show = [&widget, &item] {
     widget.highlighted = item.highlighted();
     widget.update();
   };
   QObject::connect(&widget, &QAbstractButton::clicked, binding,
                    [binding, &item] { binding->act([&] { item.userClick(); }); });
-  binding->refresh();
   return *binding;
 }
 

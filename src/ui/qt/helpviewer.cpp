@@ -341,7 +341,7 @@ void DesktopHelp::serve(Frame& frame) {
 }
 
 void DesktopHelp::open(const std::string& file, int context) {
-  openTopic(QString::fromStdString(file), context == 0 ? QString() : QString::number(context));
+  openTopic(QString::fromStdString(file), QString::number(context));
 }
 
 void DesktopHelp::openTopic(const QString& file, const QString& id) {

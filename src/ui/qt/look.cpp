@@ -22,16 +22,13 @@ QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& butto
   QPalette palette(button, ground);  // edges and shadows come from these, not from the desktop's theme
   const QColor faded = QColor::fromRgb((text.red() + ground.red()) / 2, (text.green() + ground.green()) / 2,
                                        (text.blue() + ground.blue()) / 2);
-  palette.setColor(QPalette::Window, ground);
   palette.setColor(QPalette::WindowText, text);
   palette.setColor(QPalette::Base, light);
   palette.setColor(QPalette::AlternateBase, QColor(242, 242, 226));
   palette.setColor(QPalette::Text, ink);
   palette.setColor(QPalette::PlaceholderText, QColor(120, 120, 110));
-  palette.setColor(QPalette::Button, button);
   palette.setColor(QPalette::ButtonText, buttonText);
   palette.setColor(QPalette::Highlight, QColor(58, 110, 165));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
   palette.setColor(QPalette::ToolTipBase, paper);
   palette.setColor(QPalette::ToolTipText, ink);
   palette.setColor(QPalette::Link, QColor(30, 80, 160));

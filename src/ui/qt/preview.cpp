@@ -95,7 +95,6 @@ void Preview::keyPressEvent(QKeyEvent* event) {
 }
 
 bool Preview::event(QEvent* event) {
-  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
   const bool done = QScrollArea::event(event);
   if (event->type() == QEvent::Paint) {
     QPainter painter(this);

@@ -24,9 +24,10 @@ QPicture drawingOf(QWidget& widget) {
   const bool mark = focused != nullptr && widget.isAncestorOf(focused);
   if (mark) focused->clearFocus();  // neither the cursor nor the mark of the focus belongs on paper
   QPicture picture;
-  QPainter painter(&picture);
-  widget.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
-  painter.end();
+  {
+    QPainter painter(&picture);
+    widget.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+  }
   if (mark) focused->setFocus(Qt::OtherFocusReason);
   return picture;
 }

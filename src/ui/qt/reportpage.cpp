@@ -27,19 +27,17 @@ const QColor lightRule{205, 212, 214};
 const QColor headingGround{226, 233, 235};
 const QColor totalGround{243, 246, 246};
 
-/// The program's font in points, in a painter whose unit is a twip.
-QFont pageFont(int points, bool bold = false, bool italic = false) {
+/// The program's font as the report is set in it, in a painter whose unit is a twip.
+QFont engineFont(const PrintEngine& engine) {
   QFont font = QApplication::font();
-  font.setPixelSize(points * point);
-  font.setBold(bold);
-  font.setItalic(italic);
+  font.setPixelSize(engine.fontPoints() * point);
+  font.setBold(engine.bold());
+  font.setItalic(engine.italic());
   font.setHintingPreference(QFont::PreferNoHinting);
   // A trace of spacing keeps letters from being joined, so that a file can be searched for what is printed.
   font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
   return font;
 }
-
-QFont engineFont(const PrintEngine& engine) { return pageFont(engine.fontPoints(), engine.bold(), engine.italic()); }
 
 int lineHeight(const QFont& font) { return qRound(QFontMetricsF(font).height()); }
 
@@ -57,14 +55,13 @@ std::vector<QString> linesOf(const QString& words, const QFont& font, int width)
     line.setLineWidth(width);
     lines.push_back(words.mid(line.textStart(), line.textLength()));
   }
-  layout.endLayout();
   return lines;
 }
 
 /// The header in its lines. Of a name that would fill more than these the middle is left out: the date must stay.
 std::vector<QString> headerOf(const QString& header, const QFont& font, int width) {
   std::vector<QString> lines = linesOf(header, font, width);
-  for (double room = headerLines; lines.size() > headerLines && room > 0; room -= 0.25) {
+  for (double room = headerLines; lines.size() > headerLines; room -= 0.25) {
     lines = linesOf(QFontMetricsF(font).elidedText(header, Qt::ElideMiddle, room * width), font, width);
   }
   return lines;
@@ -81,14 +78,15 @@ void drawCell(QPainter& painter, const QRect& cell, const QString& words, bool r
 
 ReportPages::ReportPages(const PrintEngine& engine, QSize page) : engine_(engine), page_(page) {}
 
+int ReportPages::textWidth() const { return page_.width() - 2 * margin; }
+
 int ReportPages::rowHeight() const { return lineHeight(engineFont(engine_)) * 13 / 10; }
 
 QRect ReportPages::tableArea() const {
   const QFont font = engineFont(engine_);
-  const int width = page_.width() - 2 * margin;
-  const auto lines = static_cast<int>(headerOf(text(engine_.header()), font, width).size());
+  const auto lines = static_cast<int>(headerOf(text(engine_.header()), font, textWidth()).size());
   const int top = std::max(headerTop + lines * lineHeight(font) + headerToTable, margin);
-  return {margin, top, width, page_.height() - margin - top};
+  return {margin, top, textWidth(), page_.height() - margin - top};
 }
 
 int ReportPages::rowsOfPage() const { return std::max(1, tableArea().height() / rowHeight() - 1); }
@@ -127,19 +125,18 @@ void ReportPages::draw(QPainter& painter, int page) const {
 
 void ReportPages::drawHeader(QPainter& painter) const {
   const QFont font = engineFont(engine_);
-  const int width = page_.width() - 2 * margin;
   int top = headerTop;
-  for (const QString& line : headerOf(text(engine_.header()), font, width)) {
-    painter.drawText(QRect(margin, top, width, lineHeight(font)), Qt::AlignLeft | Qt::TextSingleLine, line);
+  for (const QString& line : headerOf(text(engine_.header()), font, textWidth())) {
+    painter.drawText(QRect(margin, top, textWidth(), lineHeight(font)), Qt::AlignLeft | Qt::TextSingleLine, line);
     top += lineHeight(font);
   }
-  painter.fillRect(QRect(margin, top + 60, width, 15), look::deep);
+  painter.fillRect(QRect(margin, top + 60, textWidth(), 15), look::deep);
 }
 
 void ReportPages::drawFooter(QPainter& painter) const {
   const int top = page_.height() - margin + inch / 5;
-  painter.fillRect(QRect(margin, top, page_.width() - 2 * margin, 10), lightRule);
-  painter.drawText(QRect(margin, top + 60, page_.width() - 2 * margin, inch / 4), Qt::AlignHCenter | Qt::TextSingleLine,
+  painter.fillRect(QRect(margin, top, textWidth(), 10), lightRule);
+  painter.drawText(QRect(margin, top + 60, textWidth(), inch / 4), Qt::AlignHCenter | Qt::TextSingleLine,
                    text(engine_.footer()));
 }
 

@@ -31,6 +31,7 @@ class ReportPages {
   void draw(QPainter& painter, int page) const;
 
  private:
+  int textWidth() const;
   int rowHeight() const;
   /// Rows of a page, the heading row aside.
   int rowsOfPage() const;

@@ -26,7 +26,6 @@ View::~View() { release(); }
 
 void View::release() {
   for (Binding* binding : bindings_) binding->release();
-  bindings_.clear();
   if (screen_ != nullptr) screen_->watch(nullptr);
   screen_ = nullptr;
 }
@@ -67,14 +66,12 @@ void View::takeKeyboard() {
 }
 
 void View::setActive(bool active) {
-  active_ = active;
   for (QShortcut* key : keys_) key->setEnabled(active);
 }
 
 void View::onKey(const QKeySequence& key, const QString& words, std::function<void()> act) {
   auto* shortcut = new QShortcut(key, this);
   shortcut->setWhatsThis(words);
-  shortcut->setEnabled(active_);
   connect(shortcut, &QShortcut::activated, this, [this, act = std::move(act)] {
     if (screen_ != nullptr) act();
   });

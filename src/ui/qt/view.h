@@ -73,6 +73,7 @@ class View : public QWidget {
   template <class Widget>
   Widget* tied(Widget* widget, Binding& binding) {
     bindings_.push_back(&binding);
+    binding.refresh();
     return widget;
   }
 
@@ -109,7 +110,6 @@ class View : public QWidget {
   Screen* screen_;
   std::vector<Binding*> bindings_;
   std::vector<QShortcut*> keys_;
-  bool active_ = false;
   QPointer<QWidget> lastFocus_;
 };
 

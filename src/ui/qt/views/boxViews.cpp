@@ -34,9 +34,8 @@ class frmAbtView : public View {
   explicit frmAbtView(frmAbt& screen) : View(screen) {
     look::setGround(*this, look::onDeep());
     auto* picture = new QSvgWidget(QStringLiteral(":/pictures/about-box.svg"), this);
-    picture->setFixedSize(280, 120);
     picture->setAccessibleName(QStringLiteral("Tallyfin 99"));
-    tied(picture, bindPicture(*picture, screen.imgAbout));
+    tied(picture, bindPlain(*picture, screen.imgAbout));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
     layout->addWidget(picture);

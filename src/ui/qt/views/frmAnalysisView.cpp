@@ -17,7 +17,6 @@ namespace {
 class frmAnalysisView : public View {
  public:
   explicit frmAnalysisView(frmAnalysis& screen) : View(screen) {
-    look::setGround(*this, look::onDeep());
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);
     grid->setHorizontalSpacing(look::group);

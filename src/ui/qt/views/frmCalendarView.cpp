@@ -57,7 +57,6 @@ class frmCalendarView : public View {
                                     static_cast<int>(static_cast<unsigned>(date.month())),
                                     static_cast<int>(static_cast<unsigned>(date.day()))));
     };
-    binding.refresh();
     connect(widget, &QCalendarWidget::selectionChanged, &binding, [&binding, widget, &control] {
       const QDate day = widget->selectedDate();
       binding.act([&] {

@@ -175,7 +175,6 @@ class frmMainView : public View {
     const int rowHeight = fontMetrics().height() + 6;
     header->setFixedHeight(rowHeight);
     table->verticalHeader()->hide();
-    table->verticalHeader()->setMinimumSectionSize(rowHeight);
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
     table->setFixedHeight((1 + resultRows) * rowHeight + 2 * table->frameWidth());
     table->setMinimumWidth(QFontMetrics(look::figures()).horizontalAdvance("Social Security  ($1,000,000.00)"));
@@ -189,7 +188,6 @@ class frmMainView : public View {
     offerActions(*table);
     Binding& binding = bindPlain(*table, screen_.dbgDisplay);
     binding.show = [this, table] { fill(*table); };
-    binding.refresh();
     return tied(table, binding);
   }
 

@@ -114,12 +114,11 @@ class frmPrintView : public View {
 
   void bindEngine() {
     Binding& binding = bindPlain(*preview_, engine_);
-    tied(preview_, binding);
     binding.show = [this] {
       tell({});
       turnTo(preview_->page());
     };
-    binding.refresh();
+    tied(preview_, binding);
   }
 
   void turnTo(int page) {

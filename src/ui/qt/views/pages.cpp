@@ -37,7 +37,6 @@ QVBoxLayout* PagedView::page(Panel& panel, const QString& name) {
   Binding& binding = bindPlain(*widget, panel);
   all_.push_back({widget, &panel, name});
   binding.show = [this, number = all_.size() - 1] { place(all_[number]); };
-  binding.refresh();
   tied(widget, binding);
   return column;
 }
@@ -72,8 +71,7 @@ void PagedView::place(const Page& page) {
   }
 }
 
-void PagedView::resizeEvent(QResizeEvent* event) {
-  View::resizeEvent(event);
+void PagedView::resizeEvent(QResizeEvent* /*event*/) {
   room_ = pages_->contentsRect().size();  // while the layout knows it: it forgets with each change
   for (const Page& page : all_) place(page);
 }

@@ -23,10 +23,11 @@ class Result : public FigureLabel {
 
  protected:
   void paintEvent(QPaintEvent* event) override {
-    QPainter painter(this);
-    painter.fillRect(rect(), look::paper.lighter(103));
-    look::drawEdge(painter, rect(), look::paperLine.darker(125));
-    painter.end();
+    {
+      QPainter painter(this);
+      painter.fillRect(rect(), look::paper.lighter(103));
+      look::drawEdge(painter, rect(), look::paperLine.darker(125));
+    }
     QLabel::paintEvent(event);
   }
 };
