@@ -15,6 +15,7 @@
 #include "controls/desk.h"
 #include "controls/lists.h"
 #include "controls/texts.h"
+#include "engine/paydata.h"
 #include "everyscreen.h"
 #include "stateoptions/frmState.h"
 #include "ui/frmMain.h"
@@ -28,6 +29,8 @@ namespace {
 
 using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
 
 QAccessibleInterface& faceOf(QWidget& widget) { return *QAccessible::queryAccessibleInterface(&widget); }
 
@@ -191,6 +194,24 @@ TEST_F(Assistive, SelectingAnEntryOfADropDownIsAPick) {
   EXPECT_EQ(screen.cboExemptions.index(), 4);
   EXPECT_EQ(box.currentIndex(), 4);
   EXPECT_EQ(desk.focused(), &screen.cboExemptions);
+  select(entries, 0);
+  EXPECT_EQ(screen.cboExemptions.index(), 0);
+  box.showPopup();
+  select(entries, 2);
+  EXPECT_EQ(screen.cboExemptions.index(), 2);
+  EXPECT_FALSE(box.view()->isVisible());
+}
+
+TEST_F(Assistive, AListKeepsItsRowsWhileItIsWorked) {
+  startOnMain();
+  auto& list = find<QListWidget>("frmMain", "lstFrequency");
+  const QListWidgetItem* last = list.item(list.count() - 1);
+  list.scrollToBottom();
+  const QRect place = list.visualItemRect(last);
+  click("frmMain", "optStatus(1)");
+  select(faceOf(list), 3);
+  EXPECT_EQ(list.item(list.count() - 1), last);
+  EXPECT_EQ(list.visualItemRect(last), place);
 }
 
 TEST_F(Assistive, ARowOfTheTableThatIsSelectedIsChosen) {
@@ -239,10 +260,47 @@ TEST_F(Assistive, APageThatComesToTheFrontIsTold) {
   told.clear();
   clickItem("Multi");
   EXPECT_THAT(told, Contains("alert Multiple Check Worksheet"));
+  told.clear();
+  clickItem("About");
+  view("frmAbt").window()->close();
+  settle();
+  EXPECT_THAT(told, Not(Contains("alert Multiple Check Worksheet")));  // it was in front all the time
   clickItem("Pers");
   told.clear();
   press("frmPersWkSht", "cmdW4Back(0)");
   EXPECT_THAT(told, Contains("alert Page 2"));
+}
+
+TEST_F(Assistive, WhatCouldntBeSavedIsTold) {
+  startOnMain();
+  click("frmMain", "cmdToolBar(0)");
+  find<QTableWidget>("frmMain", "dbgDisplay").setFocus();
+  find<QTableWidget>("frmMain", "dbgDisplay").setCurrentCell(0, 0);
+  DesktopTest::press(Qt::Key_Return);
+  auto* window = frame().findChild<QDialog*>("explanation");
+  dialogs.path = "/dev/null/explanation.pdf";
+  told.clear();
+  act(*window->findChild<QWidget*>("print"), QAccessibleActionInterface::pressAction());
+  EXPECT_THAT(told, Contains(StartsWith("alert The explanation couldn't be saved.")));
+  const QTemporaryDir folder;
+  dialogs.path = folder.filePath("explanation.pdf");
+  told.clear();
+  act(*window->findChild<QWidget*>("print"), QAccessibleActionInterface::pressAction());
+  EXPECT_THAT(told, Not(Contains(StartsWith("alert"))));
+}
+
+TEST_F(Assistive, AReportIsToldWhenItHasChanged) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  click("frmMain", "cmdToolBar(0)");
+  click("frmMain", "cmdToolBar(1)");
+  told.clear();
+  press("frmPrint", "cmdPrintMenu(0)");
+  EXPECT_THAT(told, Not(Contains(HasSubstr("vsPrinter1"))));
+  payData.grossPay = 2000;
+  press("frmPrint", "cmdPrintMenu(0)");
+  EXPECT_THAT(told, Contains(HasSubstr("text vsPrinter1 at ")));
 }
 
 // --- The tree

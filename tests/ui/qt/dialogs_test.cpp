@@ -3,11 +3,15 @@
 #include <QAbstractButton>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QSettings>
 #include <QTimer>
 
 #include "desktoptest.h"
+#include "ui/qt/focusring.h"
 
 /// The dialog for a PDF file, as it comes up.
 
@@ -28,8 +32,7 @@ class PdfDialog : public DesktopTest {
 
   /// Asks for the printing of the form; what comes up meanwhile is answered one after the other.
   void printForm(std::vector<Answer> answers) {
-    answers_ = std::move(answers);
-    answerNext();
+    answerWith(std::move(answers));
     startOnMain();
     clickItem("W4");
     QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
@@ -37,14 +40,29 @@ class PdfDialog : public DesktopTest {
     EXPECT_FALSE(frame().findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly)->isVisible());
   }
 
+  void answerWith(std::vector<Answer> answers) {
+    answers_ = std::move(answers);
+    answerNext();
+  }
+
   /// Enters the name of a file.
   static Answer name(const QString& path) {
     return [path](QWidget& dialog) {
       auto* edit = qobject_cast<QLineEdit*>(dialog.focusWidget());
       ASSERT_NE(edit, nullptr);
+      EXPECT_EQ(edit->text(), "Form W-4.pdf");  // what is offered
+      EXPECT_EQ(dialog.windowTitle(), "Save as PDF");
+      EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).nameFilters(), QStringList("PDF files (*.pdf)"));
+      expectNoMark(dialog);
       edit->setText(path);  // typed, it would be completed
       QTest::keyClick(edit, Qt::Key_Return);
     };
+  }
+  /// The mark of the keyboard is the program's; the toolkit's dialogs have their own.
+  static void expectNoMark(QWidget& dialog) {
+    for (const QObject* part : dialog.findChildren<QWidget*>()) {
+      EXPECT_EQ(dynamic_cast<const FocusRing*>(part), nullptr);
+    }
   }
   static Answer button(QMessageBox::StandardButton button) {
     return [button](QWidget& dialog) {
@@ -114,6 +132,30 @@ TEST_F(PdfDialog, KeepsNoSettings) {
   printForm({escape});
   const QString file = QSettings(QSettings::UserScope, QStringLiteral("QtProject")).fileName();
   EXPECT_FALSE(QFile::exists(file)) << file.toStdString();
+}
+
+/// The dialog for a printer, answered as it comes up.
+class PrinterDialog : public PdfDialog {
+ protected:
+  bool chosen(bool somePages, const Answer& answer) {
+    QPrinter printer;
+    answerWith({[&](QWidget& dialog) {
+      EXPECT_EQ(dynamic_cast<QPrintDialog&>(dialog).testOption(QAbstractPrintDialog::PrintPageRange), somePages);
+      answer(dialog);
+    }});
+    return SystemDialogs().choosePrinter(frame(), printer, somePages);
+  }
+};
+
+TEST_F(PrinterDialog, OffersSomePagesWhereThereAreSome) {
+  startOnMain();
+  const auto reject = [](QWidget& dialog) {
+    expectNoMark(dialog);
+    dynamic_cast<QDialog&>(dialog).reject();
+  };
+  EXPECT_FALSE(chosen(true, reject));
+  EXPECT_FALSE(chosen(false, reject));
+  EXPECT_TRUE(chosen(false, [](QWidget& dialog) { dynamic_cast<QDialog&>(dialog).QDialog::accept(); }));
 }
 
 // --- A file that can't be written is told in the window that asked.

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "ui/qt/dialogs.h"
 
@@ -10,8 +11,9 @@ namespace tallyfin::qt {
 /// The answers of a user to the dialogs, which don't come up.
 struct DialogsStandIn : Dialogs {
   bool hasPrinter() const override { return static_cast<bool>(onPrinter); }
-  bool choosePrinter(QWidget& /*asking*/, QPrinter& printer, bool /*somePages*/) override {
+  bool choosePrinter(QWidget& /*asking*/, QPrinter& printer, bool somePagesOffered) override {
     ++asked;
+    somePages = somePagesOffered;
     return onPrinter(printer);
   }
   QString choosePdf(QWidget& asking, const QString& name) override {
@@ -25,7 +27,8 @@ struct DialogsStandIn : Dialogs {
   QString path;                                            ///< Where a PDF file is saved; empty doesn't save after all.
   std::function<QString(QWidget&, const QString&)> onPdf;  ///< Instead of that path.
   int asked = 0;
-  QString offered;  ///< The name that was offered for the latest PDF file.
+  std::optional<bool> somePages;  ///< Whether the latest printing offered to print some pages alone.
+  QString offered;                ///< The name that was offered for the latest PDF file.
 };
 
 }  // namespace tallyfin::qt

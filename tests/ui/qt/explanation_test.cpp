@@ -9,6 +9,7 @@
 #include <QTextBrowser>
 
 #include "desktoptest.h"
+#include "paints.h"
 
 /// The window that tells how a figure was worked out, opened from the results by hand.
 
@@ -78,6 +79,7 @@ TEST_F(ExplanationOfTheResults, OpensByTheContextMenu) {
   grid().actions()[0]->trigger();
   ASSERT_NE(window(), nullptr);
   EXPECT_THAT(told(), StartsWith("Gross Pay\n"));
+  EXPECT_THAT(part<QTextBrowser>("page").toPlainText().toStdString(), StartsWith("Gross Pay\n"));
 }
 
 TEST_F(ExplanationOfTheResults, FollowsTheNextCalculateWithItsRowChosen) {
@@ -86,9 +88,33 @@ TEST_F(ExplanationOfTheResults, FollowsTheNextCalculateWithItsRowChosen) {
   type("frmMain", "txtIncome", "2000");
   calculate();
   EXPECT_THAT(told(), HasSubstr("of $2,000.00 it is $56.00."));
+  EXPECT_THAT(part<QTextBrowser>("page").toPlainText().toStdString(), HasSubstr("it is $56.00"));
   EXPECT_EQ(window()->findChild<QTableWidget*>("figures")->item(0, 1)->text(), "$2,000.00");
   EXPECT_THAT(window()->findChild<QLabel*>("shares")->text().toStdString(),
               StartsWith("Of the gross pay of $2,000.00: "));
+}
+
+TEST_F(ExplanationOfTheResults, DrawsTheSharesOfTheNextCalculate) {
+  doubleClick(5);
+  QTest::qWait(50);
+  auto& bar = part<QWidget>("bar");
+  const QImage before = bar.grab().toImage();
+  Paints paints(bar);
+  frame().activateWindow();
+  type("frmMain", "txtIncome", "9000");
+  paints.count = 0;
+  calculate();
+  EXPECT_GT(paints.count, 0);
+  EXPECT_NE(bar.grab().toImage(), before);
+}
+
+TEST_F(ExplanationOfTheResults, ComesToTheFrontAgain) {
+  doubleClick(5);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  frame().activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == &frame(); }));
+  doubleClick(7);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window(); }));
 }
 
 TEST_F(ExplanationOfTheResults, TheKeyboardChoosesAnotherFigure) {
@@ -155,6 +181,7 @@ TEST_F(ExplanationOfTheResults, PrintsNothingForOneWhoDoesNotWantToAfterAll) {
   doubleClick(5);
   click(part<QPushButton>("print"));
   EXPECT_EQ(dialogs.asked, 1);
+  EXPECT_EQ(dialogs.somePages, true);
   EXPECT_FALSE(QFile::exists(folder.filePath("explanation.pdf")));
 }
 

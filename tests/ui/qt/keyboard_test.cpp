@@ -173,6 +173,66 @@ TEST_F(Keyboard, AnEditableDropDownTakesWhatIsTypedAsItIs) {
   EXPECT_EQ(box.count(), entries);
 }
 
+TEST_F(Keyboard, AnEditableDropDownIsEditedWhereTheCursorIs) {
+  startOnMain();
+  clickItem("StateInfo");
+  auto& box = find<QComboBox>("frmState", "cboDeps(0)");
+  box.setFocus();
+  box.lineEdit()->selectAll();
+  write("5");
+  press("Home");
+  write("12");
+  EXPECT_EQ(box.currentText(), "125");
+  EXPECT_EQ(desk.use<frmState>().cboDeps[0].text(), "125");
+  press("Home");
+  QGuiApplication::clipboard()->setText("\t \n");  // of which nothing stays
+  press("Ctrl+V");
+  write("9");
+  EXPECT_EQ(desk.use<frmState>().cboDeps[0].text(), "9125");
+}
+
+TEST_F(Keyboard, AnEntryThatIsEditedKeepsTheCursor) {
+  startOnMain();
+  clickItem("StateInfo");
+  auto& box = find<QComboBox>("frmState", "cboDeps(0)");
+  box.setFocus();
+  box.lineEdit()->selectAll();
+  write("1");
+  press("Down");
+  QTest::keyClick(box.view(), Qt::Key_Home);
+  QTest::keyClick(box.view(), Qt::Key_Down);
+  QTest::keyClick(box.view(), Qt::Key_Return);
+  settle();
+  ASSERT_EQ(desk.use<frmState>().cboDeps[0].index(), 1);
+  press("Home");
+  write("34");
+  EXPECT_EQ(desk.use<frmState>().cboDeps[0].text(), "34" + desk.use<frmState>().cboDeps[0].entries()[1]);
+}
+
+TEST_F(Keyboard, KeysThatOpenAListMoveInItAtOnce) {
+  startOnMain();
+  auto& box = find<QComboBox>("frmMain", "cboState");
+  const auto marked = [&](Qt::Key key) {
+    box.setFocus();
+    QTest::keyClick(&box, key);
+    const QModelIndex row = box.view()->currentIndex();
+    QTest::keyClick(box.view(), Qt::Key_Escape);
+    settle();
+    return row.row();
+  };
+  EXPECT_EQ(marked(Qt::Key_End), box.count() - 1);
+  EXPECT_EQ(marked(Qt::Key_Home), 0);
+  EXPECT_GT(marked(Qt::Key_PageDown), 1);
+}
+
+TEST_F(Keyboard, ALetterIsTheSameInCapitals) {
+  startOnMain();
+  find("frmMain", "cboState").setFocus();
+  write("n");
+  QTest::keyClick(&listOf("cboState"), 'N', Qt::ShiftModifier);
+  EXPECT_EQ(listOf("cboState").currentIndex().data().toString(), "Nebraska");
+}
+
 TEST_F(Keyboard, AClosedDropDownNeverChooses) {
   stored(section::settings, "Deps", "3");
   startOnMain();
@@ -228,6 +288,45 @@ TEST_F(Keyboard, EscapeLeavesAPageThatLiesOverNoOther) {
   startOnMain();
   press("Esc");
   EXPECT_TRUE(shown("frmMain"));
+  click("frmMain", "cmdAdditional(0)");
+  desk.userClose(desk.use<frmMain>());  // beneath it
+  settle();
+  ASSERT_FALSE(shown("frmMain"));
+  press("Esc");
+  EXPECT_TRUE(shown("frmMisc"));
+}
+
+TEST_F(Keyboard, F6GoesToTheListBarAndBack) {
+  startOnMain();
+  find("frmMain", "txtHours").setFocus();
+  press("F6");
+  EXPECT_EQ(focused(), "group Calculations");
+  press("F6");
+  EXPECT_EQ(focused(), "txtHours");
+  clickItem("Personal");
+  press("F6");
+  EXPECT_EQ(focused(), "group File");
+  press("Tab");
+  press("Tab");
+  EXPECT_EQ(focused(), "SSListBar1(StateInfo)");
+  press("Space");
+  EXPECT_EQ(front(), "State Options");
+}
+
+TEST_F(Keyboard, WhatClosesGivesTheKeyboardBack) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  press("F9");
+  find("frmMain", "txtHours").setFocus();
+  for (const char* page : {"Ctrl+3", "Ctrl+2", "Ctrl+4", "Ctrl+P"}) {
+    press(page);
+    EXPECT_NE(front(), "Calculations") << page;
+    press("Ctrl+W");
+    if (!shown("frmMain")) break;
+    EXPECT_EQ(focused(), "txtHours") << page;
+    EXPECT_EQ(desk.focused(), &desk.use<frmMain>().txtHours) << page;
+  }
 }
 
 TEST_F(Keyboard, CalendarAndTablesAreClosedByKeys) {
@@ -260,8 +359,10 @@ TEST_F(Keyboard, TheClosingButtonIsReachedByTab) {
 TEST_F(Keyboard, TheFormIsPrintedAndExemptIsWritten) {
   startOnMain();
   clickItem("W4");
+  dialogs.onPrinter = [](QPrinter&) { return false; };
   press("Ctrl+P");
   EXPECT_EQ(dialogs.asked, 1);
+  EXPECT_EQ(dialogs.somePages, false);  // there is one
   press("Alt+7");
   EXPECT_EQ(focused(), "Label20");
   press("Space");
@@ -333,6 +434,17 @@ TEST_F(Keyboard, EnterOfTheKeypadIsEnter) {
   EXPECT_TRUE(find("frmW4", "Label27").isVisible());
 }
 
+TEST_F(Keyboard, EnterChoosesWhenItGoesDown) {
+  startOnMain();
+  clickItem("TwoWork");
+  click("frm2Workers", "cmdTable1Show(0)");
+  auto& rows = find<QListWidget>("frmTableOne", "lstTableOne");
+  rows.setCurrentRow(2);
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(&rows, &press);
+  EXPECT_FALSE(shown("frmTableOne"));
+}
+
 TEST_F(Keyboard, F1OnAboutOpensItsPage) {
   startOnMain();
   clickItem("About");
@@ -402,6 +514,11 @@ TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
   EXPECT_EQ(paste("12\n13"), "12 13");
   EXPECT_EQ(paste("7 "), "7");
   EXPECT_EQ(income.cursorPosition(), 1);
+  press("Home");
+  QGuiApplication::clipboard()->setText("\t \n");
+  press("Ctrl+V");
+  write("8");
+  EXPECT_EQ(screen.txtIncome.text(), "87");
   income.selectAll();
   write("1 ");  // typed blanks stay: a name has them
   EXPECT_EQ(screen.txtIncome.text(), "1 ");

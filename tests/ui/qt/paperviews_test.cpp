@@ -26,6 +26,7 @@
 #include "dialogsstandin.h"
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
+#include "paints.h"
 #include "ui/frmMain.h"
 #include "ui/frmPrint.h"
 #include "ui/qt/desktop.h"
@@ -327,7 +328,7 @@ TEST_F(ReportFile, IsntMadeWhereThereIsNoReport) {
   start();
   printer_.outOfOrder = true;
   openReport();
-  EXPECT_NE(write(path()), QString());
+  EXPECT_EQ(write(path()), "There is nothing to save.");
   EXPECT_FALSE(QFile::exists(path()));
 }
 
@@ -396,6 +397,39 @@ TEST_F(Preview, HasNowhereToTurnWithOnePage) {
   EXPECT_EQ(widget<QLabel>("pageNumber")->text(), "Page 1 of 1");
 }
 
+TEST_F(Preview, TurnsThePagesOfALongReport) {
+  start();
+  openReport();
+  std::string table = "<3000|>1500;Title|Value;";
+  for (int row = 1; row <= 80; ++row) table += "Row " + std::to_string(row) + "|1;";
+  PrintEngine& long_ = desk.use<frmPrint>().vsPrinter1;
+  long_.startDocument();
+  long_.addTable(table);
+  long_.endDocument();
+  auto* number = widget<QLabel>("pageNumber");
+  auto* sheet = widget<QScrollArea>("vsPrinter1")->widget();
+  const auto press = [&](const char* button) {
+    QTest::mouseClick(widget<QPushButton>(button), Qt::LeftButton);
+    return number->text().toStdString();
+  };
+  EXPECT_EQ(number->text(), "Page 1 of 3");
+  EXPECT_FALSE(widget<QPushButton>("previous")->isEnabled());
+  const QImage first = sheet->grab().toImage();
+  EXPECT_EQ(press("next"), "Page 2 of 3");
+  const QImage second = sheet->grab().toImage();
+  EXPECT_NE(first, second);
+  EXPECT_TRUE(widget<QPushButton>("previous")->isEnabled());
+  EXPECT_EQ(press("next"), "Page 3 of 3");
+  EXPECT_FALSE(widget<QPushButton>("next")->isEnabled());
+  EXPECT_EQ(press("previous"), "Page 2 of 3");
+  EXPECT_EQ(sheet->grab().toImage(), second);
+  EXPECT_EQ(press("previous"), "Page 1 of 3");
+  EXPECT_EQ(sheet->grab().toImage(), first);
+  press("next");
+  press("cmdPrintMenu(0)");  // a report of one page again
+  EXPECT_EQ(number->text(), "Page 1 of 1");
+}
+
 TEST_F(Preview, FirstButtonMakesTheReportAgain) {
   start();
   openReport();
@@ -403,19 +437,6 @@ TEST_F(Preview, FirstButtonMakesTheReportAgain) {
   QTest::mouseClick(widget<QPushButton>("cmdPrintMenu(0)"), Qt::LeftButton);
   EXPECT_EQ(engine().cells()[1], (PrintEngine::Cells{"  Gross Pay", "$1,000.00"}));
 }
-
-/// Counts how often a widget is painted.
-class Paints : public QObject {
- public:
-  explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
-  int count = 0;
-
- protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++count;
-    return false;
-  }
-};
 
 TEST_F(Preview, IsDrawnAgainWithTheReport) {
   start();
@@ -483,6 +504,8 @@ TEST_F(Preview, TellsAFileThatCantBeWrittenUntilOneIs) {
   QTest::mouseClick(widget<QPushButton>("savepdf"), Qt::LeftButton);
   EXPECT_TRUE(widget<QLabel>("notice")->isVisible());
   EXPECT_TRUE(widget<QLabel>("notice")->text().contains(dialogs_.path));
+  QCoreApplication::processEvents();
+  EXPECT_GT(widget<QLabel>("notice")->y(), widget<QScrollArea>("vsPrinter1")->geometry().bottom());
   dialogs_.path = folder.filePath("report.pdf");
   QTest::mouseClick(widget<QPushButton>("savepdf"), Qt::LeftButton);
   EXPECT_FALSE(widget<QLabel>("notice")->isVisible());
@@ -498,6 +521,35 @@ TEST_F(Preview, TellsThatNoPrinterIsSetUp) {
   EXPECT_TRUE(widget<QPushButton>("savepdf")->isEnabled());
   QTest::mouseClick(widget<QPushButton>("cmdPrintMenu(0)"), Qt::LeftButton);
   EXPECT_FALSE(widget<QLabel>("notice")->isVisible());
+}
+
+TEST_F(Preview, PrintsFinelyUnderTheNameOfTheProgram) {
+  start();
+  openReport();
+  dialogs_.onPrinter = [](QPrinter& printer) {
+    EXPECT_GE(printer.resolution(), 600);
+    EXPECT_EQ(printer.docName(), "Tallyfin 99");
+    return false;
+  };
+  QTest::mouseClick(widget<QPushButton>("print"), Qt::LeftButton);
+  EXPECT_EQ(dialogs_.asked, 1);
+  EXPECT_EQ(dialogs_.somePages, false);
+}
+
+TEST_F(Preview, SetsTheReportInItsOwnLetters) {
+  start();
+  fillRecord();
+  openReport();
+  PrintEngine& report = desk.use<frmPrint>().vsPrinter1;
+  auto* sheet = widget<QScrollArea>("vsPrinter1")->widget();
+  const QImage plain = sheet->grab().toImage();
+  report.setFont(12, true, false);
+  const QImage bold = sheet->grab().toImage();
+  report.setFont(12, false, true);
+  const QImage italic = sheet->grab().toImage();
+  EXPECT_NE(bold, plain);
+  EXPECT_NE(italic, plain);
+  EXPECT_NE(italic, bold);
 }
 
 TEST_F(Preview, EveryButtonHasAName) {
@@ -516,6 +568,11 @@ TEST(DesktopPointerTest, IsAnHourglassWhileBusyAndAsBeforeAfterwards) {
   EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   pointer.setBusy(false);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  {
+    DesktopPointer busyToTheEnd;
+    busyToTheEnd.setBusy(true);
+  }
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 // --- The help
@@ -529,7 +586,7 @@ class Help : public PaperTest {
 
   HelpWindow* window() {
     QCoreApplication::processEvents();
-    return desktop_->frame()->findChild<HelpWindow*>();
+    return static_cast<HelpWindow*>(desktop_->frame()->findChild<QDialog*>("help"));
   }
   QTextBrowser* page() { return window()->findChild<QTextBrowser*>(); }
   QTreeWidget* contents() { return window()->findChild<QTreeWidget*>(); }
@@ -589,6 +646,26 @@ TEST_F(Help, ContentsListStatesBelowTheirPage) {
   const auto found = contents()->findItems("Wisconsin", Qt::MatchExactly | Qt::MatchRecursive);
   ASSERT_EQ(found.size(), 1);
   EXPECT_EQ(found.front()->parent()->text(0), "State withholding");
+  EXPECT_EQ(found.front()->toolTip(0), "Wisconsin");  // it may be cut off
+}
+
+TEST_F(Help, TheTitleOfABookShowsItsFirstTopicAndKeepsTheMark) {
+  clickListBar("Help");
+  QTreeWidgetItem* book = contents()->topLevelItem(1);
+  contents()->setCurrentItem(book);
+  EXPECT_EQ(heading(), "Form W-4 from start to finish");
+  EXPECT_EQ(contents()->currentItem(), book);
+}
+
+TEST_F(Help, SearchOpensWhatItsHitsStandBelow) {
+  clickListBar("Help");
+  QTreeWidgetItem* states = contents()->findItems("State withholding", Qt::MatchExactly | Qt::MatchRecursive).front();
+  states->setExpanded(false);
+  auto* search = window()->findChild<QLineEdit*>("search");
+  search->setText("   ");
+  EXPECT_FALSE(states->isExpanded());
+  search->setText("Wisconsin");
+  EXPECT_TRUE(states->isExpanded());
 }
 
 TEST_F(Help, SearchKeepsThePagesThatHaveAllWords) {
@@ -616,6 +693,14 @@ TEST_F(Help, SearchForWhatIsNowhereSaysSo) {
   QTest::keyClicks(window()->findChild<QLineEdit*>("search"), "xylophone");
   EXPECT_TRUE(listed().empty());
   EXPECT_TRUE(nothing->isVisible());
+}
+
+TEST_F(Help, SearchStandsAtTheRight) {
+  clickListBar("Help");
+  const auto* search = window()->findChild<QLineEdit*>("search");
+  EXPECT_EQ(search->geometry().right(), search->parentWidget()->width() - 1);
+  const auto* home = window()->findChild<QToolButton*>("home");
+  EXPECT_GT(search->x() - home->geometry().right(), 100);
 }
 
 TEST_F(Help, LeavesRoomForTheSearchInASmallWindow) {
@@ -646,11 +731,25 @@ TEST_F(Help, LinksLeadWithinTheFileAndToTheOther) {
   clickListBar("Help");
   Q_EMIT page()->anchorClicked(QUrl("#frmMain"));
   EXPECT_EQ(heading(), "The main screen");
+  EXPECT_EQ(contents()->currentItem()->text(0), "The main screen");
   Q_EMIT page()->anchorClicked(QUrl("W4.hlp#10"));
   EXPECT_EQ(heading(), "Form W-4 from start to finish");
   Q_EMIT page()->anchorClicked(QUrl("#hoh"));
   EXPECT_EQ(heading(), "Head Of Household");
   Q_EMIT page()->anchorClicked(QUrl("Tallyfin.hlp#oddities"));
+  EXPECT_EQ(heading(), "Known oddities");
+}
+
+TEST_F(Help, TheKeyboardFollowsALink) {
+  clickListBar("Help");
+  page()->setFocus();
+  QTest::keyClick(page(), Qt::Key_Tab);  // to the first link
+  QTest::keyClick(page(), Qt::Key_Return);
+  EXPECT_NE(heading(), "Welcome to Tallyfin 99");
+  const QUrl within = page()->source();
+  EXPECT_EQ(within.scheme(), "help");
+  contents()->setCurrentItem(contents()->findItems("Head Of Household", Qt::MatchExactly | Qt::MatchRecursive).front());
+  Q_EMIT page()->anchorClicked(page()->source().resolved(QUrl("Tallyfin.hlp#oddities")));
   EXPECT_EQ(heading(), "Known oddities");
 }
 
@@ -701,6 +800,24 @@ TEST_F(Help, F1OpensTheTopicOfTheActiveDocument) {
   EXPECT_EQ(heading(), "Personal Allowances Worksheet");
 }
 
+TEST_F(Help, F1BringsTheHelpToTheFront) {
+  pressKey(desktop_->frame(), Qt::Key_F1);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  pressKey(desktop_->frame(), Qt::Key_F1);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
+}
+
+TEST_F(Help, F1OnTheAboutBoxOpensItsTopic) {
+  clickListBar("About");
+  QWidget* box = desktop_->view("frmAbt")->window();
+  pressKey(box, Qt::Key_F1);
+  EXPECT_EQ(page()->source().path(), "/Tallyfin.hlp/frmAbt");
+  desktop_->frame()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == desktop_->frame(); }));
+  QTest::keyClick(desktop_->frame(), Qt::Key_F1);  // beneath it
+  EXPECT_EQ(page()->source().path(), "/Tallyfin.hlp/frmMain");
+}
+
 TEST_F(Help, F1WithoutADocumentOpensTheFirstTopic) {
   while (desk.activeDocument() != nullptr) desk.closeActiveDocument();
   pressKey(desktop_->frame(), Qt::Key_F1);
@@ -714,22 +831,27 @@ TEST_F(Help, KeysGoBackSearchAndClose) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return heading() == "Welcome to Tallyfin 99"; })) << heading();
   pressKey(window(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_EQ(window()->focusWidget()->objectName(), "search");
+  QTest::keyClicks(window()->focusWidget(), "tax");
+  pressKey(window(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(window()->findChild<QLineEdit*>("search")->selectedText(), "tax");
   pressKey(window(), Qt::Key_Escape);
   EXPECT_FALSE(window()->isVisible());
 }
 
 TEST_F(Help, AMissingFileIsToldByNameAndPlace) {
   QTemporaryDir nowhere;
-  DesktopHelp help({nowhere.path()});
+  QTemporaryDir neither;
+  DesktopHelp help({nowhere.path(), neither.path()});
   help.serve(*desktop_->frame());
   help.open("Tallyfin.hlp", 0);
   const auto* notice = desktop_->frame()->findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
   EXPECT_TRUE(notice->isVisible());
-  EXPECT_EQ(notice->text().toStdString(),
-            "The help file Tallyfin.hlp can't be found in " + nowhere.path().toStdString() + ".");
+  EXPECT_EQ(notice->text().toStdString(), "The help file Tallyfin.hlp can't be found in " +
+                                              nowhere.path().toStdString() + " or " + neither.path().toStdString() +
+                                              ".");
   EXPECT_FALSE(help.window()->isVisible());
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  clickListBar("Calc");
+  clickListBar("Help");  // which is there, and takes the line away
   EXPECT_FALSE(notice->isVisible());
 }
 
@@ -745,6 +867,8 @@ TEST_F(Help, AMissingFileLeavesTheOtherOpen) {
   const auto* notice = help.window()->findChild<QLabel*>("notice");
   EXPECT_TRUE(notice->isVisible());
   EXPECT_TRUE(notice->text().contains("Tallyfin.hlp"));
+  QCoreApplication::processEvents();
+  EXPECT_GT(notice->y(), shown->mapTo(help.window(), shown->rect().bottomLeft()).y());
   EXPECT_EQ(shown->document()->begin().text(), "Form W-4 from start to finish");
 }
 

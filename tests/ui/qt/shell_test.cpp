@@ -10,6 +10,7 @@
 
 #include "controls/desk.h"
 #include "desktoptest.h"
+#include "paints.h"
 #include "ui/MDIOpen.h"
 #include "ui/qt/look.h"
 
@@ -178,6 +179,78 @@ TEST_F(ShellDesktop, AnItemIsHighlightedWhileThePointerIsOverIt) {
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(&item, &leave);
   EXPECT_FALSE(item.highlighted);
+}
+
+TEST_F(ShellDesktop, WhatThePointerIsOverIsDrawnAgain) {
+  startOnMain();
+  for (const char* name : {"SSListBar1(Multi)", "group File"}) {
+    QWidget& widget = find("MDIOpen", name);
+    QCursor::setPos(frame().mapToGlobal(frame().rect().bottomRight()));
+    QTest::qWait(50);
+    Paints paints(widget);
+    QTest::mouseMove(frame().windowHandle(), widget.mapTo(&frame(), widget.rect().center()));
+    QTest::qWait(50);
+    EXPECT_GT(paints.count, 0) << name;
+    paints.count = 0;
+    QTest::mouseMove(frame().windowHandle(), frame().rect().bottomRight());
+    QTest::qWait(50);
+    EXPECT_GT(paints.count, 0) << name;
+  }
+}
+
+TEST_F(ShellDesktop, TheLightPictureOfAnItemIsDarkWhileItIsHighlighted) {
+  startOnMain();
+  auto& item = static_cast<ListBarButton&>(find("MDIOpen", "SSListBar1(Multi)"));
+  item.highlighted = true;
+  const QImage drawn = item.grab(QRect((item.width() - 22) / 2, 5, 22, 22)).toImage();
+  std::map<QRgb, int> colours;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) ++colours[drawn.pixel(x, y)];
+  }
+  EXPECT_GT(colours[look::deep.rgb()], 20);
+  EXPECT_GT(colours[look::lightBlue.rgb()], 20);  // the ground around its shape
+}
+
+TEST_F(ShellDesktop, TheOtherButtonBringsAPageToTheFrontToo) {
+  startOnMain();
+  click("frmMain", "cmdAdditional(0)");
+  ASSERT_EQ(front(), "Local Tax and Raise");
+  QTest::mouseClick(&find("frmMain", "lblIncome"), Qt::RightButton);
+  EXPECT_EQ(front(), "Calculations");
+}
+
+TEST_F(ShellDesktop, APageLeavesRoomForTheNotice) {
+  startOnMain();
+  clickItem("W4");
+  dialogs.path = "/dev/null/form.pdf";
+  QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
+  settle();
+  const auto* notice = frame().findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
+  ASSERT_TRUE(notice->isVisible());
+  const QWidget* page = view("frmW4").parentWidget()->parentWidget()->parentWidget();
+  EXPECT_EQ(page->rect(), frame().area().rect());
+  EXPECT_LT(page->mapTo(&frame(), page->rect().bottomLeft()).y(), notice->y());
+}
+
+TEST_F(ShellDesktop, TheFrameStaysWhileAWarningMustBeAnswered) {
+  startOnMain();
+  clickItem("Analysis");
+  ASSERT_TRUE(shown("MsgBox"));
+  frame().close();
+  settle();
+  EXPECT_TRUE(frame().isVisible());
+  EXPECT_TRUE(desk.running());
+}
+
+/// Pictures fade where their buttons are disabled, as fine as they are.
+TEST_F(ShellDesktop, APictureFadesWhereItIsDisabled) {
+  QPixmap picture(8, 8);
+  picture.setDevicePixelRatio(2);
+  picture.fill(Qt::white);
+  const QPixmap faded = QApplication::style()->generatedIconPixmap(QIcon::Disabled, picture, nullptr);
+  EXPECT_EQ(faded.devicePixelRatio(), 2);
+  const QImage drawn = faded.toImage();
+  for (const QPoint corner : {QPoint(0, 0), QPoint(7, 7)}) EXPECT_EQ(drawn.pixelColor(corner).alpha(), 101);
 }
 
 TEST_F(ShellDesktop, AnalysisWithoutACalculationWarnsAndMustBeAnswered) {

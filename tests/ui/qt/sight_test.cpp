@@ -7,8 +7,11 @@
 #include <QFile>
 #include <QRegularExpression>
 
+#include "controls/desk.h"
+#include "engine/paydata.h"
 #include "everyscreen.h"
 #include "machine/machine.h"
+#include "ui/frmPrint.h"
 
 /// What a user sees of every screen and window, held against the sights that are written down in the folder sights.
 /// With --rewrite what is seen now is written there instead: read the change before you keep it.
@@ -158,12 +161,53 @@ TEST_F(Sights, TheReport) {
   see("report-whole", "frmPrint");
 }
 
+TEST_F(Sights, AReportOfManyPages) {
+  startOnMainInMay();
+  click("frmMain", "cmdToolBar(1)");
+  std::string table = "<3000|>1500;Title|Value;";
+  for (int row = 1; row <= 60; ++row) table += "Row " + std::to_string(row) + "|1;";
+  PrintEngine& report = desk.use<frmPrint>().vsPrinter1;
+  report.startDocument();
+  report.addTable(table);
+  report.endDocument();
+  see("report-first-page", "frmPrint");
+  click("frmPrint", "next");
+  click("frmPrint", "next");
+  see("report-last-page", "frmPrint");
+}
+
 TEST_F(Sights, TheReportOfALongName) {
   stored(section::user, "UName", QStringLiteral("Pat Q. Sample of the Long Name ").repeated(12).toStdString());
   startOnMainInMay();
   enterPaycheck();
   click("frmMain", "cmdToolBar(1)");
   see("report-long-name", "frmPrint");
+}
+
+TEST_F(Sights, LargerLetters) {
+  const QFont normal = QApplication::font();
+  QFont large = normal;
+  large.setPointSizeF(1.5 * normal.pointSizeF());
+  QApplication::setFont(large);
+  startOnMainInMay();
+  enterPaycheck();
+  see("large-main", "frmMain");
+  click("frmMain", "cmdAdditional(0)");
+  see("large-local-tax", "frmMisc");
+  click("frmMisc", "cmdExit(0)");
+  click("frmMain", "cmdAdditional(1)");
+  see("large-raise", "frmMisc");
+  for (const auto& [item, screen] : {std::pair{"Analysis", "frmAnalysis"},
+                                     {"Multi", "frmMultiCheck"},
+                                     {"StateInfo", "frmState"},
+                                     {"Pers", "frmPersWkSht"},
+                                     {"TwoWork", "frm2Workers"},
+                                     {"W4", "frmW4"}}) {
+    clickItem(item);
+    see((std::string("large-") + screen).c_str(), screen);
+  }
+  seeFrame("large-frame");
+  QApplication::setFont(normal);
 }
 
 /// A printer that takes no document: nothing is made.
@@ -248,6 +292,19 @@ TEST_F(Sights, TheWorksheets) {
   type("frm2Workers", "txtNumPayDays", "26");
   click("frm2Workers", "cmdPersWrkCalc(0)");
   see("two-workers-second", "frm2Workers");
+}
+
+/// Where Table 1 leaves nothing for the second page, the form follows the first.
+TEST_F(Sights, TwoWorkersWithTheFirstTableAlone) {
+  startOnMainInMay();
+  payData.w4Allowances = 5;
+  clickItem("TwoWork");
+  click("frm2Workers", "cmdTable1Show(0)");
+  auto& rows = find<QListWidget>("frmTableOne", "lstTableOne");
+  QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, rows.visualItemRect(rows.item(1)).center());
+  settle();
+  EXPECT_TRUE(find("frm2Workers", "cmdPersWrkCalc(2)").isVisible());
+  see("two-workers-first", "frm2Workers");
 }
 
 TEST_F(Sights, TheForm) {
