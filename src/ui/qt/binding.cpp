@@ -303,9 +303,9 @@ class PickFilter : public QObject {
     if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, &binding_, [this] { binding_.refresh(); });
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
-    pick(widget_.currentRow());
-    return true;
+    const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    if (chooses) pick(widget_.currentRow());
+    return chooses;
   }
 
  private:

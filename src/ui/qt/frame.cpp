@@ -59,7 +59,6 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
   scroll_->setWidget(&view);
 
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(edge, 0, edge, edge);
   layout->setSpacing(0);
   layout->addWidget(strip_);
   layout->addWidget(scroll_, 1);
@@ -89,14 +88,14 @@ void Document::place(const QSize& area) {
   const int around = screen->maximized ? 1 : edge;
   layout()->setContentsMargins(around, screen->maximized ? 0 : edge, around, around);
   if (screen->maximized) {
-    setGeometry(QRect(QPoint(0, 0), area));
+    setGeometry(QRect(QPoint(), area));
     return;
   }
   QSize wanted = view_.sizeHint().expandedTo(view_.minimumSize()).boundedTo(view_.maximumSize());
   if (view_.hasHeightForWidth()) wanted.setHeight(view_.heightForWidth(wanted.width()));
   wanted += QSize(2 * edge, titleHeight() + 2 * edge);
-  QRect place(QPoint(0, 0), wanted.boundedTo(area));
-  place.moveCenter(QRect(QPoint(0, 0), area).center());
+  QRect place(QPoint(), wanted.boundedTo(area));
+  place.moveCenter(QRect(QPoint(), area).center());
   setGeometry(place);
 }
 
@@ -281,9 +280,7 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
   // On a screen without the room for it the pages scroll.
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(windowEdges);
   setFixedSize(QSize(pixels(MDIOpen::width), pixels(MDIOpen::height)).boundedTo(room.size()));
-  const auto showTitle = [this, &screen] { setWindowTitle(QString::fromStdString(screen.title())); };
-  screen.watch(showTitle);
-  showTitle();
+  screen.watch([this, &screen] { setWindowTitle(QString::fromStdString(screen.title())); });
 
   presentAs(*this, QAccessible::Window);
   announcer_ = new Announcer(this);

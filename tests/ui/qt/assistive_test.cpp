@@ -265,7 +265,10 @@ TEST_F(Assistive, APageThatComesToTheFrontIsTold) {
   view("frmAbt").window()->close();
   settle();
   EXPECT_THAT(told, Not(Contains("alert Multiple Check Worksheet")));  // it was in front all the time
+  told.clear();
   clickItem("Pers");
+  EXPECT_THAT(told, Contains("alert Personal Allowances Worksheet"));
+  EXPECT_THAT(told, Not(Contains("alert Page 1")));  // it has been in sight from the start
   told.clear();
   press("frmPersWkSht", "cmdW4Back(0)");
   EXPECT_THAT(told, Contains("alert Page 2"));

@@ -7,6 +7,8 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTimer>
 
@@ -132,6 +134,49 @@ TEST_F(PdfDialog, KeepsNoSettings) {
   printForm({escape});
   const QString file = QSettings(QSettings::UserScope, QStringLiteral("QtProject")).fileName();
   EXPECT_FALSE(QFile::exists(file)) << file.toStdString();
+}
+
+// --- The form on paper
+
+class FormOnPaper : public DesktopTest {
+ protected:
+  QByteArray saved() {
+    QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
+    QFile file(dialogs.path);
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
+    return file.readAll();
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(FormOnPaper, FillsThePage) {
+  dialogs.path = folder_.filePath("form.pdf");
+  startOnMain();
+  clickItem("W4");
+  saved();
+  QProcess reader;
+  reader.start("pdftotext", {"-bbox", dialogs.path, "-"});
+  ASSERT_TRUE(reader.waitForFinished()) << "pdftotext is needed";
+  static const QRegularExpression edge("xMax=\"([\\d.]+)\"");
+  double right = 0;
+  const QString words = QString::fromUtf8(reader.readAllStandardOutput());
+  for (auto next = edge.globalMatch(words); next.hasNext();)
+    right = std::max(right, next.next().captured(1).toDouble());
+  EXPECT_GT(right, 550);  // of 612
+  EXPECT_LT(right, 612);
+}
+
+TEST_F(FormOnPaper, HasNoMarkOfTheKeyboard) {
+  dialogs.path = folder_.filePath("form.pdf");
+  startOnMain();
+  clickItem("W4");
+  find("frmW4", "optSingle").setFocus(Qt::TabFocusReason);
+  settle();
+  const QByteArray withKeyboard = saved();
+  find("MDIOpen", "group File").setFocus(Qt::TabFocusReason);
+  settle();
+  EXPECT_EQ(withKeyboard.size(), saved().size());
 }
 
 /// The dialog for a printer, answered as it comes up.

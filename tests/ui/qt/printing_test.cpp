@@ -116,9 +116,10 @@ TEST_F(Printing, TheFormArrivesOnBothPapers) {
 TEST_F(Printing, AQueueThatRejectsIsTold) {
   answerOf("cupsreject", {"letter"});
   printReport("letter", QPageSize::Letter);
-  EXPECT_THAT(text("frmPrint", "notice"), AllOf(HasSubstr("couldn't be printed"), HasSubstr("not accepting jobs")));
+  EXPECT_THAT(text("frmPrint", "notice"),
+              AllOf(HasSubstr("The report couldn't be printed. "), HasSubstr("not accepting jobs")));
   printForm("letter", QPageSize::Letter);
-  EXPECT_THAT(told(), AllOf(HasSubstr("couldn't be printed"), HasSubstr("not accepting jobs")));
+  EXPECT_THAT(told(), AllOf(HasSubstr("The form couldn't be printed. "), HasSubstr("not accepting jobs")));
   answerOf("cupsaccept", {"letter"});
 }
 

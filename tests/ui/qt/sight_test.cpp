@@ -165,7 +165,7 @@ TEST_F(Sights, AReportOfManyPages) {
   startOnMainInMay();
   click("frmMain", "cmdToolBar(1)");
   std::string table = "<3000|>1500;Title|Value;";
-  for (int row = 1; row <= 60; ++row) table += "Row " + std::to_string(row) + "|1;";
+  for (int row = 1; row <= 67; ++row) table += "Row " + std::to_string(row) + "|1;";
   PrintEngine& report = desk.use<frmPrint>().vsPrinter1;
   report.startDocument();
   report.addTable(table);

@@ -96,7 +96,6 @@ class frmMainView : public View {
     QListWidget* widget = list(screen_.lstFrequency);
     widget->setAccessibleName(QStringLiteral("Pay frequency"));
     widget->setFixedHeight(heightOfRows(*widget, 4));
-    widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as wide as the column
     return widget;
   }
 

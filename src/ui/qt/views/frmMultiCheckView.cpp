@@ -22,9 +22,7 @@ namespace {
 /// The four periods of a row. Its options have no caption that could show the focus, so the row draws it.
 class Periods : public QWidget {
  public:
-  explicit Periods(QWidget* parent) : QWidget(parent) {
-    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
-  }
+  using QWidget::QWidget;
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -97,7 +95,6 @@ class frmMultiCheckView : public View {
       QLabel* widget = paragraph(*control);
       widget->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
       widget->setFixedWidth(look::scaled(periodWidth));
-      widget->setMinimumHeight(2 * fontMetrics().lineSpacing());
       row->addWidget(widget);
     }
     return row;

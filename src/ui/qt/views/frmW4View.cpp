@@ -74,7 +74,6 @@ class FormTick : public Button {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     const QRect square(2, (this->height() - box) / 2, box, box);
-    painter.setPen(Qt::black);
     painter.setBrush(Qt::white);
     painter.drawRect(square);
     if (this->isChecked()) {
@@ -84,7 +83,6 @@ class FormTick : public Button {
                                       square.topLeft() + QPointF(7.5, 1.5)}));
       painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    painter.setPen(this->palette().color(QPalette::WindowText));
     painter.drawText(this->rect().adjusted(square.right() + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                      this->text());
     showFocus(painter, *this);
@@ -156,7 +154,6 @@ class frmW4View : public View {
     layout->addSpacing(look::row);
     layout->addLayout(signature());
     layout->addWidget(level(this, 2));
-    layout->addStretch();
     layout->addLayout(foot());
     onKey(QKeySequence::Print, QStringLiteral("Print the form"), [this] { screen_.userDblClick(); });
     lineKeys({{'1', &screen_.txtName},
