@@ -298,17 +298,21 @@ class PickFilter : public QObject {
   }
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    // The toolkit marks the first row of a list that gets the focus with nothing chosen; there is no mark here until
-    // the user moves.
-    if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, &binding_, [this] { binding_.refresh(); });
-    if (event->type() != QEvent::KeyPress) return false;
-    const int key = static_cast<QKeyEvent*>(event)->key();
+    switch (event->type()) {
+      // The toolkit marks the first row of a list that gets the focus with nothing chosen; there is no mark here until
+      // the user moves.
+      case QEvent::FocusIn: QTimer::singleShot(0, &binding_, [this] { binding_.refresh(); }); return false;
+      case QEvent::KeyPress: return pickBy(static_cast<QKeyEvent&>(*event).key());
+      default: return false;
+    }
+  }
+
+ private:
+  bool pickBy(int key) {
     const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
     if (chooses) pick(widget_.currentRow());
     return chooses;
   }
-
- private:
   void pick(int row) {
     binding_.act([this, row] { list_.userPick(row); });
   }
@@ -409,7 +413,6 @@ class DropDownKeys : public QObject {
     rows.installEventFilter(this);
     onBareSelection(binding_, rows, [this](int row) {
       if (row == box_.currentIndex()) return;
-      box_.view()->setCurrentIndex(box_.model()->index(row, 0));
       box_.hidePopup();
       box_.setFocus(Qt::MouseFocusReason);
       binding_.act([this, row] { dropDown_.userPick(row); });

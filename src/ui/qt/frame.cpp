@@ -177,7 +177,6 @@ GroupHeader::GroupHeader(const QString& caption, QWidget* parent) : BarButton(pa
   setText(caption);
   setObjectName(QStringLiteral("group ") + caption);
   setCheckable(true);
-  setAttribute(Qt::WA_Hover);
 }
 
 QSize GroupHeader::sizeHint() const { return {listBarWidth(), std::max(22, fontMetrics().height() + 8)}; }

@@ -243,6 +243,8 @@ TEST_F(UnwritableFile, OfTheExplanation) {
   auto& print = *window.findChild<QPushButton*>("print");
   click(print);
   expectTold(window, "explanation");
+  settle();
+  EXPECT_GT(window.findChild<QLabel*>("notice")->y(), window.findChild<QWidget*>("figures")->geometry().bottom());
   const QTemporaryDir folder;
   dialogs.path = folder.filePath("explanation.pdf");
   click(print);

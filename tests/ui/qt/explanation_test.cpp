@@ -113,8 +113,9 @@ TEST_F(ExplanationOfTheResults, ComesToTheFrontAgain) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
   frame().activateWindow();
   ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == &frame(); }));
-  doubleClick(7);
+  doubleClick(0);
   EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window(); }));
+  EXPECT_THAT(told(), StartsWith("Gross Pay\n"));
 }
 
 TEST_F(ExplanationOfTheResults, TheKeyboardChoosesAnotherFigure) {
