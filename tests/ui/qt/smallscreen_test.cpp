@@ -56,6 +56,7 @@ TEST_F(SmallScreen, TheListBarIsReachedToItsEnd) {
     item.setFocus(Qt::TabFocusReason);
     settle();
     EXPECT_FALSE(item.visibleRegion().isEmpty()) << key;
+    EXPECT_GE(item.height(), item.heightForWidth(item.width())) << key;
   }
 }
 
