@@ -127,9 +127,7 @@ class ClickFilter : public QObject {
       binding_.act([this] { control_.userSecondClick(); });
     }
     doubled_ = type == QEvent::MouseButtonDblClick;
-    // The model knows whose a double click is: the screen behind mustn't take it once more.
-    if (doubled_) event->accept();
-    return doubled_;
+    return doubled_;  // the model knows whose a double click is: the screen behind mustn't take it once more
   }
 
  private:
