@@ -384,22 +384,27 @@ class DropDownKeys : public QObject {
   bool openBy(QKeyEvent& key) {
     switch (key.key()) {
       case Qt::Key_Up:
-      case Qt::Key_Down: box_.showPopup(); return true;
+      case Qt::Key_Down: open(); return true;
       case Qt::Key_Home:
       case Qt::Key_End:
         if (box_.isEditable()) return false;
         [[fallthrough]];
       case Qt::Key_PageUp:
       case Qt::Key_PageDown:
-        box_.showPopup();
+        open();
         QApplication::sendEvent(box_.view(), &key);
         return true;
       default: break;
     }
     if (box_.isEditable() || !isLetter(key)) return false;
-    box_.showPopup();
+    open();
     searched_.clear();
     return search(key);
+  }
+
+  void open() {
+    box_.showPopup();
+    adoptList();  // before the keys that wait already
   }
 
   void adoptList() {

@@ -81,8 +81,12 @@ void Desktop::giveKeyboard() {
   const auto active = views_.find(desk.activeDocument());
   if (active == views_.end() || active->second == nullptr) return;
   View& view = *active->second;
-  const QWidget* kept = focusedWidget();
-  if (kept == nullptr || !kept->isVisible() || !view.isAncestorOf(kept)) view.takeKeyboard();
+  QWidget* kept = focusedWidget();
+  if (kept != nullptr && kept->isVisible() && view.isAncestorOf(kept)) {
+    kept->setFocus(Qt::ActiveWindowFocusReason);
+  } else {
+    view.takeKeyboard();
+  }
 }
 
 /// Marks the widget that has the keyboard, and scrolls it into sight unless the mouse is at work on it.

@@ -324,7 +324,6 @@ void Frame::keys() {
     }
     if (View* page = area_->active()) page->takeKeyboard();
   });
-  setActive(true);
 }
 
 QWidget* Frame::listBar(MDIOpen& screen) {

@@ -63,6 +63,14 @@ TEST_F(ExplanationOfTheResults, OpensByADoubleClickOnARow) {
   EXPECT_EQ(front(), "Calculations");
 }
 
+TEST_F(ExplanationOfTheResults, ShowsTheFigureOfEachRow) {
+  for (int row = 0; row < grid().rowCount(); ++row) {
+    doubleClick(row);
+    EXPECT_THAT(told(), StartsWith(grid().item(row, 0)->text().toStdString() + "\n"));
+    frame().activateWindow();
+  }
+}
+
 TEST_F(ExplanationOfTheResults, OpensByEnter) {
   grid().setFocus();
   grid().setCurrentCell(7, 0);

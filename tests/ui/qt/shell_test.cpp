@@ -212,6 +212,21 @@ TEST_F(ShellDesktop, AnItemIsDrawnAgainWhenItsHighlightChanges) {
   EXPECT_EQ(paints.count, 2);
 }
 
+TEST_F(ShellDesktop, AGroupsHeaderIsDrawnAgainUnderThePointer) {
+  startOnMain();
+  QWidget& header = find("MDIOpen", "group File");
+  const QPoint elsewhere = frame().rect().bottomRight();
+  QTest::mouseMove(frame().windowHandle(), elsewhere);
+  QTest::qWait(50);
+  Paints paints(header);
+  for (const QPoint& place : {header.mapTo(&frame(), header.rect().center()), elsewhere}) {
+    paints.count = 0;
+    QTest::mouseMove(frame().windowHandle(), place);
+    QTest::qWait(50);
+    EXPECT_GT(paints.count, 0);
+  }
+}
+
 TEST_F(ShellDesktop, TheLightPictureOfAnItemIsDarkWhileItIsHighlighted) {
   startOnMain();
   auto& item = static_cast<ListBarButton&>(find("MDIOpen", "SSListBar1(Multi)"));

@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QWindow>
 
+#include "controls/colours.h"
 #include "controls/desk.h"
 #include "dialogsstandin.h"
 #include "engine/paydata.h"
@@ -375,6 +376,20 @@ TEST_F(W4ViewsTest, TheMarkerMovesInTheTableUntilEnterChooses) {
   EXPECT_EQ(caption(sheet, "lbl2WkerT1"), "4");
   EXPECT_EQ(caption(sheet, "lbl2Wker3"), "0");
   EXPECT_TRUE(find(sheet, "cmdW4Back(0)").isEnabled());
+}
+
+TEST_F(W4ViewsTest, AnOptionOfTheFormIsWrittenInItsColour) {
+  View& form = open<frmW4>();
+  auto& option = find<QRadioButton>(form, "optMarried");
+  click(form, "optMarried");
+  desk.use<frmW4>().optMarried.foreColour = colours::highlight;
+  const QImage drawn = option.grab(QRect(14, 0, option.width() - 14, option.height())).toImage();
+  int coloured = 0;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x)
+      coloured += drawn.pixelColor(x, y) == look::colour(colours::highlight) ? 1 : 0;
+  }
+  EXPECT_GT(coloured, 0);
 }
 
 TEST_F(W4ViewsTest, Table2AndThePaydaysGiveTheAmountOfThePaycheck) {

@@ -83,6 +83,7 @@ class FormTick : public Button {
                                       square.topLeft() + QPointF(7.5, 1.5)}));
       painter.setRenderHint(QPainter::Antialiasing, false);
     }
+    painter.setPen(this->palette().color(QPalette::WindowText));
     painter.drawText(this->rect().adjusted(square.right() + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                      this->text());
     showFocus(painter, *this);
