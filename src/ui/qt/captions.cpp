@@ -41,10 +41,7 @@ void wrapsIn(QWidget& widget) {
 
 }  // namespace
 
-HangingLabel::HangingLabel(QWidget* parent, int margin) : QLabel(parent), margin_(margin) {
-  wrapsIn(*this);
-  setWordWrap(true);
-}
+HangingLabel::HangingLabel(QWidget* parent, int margin) : QLabel(parent), margin_(margin) { setWordWrap(true); }
 
 QSize HangingLabel::sizeHint() const { return {hintWidth, heightForWidth(hintWidth)}; }
 
