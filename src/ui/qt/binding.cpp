@@ -311,6 +311,7 @@ class PickFilter : public QObject {
     if (chooses) pick(widget_.currentRow());
     return chooses;
   }
+
   void pick(int row) {
     binding_.act([this, row] { list_.userPick(row); });
   }

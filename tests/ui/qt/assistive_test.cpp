@@ -80,6 +80,14 @@ class Assistive : public EveryScreen {
     faceOf(widget).actionInterface()->doAction(action);
     settle();
   }
+  /// The report of a weekly income of $1,000.
+  void openReport() {
+    stored(section::settings, "IncAmt", "1000");
+    stored(section::settings, "Frequency", "0");
+    startOnMain();
+    click("frmMain", "cmdToolBar(0)");
+    click("frmMain", "cmdToolBar(1)");
+  }
   void toggle(const char* screen, const char* name) const {
     act(find(screen, name), QAccessibleActionInterface::toggleAction());
   }
@@ -293,11 +301,7 @@ TEST_F(Assistive, WhatCouldntBeSavedIsTold) {
 }
 
 TEST_F(Assistive, AReportIsToldWhenItHasChanged) {
-  stored(section::settings, "IncAmt", "1000");
-  stored(section::settings, "Frequency", "0");
-  startOnMain();
-  click("frmMain", "cmdToolBar(0)");
-  click("frmMain", "cmdToolBar(1)");
+  openReport();
   told.clear();
   press("frmPrint", "cmdPrintMenu(0)");
   EXPECT_THAT(told, Not(Contains(HasSubstr("vsPrinter1"))));
@@ -405,11 +409,7 @@ TEST_F(Assistive, EveryFigureHasNameAndValue) {
 }
 
 TEST_F(Assistive, ThePageOfTheReportIsReadAsText) {
-  stored(section::settings, "IncAmt", "1000");
-  stored(section::settings, "Frequency", "0");
-  startOnMain();
-  click("frmMain", "cmdToolBar(0)");
-  click("frmMain", "cmdToolBar(1)");
+  openReport();
   ASSERT_TRUE(shown("frmPrint"));
   auto& face = faceOf(find("frmPrint", "vsPrinter1"));
   EXPECT_EQ(textOf(face, QAccessible::Name), "Preview of the report");

@@ -450,17 +450,6 @@ TEST_F(Keyboard, EnterOfTheKeypadIsEnter) {
   EXPECT_TRUE(find("frmW4", "Label27").isVisible());
 }
 
-TEST_F(Keyboard, EnterChoosesWhenItGoesDown) {
-  startOnMain();
-  clickItem("TwoWork");
-  click("frm2Workers", "cmdTable1Show(0)");
-  auto& rows = find<QListWidget>("frmTableOne", "lstTableOne");
-  rows.setCurrentRow(2);
-  QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-  QApplication::sendEvent(&rows, &press);
-  EXPECT_FALSE(shown("frmTableOne"));
-}
-
 TEST_F(Keyboard, F1OnAboutOpensItsPage) {
   startOnMain();
   clickItem("About");

@@ -30,6 +30,9 @@ QDialog* boxAbove(const Frame& frame) {
   return nullptr;
 }
 
+/// A page with its strip: what holds what scrolls it.
+const QWidget* documentOf(const View& view) { return view.parentWidget()->parentWidget()->parentWidget(); }
+
 TEST_F(ShellDesktop, PersonalInformationComesFirstOnAFreshStore) {
   start();
   EXPECT_EQ(front(), "Personal Information");
@@ -175,7 +178,7 @@ TEST_F(ShellDesktop, APageThatIsCoveredIsOutOfReach) {
 TEST_F(ShellDesktop, APageFollowsItsTitleAndItsSize) {
   startOnMain();
   click("frmMain", "cmdAdditional(0)");
-  const QWidget* document = view("frmMisc").parentWidget()->parentWidget()->parentWidget();
+  const QWidget* document = documentOf(view("frmMisc"));
   desk.use<frmMisc>().title = "Another";
   EXPECT_EQ(document->accessibleName(), "Another");
   EXPECT_NE(document->size(), frame().area().size());
@@ -256,7 +259,7 @@ TEST_F(ShellDesktop, APageLeavesRoomForTheNotice) {
   settle();
   const auto* notice = frame().findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
   ASSERT_TRUE(notice->isVisible());
-  const QWidget* page = view("frmW4").parentWidget()->parentWidget()->parentWidget();
+  const QWidget* page = documentOf(view("frmW4"));
   EXPECT_EQ(page->rect(), frame().area().rect());
   EXPECT_LT(page->mapTo(&frame(), page->rect().bottomLeft()).y(), notice->y());
 }
