@@ -251,7 +251,7 @@ TEST_F(ShellDesktop, TheOtherButtonBringsAPageToTheFrontToo) {
   EXPECT_EQ(front(), "Calculations");
 }
 
-TEST_F(ShellDesktop, APageLeavesRoomForTheNotice) {
+TEST_F(ShellDesktop, APageLeavesRoomForTheNoticeUntilAnotherOpens) {
   startOnMain();
   clickItem("W4");
   dialogs.path = "/dev/null/form.pdf";
@@ -262,6 +262,8 @@ TEST_F(ShellDesktop, APageLeavesRoomForTheNotice) {
   const QWidget* page = documentOf(view("frmW4"));
   EXPECT_EQ(page->rect(), frame().area().rect());
   EXPECT_LT(page->mapTo(&frame(), page->rect().bottomLeft()).y(), notice->y());
+  clickItem("Calc");
+  EXPECT_FALSE(notice->isVisible());
 }
 
 TEST_F(ShellDesktop, TheFrameStaysWhileAWarningMustBeAnswered) {
