@@ -62,6 +62,7 @@ class PdfDialog : public DesktopTest {
   }
   /// The mark of the keyboard is the program's; the toolkit's dialogs have their own.
   static void expectNoMark(QWidget& dialog) {
+    ASSERT_TRUE(QTest::qWaitFor([&dialog] { return dialog.isAncestorOf(QApplication::focusWidget()); }));
     for (const QObject* part : dialog.findChildren<QWidget*>()) {
       EXPECT_EQ(dynamic_cast<const FocusRing*>(part), nullptr);
     }
