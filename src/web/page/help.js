@@ -1,6 +1,8 @@
 // The help viewer: topics of the two books, found by their contents and by the links in them.
 
 const at = (id) => document.getElementById(id);
+const program = 'Tallyfin.hlp';
+const form = 'W4.hlp';
 const books = new Map();
 const past = [];
 let here = null;
@@ -51,7 +53,7 @@ async function show(file, id) {
       return link;
     }),
   );
-  at('erase-row').hidden = !(file === 'Tallyfin.hlp' && (id === 'frmName' || id === 'privacy'));
+  at('erase-row').hidden = !(file === program && (id === 'frmName' || id === 'privacy'));
   at('help-back').disabled = past.length === 0;
 }
 
@@ -64,10 +66,10 @@ export async function openHelp(file, id) {
 
 /** Opens the book that has the topic, at it. */
 export async function openHelpOn(id) {
-  for (const file of ['Tallyfin.hlp', 'W4.hlp']) {
+  for (const file of [program, form]) {
     if ((await book(file)).has(id)) return openHelp(file, id);
   }
-  return openHelp('Tallyfin.hlp', 'index');
+  return openHelp(program, 'index');
 }
 
 export function prepareHelp() {
