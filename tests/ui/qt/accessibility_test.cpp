@@ -60,6 +60,10 @@ class Accessibility : public DesktopTest {
         EXPECT_TRUE(list->viewport()->rect().contains(last)) << control->address();
         continue;
       }
+      if (const auto* box = qobject_cast<const QLineEdit*>(&widget);
+          box != nullptr && box->alignment() & Qt::AlignRight) {
+        EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(" $99,999.99 ")) << control->address();
+      }
       if (!widget.isVisible() || (button != nullptr && button->text().isEmpty())) continue;
       if (label != nullptr && label->wordWrap()) {
         EXPECT_GE(widget.height(), widget.heightForWidth(widget.width())) << control->address();

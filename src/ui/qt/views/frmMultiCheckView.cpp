@@ -61,6 +61,7 @@ class frmMultiCheckView : public View {
  private:
   static constexpr int checks = 4;
   static constexpr int periodWidth = 56;
+  static constexpr int amountWidth = 100;
 
   QLayout* table() {
     auto* grid = new QGridLayout;
@@ -106,6 +107,7 @@ class frmMultiCheckView : public View {
     const auto place = static_cast<std::size_t>(check);
     const QString title = QStringLiteral("Check %1").arg(check + 1);
     QLineEdit* amount = amountBox(*boxes.at(place));
+    amount->setMinimumWidth(look::scaled(amountWidth));
     amount->setAccessibleName(title);
     QLabel* result = figure(*results.at(place));
     result->setAccessibleName(title + QStringLiteral(", monthly amount"));
