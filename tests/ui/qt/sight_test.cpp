@@ -206,6 +206,8 @@ TEST_F(Sights, LargerLetters) {
     clickItem(item);
     see((std::string("large-") + screen).c_str(), screen);
   }
+  click("frm2Workers", "cmdTable1Show(0)");
+  see("large-frmTableOne", "frmTableOne");
   seeFrame("large-frame");
   QApplication::setFont(normal);
 }

@@ -208,6 +208,9 @@ TEST_F(W4ViewsTest, AtLargeLettersPagesScrollAndNothingIsCutOff) {
   desk.show<frmW4>();
   QApplication::processEvents();
   whole(view<frmW4>());
+  click(open<frm2Workers>(), "cmdTable1Show(0)");
+  const auto& wages = find<QListWidget>(view<frmTableOne>(), "lstTableOne");
+  EXPECT_GE(wages.viewport()->width(), wages.sizeHintForColumn(0));
 }
 
 TEST_F(W4ViewsTest, TabFollowsTheLines) {

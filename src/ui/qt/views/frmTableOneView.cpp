@@ -29,6 +29,7 @@ class frmTableOneView : public View {
     left->addStretch();
     QListWidget* wages = list(screen.lstTableOne, Choose::byEnter);
     wages->setAccessibleName(QString::fromStdString(screen.title()));
+    wages->setMinimumWidth(look::scaled(160));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(look::edge, look::tight, look::edge, look::tight);
     layout->setSpacing(look::group);
