@@ -91,7 +91,10 @@ void Document::place(const QSize& area) {
     setGeometry(QRect(QPoint(), area));
     return;
   }
-  QSize wanted = view_.sizeHint().expandedTo(view_.minimumSize()).boundedTo(view_.maximumSize());
+  QSize wanted = view_.sizeHint()
+                     .expandedTo(view_.minimumSize())
+                     .expandedTo(view_.minimumSizeHint())
+                     .boundedTo(view_.maximumSize());
   if (view_.hasHeightForWidth()) wanted.setHeight(view_.heightForWidth(wanted.width()));
   wanted += QSize(2 * edge, titleHeight() + 2 * edge);
   QRect place(QPoint(), wanted.boundedTo(area));
