@@ -57,9 +57,9 @@ struct AppliedRow {
 
   Test test;
   Money bound;
-  Money lower;
-  double rate;  ///< Fraction.
-  double plus;  ///< Dollars; of a table of amounts the amount.
+  Money lower{};
+  double rate{};  ///< Fraction.
+  double plus{};  ///< Dollars; of a table of amounts the amount.
   Money x;
   double credit = 0;  ///< Dollars that come off.
   Gives gives = Gives::tax;

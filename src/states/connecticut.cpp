@@ -46,8 +46,11 @@ void Connecticut() {
   step("Exemption by its table", exemption, [&]() -> std::optional<Money> {
     if (!schedule) return std::nullopt;
     const connecticut::Exemption& row = bandOf(schedule->exemptions, work.stateWage);
-    rowApplied(
-        {row.test, row.bound.amount, 0, 0, toReal(row.amount.amount), work.stateWage, 0, AppliedRow::Gives::amount});
+    rowApplied({.test = row.test,
+                .bound = row.bound.amount,
+                .plus = toReal(row.amount.amount),
+                .x = work.stateWage,
+                .gives = AppliedRow::Gives::amount});
     return row.amount.amount;
   });
   step("Less the exemption", work.stateWage, [&] { return work.stateWage - exemption; });
@@ -56,7 +59,11 @@ void Connecticut() {
   step("Part of the tax that is credited, by its table", creditFraction, [&]() -> std::optional<float> {
     if (!schedule || schedule->credits.empty()) return std::nullopt;
     const connecticut::Credit& row = bandOf(schedule->credits, annualBase);
-    rowApplied({row.test, row.bound.amount, 0, row.fraction, 0, annualBase, 0, AppliedRow::Gives::fraction});
+    rowApplied({.test = row.test,
+                .bound = row.bound.amount,
+                .rate = row.fraction,
+                .x = annualBase,
+                .gives = AppliedRow::Gives::fraction});
     return row.fraction;
   });
   step("Less that part", payData.stateTax,
