@@ -37,7 +37,8 @@ Money fromReal(double dollars) {
 Money roundCents(Money amount) {
   const std::int64_t cents = amount.units() / cent;
   const std::int64_t rest = amount.units() % cent;
-  return ofSteps(std::abs(rest) * 2 < cent ? cents : cents + (rest < 0 ? -1 : 1), cent);
+  const std::int64_t away = rest < 0 ? -1 : 1;
+  return ofSteps(std::abs(rest) * 2 < cent ? cents : cents + away, cent);
 }
 
 Money roundedForDisplay(Money amount) { return ofSteps(nearestEven(amount, cent), cent); }
