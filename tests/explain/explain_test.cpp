@@ -334,6 +334,24 @@ TEST_F(ExplainTest, TellsARowThatTakesOffMoreThanTheAmount) {
   EXPECT_THAT(linesOf("State Tax"), Contains(HasSubstr("$600.00 is at most $1,105.00: 7% of ($299.00), plus $17.41")));
 }
 
+TEST_F(ExplainTest, TellsTheRowAtTheBoundOfWisconsinsLowest) {
+  startSample(41);
+  main().lstFrequency.setIndex(3);
+  main().txt401k.setText("0");
+  main().txtIncome.setText("325");
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"),
+              Contains(HasSubstr("$3,900.00 is $3,900.00 or more and below $7,500.00: 4.9% of $0.00 is $0.00.")));
+}
+
+/// Iowa's credit for none is 0; it isn't one that doesn't apply.
+TEST_F(ExplainTest, LeavesOutACreditOfNothing) {
+  startSample(14);
+  main().cboExemptions.setIndex(0);
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"), AllOf(Contains("Iowa."), Not(Contains(HasSubstr("Credit")))));
+}
+
 TEST_F(ExplainTest, GivesNewYorkUpWhereItsCountIsNoNumber) {
   startSample(28);
   main().cboExemptions.setIndex(-1);
