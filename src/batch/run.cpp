@@ -1,10 +1,17 @@
 #include "batch/run.h"
 
-#include "batch/paycheck.h"
+#include <array>
+
+#include "batch/header.h"
+#include "engine/numbertext.h"
+#include "library/paycheck.h"
 
 namespace tallyfin::batch {
 
 namespace {
+
+/// The most characters that a row's results take, with a comma before each and one behind.
+constexpr std::size_t longestResults = library::resultCount * (1 + longestAmount) + 1;
 
 class Work {
  public:
@@ -50,18 +57,43 @@ class Work {
       out_ += ending;
       return;
     }
+    ++account_.rows;
     if (row_.cells.size() > header_.size()) {
       // Cells beyond the header's columns are dropped.
       const std::string_view last = row_.cells[header_.size() - 1].raw;
       out_.append(row_.bytes.data(), last.data() + last.size());
+      writeNoResults();
+      out_ += "more cells than the header has columns";
+      ++account_.problems;
     } else {
       out_ += row_.bytes;
       out_.append(header_.size() - row_.cells.size(), ',');
+      workCells();
     }
-    account_.problems += paycheck_.work(header_, row_, out_) ? 1 : 0;
-    ++account_.rows;
     out_ += ending;
   }
+
+  void workCells() {
+    for (const auto& [column, place] : header_.known()) {
+      paycheck_.set(column, place < row_.cells.size() ? row_.cells[place].text(storage_) : std::string_view());
+    }
+    paycheck_.work() ? writeResults() : writeNoResults();
+    out_ += paycheck_.problem();
+    account_.problems += paycheck_.problem().empty() ? 0 : 1;
+  }
+
+  void writeResults() {
+    std::array<char, longestResults> results;
+    char* end = results.data();
+    for (std::size_t row = 0; row < library::resultCount; ++row) {
+      *end++ = ',';
+      end = writeText(end, paycheck_.result(row));
+    }
+    *end++ = ',';
+    out_.append(results.data(), end);
+  }
+
+  void writeNoResults() { out_.append(library::resultCount + 1, ','); }
 
   void flush() {
     if (!out_.empty()) sink_(out_);
@@ -74,7 +106,8 @@ class Work {
   CsvReader reader_;
   Row row_;
   Header header_;
-  Paycheck paycheck_;
+  library::Paycheck paycheck_;
+  std::string storage_;
   std::string ending_;
   std::string out_;
   Account account_;

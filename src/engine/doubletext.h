@@ -34,6 +34,17 @@ inline std::string shortTextOf(double value) {
   return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
+/// The number by the fewest digits that read back as it.
+inline std::string shortestTextOf(double value) {
+  std::array<char, 32> buffer{};
+  int length = 0;
+  int digits = 0;
+  do {
+    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", ++digits, value);
+  } while (std::strtod(buffer.data(), nullptr) != value);
+  return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
 }  // namespace clibrary
 
 #ifdef __cpp_lib_to_chars
@@ -52,9 +63,15 @@ inline std::string shortTextOf(double value) {
   return {buffer.data(), result.ptr};
 }
 
+inline std::string shortestTextOf(double value) {
+  std::array<char, 32> buffer{};
+  return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
+}
+
 #else
 
 using clibrary::doubleOf;
+using clibrary::shortestTextOf;
 using clibrary::shortTextOf;
 
 #endif

@@ -2,6 +2,6 @@
 
 namespace tallyfin {
 
-PayData payData;
+constinit thread_local PayData payData;
 
 }  // namespace tallyfin

@@ -7,9 +7,8 @@
 
 namespace tallyfin {
 
-/// The record of the current paycheck, inputs and results: one for the whole process. Routines work on it without
-/// parameters, screens come and go, and nothing resets it as a whole, so that a field which a calculation doesn't write
-/// keeps the value of the last one.
+/// The record of the current paycheck, inputs and results. Routines work on it without parameters, screens come and go,
+/// and nothing resets it as a whole, so that a field which a calculation doesn't write keeps the value of the last one.
 ///
 /// Every Money field is dollars a pay period, but for `stateDepsDed`, whose unit is that of the state routine that
 /// wrote it last. Rates are fractions.
@@ -55,8 +54,9 @@ struct PayData {
   bool operator==(const PayData&) const = default;
 };
 
-/// The one record.
-extern PayData payData;
+/// The one record of each thread. The program's screens all live on one thread; other programs may work paychecks on
+/// several.
+extern constinit thread_local PayData payData;
 
 /// Calls visit(name, field) for each field of a record, in declaration order.
 template <class Record, class Visit>

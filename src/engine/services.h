@@ -7,7 +7,7 @@
 
 namespace tallyfin {
 
-/// Assigns a value to a global variable, and gives it its former value back when it goes.
+/// Assigns a value to a variable of the program or of the thread, and gives it its former value back when it goes.
 template <class T>
 class Installed {
  public:
@@ -21,8 +21,8 @@ class Installed {
   T before_;
 };
 
-/// Installs what the engine needs, the settings store and the provider of the worksheet, for as long as it lives. Both
-/// must outlive it.
+/// Installs what the engine needs on this thread, the settings store and the provider of the worksheet, for as long as
+/// it lives. Both must outlive it.
 class Services {
  public:
   Services(SettingsStore& store, WorksheetProvider& provider)

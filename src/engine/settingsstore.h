@@ -47,8 +47,8 @@ class MemoryStore : public SettingsStore {
   Sections sections_;
 };
 
-/// The store that Services have installed; null without them.
-inline SettingsStore* settingsStore = nullptr;
+/// The store that Services have installed on this thread; null without them.
+inline constinit thread_local SettingsStore* settingsStore = nullptr;
 
 /// The stored text, or the default where there is none.
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,

@@ -58,8 +58,8 @@ class WorksheetProvider {
   ~WorksheetProvider() = default;
 };
 
-/// The provider that Services have installed; null without them.
-inline WorksheetProvider* worksheetProvider = nullptr;
+/// The provider that Services have installed on this thread; null without them.
+inline constinit thread_local WorksheetProvider* worksheetProvider = nullptr;
 
 /// The worksheet of the moment.
 inline Worksheet& worksheet() { return worksheetProvider->provideWorksheet(); }

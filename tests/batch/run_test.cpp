@@ -19,6 +19,7 @@ const std::string results =
     ",gross_pay,amt_401k,non_taxable,pre_fica_pay,federal_tax,state_tax,local_tax,fica,social_security,medicare,"
     "total_deductions,check_amount,problem";
 const std::string noResults(12, ',');
+const std::string noFrequency = "frequency: none is chosen and so there is no federal tax";
 
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
@@ -42,20 +43,22 @@ TEST(Batch, WorksAWeeklyPaycheck) {
 }
 
 TEST(Batch, TakesTheProgramsDefaults) {
-  EXPECT_EQ(resultOf("income,pre_tax", ","), ",0,0,0,0,0,0,0,0,0,0,0,0,");
-  EXPECT_EQ(resultOf("id", "7"), ",0,0,0,0,0,0,0,0,0,0,0,0,");
+  EXPECT_EQ(resultOf("income,pre_tax", ","), ",0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency);
+  EXPECT_EQ(resultOf("id", "7"), ",0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency);
   // No frequency: no federal table.
-  EXPECT_EQ(resultOf("income,status", "100,Single"), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,");
+  EXPECT_EQ(resultOf("income,status", "100,Single"), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency);
 }
 
 TEST(Batch, FillsInARowThatIsTooShort) {
-  EXPECT_THAT(linesOf(outcomeOf("id,income,pre_tax\n7,100\n8\n").out),
-              ElementsAre("id,income,pre_tax" + results, "7,100,,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,",
-                          "8,,,0,0,0,0,0,0,0,0,0,0,0,0,"));
+  EXPECT_THAT(
+      linesOf(outcomeOf("id,income,pre_tax\n7,100\n8\n").out),
+      ElementsAre("id,income,pre_tax" + results, "7,100,,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency,
+                  "8,,,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency));
 }
 
 TEST(Batch, CarriesOtherColumnsThroughAsTheyStand) {
-  EXPECT_EQ(resultOf("name,income,note", "\"Doe, \"\"J\"\"\",100, x "), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,");
+  EXPECT_EQ(resultOf("name,income,note", "\"Doe, \"\"J\"\"\",100, x "),
+            ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency);
 }
 
 TEST(Batch, KnowsColumnsAndCaptionsInAnyCaseAndWithBlanks) {
@@ -179,8 +182,8 @@ INSTANTIATE_TEST_SUITE_P(
                     BadCell{"status", "3", "no such entry"}, BadCell{"exemptions", "16", "no such entry"},
                     BadCell{"exemptions", "two", "no such entry"}, BadCell{"exemptions", "2.5", "no such entry"},
                     BadCell{"local_base", "0", "no such entry"}, BadCell{"local_base", "6", "no such entry"},
-                    BadCell{"self_employed", "Maybe", "neither Y nor N"}, BadCell{"state_401k", "1", "neither Y nor N"},
-                    BadCell{"state_pre_tax", "Yes", "neither Y nor N"},
+                    BadCell{"self_employed", "Maybe", "neither Y nor N"}, BadCell{"state_401k", "2", "neither Y nor N"},
+                    BadCell{"state_pre_tax", "Yess", "neither Y nor N"},
                     BadCell{"state_dependents", "32768", "no 16-bit number"},
                     BadCell{"illinois_dependents", "-32769", "no 16-bit number"},
                     BadCell{"state_exemptions", "x", "no 16-bit number"},
@@ -189,13 +192,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(BatchBadCell, EmptiesTheResultsOfItsRowAlone) {
   const auto& [column, cell, why] = GetParam();
-  const std::string good = "7,100,,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,";
+  const std::string good = "7,100,,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency;
   const Outcome outcome = outcomeOf(std::string("id,income,") + column + "\n7,100,\n8,100," + cell + "\n7,100,\n");
   EXPECT_THAT(linesOf(outcome.out),
               ElementsAre(std::string("id,income,") + column + results, good,
                           std::string("8,100,") + cell + noResults + "," + column + ": " + why, good));
   EXPECT_EQ(outcome.account.rows, 3U);
-  EXPECT_EQ(outcome.account.problems, 1U);
+  EXPECT_EQ(outcome.account.problems, 3U);
   EXPECT_EQ(outcome.trouble, "");
 }
 
@@ -213,29 +216,31 @@ TEST(Batch, RefusesARowWithMoreCellsThanTheHeader) {
   EXPECT_THAT(linesOf(outcome.out),
               ElementsAre("id,income" + results, "1,2" + noResults + ",more cells than the header has columns",
                           "1,\"2\"" + noResults + ",more cells than the header has columns",
-                          "5,100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,"));
-  EXPECT_EQ(outcome.account.problems, 2U);
+                          "5,100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency));
+  EXPECT_EQ(outcome.account.problems, 3U);
 }
 
 TEST(Batch, SkipsTheStatementOfATextThatIsNoNumber) {
   EXPECT_EQ(resultOf("income,frequency", "abc,0"), ",0,0,0,0,0,0,0,0,0,0,0,0,income: not a number");
-  EXPECT_EQ(resultOf("income,rate_401k", "100,x"), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,rate_401k: not a number");
+  EXPECT_EQ(resultOf("income,rate_401k", "100,x"),
+            ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,rate_401k: not a number; " + noFrequency);
   EXPECT_EQ(resultOf("income,pre_tax,pre_fica,local_rate", "100,x, ,1%"),
             ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,"
-            "pre_tax: not a number; pre_fica: not a number; local_rate: not a number");
+            "pre_tax: not a number; pre_fica: not a number; " +
+                noFrequency + "; local_rate: not a number");
   EXPECT_EQ(resultOf("income,state,state_additional", "0,Kentucky,x"),
-            ",0,0,0,0,0,0,0,0,0,0,0,0,state_additional: not a number");
+            ",0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "; state_additional: not a number");
 }
 
 TEST(Batch, NamesATextThatIsBeyondAnAmount) {
-  EXPECT_EQ(resultOf("income", "1E30"), ",0,0,0,0,0,0,0,0,0,0,0,0,income: not a number");
+  EXPECT_EQ(resultOf("income,frequency", "1E30,0"), ",0,0,0,0,0,0,0,0,0,0,0,0,income: not a number");
 }
 
 TEST(Batch, FindsNoFaultWithAZero) {
   for (const char* zero : {"0", "0.00", "$0", "(0)", "-0", " 0 ", "\"\""}) {
     EXPECT_EQ(
         resultOf("income,pre_tax,rate_401k,state_additional", std::string(zero) + "," + zero + "," + zero + "," + zero),
-        ",0,0,0,0,0,0,0,0,0,0,0,0,");
+        ",0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency);
   }
 }
 
@@ -260,27 +265,30 @@ TEST(Batch, RefusesAnUnclearHeaderAtOnce) {
 
 TEST(Batch, WritesTheRowsBeforeAQuoteThatDoesNotEnd) {
   const Outcome outcome = outcomeOf("income,note\n100,\"a\nb\"\n100,\"c\n100,d\n");
-  EXPECT_EQ(outcome.out, "income,note" + results + "\n100,\"a\nb\",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,\n");
+  EXPECT_EQ(outcome.out,
+            "income,note" + results + "\n100,\"a\nb\",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency + "\n");
   EXPECT_EQ(outcome.trouble, "line 4: a quoted cell doesn't end");
 }
 
 TEST(Batch, EndsLinesAsTheInputDoes) {
-  EXPECT_EQ(outcomeOf("id\r\n1\r\n2\n3").out, "id" + results + "\r\n1,0,0,0,0,0,0,0,0,0,0,0,0,\r\n" +
-                                                  "2,0,0,0,0,0,0,0,0,0,0,0,0,\n3,0,0,0,0,0,0,0,0,0,0,0,0,\r\n");
+  EXPECT_EQ(outcomeOf("id\r\n1\r\n2\n3").out, "id" + results + "\r\n1,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\r\n" +
+                                                  "2,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency +
+                                                  "\n3,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\r\n");
   EXPECT_EQ(outcomeOf("id").out, "id" + results + "\n");
 }
 
 TEST(Batch, AcceptsAByteOrderMark) {
   EXPECT_EQ(outcomeOf("\xEF\xBB\xBFincome\n100\n").out,
-            "income" + results + "\n100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,\n");
+            "income" + results + "\n100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency + "\n");
 }
 
 TEST(Batch, CarriesAnEmptyLineThrough) {
-  EXPECT_EQ(outcomeOf("id,x\n\n1,2\n\n").out, "id,x" + results + "\n\n1,2,0,0,0,0,0,0,0,0,0,0,0,0,\n\n");
+  EXPECT_EQ(outcomeOf("id,x\n\n1,2\n\n").out,
+            "id,x" + results + "\n\n1,2,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\n\n");
 }
 
 TEST(Batch, LeavesTheHeaderOutWhereToldSo) {
-  EXPECT_EQ(outcomeOf("id\n1\n", {.writeHeader = false}).out, "1,0,0,0,0,0,0,0,0,0,0,0,0,\n");
+  EXPECT_EQ(outcomeOf("id\n1\n", {.writeHeader = false}).out, "1,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\n");
 }
 
 TEST(Batch, WritesWhatIsWorkedBeforeItWaitsForMore) {

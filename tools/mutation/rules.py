@@ -4,8 +4,8 @@ import re
 
 from mutation.place import HERE, NUMBER, code_of, mutant, names, number, opposite, other_number, root, switched_comparison
 
-folders = ["engine", "explain", "states", "store", "batch"]
-programs = ["engine_test", "states_test", "explain_test", "store_test", "batch_test", "screens_test", "tallyfin99-script"]
+folders = ["engine", "explain", "states", "store", "library", "batch"]
+programs = ["engine_test", "states_test", "explain_test", "store_test", "library_test", "batch_test", "screens_test", "tallyfin99-script"]
 
 comparison = re.compile(r"<=>|<<|>>|->|(?<=\s)(?:<=|>=|==|!=|<|>)(?=\s)|(?<=\{)(?:atMost|below|above|atLeast)(?=,)")
 step = re.compile(r"\b(?:step|part)\((?=\s*,)")  # behind it stands the title, which isn't code

@@ -1,0 +1,88 @@
+#include "library/cells.h"
+
+#include <charconv>
+#include <vector>
+
+#include "engine/numbertext.h"
+#include "engine/statelist.h"
+#include "library/names.h"
+#include "library/states.h"
+
+namespace tallyfin::library {
+
+namespace {
+
+std::vector<Named> allStates() {
+  std::vector<Named> all;
+  for (std::size_t i = 0; i < stateList.size(); ++i) {
+    all.push_back({stateList[i].caption, static_cast<int>(i)});
+    if (!postalCodes[i].empty()) all.push_back({postalCodes[i], static_cast<int>(i)});
+  }
+  for (const RightName& state : rightNames) all.push_back({state.name, state.state});
+  for (const UntaxedState& state : untaxedStates) {
+    all.push_back({state.name, 0});
+    all.push_back({state.postalCode, 0});
+  }
+  return all;
+}
+
+/// The captions of the lists, and the names that payroll programs and data frames have for their entries.
+struct Lists {
+  Names frequencies{{{"Weekly", 0},
+                     {"Twice A Month", 1},
+                     {"Semi-monthly", 1},
+                     {"Semimonthly", 1},
+                     {"Every Two Weeks", 2},
+                     {"Biweekly", 2},
+                     {"Bi-weekly", 2},
+                     {"Monthly", 3}}};
+  Names statuses{{{"Married", 0}, {"Single", 1}, {"Married Claiming Single", 2}}};
+  Names states{allStates()};
+  Names flags{{{"N", 0}, {"No", 0}, {"False", 0}, {"Y", 1}, {"Yes", 1}, {"True", 1}}};
+};
+
+std::optional<int> entryNamed(Column column, std::string_view text) {
+  static const Lists lists;
+  switch (column) {
+    case Column::frequency: return lists.frequencies.find(text);
+    case Column::status: return lists.statuses.find(text);
+    case Column::state: return lists.states.find(text);
+    case Column::selfEmployed:
+    case Column::state401k:
+    case Column::statePreTax: return lists.flags.find(text);
+    default: return std::nullopt;
+  }
+}
+
+/// A whole number, behind which a point and zeros may stand.
+std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{}) return std::nullopt;
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  const bool whole = text.empty() || (text.front() == '.' && text.find_first_not_of('0', 1) == std::string_view::npos);
+  return whole ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<int> entryOf(Column column, std::string_view text) {
+  text = trimmed(text);
+  if (const auto number = wholeNumberOf(text)) return entryOf(column, *number);
+  return entryNamed(column, text);
+}
+
+std::optional<int> entryOf(Column column, std::int64_t number) {
+  const ColumnRule& rule = ruleOf(column);
+  const bool inList =
+      rule.kind == Kind::flag ? number == 0 || number == 1 : number >= rule.first && number <= rule.last;
+  return inList ? std::optional(static_cast<int>(number)) : std::nullopt;
+}
+
+std::optional<int> countOf(std::string_view text) {
+  std::optional<int> count;
+  unlessItFails([&] { count = toInt16(text).value(); });
+  return count;
+}
+
+}  // namespace tallyfin::library

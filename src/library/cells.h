@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "library/columns.h"
+
+/// What the text of a column chooses, as people and other programs write it.
+
+namespace tallyfin::library {
+
+/// The number of the entry that a text names, by a caption or a number; none where it names no entry. For a flag 0
+/// or 1. Blanks at either end and letter case don't count, and a whole number may have a point (2.0).
+std::optional<int> entryOf(Column column, std::string_view text);
+
+/// The same by number.
+std::optional<int> entryOf(Column column, std::int64_t number);
+
+/// A 16-bit number; none where the text isn't a number or is beyond its range.
+std::optional<int> countOf(std::string_view text);
+
+}  // namespace tallyfin::library

@@ -1,0 +1,47 @@
+#include "library/names.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+
+namespace tallyfin::library {
+
+namespace {
+
+std::uint32_t hashOf(std::string_view name) {
+  std::uint32_t hash = 0;
+  for (const char c : name) hash = hash * 31 + static_cast<unsigned char>(lowered(c));
+  return hash ^ (hash >> 15U);
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) {
+  const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && blank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+bool sameName(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char one, char other) { return one == other || lowered(one) == lowered(other); });
+}
+
+Names::Names(const std::vector<Named>& all) : slots_(std::bit_ceil(2 * all.size())) {
+  for (const Named& entry : all) {
+    std::size_t slot = hashOf(entry.name);
+    while (!slots_[slot % slots_.size()].name.empty()) ++slot;
+    slots_[slot % slots_.size()] = entry;
+  }
+}
+
+std::optional<int> Names::find(std::string_view name) const {
+  for (std::size_t slot = hashOf(name);; ++slot) {
+    const Named& entry = slots_[slot & (slots_.size() - 1)];
+    if (entry.name.empty()) return std::nullopt;
+    if (sameName(entry.name, name)) return entry.number;
+  }
+}
+
+}  // namespace tallyfin::library

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+/// Names of entries, found whatever their letter case.
+
+namespace tallyfin::library {
+
+/// A letter of ASCII in lower case; any other character as it is.
+constexpr char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// The text without the blanks (space, tab) at both ends.
+std::string_view trimmed(std::string_view text);
+
+/// Whether two texts are the same but for letter case.
+bool sameName(std::string_view a, std::string_view b);
+
+/// A name and the number that it stands for.
+struct Named {
+  std::string_view name;  ///< The text must outlive what it is in.
+  int number = 0;
+};
+
+/// Finds the number of a name, in a time that doesn't grow with their count.
+class Names {
+ public:
+  explicit Names(const std::vector<Named>& all);
+
+  std::optional<int> find(std::string_view name) const;
+
+ private:
+  std::vector<Named> slots_;  ///< By hash; an empty name is a free slot. A power of two of them, half of them free.
+};
+
+}  // namespace tallyfin::library
