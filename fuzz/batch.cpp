@@ -7,13 +7,14 @@
 
 #include "batch/run.h"
 
-/// Any bytes as a CSV: the run ends, gives the same however the bytes arrive, and counts no more problems than rows.
+/// Any bytes as a CSV: the run ends, gives the same however the bytes arrive and with two threads, and counts no more
+/// problems than rows.
 
 using namespace tallyfin::batch;
 
 namespace {
 
-std::string outcome(std::string_view in, std::size_t atOnce) {
+std::string outcome(std::string_view in, std::size_t atOnce, const Choices& choices = {}) {
   std::string out;
   const auto source = [&](char* place, std::size_t size) {
     const std::size_t count = std::min({size, atOnce, in.size()});
@@ -22,8 +23,9 @@ std::string outcome(std::string_view in, std::size_t atOnce) {
     return count;
   };
   try {
-    const Account account = run(
-        source, [&](std::string_view text) { out += text; }, {}, [](std::uint64_t) {});
+    const Account account =
+        run({source, [&](std::string_view text) { out += text; }, [](std::uint64_t) {}, [](const std::string&) {}},
+            choices);
     if (account.problems > account.rows) std::abort();
   } catch (const Trouble& trouble) {
     out += trouble.what();
@@ -35,6 +37,7 @@ std::string outcome(std::string_view in, std::size_t atOnce) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view in(reinterpret_cast<const char*>(data), size);
-  if (outcome(in, in.size()) != outcome(in, 3)) std::abort();
+  const std::string whole = outcome(in, in.size());
+  if (whole != outcome(in, 3) || whole != outcome(in, 5, {.jobs = 2})) std::abort();
   return 0;
 }

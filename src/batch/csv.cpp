@@ -1,7 +1,6 @@
 #include "batch/csv.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace tallyfin::batch {
 
@@ -9,6 +8,10 @@ namespace {
 
 constexpr std::size_t blockSize = std::size_t{256} << 10U;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+std::size_t linesIn(std::string_view bytes) {
+  return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n'));
+}
 
 }  // namespace
 
@@ -32,74 +35,132 @@ std::string_view Cell::text(std::string& storage) const {
   return storage;
 }
 
-CsvReader::CsvReader() : buffer_(blockSize + 1) {}
+// --- Blocks ----------------------------------------------------------------------------------------------------------
 
-bool CsvReader::skipByteOrderMark() {
-  if (started_) return true;
-  if (end_ < byteOrderMark.size() && !finished_) return false;
+bool BlockReader::next(Block& block) {
+  block.bytes.swap(rest_);
+  rest_.clear();
+  block.line = line_;
+  block.trouble.clear();
+  seen_ = rowsEnd_ = 0;
+  inQuotes_ = false;
+  while (!finished_) {
+    readMore(block.bytes);
+    if (!started_) skipByteOrderMark(block.bytes);
+    findRows(block.bytes);
+    if (finished_ || rowsEnd_ > 0) break;
+    if (block.bytes.size() > longestRow) {
+      stop(block, inQuotes_ ? "a quoted cell doesn't end" : "the row is too long");
+      return true;
+    }
+  }
+  if (finished_ && inQuotes_) {
+    stop(block, "a quoted cell doesn't end");
+  } else if (!finished_) {
+    rest_.assign(block.bytes, rowsEnd_);
+    block.bytes.resize(rowsEnd_);
+  }
+  line_ += linesIn(block.bytes);
+  return !block.bytes.empty() || !block.trouble.empty();
+}
+
+void BlockReader::readMore(std::string& bytes) {
+  const std::size_t before = bytes.size();
+  bytes.resize(before + std::max(blockSize, before));
+  const std::size_t read = source_(bytes.data() + before, bytes.size() - before);
+  bytes.resize(before + read);
+  finished_ = read == 0;
+}
+
+void BlockReader::skipByteOrderMark(std::string& bytes) {
+  if (bytes.size() < byteOrderMark.size() && !finished_) return;
   started_ = true;
-  if (std::string_view(buffer_.data(), end_).starts_with(byteOrderMark)) begin_ = byteOrderMark.size();
+  beginning_ = bytes.substr(0, 64);
+  if (bytes.starts_with(byteOrderMark)) bytes.erase(0, byteOrderMark.size());
+}
+
+void BlockReader::findRows(std::string_view bytes) {
+  if (!started_) return;
+  while (seen_ < bytes.size()) {
+    if (inQuotes_ && !skipQuoted(bytes)) return;
+    const std::size_t quote = std::min(bytes.find('"', seen_), bytes.size());
+    const std::size_t lineEnd = bytes.substr(seen_, quote - seen_).rfind('\n');
+    if (lineEnd != std::string_view::npos) rowsEnd_ = seen_ + lineEnd + 1;
+    seen_ = quote;
+    if (quote == bytes.size()) return;
+    // A quote opens a cell only at its beginning.
+    inQuotes_ = quote == 0 || bytes[quote - 1] == delimiter_ || bytes[quote - 1] == '\n';
+    if (inQuotes_) quote_ = quote;
+    ++seen_;
+  }
+}
+
+/// Goes behind the quote that closes the cell; false where the bytes don't tell which it is.
+bool BlockReader::skipQuoted(std::string_view bytes) {
+  while (true) {
+    const std::size_t quote = bytes.find('"', seen_);
+    if (quote == std::string_view::npos) {
+      seen_ = bytes.size();
+      return false;
+    }
+    seen_ = quote;
+    if (quote + 1 == bytes.size() && !finished_) return false;  // it may be doubled
+    seen_ = quote + 1;
+    if (seen_ == bytes.size() || bytes[seen_] != '"') break;
+    ++seen_;
+  }
+  inQuotes_ = false;
   return true;
 }
 
-CsvReader::Outcome CsvReader::unfinished(bool inQuotes) {
-  if (finished_) return Outcome::openQuote;
-  if (end_ - begin_ <= longestRow) return Outcome::needsMore;
-  return inQuotes ? Outcome::openQuote : Outcome::tooLong;
+void BlockReader::stop(Block& block, const char* reason) {
+  const std::size_t place = inQuotes_ ? quote_ : rowsEnd_;
+  const std::size_t line = block.line + linesIn(std::string_view(block.bytes).substr(0, place));
+  block.trouble = "line " + std::to_string(line) + ": " + reason;
+  block.bytes.resize(rowsEnd_);
+  finished_ = true;
 }
 
-CsvReader::Outcome CsvReader::next(Row& row) {
-  troubleLine_ = nextLine_;
-  if (!skipByteOrderMark()) return Outcome::needsMore;
-  if (begin_ == end_) return finished_ ? Outcome::end : Outcome::needsMore;
+// --- Rows ------------------------------------------------------------------------------------------------------------
 
-  row.cells.clear();
+RowCutter::RowCutter(Block& block, char delimiter) : delimiter_(delimiter), line_(block.line) {
   // A sentinel behind the last byte, so that the searches need no test for the end; found there, it isn't a line end.
-  buffer_[end_] = '\n';
-  const char* const begin = buffer_.data() + begin_;
-  const char* const end = buffer_.data() + end_;
+  const std::size_t size = block.bytes.size();
+  block.bytes += '\n';
+  at_ = block.bytes.data();
+  end_ = at_ + size;
+}
+
+bool RowCutter::next(Row& row) {
+  if (at_ == end_) return false;
+  row.cells.clear();
+  row.line = line_;
+  const char* const begin = at_;
   const char* at = begin;
-  std::size_t lines = 1;
   while (true) {
     const char* const cell = at;
     const bool quoted = *at == '"';
     if (quoted) {
-      troubleLine_ = nextLine_ + lines - 1;
-      for (++at;; ++at) {
-        const char* const quote = std::find(at, end, '"');
-        lines += static_cast<std::size_t>(std::count(at, quote, '\n'));
-        if (quote == end) return unfinished(true);
+      do {
+        const char* const quote = std::find(at + 1, end_, '"');
+        line_ += static_cast<std::size_t>(std::count(at, quote, '\n'));
         at = quote + 1;
-        if (*at != '"') break;
-      }
+      } while (*at == '"');
     }
-    while (*at != ',' && *at != '\n') ++at;
-    if (at == end && !finished_) return unfinished(false);
-    if (*at == ',') {
+    while (*at != delimiter_ && *at != '\n') ++at;
+    if (*at == delimiter_) {
       row.cells.push_back({{cell, at}, quoted});
       ++at;
       continue;
     }
-    const char* const last = at != end && at != cell && at[-1] == '\r' ? at - 1 : at;
+    const char* const last = at != end_ && at != cell && at[-1] == '\r' ? at - 1 : at;
+    at_ = at == end_ ? at : at + 1;
     row.bytes = {begin, last};
-    row.ending = {last, at == end ? at : at + 1};
+    row.ending = {last, at_};
     if (last != begin) row.cells.push_back({{cell, last}, quoted});
-    break;
+    ++line_;
+    return true;
   }
-  troubleLine_ = nextLine_;
-  nextLine_ += lines;
-  begin_ += row.bytes.size() + row.ending.size();
-  return Outcome::row;
-}
-
-void CsvReader::readMore(const Source& source) {
-  std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
-  end_ -= begin_;
-  begin_ = 0;
-  if (buffer_.size() - 1 - end_ < blockSize / 2) buffer_.resize(2 * buffer_.size());
-  const std::size_t read = source(buffer_.data() + end_, buffer_.size() - 1 - end_);
-  end_ += read;
-  if (read == 0) finished_ = true;
 }
 
 }  // namespace tallyfin::batch

@@ -6,8 +6,9 @@
 #include <string_view>
 #include <vector>
 
-/// Reading CSV as RFC 4180 writes it: cells divided by commas, a cell in double quotes may hold commas, line breaks and
-/// doubled quotes, rows end in LF or CRLF. The bytes of a row are kept as they came in, because they go out unchanged.
+/// Reading CSV as RFC 4180 writes it: cells divided by commas, or by another character, a cell in double quotes may
+/// hold such characters, line breaks and doubled quotes, rows end in LF or CRLF. The bytes of a row are kept as they
+/// came in, because they go out unchanged.
 
 namespace tallyfin::batch {
 
@@ -20,43 +21,78 @@ struct Cell {
   std::string_view text(std::string& storage) const;
 };
 
-/// One row, valid until the next one is asked for.
+/// One row, valid as long as its block.
 struct Row {
   std::string_view bytes;   ///< Without the line's end.
   std::string_view ending;  ///< "\n", "\r\n", or nothing at the end of a file that doesn't end its last line.
   std::vector<Cell> cells;  ///< None for an empty line.
+  std::size_t line = 0;     ///< Where the row begins, from 1.
 };
 
-/// Cuts a stream into rows. Memory is bounded: it holds one block, or one row where that is longer.
-class CsvReader {
+/// Some whole rows of a file.
+struct Block {
+  std::string bytes;
+  std::size_t line = 1;  ///< Where they begin.
+  /// Why nothing can be read behind these rows ("line 3: a quoted cell doesn't end"); empty where something can.
+  std::string trouble;
+};
+
+/// Reads a stream in blocks of whole rows. Memory is bounded: it holds what one reading gives, or one row where that is
+/// longer.
+class BlockReader {
  public:
   /// Reads up to `size` bytes into `place`; returns their number, 0 at the end.
   using Source = std::function<std::size_t(char* place, std::size_t size)>;
-  enum class Outcome { row, needsMore, end, openQuote, tooLong };
 
   /// A row longer than this is taken for a quote that somebody forgot to close.
   static constexpr std::size_t longestRow = std::size_t{16} << 20U;
 
-  CsvReader();
+  explicit BlockReader(Source source, char delimiter = ',') : source_(std::move(source)), delimiter_(delimiter) {}
 
-  /// Cuts the next row out of what has been read.
-  Outcome next(Row& row);
-  /// Reads another block; to be called where next() needs more.
-  void readMore(const Source& source);
-  /// Where next() was last: the line at which its row, or the quoted cell that doesn't end, begins. Counts from 1.
-  std::size_t line() const { return troubleLine_; }
+  /// Reads until there is at least one whole row. False at the end, and behind a trouble.
+  bool next(Block& block);
+
+  /// The first bytes of the stream.
+  const std::string& beginning() const { return beginning_; }
 
  private:
-  Outcome unfinished(bool inQuotes);
-  bool skipByteOrderMark();
+  /// Reads once more behind the bytes of a block.
+  void readMore(std::string& bytes);
+  void skipByteOrderMark(std::string& bytes);
+  /// Looks for the end of the last whole row in the bytes that haven't been looked at.
+  void findRows(std::string_view bytes);
+  bool skipQuoted(std::string_view bytes);
+  void stop(Block& block, const char* reason);
 
-  std::vector<char> buffer_;
-  std::size_t begin_ = 0;  ///< Where the next row begins in the buffer.
-  std::size_t end_ = 0;    ///< Where the bytes that were read end; one more is kept free.
+  Source source_;
+  char delimiter_;
+  std::string beginning_;
+  std::string rest_;  ///< The beginning of a row that the last block didn't end.
+  std::size_t line_ = 1;
   bool started_ = false;
   bool finished_ = false;
-  std::size_t nextLine_ = 1;
-  std::size_t troubleLine_ = 1;
+
+  // Of the block that is being read:
+  std::size_t seen_ = 0;     ///< How much of it has been looked at.
+  std::size_t rowsEnd_ = 0;  ///< Where its last whole row ends.
+  bool inQuotes_ = false;    ///< Whether a quoted cell is open behind what has been looked at.
+  std::size_t quote_ = 0;    ///< Where that cell begins.
+};
+
+/// Cuts a block into its rows.
+class RowCutter {
+ public:
+  /// The block must outlive the cutter, and gets a byte more at its end.
+  explicit RowCutter(Block& block, char delimiter = ',');
+
+  /// The next row; false at the end.
+  bool next(Row& row);
+
+ private:
+  const char* at_;
+  const char* end_;
+  char delimiter_;
+  std::size_t line_;
 };
 
 }  // namespace tallyfin::batch

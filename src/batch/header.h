@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "batch/csv.h"
@@ -20,18 +21,26 @@ class Header {
   };
 
   /// Reads a header row; returns why it is refused, if it is.
-  std::optional<std::string> take(const Row& row);
+  std::optional<std::string> take(const Row& row, char delimiter);
 
   std::size_t size() const { return size_; }
   /// The columns of the file that a row is worked from.
   const std::vector<Entry>& known() const { return known_; }
+  /// What the file lacks, though it is worked; empty for nothing.
+  std::string lacks() const;
 
  private:
+  bool has(library::Column column) const;
+
   std::size_t size_ = 0;
   std::vector<Entry> known_;
 };
 
-/// The columns that are added to the header, each behind a comma.
-const std::string& resultColumns();
+/// What the beginning of a file looks like that isn't CSV text: compressed, a spreadsheet's own format, UTF-16; none
+/// where it looks like none of these.
+std::optional<std::string> otherFormat(std::string_view bytes);
+
+/// Bytes as they may be shown on a terminal: in quotes, what isn't printable ASCII escaped, a long text cut.
+std::string printable(std::string_view bytes);
 
 }  // namespace tallyfin::batch

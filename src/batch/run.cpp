@@ -1,6 +1,14 @@
 #include "batch/run.h"
 
+#include <algorithm>
 #include <array>
+#include <atomic>
+#include <condition_variable>
+#include <exception>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <vector>
 
 #include "batch/header.h"
 #include "engine/numbertext.h"
@@ -10,113 +18,245 @@ namespace tallyfin::batch {
 
 namespace {
 
-/// The most characters that a row's results take, with a comma before each and one behind.
+/// The most characters that a row's results take, with a delimiter before each and one behind.
 constexpr std::size_t longestResults = library::resultCount * (1 + longestAmount) + 1;
 
-class Work {
- public:
-  Work(const CsvReader::Source& source, const Sink& sink, const Onlooker& onlooker)
-      : source_(source), sink_(sink), onlooker_(onlooker) {}
+/// The text of a block's rows with their results.
+struct Worked {
+  std::string out;
+  Account account;
+};
 
-  Account run(const Choices& choices) {
-    if (!nextRow()) throw Trouble("there is no header");
-    if (const auto reason = header_.take(row_)) throw Trouble(*reason);
-    ending_ = row_.ending.empty() ? "\n" : row_.ending;
-    if (choices.writeHeader) ((out_ += row_.bytes) += resultColumns()) += ending_;
-    while (nextRow()) workRow();
-    flush();
-    return account_;
+/// What the threads of a run share. They take blocks by turns and hand over what they have made of them in the same
+/// order, so that what comes out doesn't depend on their number.
+class Shared {
+ public:
+  Shared(const Streams& streams, const Choices& choices)
+      : streams_(streams), choices_(choices), reader_(streams.source, choices.delimiter) {}
+
+  /// Reads the header, and writes it with the columns of the results.
+  void begin();
+
+  /// Takes the next block and the turn in which it is to be handed over; false at the end.
+  bool take(Block& block, std::uint64_t& turn);
+  /// Writes what was made of a block, when its turn has come.
+  void handOver(std::uint64_t turn, const Worked& worked, const std::string& trouble);
+  /// Ends the work with an exception, when its turn has come; at once in turn 0.
+  void fail(std::uint64_t turn, std::exception_ptr failure);
+
+  /// The sum of all blocks; throws what has ended the work.
+  Account end() const;
+
+  const Header& header() const { return header_; }
+  const Choices& choices() const { return choices_; }
+  const std::string& ending() const { return ending_; }
+
+ private:
+  const Streams& streams_;
+  const Choices& choices_;
+  Header header_;
+  std::string ending_;  ///< Of the header's line.
+
+  std::mutex reading_;
+  BlockReader reader_;
+  Block first_;  ///< What came with the header.
+  std::uint64_t turns_ = 0;
+
+  std::mutex writing_;
+  std::condition_variable next_;
+  std::uint64_t turn_ = 0;  ///< Whose turn it is to write.
+  std::atomic<bool> stopped_ = false;
+  std::exception_ptr failure_;
+  Account account_;
+};
+
+void Shared::begin() {
+  reader_.next(first_);
+  RowCutter rows(first_, choices_.delimiter);
+  Row row;
+  if (!rows.next(row)) {
+    // What isn't text at all may look like a row that doesn't end.
+    if (const auto format = first_.trouble.empty() ? std::nullopt : otherFormat(reader_.beginning())) {
+      throw Trouble(*format);
+    }
+    throw Trouble(first_.trouble.empty() ? "there is no header" : first_.trouble);
+  }
+  if (const auto reason = header_.take(row, choices_.delimiter)) throw Trouble(*reason);
+  if (const std::string lacking = header_.lacks(); !lacking.empty()) streams_.notice(lacking);
+  ending_ = row.ending.empty() ? "\n" : row.ending;
+
+  std::string out(row.bytes);
+  for (const std::string_view name : library::resultNames)
+    appendCell(out += choices_.delimiter, name, choices_.delimiter);
+  appendCell(out += choices_.delimiter, library::problemName, choices_.delimiter);
+  if (choices_.writeHeader) streams_.sink(out += ending_);
+
+  first_.bytes.pop_back();  // the cutter's sentinel
+  const std::size_t taken = row.bytes.size() + row.ending.size();
+  const std::string_view header(first_.bytes.data(), taken);
+  first_.line += static_cast<std::size_t>(std::count(header.begin(), header.end(), '\n'));
+  first_.bytes.erase(0, taken);
+}
+
+bool Shared::take(Block& block, std::uint64_t& turn) {
+  const std::lock_guard lock(reading_);
+  turn = turns_++;
+  if (stopped_) return false;
+  if (turn > 0) return reader_.next(block);
+  block = std::move(first_);
+  return true;
+}
+
+void Shared::handOver(std::uint64_t turn, const Worked& worked, const std::string& trouble) {
+  std::unique_lock lock(writing_);
+  next_.wait(lock, [&] { return turn_ == turn || stopped_; });
+  if (stopped_) return;
+  if (!worked.out.empty()) streams_.sink(worked.out);
+  if (account_.firstProblem == 0) account_.firstProblem = worked.account.firstProblem;
+  account_.rows += worked.account.rows;
+  account_.problems += worked.account.problems;
+  streams_.progress(account_.rows);
+  if (!trouble.empty()) throw Trouble(trouble);
+  ++turn_;
+  next_.notify_all();
+}
+
+void Shared::fail(std::uint64_t turn, std::exception_ptr failure) {
+  std::unique_lock lock(writing_);
+  next_.wait(lock, [&] { return turn_ >= turn || stopped_; });
+  if (!failure_) failure_ = std::move(failure);
+  stopped_ = true;
+  next_.notify_all();
+}
+
+Account Shared::end() const {
+  if (failure_) std::rethrow_exception(failure_);
+  return account_;
+}
+
+/// Works the rows of blocks.
+class Worker {
+ public:
+  explicit Worker(const Shared& shared) : shared_(shared), delimiter_(shared.choices().delimiter) {}
+
+  const Worked& work(Block& block) {
+    worked_.out.clear();
+    worked_.account = {};
+    RowCutter rows(block, delimiter_);
+    while (rows.next(row_)) workRow();
+    return worked_;
   }
 
  private:
-  /// The next row; false at the end.
-  bool nextRow() {
-    while (true) {
-      switch (reader_.next(row_)) {
-        case CsvReader::Outcome::row: return true;
-        case CsvReader::Outcome::end: return false;
-        case CsvReader::Outcome::openQuote: stop("a quoted cell doesn't end");
-        case CsvReader::Outcome::tooLong: stop("the row is too long");
-        case CsvReader::Outcome::needsMore: break;
-      }
-      // The finished rows go out before it waits for more.
-      flush();
-      onlooker_(account_.rows);
-      reader_.readMore(source_);
-    }
-  }
-
-  [[noreturn]] void stop(const char* reason) {
-    flush();
-    throw Trouble("line " + std::to_string(reader_.line()) + ": " + reason);
-  }
-
   void workRow() {
-    const std::string_view ending = row_.ending.empty() ? std::string_view(ending_) : row_.ending;
+    std::string& out = worked_.out;
+    const std::string_view ending = row_.ending.empty() ? std::string_view(shared_.ending()) : row_.ending;
     if (row_.cells.empty()) {  // an empty line is no row
-      out_ += ending;
+      out += ending;
       return;
     }
-    ++account_.rows;
-    if (row_.cells.size() > header_.size()) {
-      // Cells beyond the header's columns are dropped.
-      const std::string_view last = row_.cells[header_.size() - 1].raw;
-      out_.append(row_.bytes.data(), last.data() + last.size());
-      writeNoResults();
-      out_ += "more cells than the header has columns";
-      ++account_.problems;
+    ++worked_.account.rows;
+    const std::size_t columns = shared_.header().size();
+    if (row_.cells.size() > columns) {
+      const std::string_view last = row_.cells[columns - 1].raw;
+      out.append(row_.bytes.data(), last.data() + last.size());
     } else {
-      out_ += row_.bytes;
-      out_.append(header_.size() - row_.cells.size(), ',');
+      out += row_.bytes;
+      out.append(columns - row_.cells.size(), delimiter_);
+    }
+    if (hasSurplus()) {
+      writeNoResults();
+      writeProblem("more cells than the header has columns");
+    } else {
       workCells();
     }
-    out_ += ending;
+    out += ending;
+  }
+
+  /// Whether there are cells beyond the header's columns that aren't empty.
+  bool hasSurplus() {
+    const std::size_t columns = shared_.header().size();
+    return row_.cells.size() > columns &&
+           std::any_of(row_.cells.begin() + static_cast<std::ptrdiff_t>(columns), row_.cells.end(),
+                       [&](const Cell& cell) { return !cell.text(storage_).empty(); });
   }
 
   void workCells() {
-    for (const auto& [column, place] : header_.known()) {
+    for (const auto& [column, place] : shared_.header().known()) {
       paycheck_.set(column, place < row_.cells.size() ? row_.cells[place].text(storage_) : std::string_view());
     }
     paycheck_.work() ? writeResults() : writeNoResults();
-    out_ += paycheck_.problem();
-    account_.problems += paycheck_.problem().empty() ? 0 : 1;
+    writeProblem(paycheck_.problem());
   }
 
   void writeResults() {
     std::array<char, longestResults> results;
     char* end = results.data();
     for (std::size_t row = 0; row < library::resultCount; ++row) {
-      *end++ = ',';
+      *end++ = delimiter_;
       end = writeText(end, paycheck_.result(row));
     }
-    *end++ = ',';
-    out_.append(results.data(), end);
+    *end++ = delimiter_;
+    worked_.out.append(results.data(), end);
   }
 
-  void writeNoResults() { out_.append(library::resultCount + 1, ','); }
+  void writeNoResults() { worked_.out.append(library::resultCount + 1, delimiter_); }
 
-  void flush() {
-    if (!out_.empty()) sink_(out_);
-    out_.clear();
+  void writeProblem(std::string_view problem) {
+    if (problem.empty()) return;
+    appendCell(worked_.out, problem, delimiter_);
+    Account& account = worked_.account;
+    if (account.problems++ == 0) account.firstProblem = row_.line;
   }
 
-  const CsvReader::Source& source_;
-  const Sink& sink_;
-  const Onlooker& onlooker_;
-  CsvReader reader_;
+  const Shared& shared_;
+  char delimiter_;
+  Worked worked_;
   Row row_;
-  Header header_;
-  library::Paycheck paycheck_;
   std::string storage_;
-  std::string ending_;
-  std::string out_;
-  Account account_;
+  library::Paycheck paycheck_;
 };
+
+/// What each thread does.
+void workBlocks(Shared& shared) {
+  std::uint64_t turn = 0;
+  try {
+    Worker worker(shared);
+    Block block;
+    while (shared.take(block, turn)) shared.handOver(turn, worker.work(block), block.trouble);
+  } catch (...) {
+    shared.fail(turn, std::current_exception());
+  }
+}
 
 }  // namespace
 
-Account run(const CsvReader::Source& source, const Sink& sink, const Choices& choices, const Onlooker& onlooker) {
-  return Work(source, sink, onlooker).run(choices);
+Account run(const Streams& streams, const Choices& choices) {
+  Shared shared(streams, choices);
+  shared.begin();
+  {
+    std::vector<std::jthread> others;
+    try {
+      for (unsigned job = 1; job < choices.jobs; ++job) others.emplace_back(workBlocks, std::ref(shared));
+    } catch (const std::system_error&) {
+      shared.fail(0, std::make_exception_ptr(Trouble("so many threads can't be started")));
+    }
+    workBlocks(shared);
+  }
+  return shared.end();
+}
+
+void appendCell(std::string& out, std::string_view text, char delimiter) {
+  if (text.find_first_of("\"\r\n") == std::string_view::npos && text.find(delimiter) == std::string_view::npos) {
+    out += text;
+    return;
+  }
+  out += '"';
+  for (const char c : text) {
+    if (c == '"') out += '"';
+    out += c;
+  }
+  out += '"';
 }
 
 }  // namespace tallyfin::batch

@@ -10,7 +10,7 @@
 namespace tallyfin::batch {
 
 /// A source that gives a text, so many bytes at a time.
-inline CsvReader::Source sourceOf(std::string_view text, std::size_t atOnce = std::string_view::npos) {
+inline BlockReader::Source sourceOf(std::string_view text, std::size_t atOnce = std::string_view::npos) {
   return [text, atOnce](char* place, std::size_t size) mutable {
     const std::size_t count = std::min({size, atOnce, text.size()});
     std::memcpy(place, text.data(), count);
@@ -23,6 +23,7 @@ inline CsvReader::Source sourceOf(std::string_view text, std::size_t atOnce = st
 struct Outcome {
   std::string out;
   std::string trouble;
+  std::string notice;
   Account account;
 };
 
@@ -30,8 +31,9 @@ inline Outcome outcomeOf(std::string_view in, const Choices& choices = {},
                          std::size_t atOnce = std::string_view::npos) {
   Outcome outcome;
   try {
-    outcome.account = run(
-        sourceOf(in, atOnce), [&](std::string_view text) { outcome.out += text; }, choices, [](std::uint64_t) {});
+    outcome.account = run({sourceOf(in, atOnce), [&](std::string_view text) { outcome.out += text; },
+                           [](std::uint64_t) {}, [&](const std::string& notice) { outcome.notice += notice; }},
+                          choices);
   } catch (const Trouble& trouble) {
     outcome.trouble = trouble.what();
   }

@@ -13,29 +13,27 @@ using testing::ElementsAre;
 struct Reading {
   std::vector<std::vector<std::string>> rows;
   std::vector<std::string> bytes;
-  CsvReader::Outcome last = CsvReader::Outcome::end;
-  std::size_t line = 0;
+  std::vector<std::size_t> lines;
+  std::string trouble;
 };
 
-Reading readingOf(std::string_view text, std::size_t atOnce) {
+Reading readingOf(std::string_view text, std::size_t atOnce, char delimiter = ',') {
   Reading reading;
-  CsvReader reader;
-  const auto source = sourceOf(text, atOnce);
-  Row row;
+  BlockReader reader(sourceOf(text, atOnce), delimiter);
+  Block block;
   std::string storage;
-  while (true) {
-    reading.last = reader.next(row);
-    if (reading.last == CsvReader::Outcome::needsMore) {
-      reader.readMore(source);
-      continue;
+  while (reader.next(block)) {
+    reading.trouble += block.trouble;
+    RowCutter cutter(block, delimiter);
+    Row row;
+    while (cutter.next(row)) {
+      auto& cells = reading.rows.emplace_back();
+      for (const Cell& cell : row.cells) cells.emplace_back(cell.text(storage));
+      cells.emplace_back(row.ending);
+      reading.bytes.emplace_back(row.bytes);
+      reading.lines.push_back(row.line);
     }
-    if (reading.last != CsvReader::Outcome::row) break;
-    auto& cells = reading.rows.emplace_back();
-    for (const Cell& cell : row.cells) cells.emplace_back(cell.text(storage));
-    cells.emplace_back(row.ending);
-    reading.bytes.emplace_back(row.bytes);
   }
-  reading.line = reader.line();
   return reading;
 }
 
@@ -94,10 +92,23 @@ TEST_P(CsvTest, AcceptsAByteOrderMarkInFrontOnly) {
 TEST_P(CsvTest, TellsTheLineOfAQuoteThatDoesNotEnd) {
   const Reading reading = read("a\n\"b\nc\"\nd,\"e\n\"\"\nf");
   EXPECT_THAT(reading.rows, ElementsAre(ElementsAre("a", "\n"), ElementsAre("b\nc", "\n")));
-  EXPECT_EQ(reading.last, CsvReader::Outcome::openQuote);
-  EXPECT_EQ(reading.line, 4U);
-  EXPECT_EQ(read("a\n\"").line, 2U);
-  EXPECT_EQ(read("\"a\n\",\"").line, 2U);
+  EXPECT_EQ(reading.trouble, "line 4: a quoted cell doesn't end");
+  EXPECT_EQ(read("a\n\"").trouble, "line 2: a quoted cell doesn't end");
+  EXPECT_EQ(read("\"a\n\",\"").trouble, "line 2: a quoted cell doesn't end");
+}
+
+TEST_P(CsvTest, TellsTheLineOfEachRow) {
+  EXPECT_THAT(read("a\n\n\"b\nc\",\"d\n\"\ne\n").lines, ElementsAre(1, 2, 3, 6));
+}
+
+TEST_P(CsvTest, TakesAQuoteWithinACellForItself) {
+  EXPECT_THAT(read("a\"b,c\n\"d\"e\"\nf\"\n").rows,
+              ElementsAre(ElementsAre("a\"b", "c", "\n"), ElementsAre("de\"", "\n"), ElementsAre("f\"", "\n")));
+}
+
+TEST_P(CsvTest, DividesCellsByAnotherCharacter) {
+  EXPECT_THAT(readingOf("a,b;\"c;d\"\n;\n", GetParam(), ';').rows,
+              ElementsAre(ElementsAre("a,b", "c;d", "\n"), ElementsAre("", "", "\n")));
 }
 
 TEST(Csv, ReadsARowLongerThanABlock) {
@@ -107,18 +118,18 @@ TEST(Csv, ReadsARowLongerThanABlock) {
 }
 
 TEST(Csv, ReadsARowOfTheLargestMeasure) {
-  const Reading reading = readingOf(std::string(CsvReader::longestRow, 'x'), std::string_view::npos);
-  EXPECT_EQ(reading.last, CsvReader::Outcome::end);
+  const Reading reading = readingOf(std::string(BlockReader::longestRow, 'x'), std::string_view::npos);
+  EXPECT_EQ(reading.trouble, "");
   ASSERT_EQ(reading.bytes.size(), 1U);
-  EXPECT_EQ(reading.bytes[0].size(), CsvReader::longestRow);
+  EXPECT_EQ(reading.bytes[0].size(), BlockReader::longestRow);
 }
 
 TEST(Csv, StopsAtARowBeyondAllMeasure) {
-  const std::string beyond(CsvReader::longestRow + 1, 'x');
-  EXPECT_EQ(readingOf("a\n" + beyond, 1 << 20).last, CsvReader::Outcome::tooLong);
+  const std::string beyond(BlockReader::longestRow + 1, 'x');
+  EXPECT_EQ(readingOf("a\n" + beyond, 1 << 20).trouble, "line 2: the row is too long");
   const Reading quoted = readingOf("a\n\"" + beyond, 1 << 20);
-  EXPECT_EQ(quoted.last, CsvReader::Outcome::openQuote);
-  EXPECT_EQ(quoted.line, 2U);
+  EXPECT_EQ(quoted.trouble, "line 2: a quoted cell doesn't end");
+  EXPECT_THAT(quoted.rows, ElementsAre(ElementsAre("a", "\n")));
 }
 
 }  // namespace

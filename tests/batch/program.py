@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
 """program.py PROGRAM: the batch program as a process: its options, its exit statuses, its one line on standard error, a
 terminal, a reader that goes away, and memory that doesn't grow with the file."""
+import fcntl
 import os
 import pathlib
 import pty
 import re
+import resource
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -27,7 +30,8 @@ def expect(what, holds):
 def options():
     answer = run("--help")
     expect("--help tells the options", answer.returncode == 0 and not answer.stderr and
-           all(option in answer.stdout for option in (b"--header", b"--no-header", b"--quiet", b"--version")))
+           all(option in answer.stdout for option in (b"--header", b"--no-header", b"--quiet", b"--version", b"--jobs",
+                                                      b"--delimiter", b"--problems-ok")))
     answer = run("--version")
     expect("--version", answer.returncode == 0 and answer.stdout.startswith(b"tallyfin99-batch ") and not answer.stderr)
     plain = run(stdin=header + row)
@@ -38,6 +42,12 @@ def options():
         for arguments in ([str(file)], ["--", "--rows.csv"], ["--quiet", "-"], ["--no-header", "--header"]):
             answer = subprocess.run([program, *arguments], input=header + row, capture_output=True, cwd=folder)
             expect(f"{arguments} gives the same", answer.stdout == plain.stdout and answer.returncode == 0)
+    for arguments in (["--jobs", "3"], ["--jobs=0"], ["--delimiter", ","], ["--problems-ok"]):
+        answer = run(*arguments, stdin=header + row)
+        expect(f"{arguments} gives the same", answer.stdout == plain.stdout and answer.returncode == 0 and not answer.stderr)
+    tabs = run("--delimiter", "tab", stdin=(header + row).replace(b",", b"\t"))
+    expect("--delimiter tab", tabs.stdout == plain.stdout.replace(b",", b"\t") and tabs.returncode == 0)
+    expect("--delimiter=;", run("--delimiter=;", stdin=(header + row).replace(b",", b";")).returncode == 0)
     expect("--no-header", run("--no-header", stdin=header + row).stdout == plain.stdout.split(b"\n", 1)[1])
 
 
@@ -48,7 +58,16 @@ def refusals():
                                        ("two files", ["a", "b"], b""), ("no such file", [folder + "/none"], b""),
                                        ("a folder", [folder], b""), ("no header", [], b""),
                                        ("a column twice", [], b"income,income\n1,2\n"),
-                                       ("a column named like a result", [], b"fica\n1\n")):
+                                       ("a column named like a result", [], b"fica\n1\n"),
+                                       ("no column of the program's", [], b"a,b\n1,2\n"),
+                                       ("semicolons", [], b"income;frequency\n"),
+                                       ("a compressed file", [], b"\x1f\x8b\x08\n"),
+                                       ("no number of jobs", ["--jobs"], header), ("bad jobs", ["--jobs", "x"], header),
+                                       ("negative jobs", ["--jobs=-1"], header), ("many jobs", ["--jobs", "1001"], header),
+                                       ("jobs and more", ["--jobs", "2x"], header),
+                                       ("no delimiter", ["--delimiter"], header), ("empty", ["--delimiter", ""], header),
+                                       ("a digit", ["--delimiter", "0"], header), ("a word", ["--delimiter", "ab"], header),
+                                       ("a quote", ["--delimiter", '"'], header), ("a prefix", ["--jobsx"], header)):
             answer = run(*arguments, stdin=stdin)
             expect(f"{what} is refused: {answer}", answer.returncode == 2 and answer.stdout == b"" and
                    answer.stderr.startswith(b"tallyfin99-batch: ") and answer.stderr.count(b"\n") == 1)
@@ -58,13 +77,146 @@ def refusals():
         expect("a full disk is told", answer.returncode == 2 and answer.stderr.count(b"\n") == 1)
 
 
+def names():
+    """A file that can't be read is reported with its name and the reason."""
+    answer = run("/no/such/rows.csv")
+    expect(f"name and reason: {answer.stderr}",
+           answer.stderr == b"tallyfin99-batch: /no/such/rows.csv: No such file or directory\n")
+    answer = run("/")
+    expect(f"of a folder: {answer.stderr}", answer.stderr == b"tallyfin99-batch: /: Is a directory\n")
+    if os.path.exists("/dev/full"):
+        with open("/dev/full", "wb") as full:
+            answer = subprocess.run([program], input=header + row, stdout=full, stderr=subprocess.PIPE)
+        expect(f"of the output: {answer.stderr}",
+               answer.stderr == b"tallyfin99-batch: standard output: No space left on device\n")
+    # What a header holds doesn't reach the terminal as it is.
+    answer = run(stdin=b"a\x1b[31m\x9b\n")
+    expect(f"escaped: {answer.stderr}", b"a\\x1b[31m\\x9b" in answer.stderr and b"\x1b" not in answer.stderr)
+
+
 def problems():
-    answer = run(stdin=header + row + b"1000,,,,16,,\n" + row + b"abc,,,,,,\n")
-    expect("rows with problems", answer.returncode == 1 and answer.stdout.count(b"\n") == 5 and
-           answer.stderr == b"tallyfin99-batch: 2 of 4 rows had problems\n")
-    answer = run(stdin=header + row + b'"1000,\n' + row)
-    expect("a quote that doesn't end", answer.returncode == 2 and answer.stdout.count(b"\n") == 2 and
-           answer.stderr == b"tallyfin99-batch: line 3: a quoted cell doesn't end\n")
+    some = header + row + b"1000,,0,,16,,\n" + row + b"abc,,0,,,,\n"
+    answer = run(stdin=some)
+    line = b"tallyfin99-batch: 2 of 4 rows had problems, the first in line 3\n"
+    expect(f"rows with problems: {answer}", answer.returncode == 1 and answer.stdout.count(b"\n") == 5 and
+           answer.stderr == line)
+    fine = run("--problems-ok", stdin=some)
+    expect("--problems-ok", fine.returncode == 0 and fine.stderr == line and fine.stdout == answer.stdout)
+    for jobs in ("1", "4"):
+        answer = run("--jobs", jobs, stdin=header + row + b'"1000,\n' + row)
+        expect("a quote that doesn't end", answer.returncode == 2 and answer.stdout.count(b"\n") == 2 and
+               answer.stderr == b"tallyfin99-batch: line 3: a quoted cell doesn't end\n")
+    answer = run(stdin=b"income\n100\n")
+    expect(f"no frequency: {answer.stderr}", answer.returncode == 1 and answer.stderr.startswith(
+        b"tallyfin99-batch: there is no column frequency\n"))
+
+
+def same_file():
+    """Input and output that are one file would never end."""
+    with tempfile.TemporaryDirectory() as folder:
+        file = pathlib.Path(folder, "same.csv")
+        for arguments, from_file in (([str(file)], False), ([], True)):
+            file.write_bytes(header + row)
+            with open(file, "rb") as source, open(file, "ab") as sink:
+                answer = subprocess.run([program, *arguments], stdin=source if from_file else subprocess.DEVNULL,
+                                        stdout=sink, stderr=subprocess.PIPE, timeout=60)
+            expect(f"one file is refused: {answer.stderr}", answer.returncode == 2 and
+                   answer.stderr.endswith(b": input and output are the same file\n") and
+                   file.read_bytes() == header + row)
+        other = pathlib.Path(folder, "other.csv")
+        with open(other, "ab") as sink:
+            answer = subprocess.run([program, str(file)], stdout=sink, stderr=subprocess.PIPE)
+        expect("two files are fine", answer.returncode == 0 and other.read_bytes().count(b"\n") == 2)
+        with open("/dev/null", "r+b") as null:
+            answer = subprocess.run([program], stdin=null, stdout=null, stderr=subprocess.PIPE)
+        expect("a device is no file", b"same file" not in answer.stderr)
+
+
+def short_writes():
+    """A limit of the file's size cuts a write within the last block: that is reported."""
+    with tempfile.TemporaryDirectory() as folder:
+        rows = pathlib.Path(folder, "rows.csv")
+        rows.write_bytes(header + row * 10_000)
+        paid = pathlib.Path(folder, "paid.csv")
+
+        def paid_with(limit):
+            with open(paid, "wb") as sink:
+                return subprocess.run([program, str(rows)], stdout=sink, stderr=subprocess.PIPE, preexec_fn=lambda:
+                                      resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit)))
+        expect("a file without a limit", paid_with(resource.RLIM_INFINITY).returncode == 0)
+        whole = paid.read_bytes()
+        answer = paid_with(len(whole) - 8311)
+        expect(f"a write cut short is reported: {answer}", answer.returncode == 2 and
+               answer.stderr == b"tallyfin99-batch: standard output: File too large\n" and
+               paid.read_bytes() == whole[:-8311])
+
+
+def never_waiting():
+    """Streams that don't wait by themselves are waited for."""
+    out, end = os.pipe()
+    start, into = os.pipe()
+    for descriptor in (end, start):
+        fcntl.fcntl(descriptor, fcntl.F_SETFL, fcntl.fcntl(descriptor, fcntl.F_GETFL) | os.O_NONBLOCK)
+    rows = 20_000
+    with subprocess.Popen([program], stdin=start, stdout=end, stderr=subprocess.PIPE) as process:
+        os.close(end)
+        os.close(start)
+        writer = os.fork()
+        if writer == 0:
+            os.close(out)
+            with os.fdopen(into, "wb") as sink:
+                sink.write(header)
+                for _ in range(rows):
+                    sink.write(row)
+            os._exit(0)
+        os.close(into)
+        with os.fdopen(out, "rb") as source:
+            seen = source.read()
+        os.waitpid(writer, 0)
+        errors = process.stderr.read()
+        expect(f"streams that never wait: {errors}", process.wait(60) == 0 and seen.count(b"\n") == rows + 1)
+
+
+def interrupted():
+    """A signal in the middle of a call only delays it."""
+    if shutil.which("strace") is None:
+        return
+    with tempfile.NamedTemporaryFile() as file, tempfile.NamedTemporaryFile() as log:
+        file.write(header + row * 20_000)
+        file.flush()
+        plain = run(file.name)
+        for call in ("read", "write"):
+            for error in ("EINTR", "EAGAIN"):
+                path = ["-P", file.name] if call == "read" else []
+                answer = run_under("strace", "-qq", "-o", log.name, *path, "-e", f"inject={call}:error={error}:when=1+3",
+                                   program, file.name)
+                expect(f"{call} fails by {error}", b"(INJECTED)" in pathlib.Path(log.name).read_bytes())
+                expect(f"{call} {error}: {answer.stderr}", answer.returncode == 0 and answer.stdout == plain.stdout)
+        answer = run_under("strace", "-qq", "-o", "/dev/null", "-P", file.name, "-e", "inject=read:error=EIO:when=2",
+                           program, file.name)
+        expect(f"a read that fails: {answer}", answer.returncode == 2 and
+               answer.stderr == f"tallyfin99-batch: {file.name}: Input/output error\n".encode())
+
+
+def run_under(*command):
+    return subprocess.run(command, capture_output=True, stdin=subprocess.DEVNULL)
+
+
+def little_memory():
+    """No memory, or no threads, is one line and status 2."""
+    def limited(megabytes, *arguments):
+        size = megabytes << 20
+        with tempfile.NamedTemporaryFile() as file:
+            file.write(header + b'"' + b"x" * (15 << 20) + b'"\n')
+            file.flush()
+            return subprocess.run([program, *arguments, file.name], capture_output=True, preexec_fn=lambda:
+                                  resource.setrlimit(resource.RLIMIT_AS, (size, size)))
+    answer = limited(30)
+    expect(f"no memory: {answer.stderr}", answer.returncode == 2 and
+           answer.stderr == b"tallyfin99-batch: there is not enough memory\n")
+    answer = limited(300, "--jobs", "1000")
+    expect(f"no threads: {answer.stderr}", answer.returncode == 2 and answer.stderr.count(b"\n") == 1)
+    expect("enough memory", limited(300).returncode == 1)  # its one row has a text for a number
 
 
 def closed_pipe():
@@ -106,6 +258,7 @@ def terminal(*arguments):
 def progress():
     seen = terminal()
     expect(f"a terminal is told rows and rows a second: {seen}", b" rows, " in seen and b" a second" in seen)
+    expect(f"its line is taken away at the end: {seen}", seen.endswith(b"\r\x1b[K"))
     expect("a quiet run tells a terminal nothing", terminal("--quiet") == b"")
 
 
@@ -142,6 +295,23 @@ def memory():
     expect(f"memory stays as it is: {small} and {large} KiB", large <= small + 1024)
 
 
-for check in (options, refusals, problems, closed_pipe, progress, share_done, memory):
+def open_quote():
+    """A quote that doesn't end doesn't take a long file into memory."""
+    with subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE) as process:
+        process.stdin.write(header + b'"')
+        written = 0
+        try:
+            while written < 400 << 20:
+                process.stdin.write(row * 10_000)
+                written += len(row) * 10_000
+            process.stdin.close()
+        except BrokenPipeError:
+            pass
+        expect("it ends", process.wait(60) == 2 and process.stderr.read().endswith(b"line 2: a quoted cell doesn't end\n"))
+    expect(f"it has stopped reading early: {written}", written < 64 << 20)
+
+
+for check in (options, refusals, names, problems, same_file, short_writes, never_waiting, interrupted, little_memory,
+              closed_pipe, progress, share_done, memory, open_quote):
     check()
 print("the program keeps its word")

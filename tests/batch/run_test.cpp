@@ -44,7 +44,7 @@ TEST(Batch, WorksAWeeklyPaycheck) {
 
 TEST(Batch, TakesTheProgramsDefaults) {
   EXPECT_EQ(resultOf("income,pre_tax", ","), ",0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency);
-  EXPECT_EQ(resultOf("id", "7"), ",0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency);
+  EXPECT_EQ(resultOf("rate_401k", "7"), ",0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency);
   // No frequency: no federal table.
   EXPECT_EQ(resultOf("income,status", "100,Single"), ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency);
 }
@@ -102,8 +102,8 @@ TEST(Batch, GivesNothingForTheOptionWhoseExemptionMustBeEntered) {
 }
 
 TEST(Batch, StopsAtARowThatIsTooLong) {
-  const std::string row(3 * CsvReader::longestRow, 'x');
-  EXPECT_EQ(outcomeOf("note\nshort\n" + row + "\n").trouble, "line 3: the row is too long");
+  const std::string row(3 * BlockReader::longestRow, 'x');
+  EXPECT_EQ(outcomeOf("income\n5\n" + row + "\n").trouble, "line 3: the row is too long");
 }
 
 TEST(Batch, LeavesMississippisExemptionToItsRow) {
@@ -212,12 +212,19 @@ TEST(Batch, NamesAllBadCellsOfARow) {
 }
 
 TEST(Batch, RefusesARowWithMoreCellsThanTheHeader) {
-  const Outcome outcome = outcomeOf("id,income\n1,2,3,4\n1,\"2\",\n5,100\n");
+  const Outcome outcome = outcomeOf("frequency,income\n1,2,3,4\n1,\"2\",,x\n0,100\n");
   EXPECT_THAT(linesOf(outcome.out),
-              ElementsAre("id,income" + results, "1,2" + noResults + ",more cells than the header has columns",
+              ElementsAre("frequency,income" + results, "1,2" + noResults + ",more cells than the header has columns",
                           "1,\"2\"" + noResults + ",more cells than the header has columns",
-                          "5,100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency));
-  EXPECT_EQ(outcome.account.problems, 3U);
+                          "0,100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,"));
+  EXPECT_EQ(outcome.account.problems, 2U);
+  EXPECT_EQ(outcome.account.firstProblem, 2U);
+}
+
+TEST(Batch, DropsSurplusCellsThatAreEmpty) {
+  EXPECT_THAT(linesOf(outcomeOf("frequency,income\n0,100,\n0,100,,\"\",\n").out),
+              ElementsAre("frequency,income" + results, "0,100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,",
+                          "0,100,100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35,"));
 }
 
 TEST(Batch, SkipsTheStatementOfATextThatIsNoNumber) {
@@ -253,15 +260,165 @@ TEST(Batch, WantsAHeader) {
 }
 
 TEST(Batch, RefusesAnUnclearHeaderAtOnce) {
-  for (const char* in : {"income,id,income\n1,2,3\n", "Income, income\n", "a,b,\"a\"\n"}) {
-    EXPECT_THAT(outcomeOf(in).trouble, StartsWith("two columns are named "));
+  for (const char* in : {"income,id,income\n1,2,3\n", "Income, income\n", "\"INCOME\",income\n"}) {
+    EXPECT_EQ(outcomeOf(in).trouble, "two columns are named \"income\"");
     EXPECT_EQ(outcomeOf(in).out, "");
   }
-  for (const char* in : {"problem\n1\n", "id,Fica\n", "check_amount\n"}) {
+  EXPECT_EQ(outcomeOf("income,a\\\x1B[2J,A\\\x1B[2j\n").trouble, "two columns are named \"a\\\\\\x1b[2j\"");
+  for (const char* in : {"problem\n1\n", "id,Fica\n", "income,check_amount\n"}) {
     EXPECT_THAT(outcomeOf(in).trouble, StartsWith("a column is named like a result: "));
     EXPECT_EQ(outcomeOf(in).out, "");
   }
 }
+
+TEST(Batch, CarriesColumnsWithoutANameThrough) {
+  EXPECT_THAT(linesOf(outcomeOf(",frequency,\"\", \n7,0,8,9\n").out),
+              ElementsAre(",frequency,\"\", " + results, "7,0,8,9,0,0,0,0,0,0,0,0,0,0,0,0,"));
+}
+
+/// A header without any column of the program's.
+struct Foreign {
+  std::string in;
+  const char* why;
+};
+class BatchForeign : public testing::TestWithParam<Foreign> {};
+INSTANTIATE_TEST_SUITE_P(
+    All, BatchForeign,
+    testing::Values(Foreign{"income;frequency\n1;0\n", "the cells look divided by semicolons: use --delimiter ';'"},
+                    Foreign{"income\tfrequency\n1\t0\n", "the cells look divided by tabs: use --delimiter tab"},
+                    Foreign{"income|frequency\n1|0\n", "the cells look divided by vertical bars: use --delimiter '|'"},
+                    Foreign{std::string("\xFF\xFEi\0n\0\n\0", 8), "the file looks like UTF-16: save it as UTF-8"},
+                    Foreign{std::string("\xFE\xFF\0i\0n\0\n", 8), "the file looks like UTF-16: save it as UTF-8"},
+                    Foreign{std::string("i\0n\0c\0o\0m\0e\0,\0\n\0", 16),
+                            "the file looks like UTF-16: save it as UTF-8"},
+                    Foreign{"\x1F\x8B\x08\n", "the file is compressed: unpack it first"},
+                    Foreign{"\x1F\x8B\x08,\"\n", "the file is compressed: unpack it first"},
+                    Foreign{"BZh91AY\n", "the file is compressed: unpack it first"},
+                    Foreign{"\x28\xB5\x2F\xFD\n", "the file is compressed: unpack it first"},
+                    Foreign{"PK\x03\x04\n", "the file has a spreadsheet's own format: save it as CSV"},
+                    Foreign{"\xD0\xCF\x11\xE0\n", "the file has a spreadsheet's own format: save it as CSV"},
+                    Foreign{"name,salary\n", "no column is one of the program's: the header is \"name,salary\""},
+                    Foreign{"\"na\x1B[2Jme\xC3\xA9\"\n",
+                            "no column is one of the program's: the header is \"\\\"na\\x1b[2Jme\\xc3\\xa9\\\"\""}));
+
+TEST_P(BatchForeign, IsRefusedWithWhatItLooksLike) {
+  EXPECT_EQ(outcomeOf(GetParam().in).trouble, GetParam().why);
+  EXPECT_EQ(outcomeOf(GetParam().in).out, "");
+}
+
+TEST(Batch, CutsALongHeaderThatItShows) {
+  EXPECT_EQ(outcomeOf(std::string(61, 'x') + "\n").trouble,
+            "no column is one of the program's: the header is \"" + std::string(60, 'x') + "...\"");
+}
+
+TEST(Batch, TellsCommasFromTheDelimiter) {
+  EXPECT_EQ(outcomeOf("income,frequency\n", {.delimiter = ';'}).trouble,
+            "the cells look divided by commas: use no --delimiter");
+}
+
+TEST(Batch, NoticesWhatTheHeaderLacks) {
+  EXPECT_EQ(outcomeOf("income,frequency\n").notice, "");
+  EXPECT_EQ(outcomeOf("net,frequency\n").notice, "");
+  EXPECT_EQ(outcomeOf("income\n").notice, "there is no column frequency");
+  EXPECT_EQ(outcomeOf("frequency\n").notice, "there is neither a column income nor net");
+  EXPECT_EQ(outcomeOf("state\n").notice, "there is no column frequency, and neither income nor net");
+}
+
+TEST(Batch, DividesCellsAsTold) {
+  const Choices semicolons{.delimiter = ';'};
+  EXPECT_EQ(outcomeOf("frequency;income\n0;1,000\n", semicolons).out,
+            "frequency;income;gross_pay;amt_401k;non_taxable;pre_fica_pay;federal_tax;state_tax;local_tax;fica;"
+            "social_security;medicare;total_deductions;check_amount;problem\n"
+            "0;1,000;1000;0;0;0;142.71;0;0;76.5;62;14.5;219.21;780.79;\n");
+  EXPECT_THAT(outcomeOf("frequency;state\n4;Atlantis\n", semicolons).out,
+              HasSubstr(";\"frequency: no such entry; state: no such entry\"\n"));
+  EXPECT_THAT(outcomeOf("frequency_income_\n", {.delimiter = '_'}).out, StartsWith("frequency_income__\"gross_pay\"_"));
+  EXPECT_THAT(outcomeOf("frequency\n0,\n", {.delimiter = '\t'}).out, HasSubstr("no such entry"));
+}
+
+TEST(Batch, QuotesACellThatNeedsIt) {
+  const auto cell = [](std::string_view text) {
+    std::string out;
+    appendCell(out, text, ',');
+    return out;
+  };
+  EXPECT_EQ(cell("a b"), "a b");
+  EXPECT_EQ(cell("a,b"), "\"a,b\"");
+  EXPECT_EQ(cell("a\"b"), "\"a\"\"b\"");
+  EXPECT_EQ(cell("a\nb"), "\"a\nb\"");
+}
+
+TEST(Batch, TellsTheLineOfTheFirstProblem) {
+  const Outcome outcome = outcomeOf("frequency,note\n0,\"a\nb\"\n\n4,\n5,\n");
+  EXPECT_EQ(outcome.account.problems, 2U);
+  EXPECT_EQ(outcome.account.firstProblem, 5U);
+}
+
+// --- Several threads -------------------------------------------------------------------------------------------------
+
+/// Many rows, some with line breaks in quotes, some with problems, in files longer than many readings.
+std::string manyRows() {
+  std::string in = "id,income,frequency,state,note\n";
+  for (int row = 0; row < 3000; ++row) {
+    const std::string number = std::to_string(row);
+    in += number + "," + number + ".5," + (row % 97 == 96 ? "9" : std::to_string(row % 4)) + "," +
+          std::to_string(row % 42) + (row % 5 == 0 ? ",\"a\nb,\"\"c\"" : ",") + (row % 3 == 0 ? "\r\n" : "\n");
+  }
+  return in;
+}
+
+TEST(BatchJobs, GiveTheSameWhateverTheirNumber) {
+  const std::string in = manyRows();
+  const Outcome one = outcomeOf(in);
+  EXPECT_EQ(one.account.rows, 3000U);
+  for (const unsigned jobs : {2U, 3U, 8U}) {
+    for (const std::size_t atOnce : {std::size_t{700}, std::size_t{4096}, std::string_view::npos}) {
+      const Outcome many = outcomeOf(in, {.jobs = jobs}, atOnce);
+      EXPECT_EQ(many.out, one.out);
+      EXPECT_EQ(many.account.rows, one.account.rows);
+      EXPECT_EQ(many.account.problems, one.account.problems);
+      EXPECT_EQ(many.account.firstProblem, one.account.firstProblem);
+    }
+  }
+}
+
+TEST(BatchJobs, WriteTheRowsBeforeAQuoteThatDoesNotEnd) {
+  const std::string in = manyRows();
+  const std::string whole = outcomeOf(in).out;
+  for (const unsigned jobs : {1U, 2U, 8U}) {
+    const Outcome outcome = outcomeOf(in + "7,\"x\n7,7\n", {.jobs = jobs}, 700);
+    EXPECT_EQ(outcome.out, whole);
+    EXPECT_EQ(outcome.trouble, "line 3602: a quoted cell doesn't end");
+  }
+}
+
+TEST(BatchJobs, EndWhereASourceOrASinkFails) {
+  const std::string in = manyRows();
+  const std::string whole = outcomeOf(in).out;
+  for (const unsigned jobs : {1U, 2U, 8U}) {
+    std::string out;
+    auto source = sourceOf(in, 700);
+    int readings = 0;
+    const Streams failing{[&](char* place, std::size_t size) {
+                            if (++readings > 30) throw Trouble("unreadable");
+                            return source(place, size);
+                          },
+                          [&](std::string_view text) { out += text; }, [](std::uint64_t) {}, [](const std::string&) {}};
+    EXPECT_THROW(run(failing, {.jobs = jobs}), Trouble);
+    EXPECT_GT(out.size(), 2000U);
+    EXPECT_THAT(whole, StartsWith(out));
+    std::size_t writings = 0;
+    const Streams full{sourceOf(in, 700),
+                       [&](std::string_view) {
+                         if (++writings == 3) throw Trouble("full");
+                       },
+                       [](std::uint64_t) {}, [](const std::string&) {}};
+    EXPECT_THROW(run(full, {.jobs = jobs}), Trouble);
+    EXPECT_EQ(writings, 3U);
+  }
+}
+
+// --- Bytes -----------------------------------------------------------------------------------------------------------
 
 TEST(Batch, WritesTheRowsBeforeAQuoteThatDoesNotEnd) {
   const Outcome outcome = outcomeOf("income,note\n100,\"a\nb\"\n100,\"c\n100,d\n");
@@ -271,10 +428,10 @@ TEST(Batch, WritesTheRowsBeforeAQuoteThatDoesNotEnd) {
 }
 
 TEST(Batch, EndsLinesAsTheInputDoes) {
-  EXPECT_EQ(outcomeOf("id\r\n1\r\n2\n3").out, "id" + results + "\r\n1,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\r\n" +
-                                                  "2,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency +
-                                                  "\n3,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\r\n");
-  EXPECT_EQ(outcomeOf("id").out, "id" + results + "\n");
+  const std::string zeros(",0,0,0,0,0,0,0,0,0,0,0,0,");
+  EXPECT_EQ(outcomeOf("frequency\r\n1\r\n2\n3").out,
+            "frequency" + results + "\r\n1" + zeros + "\r\n2" + zeros + "\n3" + zeros + "\r\n");
+  EXPECT_EQ(outcomeOf("income").out, "income" + results + "\n");
 }
 
 TEST(Batch, AcceptsAByteOrderMark) {
@@ -283,28 +440,26 @@ TEST(Batch, AcceptsAByteOrderMark) {
 }
 
 TEST(Batch, CarriesAnEmptyLineThrough) {
-  EXPECT_EQ(outcomeOf("id,x\n\n1,2\n\n").out,
-            "id,x" + results + "\n\n1,2,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\n\n");
+  EXPECT_EQ(outcomeOf("frequency,x\n\n1,2\n\n").out, "frequency,x" + results + "\n\n1,2,0,0,0,0,0,0,0,0,0,0,0,0,\n\n");
 }
 
 TEST(Batch, LeavesTheHeaderOutWhereToldSo) {
-  EXPECT_EQ(outcomeOf("id\n1\n", {.writeHeader = false}).out, "1,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency + "\n");
+  EXPECT_EQ(outcomeOf("frequency\n1\n", {.writeHeader = false}).out, "1,0,0,0,0,0,0,0,0,0,0,0,0,\n");
 }
 
 TEST(Batch, WritesWhatIsWorkedBeforeItWaitsForMore) {
   std::vector<std::string> events;
-  int call = 0;
-  run(
-      [&](char* place, std::size_t) {
-        const std::string_view part =
-            std::array<std::string_view, 3>{"id\n", "1\n", ""}[static_cast<std::size_t>(call++)];
-        events.emplace_back("read");
-        std::memcpy(place, part.data(), part.size());
-        return part.size();
-      },
-      [&](std::string_view) { events.emplace_back("write"); }, {},
-      [&](std::uint64_t rows) { events.push_back("told " + std::to_string(rows)); });
-  EXPECT_THAT(events, ElementsAre("told 0", "read", "write", "told 0", "read", "write", "told 1", "read"));
+  std::size_t call = 0;
+  run({[&](char* place, std::size_t) {
+         const std::string_view part = std::array<std::string_view, 3>{"frequency\n", "1\n", ""}.at(call++);
+         events.emplace_back("read");
+         std::memcpy(place, part.data(), part.size());
+         return part.size();
+       },
+       [&](std::string_view text) { events.push_back(text.starts_with("1") ? "row" : "header"); },
+       [&](std::uint64_t rows) { events.push_back("told " + std::to_string(rows)); }, [](const std::string&) {}},
+      {});
+  EXPECT_THAT(events, ElementsAre("read", "header", "told 0", "read", "row", "told 1", "read"));
 }
 
 TEST(Batch, GivesTheSameHoweverTheBytesArrive) {

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The files and the terminal of the batch program. What can't be read or written throws Trouble with the name and the
+/// reason.
+
+namespace tallyfin::batch {
+
+/// Thrown when the reader of the output has gone away.
+struct Gone {};
+
+bool isTerminal(std::FILE* stream);
+
+class Input {
+ public:
+  /// Opens a file, or takes standard input.
+  explicit Input(const std::optional<std::string>& file);
+
+  /// Reads up to `size` bytes; waits for some where the stream doesn't wait by itself. Returns 0 at the end.
+  std::size_t read(char* place, std::size_t size);
+
+  /// How much of the file has been read, 0 to 1; unknown for what isn't a file.
+  std::optional<double> share() const;
+
+  const std::string& name() const { return name_; }
+  const struct stat& about() const { return about_; }
+
+ private:
+  [[noreturn]] void fail() const;
+
+  std::string name_;
+  int descriptor_;
+  struct stat about_ {};
+  std::uint64_t done_ = 0;
+};
+
+/// Standard output.
+class Output {
+ public:
+  /// Throws Trouble where the input is the same file: it would be read as it grows.
+  void refuse(const Input& input) const;
+
+  /// Writes all of a text; waits where the stream doesn't wait by itself.
+  void write(std::string_view text);
+
+  /// Some file systems report only here that something wasn't written.
+  void close();
+};
+
+/// A line on the terminal that is rewritten each second, and taken away at the end.
+class Progress {
+ public:
+  Progress(bool wanted, const Input& input) : wanted_(wanted), input_(input) {}
+  ~Progress();
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  void show(std::uint64_t rows);
+
+ private:
+  bool wanted_;
+  const Input& input_;
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  std::chrono::steady_clock::time_point last_ = start_;
+  bool shown_ = false;
+};
+
+}  // namespace tallyfin::batch
