@@ -40,8 +40,7 @@ std::string_view Cell::text(std::string& storage) const {
 bool BlockReader::next(Block& block) {
   block.bytes.swap(rest_);
   rest_.clear();
-  block.line = line_;
-  block.trouble.clear();
+  block.trouble = nullptr;
   seen_ = rowsEnd_ = 0;
   inQuotes_ = false;
   while (!finished_) {
@@ -60,8 +59,7 @@ bool BlockReader::next(Block& block) {
     rest_.assign(block.bytes, rowsEnd_);
     block.bytes.resize(rowsEnd_);
   }
-  line_ += linesIn(block.bytes);
-  return !block.bytes.empty() || !block.trouble.empty();
+  return !block.bytes.empty() || block.trouble != nullptr;
 }
 
 void BlockReader::readMore(std::string& bytes) {
@@ -115,15 +113,15 @@ bool BlockReader::skipQuoted(std::string_view bytes) {
 
 void BlockReader::stop(Block& block, const char* reason) {
   const std::size_t place = inQuotes_ ? quote_ : rowsEnd_;
-  const std::size_t line = block.line + linesIn(std::string_view(block.bytes).substr(0, place));
-  block.trouble = "line " + std::to_string(line) + ": " + reason;
+  block.trouble = reason;
+  block.troubleLine = linesIn(std::string_view(block.bytes).substr(0, place));
   block.bytes.resize(rowsEnd_);
   finished_ = true;
 }
 
 // --- Rows ------------------------------------------------------------------------------------------------------------
 
-RowCutter::RowCutter(Block& block, char delimiter) : delimiter_(delimiter), line_(block.line) {
+RowCutter::RowCutter(Block& block, char delimiter) : delimiter_(delimiter) {
   // A sentinel behind the last byte, so that the searches need no test for the end; found there, it isn't a line end.
   const std::size_t size = block.bytes.size();
   block.bytes += '\n';
@@ -135,6 +133,7 @@ bool RowCutter::next(Row& row) {
   if (at_ == end_) return false;
   row.cells.clear();
   row.line = line_;
+  const char delimiter = delimiter_;
   const char* const begin = at_;
   const char* at = begin;
   while (true) {
@@ -147,8 +146,8 @@ bool RowCutter::next(Row& row) {
         at = quote + 1;
       } while (*at == '"');
     }
-    while (*at != delimiter_ && *at != '\n') ++at;
-    if (*at == delimiter_) {
+    while (*at != delimiter && *at != '\n') ++at;
+    if (*at == delimiter) {
       row.cells.push_back({{cell, at}, quoted});
       ++at;
       continue;

@@ -26,15 +26,15 @@ struct Row {
   std::string_view bytes;   ///< Without the line's end.
   std::string_view ending;  ///< "\n", "\r\n", or nothing at the end of a file that doesn't end its last line.
   std::vector<Cell> cells;  ///< None for an empty line.
-  std::size_t line = 0;     ///< Where the row begins, from 1.
+  std::size_t line = 0;     ///< Where the row begins in its block, from 0.
 };
 
 /// Some whole rows of a file.
 struct Block {
   std::string bytes;
-  std::size_t line = 1;  ///< Where they begin.
-  /// Why nothing can be read behind these rows ("line 3: a quoted cell doesn't end"); empty where something can.
-  std::string trouble;
+  /// Why nothing can be read behind these rows; null where something can.
+  const char* trouble = nullptr;
+  std::size_t troubleLine = 0;  ///< Where that is, counted from the beginning of the block, from 0.
 };
 
 /// Reads a stream in blocks of whole rows. Memory is bounded: it holds what one reading gives, or one row where that is
@@ -68,7 +68,6 @@ class BlockReader {
   char delimiter_;
   std::string beginning_;
   std::string rest_;  ///< The beginning of a row that the last block didn't end.
-  std::size_t line_ = 1;
   bool started_ = false;
   bool finished_ = false;
 
@@ -88,11 +87,14 @@ class RowCutter {
   /// The next row; false at the end.
   bool next(Row& row);
 
+  /// How many lines have been cut.
+  std::size_t lines() const { return line_; }
+
  private:
   const char* at_;
   const char* end_;
   char delimiter_;
-  std::size_t line_;
+  std::size_t line_ = 0;
 };
 
 }  // namespace tallyfin::batch

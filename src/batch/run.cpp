@@ -24,7 +24,8 @@ constexpr std::size_t longestResults = library::resultCount * (1 + longestAmount
 /// The text of a block's rows with their results.
 struct Worked {
   std::string out;
-  Account account;
+  Account account;  ///< Its line counts from the beginning of the block, from 0.
+  std::size_t lines = 0;
 };
 
 /// What the threads of a run share. They take blocks by turns and hand over what they have made of them in the same
@@ -40,11 +41,11 @@ class Shared {
   /// Takes the next block and the turn in which it is to be handed over; false at the end.
   bool take(Block& block, std::uint64_t& turn);
   /// Writes what was made of a block, when its turn has come.
-  void handOver(std::uint64_t turn, const Worked& worked, const std::string& trouble);
+  void handOver(std::uint64_t turn, const Worked& worked, const Block& block);
   /// Ends the work with an exception, when its turn has come; at once in turn 0.
   void fail(std::uint64_t turn, std::exception_ptr failure);
 
-  /// The sum of all blocks; throws what has ended the work.
+  /// The sum of all blocks; its line is 0 where there was no problem. Throws what has ended the work.
   Account end() const;
 
   const Header& header() const { return header_; }
@@ -52,6 +53,8 @@ class Shared {
   const std::string& ending() const { return ending_; }
 
  private:
+  Trouble troubleIn(const Block& block) const;
+
   const Streams& streams_;
   const Choices& choices_;
   Header header_;
@@ -68,7 +71,12 @@ class Shared {
   std::atomic<bool> stopped_ = false;
   std::exception_ptr failure_;
   Account account_;
+  std::size_t lines_ = 1;  ///< The line where the block of that turn begins.
 };
+
+Trouble Shared::troubleIn(const Block& block) const {
+  return Trouble("line " + std::to_string(lines_ + block.troubleLine) + ": " + block.trouble);
+}
 
 void Shared::begin() {
   reader_.next(first_);
@@ -76,10 +84,9 @@ void Shared::begin() {
   Row row;
   if (!rows.next(row)) {
     // What isn't text at all may look like a row that doesn't end.
-    if (const auto format = first_.trouble.empty() ? std::nullopt : otherFormat(reader_.beginning())) {
-      throw Trouble(*format);
-    }
-    throw Trouble(first_.trouble.empty() ? "there is no header" : first_.trouble);
+    if (first_.trouble == nullptr) throw Trouble("there is no header");
+    if (const auto format = otherFormat(reader_.beginning())) throw Trouble(*format);
+    throw troubleIn(first_);
   }
   if (const auto reason = header_.take(row, choices_.delimiter)) throw Trouble(*reason);
   if (const std::string lacking = header_.lacks(); !lacking.empty()) streams_.notice(lacking);
@@ -93,8 +100,8 @@ void Shared::begin() {
 
   first_.bytes.pop_back();  // the cutter's sentinel
   const std::size_t taken = row.bytes.size() + row.ending.size();
-  const std::string_view header(first_.bytes.data(), taken);
-  first_.line += static_cast<std::size_t>(std::count(header.begin(), header.end(), '\n'));
+  lines_ += rows.lines();
+  first_.troubleLine -= first_.trouble != nullptr ? rows.lines() : 0;
   first_.bytes.erase(0, taken);
 }
 
@@ -107,16 +114,17 @@ bool Shared::take(Block& block, std::uint64_t& turn) {
   return true;
 }
 
-void Shared::handOver(std::uint64_t turn, const Worked& worked, const std::string& trouble) {
+void Shared::handOver(std::uint64_t turn, const Worked& worked, const Block& block) {
   std::unique_lock lock(writing_);
   next_.wait(lock, [&] { return turn_ == turn || stopped_; });
   if (stopped_) return;
   if (!worked.out.empty()) streams_.sink(worked.out);
-  if (account_.firstProblem == 0) account_.firstProblem = worked.account.firstProblem;
+  if (account_.problems == 0) account_.firstProblem = lines_ + worked.account.firstProblem;
   account_.rows += worked.account.rows;
   account_.problems += worked.account.problems;
   streams_.progress(account_.rows);
-  if (!trouble.empty()) throw Trouble(trouble);
+  if (block.trouble != nullptr) throw troubleIn(block);
+  lines_ += worked.lines;
   ++turn_;
   next_.notify_all();
 }
@@ -131,7 +139,7 @@ void Shared::fail(std::uint64_t turn, std::exception_ptr failure) {
 
 Account Shared::end() const {
   if (failure_) std::rethrow_exception(failure_);
-  return account_;
+  return account_.problems > 0 ? account_ : Account{account_.rows};
 }
 
 /// Works the rows of blocks.
@@ -144,6 +152,7 @@ class Worker {
     worked_.account = {};
     RowCutter rows(block, delimiter_);
     while (rows.next(row_)) workRow();
+    worked_.lines = rows.lines();
     return worked_;
   }
 
@@ -223,7 +232,7 @@ void workBlocks(Shared& shared) {
   try {
     Worker worker(shared);
     Block block;
-    while (shared.take(block, turn)) shared.handOver(turn, worker.work(block), block.trouble);
+    while (shared.take(block, turn)) shared.handOver(turn, worker.work(block), block);
   } catch (...) {
     shared.fail(turn, std::current_exception());
   }

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -109,6 +110,43 @@ const Held& orFail(const std::optional<Held>& held, std::string_view text) {
   return *held;
 }
 
+/// A short number as most texts are: digits, and perhaps a point among them.
+struct PlainNumber {
+  std::int64_t digits = 0;  ///< Without the point; a double holds them exactly.
+  std::size_t decimals = 0;
+};
+
+constexpr std::array<std::int64_t, 15> powersOfTen{1,
+                                                   10,
+                                                   100,
+                                                   1'000,
+                                                   10'000,
+                                                   100'000,
+                                                   1'000'000,
+                                                   10'000'000,
+                                                   100'000'000,
+                                                   1'000'000'000,
+                                                   10'000'000'000,
+                                                   100'000'000'000,
+                                                   1'000'000'000'000,
+                                                   10'000'000'000'000,
+                                                   100'000'000'000'000};
+
+/// The number of a text of up to 14 characters, all of them digits but for one point. None for every other text, which
+/// may be a number all the same: this is the quick way for what most texts are.
+[[gnu::always_inline]] inline std::optional<PlainNumber> plainNumber(std::string_view text) {
+  if (text.size() == 1 && isDigit(text.front())) return PlainNumber{text.front() - '0'};
+  if (text.empty() || text.size() >= powersOfTen.size() || !isDigit(text.front())) return std::nullopt;
+  PlainNumber number;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (; at != end && isDigit(*at); ++at) number.digits = number.digits * 10 + (*at - '0');
+  if (at == end) return number;
+  if (*at != '.') return std::nullopt;
+  for (++at; at != end && isDigit(*at); ++at, ++number.decimals) number.digits = number.digits * 10 + (*at - '0');
+  return at == end ? std::optional(number) : std::nullopt;
+}
+
 /// How the digits that are dropped compare with half a unit of the last one that is kept.
 enum class Rest { belowHalf, half, aboveHalf };
 
@@ -201,30 +239,73 @@ std::uint64_t magnitude(std::int64_t number) {
   return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
 }
 
+/// The digits of 00 to 99.
+constexpr auto digitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < pairs.size() / 2; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+void writePair(char* place, std::uint64_t below100) { std::memcpy(place, digitPairs.data() + 2 * below100, 2); }
+
+/// Writes a whole number; returns the end of its digits.
+char* writeWhole(char* place, std::uint64_t number) {
+  std::ptrdiff_t length = number < 10 ? 1 : number < 100 ? 2 : number < 1000 ? 3 : 4;
+  for (std::uint64_t rest = number / 10'000; rest > 0; rest /= 10) ++length;
+  char* const end = place + length;
+  char* at = end;
+  for (; number >= 100; number /= 100) writePair(at -= 2, number % 100);
+  if (number >= 10) {
+    writePair(at - 2, number);
+  } else {
+    at[-1] = static_cast<char>('0' + number);
+  }
+  return end;
+}
+
 }  // namespace
 
-Money toMoney(std::string_view text) { return Money::ofUnits(roundedInteger(orFail(readDecimal(text), text), 4)); }
+Money toMoney(std::string_view text) {
+  if (const auto plain = plainNumber(text); plain && plain->decimals <= 4) {
+    return Money::ofUnits(plain->digits * powersOfTen[4 - plain->decimals]);
+  }
+  return Money::ofUnits(roundedInteger(orFail(readDecimal(text), text), 4));
+}
 
-double realOf(std::string_view text) { return orFail(nearestDouble(orFail(readDecimal(text), text)), text); }
+double realOf(std::string_view text) {
+  // Both numbers are exact, so that their quotient is the nearest double.
+  if (const auto plain = plainNumber(text)) {
+    return static_cast<double>(plain->digits) / static_cast<double>(powersOfTen[plain->decimals]);
+  }
+  return orFail(nearestDouble(orFail(readDecimal(text), text)), text);
+}
 
-Int16 toInt16(std::string_view text) { return roundedInteger(orFail(readDecimal(text), text), 0); }
+Int16 toInt16(std::string_view text) {
+  if (const auto plain = plainNumber(text); plain && plain->decimals == 0) return plain->digits;
+  return roundedInteger(orFail(readDecimal(text), text), 0);
+}
 
 bool isNumber(std::string_view text) { return readDecimal(text).has_value(); }
 
 char* writeText(char* place, Money amount) {
   constexpr auto unitsPerDollar = static_cast<std::uint64_t>(Money::unitsPerDollar);
+  if (amount == 0) {
+    *place = '0';
+    return place + 1;
+  }
   const std::uint64_t units = magnitude(amount.units());
-  if (amount.units() < 0) *place++ = '-';
-  place = std::to_chars(place, place + longestAmount, units / unitsPerDollar).ptr;
+  if (amount < 0) *place++ = '-';
+  place = writeWhole(place, units / unitsPerDollar);
   const std::uint64_t decimals = units % unitsPerDollar;
   if (decimals == 0) return place;
-  *place++ = '.';
-  *place++ = static_cast<char>('0' + decimals / 1000);
-  *place++ = static_cast<char>('0' + decimals / 100 % 10);
-  *place++ = static_cast<char>('0' + decimals / 10 % 10);
-  *place++ = static_cast<char>('0' + decimals % 10);
-  while (place[-1] == '0') --place;
-  return place;
+  *place = '.';
+  writePair(place + 1, decimals / 100);
+  writePair(place + 3, decimals % 100);
+  place += decimals % 100 == 0 ? 3 : 5;
+  return place[-1] == '0' ? place - 1 : place;
 }
 
 std::string toText(Money amount) {

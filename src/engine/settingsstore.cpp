@@ -1,5 +1,7 @@
 #include "engine/settingsstore.h"
 
+#include <utility>
+
 namespace tallyfin {
 
 std::optional<std::string> MemoryStore::read(std::string_view section, std::string_view key) const {
@@ -25,8 +27,8 @@ void MemoryStore::erase(std::string_view section, std::string_view key) {
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultText) {
   if (application != applicationKey) return std::string(defaultText);
-  const auto stored = settingsStore->read(section, key);
-  return stored ? *stored : std::string(defaultText);
+  auto stored = settingsStore->read(section, key);
+  return stored ? *std::move(stored) : std::string(defaultText);
 }
 
 void saveSetting(std::string_view application, std::string_view section, std::string_view key,

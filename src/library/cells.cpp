@@ -56,6 +56,7 @@ std::optional<int> entryNamed(Column column, std::string_view text) {
 
 /// A whole number, behind which a point and zeros may stand.
 std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
+  if (text.empty() || (lowered(text.front()) >= 'a' && lowered(text.front()) <= 'z')) return std::nullopt;
   std::int64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc{}) return std::nullopt;

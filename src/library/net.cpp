@@ -17,7 +17,8 @@ std::optional<Money> Paycheck::smallestIncomeFor(Money wanted) {
 }
 
 Money Paycheck::checkOf(Money income) {
-  income_ = toText(income);
+  found_ = toText(income);
+  income_ = &found_;
   takeChoices();
   calculatePaycheck();
   makeTotals();

@@ -49,11 +49,15 @@ void Paycheck::clear() {
 }
 
 void Paycheck::set(Column column, std::string_view text) {
-  const Kind kind = ruleOf(column).kind;
-  given_[indexOf(column)] = !text.empty();
-  if (kind == Kind::box || kind == Kind::wanted || kind == Kind::count) setText(column, text);
+  const std::size_t index = indexOf(column);
+  const Kind kind = columnRules[index].kind;
+  // Rows have much in common: what the column holds already isn't looked at anew.
+  if (!text.empty() && given_[index] && text == texts_[index]) return;
+  given_[index] = !text.empty();
+  const bool isText = kind == Kind::box || kind == Kind::wanted || kind == Kind::count;
+  texts_[index] = text.empty() && isText ? std::string_view("0") : text;
   if (kind == Kind::box || kind == Kind::wanted) return;
-  if (text.empty()) return setNumber(column, ruleOf(column).byDefault);
+  if (text.empty()) return setNumber(column, columnRules[index].byDefault);
   setNumber(column, kind == Kind::count ? countOf(text) : entryOf(column, text));
 }
 
@@ -61,6 +65,7 @@ void Paycheck::setInteger(Column column, std::int64_t number) {
   const Kind kind = ruleOf(column).kind;
   if (kind == Kind::choice || kind == Kind::flag) {
     given_.set(indexOf(column));
+    texts_[indexOf(column)].clear();
     return setNumber(column, entryOf(column, number));
   }
   std::array<char, 24> digits{};
@@ -72,19 +77,15 @@ void Paycheck::setReal(Column column, double number) {
   set(column, std::isnan(number) ? std::string() : shortestTextOf(number));
 }
 
-void Paycheck::setText(Column column, std::string_view text) {
-  texts_[indexOf(column)] = text.empty() ? std::string_view("0") : text;
-}
-
 void Paycheck::setNumber(Column column, std::optional<int> number) {
   unusable_[indexOf(column)] = !number;
   numbers_[indexOf(column)] = number.value_or(0);
+  if (column == Column::exemptions) exemptionsText_ = std::to_string(number.value_or(0));
 }
 
 // --- The work --------------------------------------------------------------------------------------------------------
 
 bool Paycheck::work() {
-  results_.fill(Money{});
   reports_.clear();
   const bool usable = unusable_.none();
   if (usable) {
@@ -98,6 +99,7 @@ bool Paycheck::work() {
     reportUnread();
     reportWhatCannotBeMeant();
   } else {
+    results_.fill(Money{});
     reportUnusable();
   }
   makeProblem();
@@ -124,7 +126,7 @@ std::vector<Explanation> Paycheck::explain() {
 
 /// The income's text, or that of the smallest income that gives the check wanted.
 void Paycheck::takeIncome() {
-  income_ = text(Column::income);
+  income_ = &text(Column::income);
   if (isEmpty(Column::net)) return;
   if (!isEmpty(Column::income)) return report(Column::net, "the income is given too and counts");
   Money wanted;
@@ -133,10 +135,11 @@ void Paycheck::takeIncome() {
   if (wanted.units() % unitsPerCent != 0) return report(Column::net, "not of whole cents");
   const auto found = smallestIncomeFor(wanted);
   if (!found) {
-    income_ = text(Column::income);
+    income_ = &text(Column::income);
     return report(Column::net, "no income up to 1000000.00 gives that check");
   }
-  income_ = toText(*found);
+  found_ = toText(*found);
+  income_ = &found_;
 }
 
 /// Does what the program does from its start to the Calculate button, with these choices stored and typed.
@@ -149,7 +152,6 @@ void Paycheck::takeChoices() {
   payData.frequency = number(Column::frequency);
   payData.mMethod = number(Column::stateMethod);
   exemptions = number(Column::exemptions);
-  exemptionsText_ = std::to_string(number(Column::exemptions));
   takeAllowance(exemptions);
   takeStatus(number(Column::status), false);
   takeOptions();
@@ -159,16 +161,19 @@ void Paycheck::takeChoices() {
 
 /// The options of a state that doesn't open their screen by itself aren't handed over.
 void Paycheck::takeOptions() {
-  additional_ = text(Column::stateAdditional);
+  additional_ = &text(Column::stateAdditional);
   if (!opensStateOptions(stateIndex())) return;
   const int marital = number(Column::stateMarital);
   payData.staMarried = marital;
   if (stateIndex() == tallyfin::state::mississippi) {
     const char* exemption = mississippiExemption(marital);
-    if (exemption != nullptr) additional_ = *exemption != '\0' ? exemption : "0";
+    if (exemption != nullptr) {
+      exemption_ = *exemption != '\0' ? exemption : "0";
+      additional_ = &exemption_;
+    }
   }
   takeStateOptions(
-      {text(Column::stateDependents), text(Column::illinoisDependents), text(Column::stateExemptions), additional_});
+      {text(Column::stateDependents), text(Column::illinoisDependents), text(Column::stateExemptions), *additional_});
 }
 
 // --- What is wrong ---------------------------------------------------------------------------------------------------
@@ -185,12 +190,12 @@ void Paycheck::reportUnread() {
   const auto name = [this](Column column, const std::string& text, bool isZero, auto read) {
     if (isZero && text != "0" && !can([&] { read(text); })) report(column, "not a number");
   };
-  name(Column::income, income_, payData.grossPay == 0, toMoney);
+  name(Column::income, *income_, payData.grossPay == 0, toMoney);
   name(Column::rate401k, text(Column::rate401k), payData.rate401k == 0, realOf);
   name(Column::preTax, text(Column::preTax), payData.preTax == 0, toMoney);
   name(Column::preFica, text(Column::preFica), payData.preFica == 0, toMoney);
   name(Column::localRate, text(Column::localRate), payData.localRate == 0, realOf);
-  name(Column::stateAdditional, additional_, payData.staAdd == 0, toMoney);
+  name(Column::stateAdditional, *additional_, payData.staAdd == 0, toMoney);
 }
 
 /// Reports choices with which no paycheck can be meant, though they have results.
@@ -204,6 +209,7 @@ void Paycheck::report(Column column, std::string_view why) {
 
 void Paycheck::makeProblem() {
   problem_.clear();
+  if (reports_.empty()) return;
   std::stable_sort(reports_.begin(), reports_.end(),
                    [](const Report& a, const Report& b) { return a.column < b.column; });
   for (const Report& report : reports_) {

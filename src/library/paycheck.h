@@ -70,7 +70,7 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
     bool deductsPreTax = false;
   };
 
-  const std::string& incomeText() const override { return income_; }
+  const std::string& incomeText() const override { return *income_; }
   const std::string& rate401kText() const override { return text(Column::rate401k); }
   const std::string& preTaxText() const override { return text(Column::preTax); }
   const std::string& preFicaText() const override { return text(Column::preFica); }
@@ -84,7 +84,6 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   int number(Column column) const { return numbers_[indexOf(column)]; }
   bool isEmpty(Column column) const { return !given_[indexOf(column)]; }
 
-  void setText(Column column, std::string_view text);
   void setNumber(Column column, std::optional<int> number);
   void takeIncome();
   void takeChoices();
@@ -107,13 +106,15 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   };
 
   Options options_;
-  std::array<std::string, columnCount> texts_;  ///< Of the boxes and counts.
+  std::array<std::string, columnCount> texts_;  ///< Of the boxes and counts; of a choice as it was set.
   std::array<int, columnCount> numbers_{};      ///< Of the choices, flags and counts.
   std::bitset<columnCount> given_;              ///< The columns that aren't empty.
   std::bitset<columnCount> unusable_;           ///< Those whose text can't be understood.
 
-  std::string income_;      ///< The text in the income box: the column's, or found for the check wanted.
-  std::string additional_;  ///< The additional amount used: the column's, or Mississippi's exemption.
+  std::string found_;                        ///< The income found for the check wanted.
+  const std::string* income_ = nullptr;      ///< What is in the income box: the column's text, or that.
+  std::string exemption_;                    ///< Mississippi's exemption.
+  const std::string* additional_ = nullptr;  ///< The additional amount used: the column's text, or that.
   std::string exemptionsText_;
   std::array<Money, resultCount> results_{};
   std::vector<Report> reports_;

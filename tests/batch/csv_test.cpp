@@ -22,8 +22,11 @@ Reading readingOf(std::string_view text, std::size_t atOnce, char delimiter = ',
   BlockReader reader(sourceOf(text, atOnce), delimiter);
   Block block;
   std::string storage;
+  std::size_t line = 1;
   while (reader.next(block)) {
-    reading.trouble += block.trouble;
+    if (block.trouble != nullptr) {
+      reading.trouble = "line " + std::to_string(line + block.troubleLine) + ": " + block.trouble;
+    }
     RowCutter cutter(block, delimiter);
     Row row;
     while (cutter.next(row)) {
@@ -31,8 +34,9 @@ Reading readingOf(std::string_view text, std::size_t atOnce, char delimiter = ',
       for (const Cell& cell : row.cells) cells.emplace_back(cell.text(storage));
       cells.emplace_back(row.ending);
       reading.bytes.emplace_back(row.bytes);
-      reading.lines.push_back(row.line);
+      reading.lines.push_back(line + row.line);
     }
+    line += cutter.lines();
   }
   return reading;
 }

@@ -5,6 +5,8 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <string>
 
 #include "engine/money.h"
 #include "engine/numbertext.h"
@@ -92,6 +94,37 @@ RC_GTEST_PROP(FromRealLaws, IsTheExactRoundingOfTheDoubleProduct, ()) {
 RC_GTEST_PROP(TextLaws, AnAmountComesBackFromItsText, ()) {
   const Money amount = Money::ofUnits(*anyUnits());
   RC_ASSERT(toMoney(toText(amount)) == amount);
+}
+
+/// What a text is to a function: a number, or nothing.
+template <class Read>
+auto reading(Read read, const std::string& text) {
+  std::optional<decltype(read(text))> number;
+  unlessItFails([&] { number = read(text); });
+  return number;
+}
+
+RC_GTEST_PROP(TextLaws, AShortTextIsReadAsWithASign, ()) {
+  // Short texts of digits are read by a way of their own, those with a sign by the general one.
+  const auto text =
+      *rc::gen::container<std::string>(*rc::gen::inRange(0, 18), rc::gen::elementOf(std::string("0123456789.")));
+  const std::string withSign = "+" + text;
+  RC_ASSERT(reading(toMoney, text) == reading(toMoney, withSign));
+  RC_ASSERT(reading(realOf, text) == reading(realOf, withSign));
+  RC_ASSERT(reading(toInt16, text) == reading(toInt16, withSign));
+}
+
+RC_GTEST_PROP(TextLaws, AnAmountHasItsDigitsWithoutTrailingZeros, ()) {
+  const auto units =
+      *rc::gen::oneOf(rc::gen::arbitrary<std::int64_t>(), rc::gen::inRange<std::int64_t>(-200'000, 200'000));
+  std::string digits =
+      std::to_string(units < 0 ? 0 - static_cast<std::uint64_t>(units) : static_cast<std::uint64_t>(units));
+  if (digits.size() < 5) digits.insert(0, 5 - digits.size(), '0');
+  std::string text =
+      (units < 0 ? "-" : "") + digits.substr(0, digits.size() - 4) + "." + digits.substr(digits.size() - 4);
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  RC_ASSERT(toText(Money::ofUnits(units)) == text);
 }
 
 RC_GTEST_PROP(TextLaws, CurrencyComesBackAsWholeCentsHalfAwayFromZero, ()) {

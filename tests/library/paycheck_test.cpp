@@ -93,6 +93,21 @@ TEST(Paycheck, TakesNumbers) {
   EXPECT_EQ(figure(paycheck, 7), "153.0765");  // the self-employed's 15.3 %
 }
 
+TEST(Paycheck, IsEmptiedOfANumberByTheEmptyText) {
+  Paycheck paycheck;
+  paycheck.setInteger(Column::frequency, 4);
+  EXPECT_FALSE(paycheck.work());
+  paycheck.set(Column::frequency, "");
+  EXPECT_TRUE(paycheck.work());
+  paycheck.set(Column::frequency, "9");
+  paycheck.setInteger(Column::frequency, 0);
+  EXPECT_TRUE(paycheck.work());
+  paycheck.set(Column::frequency, "9");
+  EXPECT_FALSE(paycheck.work());
+  paycheck.set(Column::frequency, "9");
+  EXPECT_FALSE(paycheck.work());
+}
+
 TEST(Paycheck, TakesNoNumberBeyondAList) {
   Paycheck paycheck;
   paycheck.setInteger(Column::frequency, 4);
