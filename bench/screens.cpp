@@ -21,7 +21,7 @@ namespace {
 template <class S>
 void openAndClose(benchmark::State& rounds) {
   MemoryStore store;
-  Program program(store, plainMachine());
+  Program program(store, plainPlatform());
   program.start();
   const auto act = [] {
     desk.show<S>();
@@ -55,7 +55,7 @@ const bool registered = AllScreens<WithoutFirst>::registered();
 
 /// Each of the ten values that the command saves is another one than the round before.
 void toolbarCalculate(benchmark::State& rounds, SettingsStore& store) {
-  Program program(store, plainMachine());
+  Program program(store, plainPlatform());
   program.start();
   frmMain& screen = desk.use<frmMain>();
   desk.show(screen);

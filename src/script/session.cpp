@@ -141,7 +141,7 @@ std::vector<std::string_view> Session::commandNames() {
   return names;
 }
 
-Session::Session(SettingsStore& store, const Machine& runsOn, DeskWatcher* binding)
+Session::Session(SettingsStore& store, const Platform& runsOn, DeskWatcher* binding)
     : designs_(AllScreens<Designs>::all()),
       store_(store),
       printer_(*runsOn.printer),

@@ -8,7 +8,7 @@
 
 #include "controls/desk.h"
 #include "engine/settingsstore.h"
-#include "machine/machine.h"
+#include "platform/platform.h"
 #include "ui/program.h"
 
 namespace tallyfin::script {
@@ -19,9 +19,9 @@ struct Word;
 /// with one line.
 class Session {
  public:
-  /// On a machine whose clock can be set and whose printed pages are counted; a binding on top is told what the desk
+  /// On a platform whose clock can be set and whose printed pages are counted; a binding on top is told what the desk
   /// does.
-  explicit Session(SettingsStore& store, const Machine& runsOn = plainMachine(), DeskWatcher* binding = nullptr);
+  explicit Session(SettingsStore& store, const Platform& runsOn = plainPlatform(), DeskWatcher* binding = nullptr);
 
   /// The answer to a line; none for a blank line or a comment.
   std::optional<std::string> answer(std::string_view line);

@@ -4,7 +4,7 @@
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/settings.h"
-#include "machine/machine.h"
+#include "platform/platform.h"
 #include "stateoptions/frmState.h"
 #include "ui/MsgBox.h"
 #include "ui/frmAbt.h"
@@ -58,8 +58,8 @@ constexpr std::array<Item, 14> items{{
     {"Form W4", "Deductions and Adjustments", "Ded", "deductions", [] { desk.openInstead<frmDednAdj>(); }},
     {"Form W4", "Two Workers", "TwoWork", "twoworkers", [] { desk.openInstead<frm2Workers>(); }},
     {"Form W4", "Form W4", "W4", "formw4", [] { desk.show<frmW4>(); }},
-    {"Form W4", "Form W4 Help", "W4Help", "formw4help", [] { machine.help->open("W4.hlp", 10); }},
-    {"Help", "Help", "Help", "help", [] { machine.help->open("Tallyfin.hlp", 0); }},
+    {"Form W4", "Form W4 Help", "W4Help", "formw4help", [] { platform.help->open("W4.hlp", 10); }},
+    {"Help", "Help", "Help", "help", [] { platform.help->open("Tallyfin.hlp", 0); }},
     {"Help", "About", "About", "about", [] { desk.show<frmAbt>(); }},
 }};
 

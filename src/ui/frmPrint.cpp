@@ -4,8 +4,8 @@
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/settings.h"
-#include "machine/dates.h"
-#include "machine/machine.h"
+#include "platform/dates.h"
+#include "platform/platform.h"
 
 namespace tallyfin {
 
@@ -39,14 +39,14 @@ frmPrint::frmPrint() : Screen(screenName, "Print Preview") {
 }
 
 void frmPrint::buildReport() {
-  if (!machine.printer->startDocument()) return machine.beeper->beep();
+  if (!platform.printer->startDocument()) return platform.beeper->beep();
   vsPrinter1.startDocument();
-  machine.pointer->setBusy(true);
-  vsPrinter1.setHeader(" Prepared for " + settings::uName.text() + " on " + longDate(machine.clock->now()));
+  platform.pointer->setBusy(true);
+  vsPrinter1.setHeader(" Prepared for " + settings::uName.text() + " on " + longDate(platform.clock->now()));
   vsPrinter1.setFont(12, false, false);
   vsPrinter1.addTable(reportTable(), {totalOfDeductions, checkAmount});
   vsPrinter1.endDocument();
-  machine.pointer->setBusy(false);
+  platform.pointer->setBusy(false);
 }
 
 void frmPrint::udZoom_Change() {

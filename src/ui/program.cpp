@@ -7,8 +7,8 @@
 
 namespace tallyfin {
 
-Program::Program(SettingsStore& store, const Machine& runsOn, DeskWatcher* binding)
-    : services_(store, *this), machine_(machine, runsOn), watcher_(desk.watcher, binding) {}
+Program::Program(SettingsStore& store, const Platform& runsOn, DeskWatcher* binding)
+    : services_(store, *this), platform_(platform, runsOn), watcher_(desk.watcher, binding) {}
 
 void Program::start() {
   desk.end();

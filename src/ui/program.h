@@ -2,16 +2,16 @@
 
 #include "controls/desk.h"
 #include "engine/services.h"
-#include "machine/machine.h"
+#include "platform/platform.h"
 
 namespace tallyfin {
 
 /// The program, for whoever runs it: the desktop, the script, the page, a test. While it lives the rules have its
-/// store, its machine and the main screen as their worksheet, and the binding, if there is one, is told what the desk
-/// does; what was there before comes back when it goes. Store, machine and binding must live longer.
+/// store, its platform and the main screen as their worksheet, and the binding, if there is one, is told what the desk
+/// does; what was there before comes back when it goes. Store, platform and binding must live longer.
 class Program final : private WorksheetProvider {
  public:
-  Program(SettingsStore& store, const Machine& runsOn, DeskWatcher* binding = nullptr);
+  Program(SettingsStore& store, const Platform& runsOn, DeskWatcher* binding = nullptr);
   ~Program() { desk.end(); }
 
   /// Begins a run on a fresh record: the frame, then its first screen.
@@ -21,7 +21,7 @@ class Program final : private WorksheetProvider {
   Worksheet& provideWorksheet() override;
 
   Services services_;
-  Installed<Machine> machine_;
+  Installed<Platform> platform_;
   Installed<DeskWatcher*> watcher_;
 };
 

@@ -7,7 +7,7 @@
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/settings.h"
-#include "machine/dates.h"
+#include "platform/dates.h"
 
 namespace tallyfin {
 
@@ -41,7 +41,7 @@ void frmW4::Load() {
   txtAddress.setText(settings::uAdd.text());
   txtCity.setText(settings::uCity.text());
   txtSSN.setText(settings::uSSN.text());
-  lblDate.setCaption(dateAndTime(machine.clock->now()));
+  lblDate.setCaption(dateAndTime(platform.clock->now()));
   // The program itself never writes these two keys.
   setAs(optSingle, settings::marital1.text());
   setAs(optMarried, settings::marital0.text());
@@ -52,7 +52,7 @@ void frmW4::Load() {
 void frmW4::print() {
   cmdW4Exit.visible = false;
   lblPrint.visible = false;
-  machine.printer->printScreen(*this);
+  platform.printer->printScreen(*this);
   cmdW4Exit.visible = true;
   lblPrint.visible = true;
 }

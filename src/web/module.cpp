@@ -13,12 +13,12 @@
 #include "engine/settingsstore.h"
 #include "engine/trace.h"
 #include "explain/explain.h"
-#include "machine/machine.h"
+#include "platform/platform.h"
 #include "script/session.h"
 #include "script/words.h"
 
-/// The module that a page loads: the line protocol as a function, the page as the machine around the program. What the
-/// program asks of the machine goes to functions that the page hands over when it loads the module; each may be
+/// The module that a page loads: the line protocol as a function, the web app as its platform. What the
+/// program asks of the platform goes to functions that the page hands over when it loads the module; each may be
 /// missing.
 
 // clang-format off
@@ -133,7 +133,7 @@ class Page {
  public:
   Changes changes;
   script::Session session{
-      *store_, {plainMachine().clock, &beeper_, plainMachine().pointer, &printer_, &help_}, &changes};
+      *store_, {plainPlatform().clock, &beeper_, plainPlatform().pointer, &printer_, &help_}, &changes};
 };
 
 Page& page() {

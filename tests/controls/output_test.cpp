@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "controls/screen.h"
-#include "machine/dates.h"
-#include "machine/machine.h"
+#include "platform/dates.h"
+#include "platform/platform.h"
 
 namespace tallyfin {
 namespace {

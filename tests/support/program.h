@@ -14,8 +14,8 @@
 
 namespace tallyfin {
 
-/// The machine around the program, standing still and writing down what it is asked.
-struct MachineStandIn : Clock, Beeper, MousePointer, Printer, HelpViewer {
+/// A fake platform: its clock stands still, and it records each call.
+struct FakePlatform : Clock, Beeper, MousePointer, Printer, HelpViewer {
   LocalTime now() const override { return time; }
   void beep() override { ++beeps; }
   void setBusy(bool busy) override { pointer.push_back(busy); }
@@ -72,8 +72,8 @@ class ProgramTest : public testing::Test {
   static Money dollars(std::string_view text) { return toMoney(text); }
 
   MemoryStore store;
-  MachineStandIn machine;
-  Program program{store, {&machine, &machine, &machine, &machine, &machine}};
+  FakePlatform platform;
+  Program program{store, {&platform, &platform, &platform, &platform, &platform}};
 };
 
 }  // namespace tallyfin

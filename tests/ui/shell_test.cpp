@@ -40,19 +40,19 @@ TEST_F(Shell, BeginsOnAFreshRecordAndLeavesTheLastOne) {
 TEST_F(Shell, PutsBackWhatItFound) {
   {
     MemoryStore another;
-    MachineStandIn elsewhere;
+    FakePlatform elsewhere;
     DeskWatcher watcher;
     Program within(another, {&elsewhere, &elsewhere, &elsewhere, &elsewhere, &elsewhere}, &watcher);
     within.start();
     EXPECT_EQ(settingsStore, &another);
-    EXPECT_EQ(tallyfin::machine.clock, &elsewhere);
+    EXPECT_EQ(tallyfin::platform.clock, &elsewhere);
     EXPECT_EQ(desk.watcher, &watcher);
     EXPECT_EQ(&worksheet(), &desk.use<frmMain>());
     desk.use<frmMain>().txtIncome.setFocus();  // of which nobody wants to know
   }
   EXPECT_FALSE(desk.running());
   EXPECT_EQ(settingsStore, &store);
-  EXPECT_EQ(tallyfin::machine.clock, &machine);
+  EXPECT_EQ(tallyfin::platform.clock, &platform);
   EXPECT_EQ(desk.watcher, nullptr);
   start();
   EXPECT_EQ(&worksheet(), &main());
@@ -221,7 +221,7 @@ TEST_F(Shell, OpensTheHelpFiles) {
   start();
   choose("Help");
   choose("W4Help");
-  EXPECT_THAT(machine.help, ElementsAre(Pair("Tallyfin.hlp", 0), Pair("W4.hlp", 10)));
+  EXPECT_THAT(platform.help, ElementsAre(Pair("Tallyfin.hlp", 0), Pair("W4.hlp", 10)));
 }
 
 TEST_F(Shell, LeavesHiddenScreensAndThoseBeneath) {
@@ -388,24 +388,24 @@ TEST_F(Report, NamesTheUserAndTheFigures) {
 
 TEST_F(Report, BeepsAndStaysWhereNoDocumentCanBeStarted) {
   start();
-  machine.printerWorks = false;
+  platform.printerWorks = false;
   EXPECT_EQ(print().vsPrinter1.table(), "");
-  EXPECT_EQ(machine.beeps, 1);
-  EXPECT_THAT(machine.pointer, IsEmpty());
+  EXPECT_EQ(platform.beeps, 1);
+  EXPECT_THAT(platform.pointer, IsEmpty());
   EXPECT_EQ(activeDocument(), "frmPrint");
 }
 
-TEST_F(Report, IsQuietlyMissingWithoutAMachineAround) {
+TEST_F(Report, IsQuietlyMissingWithoutAPlatform) {
   start();
-  machine.printerWorks = false;
-  tallyfin::machine.beeper = plainMachine().beeper;
+  platform.printerWorks = false;
+  tallyfin::platform.beeper = plainPlatform().beeper;
   EXPECT_EQ(print().vsPrinter1.table(), "");
 }
 
 TEST_F(Report, ShowsTheHourglassMeanwhile) {
   start();
   main().cmdToolBar[frmMain::print].userClick();
-  EXPECT_THAT(machine.pointer, ElementsAre(true, false));
+  EXPECT_THAT(platform.pointer, ElementsAre(true, false));
 }
 
 TEST_F(Report, ZoomsByTheLabel) {

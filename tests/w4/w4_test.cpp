@@ -633,8 +633,8 @@ TEST_F(FormW4, ShowsTheUserAsSaved) {
   EXPECT_EQ(storedUser("UName"), "Ann Lee");
 }
 
-TEST_F(FormW4, IsUsableWithoutAMachineAround) {
-  tallyfin::machine = plainMachine();
+TEST_F(FormW4, IsUsableWithoutAPlatform) {
+  tallyfin::platform = plainPlatform();
   open();
   EXPECT_EQ(form().userDblClick(), Refusal::none);
   EXPECT_TRUE(form().cmdW4Exit.visible());
@@ -643,23 +643,23 @@ TEST_F(FormW4, IsUsableWithoutAMachineAround) {
 TEST_F(FormW4, PrintsItselfWithoutTheButtonAndTheHint) {
   open();
   EXPECT_EQ(form().userDblClick(), Refusal::none);
-  EXPECT_EQ(machine.pages, 1);
-  EXPECT_THAT(machine.printed, Contains("Label1"));
-  EXPECT_THAT(machine.printed, Not(Contains("cmdW4Exit")));
-  EXPECT_THAT(machine.printed, Not(Contains("lblPrint")));
+  EXPECT_EQ(platform.pages, 1);
+  EXPECT_THAT(platform.printed, Contains("Label1"));
+  EXPECT_THAT(platform.printed, Not(Contains("cmdW4Exit")));
+  EXPECT_THAT(platform.printed, Not(Contains("lblPrint")));
   EXPECT_TRUE(form().cmdW4Exit.visible());
   EXPECT_TRUE(form().lblPrint.visible());
   form().userClick();
-  EXPECT_EQ(machine.pages, 1);
+  EXPECT_EQ(platform.pages, 1);
 }
 
 TEST_F(FormW4, PrintsItselfWhereAFixedTextIsDoubleClicked) {
   open();
   EXPECT_EQ(form().Label22.userDblClick(), Refusal::none);
-  EXPECT_EQ(machine.pages, 1);
+  EXPECT_EQ(platform.pages, 1);
   EXPECT_EQ(form().Label22.userClick(), Refusal::none);
   EXPECT_EQ(form().Label27.userDblClick(), Refusal::notShown);
-  EXPECT_EQ(machine.pages, 1);
+  EXPECT_EQ(platform.pages, 1);
 }
 
 TEST_F(FormW4, SaysExemptAfterADoubleClick) {
@@ -671,7 +671,7 @@ TEST_F(FormW4, SaysExemptAfterADoubleClick) {
   EXPECT_TRUE(form().Label27.visible());
   form().Label20.userClick();
   EXPECT_FALSE(form().Label27.visible());
-  EXPECT_EQ(machine.pages, 0);
+  EXPECT_EQ(platform.pages, 0);
 }
 
 TEST_F(FormW4, ReadsTheStatusAsTrueOrFalse) {

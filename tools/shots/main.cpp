@@ -30,7 +30,7 @@ struct Stage {
   MemoryStore store;
   qt::SystemDialogs dialogs;
   std::unique_ptr<qt::Desktop> desktop = std::make_unique<qt::Desktop>(store, dialogs);
-  script::Session session{store, machine, desk.watcher};  // on the desktop's machine, and it shows what happens
+  script::Session session{store, platform, desk.watcher};  // on the desktop's platform, and it shows what happens
 };
 
 void save(const QWidget& widget, const QString& path) {

@@ -20,7 +20,7 @@ namespace tallyfin::qt {
 Desktop::Desktop(SettingsStore& store, Dialogs& dialogs)
     : dialogs_(dialogs),
       printer_(*this),
-      program_(store, {plainMachine().clock, &beeper_, &pointer_, &printer_, &help_}, this) {
+      program_(store, {plainPlatform().clock, &beeper_, &pointer_, &printer_, &help_}, this) {
   answerAssistiveTechnology();
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     dropFocus(now);

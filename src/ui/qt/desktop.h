@@ -8,7 +8,7 @@
 #include "controls/desk.h"
 #include "ui/program.h"
 #include "ui/qt/helpviewer.h"
-#include "ui/qt/machine.h"
+#include "ui/qt/platform.h"
 #include "ui/qt/printer.h"
 
 class QDialog;

@@ -6,7 +6,7 @@
 #include <QUrl>
 #include <vector>
 
-#include "machine/machine.h"
+#include "platform/platform.h"
 
 class QLabel;
 class QLineEdit;

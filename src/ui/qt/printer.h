@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "machine/machine.h"
+#include "platform/platform.h"
 
 class QPagedPaintDevice;
 class QWidget;

@@ -16,7 +16,7 @@
 
 #include "controls/buttons.h"
 #include "desktoptest.h"
-#include "machine/machine.h"
+#include "platform/platform.h"
 
 /// A random walk over the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After
 /// each act every widget shows what its control holds; an act that the control refuses leaves all screens as they were.
@@ -52,14 +52,14 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
       if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) menu->close();
     });
     closeMenus_.start(20);
-    machine.clock = &clock_;
+    platform.clock = &clock_;
     if (desktopRuns_) {
       restart();
     } else {
       start();
     }
     desktopRuns_ = true;
-    machine.help = &noHelp_;
+    platform.help = &noHelp_;
     mirror_.look(desktop());
   }
 

@@ -68,9 +68,9 @@ class PaperTest : public testing::Test {
  protected:
   void SetUp() override {
     desktop_ = std::make_unique<Desktop>(store_, dialogs_);
-    machine.clock = &clock_;
-    machine.beeper = &beeper_;
-    machine.printer = &printer_;
+    platform.clock = &clock_;
+    platform.beeper = &beeper_;
+    platform.printer = &printer_;
   }
   void TearDown() override {
     desktop_.reset();
@@ -632,7 +632,7 @@ TEST_F(Help, ItemOfTheFormOpensItsFileAtContextTen) {
 }
 
 TEST_F(Help, AnUnknownContextOpensTheFirstTopic) {
-  machine.help->open("Tallyfin.hlp", 4711);
+  platform.help->open("Tallyfin.hlp", 4711);
   EXPECT_EQ(heading(), "Welcome to Tallyfin 99");
 }
 

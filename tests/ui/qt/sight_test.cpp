@@ -10,7 +10,7 @@
 #include "controls/desk.h"
 #include "engine/paydata.h"
 #include "everyscreen.h"
-#include "machine/machine.h"
+#include "platform/platform.h"
 #include "ui/frmPrint.h"
 
 /// What a user sees of every screen and window, held against the sights that are written down in the folder sights.
@@ -51,7 +51,7 @@ class Sights : public EveryScreen {
 
   void startOnMainInMay() {
     startOnMain();
-    machine.clock = &clock_;
+    platform.clock = &clock_;
   }
 
   /// A screen with what is around it: its title strip, or its window.
@@ -104,7 +104,7 @@ TEST_F(Sights, EveryScreen) {
   int number = 0;
   const StandingClock clock;
   onEveryScreen([&](const Screen& screen) {
-    machine.clock = const_cast<StandingClock*>(&clock);
+    platform.clock = const_cast<StandingClock*>(&clock);
     see(QStringLiteral("every-%1-%2").arg(++number, 2, 10, QLatin1Char('0')).arg(screen.name().c_str()).toLatin1(),
         screen);
   });
@@ -221,10 +221,10 @@ class NoPrinter : public Printer {
 TEST_F(Sights, NoReport) {
   startOnMainInMay();
   NoPrinter printer;
-  Printer* usual = std::exchange(machine.printer, &printer);
+  Printer* usual = std::exchange(platform.printer, &printer);
   click("frmMain", "cmdToolBar(1)");
   see("no-report", "frmPrint");
-  machine.printer = usual;
+  platform.printer = usual;
 }
 
 TEST_F(Sights, AnOpenedList) {

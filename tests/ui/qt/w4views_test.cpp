@@ -552,23 +552,23 @@ TEST_F(FormPrintTest, APrintedFormTakesTheNoticeOfAnEarlierOneAway) {
   View& form = openForm();
   const auto& notice = *desktop.frame()->findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
   const QString good = std::exchange(dialogs.path, folder.filePath("no such folder/form.pdf"));
-  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 0);
+  EXPECT_EQ(platform.printer->printScreen(*form.screen()), 0);
   EXPECT_TRUE(notice.isVisible());
   EXPECT_TRUE(notice.text().startsWith("The form couldn't be saved. " + dialogs.path + ": "))
       << notice.text().toStdString();
   dialogs.path = good;
-  EXPECT_EQ(machine.printer->printScreen(*form.screen()), 1);
+  EXPECT_EQ(platform.printer->printScreen(*form.screen()), 1);
   EXPECT_FALSE(notice.isVisible());
   EXPECT_EQ(notice.text(), "");
 }
 
 TEST_F(FormPrintTest, PagesPrintedAreCounted) {
   openForm();
-  EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 1);
+  EXPECT_EQ(platform.printer->printScreen(*desk.find<frmW4>()), 1);
   EXPECT_EQ(dialogs.offered.toStdString(), desk.find<frmW4>()->title() + ".pdf");
-  EXPECT_EQ(machine.printer->printScreen(desk.use<frmDednAdj>()), 0);  // it isn't shown
+  EXPECT_EQ(platform.printer->printScreen(desk.use<frmDednAdj>()), 0);  // it isn't shown
   dialogs.path.clear();
-  EXPECT_EQ(machine.printer->printScreen(*desk.find<frmW4>()), 0);
+  EXPECT_EQ(platform.printer->printScreen(*desk.find<frmW4>()), 0);
 }
 
 TEST_F(FormPrintTest, ExitClosesTheForm) {

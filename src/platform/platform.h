@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-/// The machine around the program, as small interfaces. Each has a stand-in that does nothing, for tests and scripts.
+/// What the program needs of its platform, as small interfaces. The default of each does nothing.
 
 namespace tallyfin {
 
@@ -19,7 +19,7 @@ class Clock {
   virtual LocalTime now() const = 0;
 };
 
-/// The machine's own clock, in the machine's time zone.
+/// The system clock, in the local time zone.
 class SystemClock : public Clock {
  public:
   LocalTime now() const override;
@@ -54,8 +54,8 @@ class HelpViewer {
   virtual void open(const std::string& /*file*/, int /*context*/) {}
 };
 
-/// What a program runs on; none of it is ever missing.
-struct Machine {
+/// The services of a platform. No pointer is null.
+struct Platform {
   Clock* clock;
   Beeper* beeper;
   MousePointer* pointer;
@@ -63,10 +63,10 @@ struct Machine {
   HelpViewer* help;
 };
 
-/// The system's clock, and stand-ins for all else.
-Machine plainMachine();
+/// The system clock, and the defaults that do nothing.
+Platform plainPlatform();
 
-/// The machine of the program that runs.
-extern Machine machine;
+/// The platform of the running program.
+extern Platform platform;
 
 }  // namespace tallyfin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "machine/machine.h"
+#include "platform/platform.h"
 
 namespace tallyfin::qt {
 

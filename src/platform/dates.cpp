@@ -1,4 +1,4 @@
-#include "machine/dates.h"
+#include "platform/dates.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "machine/machine.h"
+#include "platform/platform.h"
 
 #include <ctime>
 
@@ -11,7 +11,7 @@ LocalTime SystemClock::now() const {
   return LocalTime{std::chrono::seconds{timegm(&local)}};
 }
 
-Machine plainMachine() {
+Platform plainPlatform() {
   static SystemClock clock;
   static Beeper beeper;
   static MousePointer pointer;
@@ -20,6 +20,6 @@ Machine plainMachine() {
   return {&clock, &beeper, &pointer, &printer, &help};
 }
 
-Machine machine = plainMachine();
+Platform platform = plainPlatform();
 
 }  // namespace tallyfin

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "machine/machine.h"
+#include "platform/platform.h"
 
 namespace tallyfin {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/machine.h"
+#include "ui/qt/platform.h"
 
 #include <QApplication>
 
