@@ -9,8 +9,8 @@
 
 #include "allocations.h"
 #include "engine/settingsstore.h"
-#include "ui/qt/dialogs.h"
-#include "ui/qt/look.h"
+#include "ui/qt/frame/dialogs.h"
+#include "ui/qt/widgets/look.h"
 #include "ui/screens.h"
 
 /// The desktop program's screens as their user meets them: from the wish to the drawn screen, and closed again.

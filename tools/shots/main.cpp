@@ -12,10 +12,10 @@
 
 #include "script/session.h"
 #include "ui/qt/desktop.h"
-#include "ui/qt/dialogs.h"
-#include "ui/qt/explanation.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
+#include "ui/qt/explanation/explanation.h"
+#include "ui/qt/frame/dialogs.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/widgets/look.h"
 
 /// tallyfin99-screenshots FOLDER SHOTS-FILE: saves pictures of the screens. The file holds lines of the script protocol
 /// and five more: `fresh` begins with an empty store and no run, `group NAME` opens a group of the list bar, `how ROW`

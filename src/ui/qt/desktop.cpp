@@ -8,12 +8,12 @@
 #include <QVBoxLayout>
 
 #include "ui/MDIOpen.h"
-#include "ui/qt/accessible.h"
-#include "ui/qt/binding.h"
-#include "ui/qt/focusring.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
-#include "ui/qt/view.h"
+#include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/binding/binding.h"
+#include "ui/qt/frame/focusring.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/views/view.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

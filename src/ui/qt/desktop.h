@@ -7,9 +7,9 @@
 
 #include "controls/desk.h"
 #include "ui/program.h"
-#include "ui/qt/helpviewer.h"
+#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/paper/printer.h"
 #include "ui/qt/platform.h"
-#include "ui/qt/printer.h"
 
 class QDialog;
 

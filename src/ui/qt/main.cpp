@@ -9,8 +9,8 @@
 
 #include "store/store.h"
 #include "ui/qt/desktop.h"
-#include "ui/qt/dialogs.h"
-#include "ui/qt/look.h"
+#include "ui/qt/frame/dialogs.h"
+#include "ui/qt/widgets/look.h"
 
 int main(int argc, char** argv) {
   umask(S_IRWXG | S_IRWXO);  // whatever the program writes is the user's alone

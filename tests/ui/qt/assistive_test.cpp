@@ -19,7 +19,7 @@
 #include "everyscreen.h"
 #include "stateoptions/frmState.h"
 #include "ui/frmMain.h"
-#include "ui/qt/accessible.h"
+#include "ui/qt/accessibility/accessible.h"
 
 /// The program as assistive technology meets it: the tree of what it is told, and what it can do.
 

@@ -2,7 +2,7 @@
 #include <cstddef>
 
 #include "desktoptest.h"
-#include "ui/qt/binding.h"
+#include "ui/qt/binding/binding.h"
 #include "ui/screens.h"
 
 #ifdef __SANITIZE_ADDRESS__

@@ -5,7 +5,7 @@
 
 #include "controls/desk.h"
 #include "desktoptest.h"
-#include "ui/qt/look.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs.h"
+#include "ui/qt/frame/dialogs.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -13,7 +13,7 @@
 #include <QTimer>
 
 #include "desktoptest.h"
-#include "ui/qt/focusring.h"
+#include "ui/qt/frame/focusring.h"
 
 /// The dialog for a PDF file, as it comes up.
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "ui/qt/dialogs.h"
+#include "ui/qt/frame/dialogs.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/explanation.h"
+#include "ui/qt/explanation/explanation.h"
 
 #include <QAccessible>
 #include <QAction>

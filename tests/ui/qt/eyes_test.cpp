@@ -10,7 +10,7 @@
 #include "controls/desk.h"
 #include "controls/screen.h"
 #include "everyscreen.h"
-#include "ui/qt/look.h"
+#include "ui/qt/widgets/look.h"
 
 /// What the eyes get: contrast, measured in the pictures of the screens.
 

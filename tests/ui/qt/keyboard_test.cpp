@@ -20,9 +20,9 @@
 #include "stateoptions/frmState.h"
 #include "ui/frmMain.h"
 #include "ui/frmPrint.h"
-#include "ui/qt/accessible.h"
-#include "ui/qt/helpviewer.h"
-#include "ui/qt/printer.h"
+#include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/paper/printer.h"
 
 /// The program by keyboard alone.
 

@@ -18,8 +18,8 @@
 #include "controls/calendar.h"
 #include "controls/lists.h"
 #include "controls/output.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

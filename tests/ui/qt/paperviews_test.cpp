@@ -30,12 +30,12 @@
 #include "ui/frmMain.h"
 #include "ui/frmPrint.h"
 #include "ui/qt/desktop.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/helpviewer.h"
-#include "ui/qt/look.h"
-#include "ui/qt/printer.h"
-#include "ui/qt/reportpage.h"
-#include "ui/qt/view.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/paper/printer.h"
+#include "ui/qt/paper/reportpage.h"
+#include "ui/qt/views/view.h"
+#include "ui/qt/widgets/look.h"
 
 /// What is on paper: the report's page, its preview and PDF file, and the help.
 

@@ -12,7 +12,7 @@
 #include "desktoptest.h"
 #include "paints.h"
 #include "ui/MDIOpen.h"
-#include "ui/qt/look.h"
+#include "ui/qt/widgets/look.h"
 #include "whatif/frmMisc.h"
 
 /// The frame: its list bar, its boxes, its size.

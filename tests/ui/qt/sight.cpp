@@ -36,7 +36,7 @@
 #include <typeinfo>
 
 #include "paintlog.h"
-#include "ui/qt/view.h"
+#include "ui/qt/views/view.h"
 
 namespace tallyfin::qt {
 

@@ -4,7 +4,7 @@
 #include <QScrollBar>
 
 #include "everyscreen.h"
-#include "ui/qt/helpviewer.h"
+#include "ui/qt/help/helpviewer.h"
 
 /// The program on a screen that has no room for it; the test is run once on each of several.
 

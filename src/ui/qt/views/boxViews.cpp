@@ -6,8 +6,8 @@
 
 #include "ui/MsgBox.h"
 #include "ui/frmAbt.h"
-#include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 
 /// The two boxes above the frame: the warning and About.
 

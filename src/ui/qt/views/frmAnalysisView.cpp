@@ -4,8 +4,8 @@
 #include <QGuiApplication>
 #include <QLabel>
 
-#include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 #include "whatif/frmAnalysis.h"
 
 /// The analysis: ten captions and their figures, in three groups: wages, shares, the year.

@@ -4,8 +4,8 @@
 #include <QVBoxLayout>
 
 #include "controls/desk.h"
-#include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 #include "w4/frmCalendar.h"
 
 namespace tallyfin::qt {

@@ -14,10 +14,10 @@
 #include <QTableWidget>
 
 #include "ui/frmMain.h"
-#include "ui/qt/explanation.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
+#include "ui/qt/explanation/explanation.h"
+#include "ui/qt/frame/frame.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

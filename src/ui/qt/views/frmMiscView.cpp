@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "ui/qt/look.h"
 #include "ui/qt/views/pages.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 #include "whatif/frmMisc.h"
 
 /// Local tax and raise: two pages of one size, of which one shows.

@@ -8,9 +8,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "ui/qt/accessible.h"
-#include "ui/qt/look.h"
+#include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 #include "whatif/frmMultiCheck.h"
 
 /// Several checks brought to one monthly income: a table on paper, one row for each check.

@@ -7,8 +7,8 @@
 #include <QVBoxLayout>
 
 #include "ui/frmName.h"
-#include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

@@ -4,10 +4,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "ui/qt/captions.h"
-#include "ui/qt/look.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/views/worksheet.h"
+#include "ui/qt/widgets/captions.h"
+#include "ui/qt/widgets/look.h"
 #include "w4/frmPersWkSht.h"
 
 namespace tallyfin::qt {

@@ -5,14 +5,14 @@
 #include <QVBoxLayout>
 
 #include "ui/frmPrint.h"
-#include "ui/qt/dialogs.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
-#include "ui/qt/notice.h"
-#include "ui/qt/preview.h"
-#include "ui/qt/printer.h"
-#include "ui/qt/reportpage.h"
+#include "ui/qt/frame/dialogs.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/frame/notice.h"
+#include "ui/qt/paper/preview.h"
+#include "ui/qt/paper/printer.h"
+#include "ui/qt/paper/reportpage.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

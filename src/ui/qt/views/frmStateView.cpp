@@ -11,9 +11,9 @@
 #include <array>
 
 #include "stateoptions/frmState.h"
-#include "ui/qt/accessible.h"
-#include "ui/qt/look.h"
+#include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 
 /// The state options. Everything stands in its place for every state, greyed where the state has no use for it.
 

@@ -4,9 +4,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
+#include "ui/qt/frame/frame.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/look.h"
 #include "w4/frmTableOne.h"
 
 namespace tallyfin::qt {

@@ -11,10 +11,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "ui/qt/accessible.h"
-#include "ui/qt/captions.h"
-#include "ui/qt/look.h"
+#include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/views/views.h"
+#include "ui/qt/widgets/captions.h"
+#include "ui/qt/widgets/look.h"
 #include "w4/frmW4.h"
 
 namespace tallyfin::qt {

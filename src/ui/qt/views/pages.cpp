@@ -7,8 +7,8 @@
 #include <algorithm>
 
 #include "controls/texts.h"
-#include "ui/qt/accessible.h"
-#include "ui/qt/frame.h"
+#include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/frame/frame.h"
 
 namespace tallyfin::qt {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/qt/view.h"
+#include "ui/qt/views/view.h"
 
 class QVBoxLayout;
 

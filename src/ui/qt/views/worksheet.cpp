@@ -6,9 +6,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "ui/qt/accessible.h"
-#include "ui/qt/captions.h"
-#include "ui/qt/look.h"
+#include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/widgets/captions.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/look.h"
+#include "ui/qt/widgets/look.h"
 
 #include <QApplication>
 #include <QFontDatabase>

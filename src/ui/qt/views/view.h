@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "ui/qt/binding.h"
+#include "ui/qt/binding/binding.h"
 
 class QButtonGroup;
 class QFrame;

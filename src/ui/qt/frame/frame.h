@@ -5,7 +5,7 @@
 #include <map>
 #include <vector>
 
-#include "ui/qt/view.h"
+#include "ui/qt/views/view.h"
 
 class QLabel;
 class QScrollArea;

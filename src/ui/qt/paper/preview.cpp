@@ -1,4 +1,4 @@
-#include "ui/qt/preview.h"
+#include "ui/qt/paper/preview.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "controls/output.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
-#include "ui/qt/reportpage.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/paper/reportpage.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/frame.h"
+#include "ui/qt/frame/frame.h"
 
 #include <QButtonGroup>
 #include <QCloseEvent>
@@ -16,9 +16,9 @@
 
 #include "controls/desk.h"
 #include "ui/MDIOpen.h"
-#include "ui/qt/accessible.h"
-#include "ui/qt/look.h"
-#include "ui/qt/notice.h"
+#include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/frame/notice.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/captions.h"
+#include "ui/qt/widgets/captions.h"
 
 #include <QPainter>
 #include <QRegularExpression>

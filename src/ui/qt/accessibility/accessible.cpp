@@ -1,4 +1,4 @@
-#include "ui/qt/accessible.h"
+#include "ui/qt/accessibility/accessible.h"
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
@@ -7,7 +7,7 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "ui/qt/frame.h"
+#include "ui/qt/frame/frame.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/printer.h"
+#include "ui/qt/paper/printer.h"
 
 #include <QApplication>
 #include <QLibrary>
@@ -10,9 +10,9 @@
 
 #include "controls/screen.h"
 #include "ui/qt/desktop.h"
-#include "ui/qt/dialogs.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/view.h"
+#include "ui/qt/frame/dialogs.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/views/view.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/binding.h"
+#include "ui/qt/binding/binding.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -21,8 +21,8 @@
 #include "controls/buttons.h"
 #include "controls/lists.h"
 #include "controls/texts.h"
-#include "ui/qt/accessible.h"
-#include "ui/qt/look.h"
+#include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

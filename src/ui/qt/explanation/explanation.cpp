@@ -1,4 +1,4 @@
-#include "ui/qt/explanation.h"
+#include "ui/qt/explanation/explanation.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -12,10 +12,10 @@
 #include <QTextBrowser>
 #include <QTextDocument>
 
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
-#include "ui/qt/notice.h"
-#include "ui/qt/printer.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/frame/notice.h"
+#include "ui/qt/paper/printer.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

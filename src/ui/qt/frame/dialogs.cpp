@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs.h"
+#include "ui/qt/frame/dialogs.h"
 
 #include <QDir>
 #include <QFileDialog>

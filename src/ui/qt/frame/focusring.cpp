@@ -1,11 +1,11 @@
-#include "ui/qt/focusring.h"
+#include "ui/qt/frame/focusring.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>
 #include <QPainter>
 
-#include "ui/qt/look.h"
-#include "ui/qt/view.h"
+#include "ui/qt/views/view.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

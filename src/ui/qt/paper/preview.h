@@ -2,7 +2,7 @@
 
 #include <QScrollArea>
 
-#include "ui/qt/accessible.h"
+#include "ui/qt/accessibility/accessible.h"
 
 namespace tallyfin {
 class PrintEngine;

@@ -1,4 +1,4 @@
-#include "ui/qt/helpviewer.h"
+#include "ui/qt/help/helpviewer.h"
 
 #include <QApplication>
 #include <QDir>
@@ -19,9 +19,9 @@
 #include <algorithm>
 
 #include "controls/desk.h"
-#include "ui/qt/frame.h"
-#include "ui/qt/look.h"
-#include "ui/qt/notice.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/frame/notice.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/view.h"
+#include "ui/qt/views/view.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -15,8 +15,8 @@
 #include "controls/buttons.h"
 #include "controls/lists.h"
 #include "controls/texts.h"
-#include "ui/qt/accessible.h"
-#include "ui/qt/look.h"
+#include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/reportpage.h"
+#include "ui/qt/paper/reportpage.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "controls/output.h"
-#include "ui/qt/look.h"
+#include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
 
