@@ -13,8 +13,8 @@
 #include "engine/settings.h"
 #include "engine/trace.h"
 #include "library/cells.h"
-#include "states/handover.h"
-#include "states/shapes.h"
+#include "stateoptions/handover.h"
+#include "stateoptions/shapes.h"
 
 namespace tallyfin::library {
 

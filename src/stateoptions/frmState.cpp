@@ -5,8 +5,8 @@
 #include "engine/paydata.h"
 #include "engine/settings.h"
 #include "engine/statelist.h"
-#include "states/handover.h"
-#include "states/shapes.h"
+#include "stateoptions/handover.h"
+#include "stateoptions/shapes.h"
 #include "ui/frmMain.h"
 
 namespace tallyfin {

@@ -9,7 +9,7 @@
 #include "engine/statelist.h"
 #include "engine/trace.h"
 #include "stateoptions/frmState.h"
-#include "states/shapes.h"
+#include "stateoptions/shapes.h"
 #include "ui/frmPrint.h"
 #include "whatif/frmMisc.h"
 

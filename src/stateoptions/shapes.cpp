@@ -1,4 +1,4 @@
-#include "states/shapes.h"
+#include "stateoptions/shapes.h"
 
 namespace tallyfin {
 

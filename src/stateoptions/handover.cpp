@@ -1,4 +1,4 @@
-#include "states/handover.h"
+#include "stateoptions/handover.h"
 
 #include "engine/choices.h"
 #include "engine/numbertext.h"

@@ -1,4 +1,4 @@
-#include "states/handover.h"
+#include "stateoptions/handover.h"
 
 #include <gtest/gtest.h>
 
