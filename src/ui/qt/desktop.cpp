@@ -10,6 +10,7 @@
 #include "ui/MDIOpen.h"
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/binding/binding.h"
+#include "ui/qt/frame/document.h"
 #include "ui/qt/frame/focusring.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/views/view.h"
@@ -19,7 +20,7 @@ namespace tallyfin::qt {
 
 Desktop::Desktop(SettingsStore& store, Dialogs& dialogs)
     : dialogs_(dialogs),
-      printer_(*this),
+      printer_([this](std::string_view screenName) { return view(screenName); }),
       program_(store, {plainPlatform().clock, &beeper_, &pointer_, &printer_, &help_}, this) {
   answerAssistiveTechnology();
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {

@@ -8,7 +8,7 @@
 #include "controls/desk.h"
 #include "ui/program.h"
 #include "ui/qt/help/helpviewer.h"
-#include "ui/qt/paper/printer.h"
+#include "ui/qt/paper/screenprinter.h"
 #include "ui/qt/platform.h"
 
 class QDialog;

@@ -21,6 +21,7 @@
 #include "dialogsstandin.h"
 #include "store/store.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/frame/document.h"
 #include "ui/qt/frame/frame.h"
 
 /// The ground of the desktop's tests: the whole program without a display, on a store file of the test's own, worked by

@@ -18,7 +18,9 @@
 #include "controls/calendar.h"
 #include "controls/lists.h"
 #include "controls/output.h"
+#include "ui/qt/frame/document.h"
 #include "ui/qt/frame/frame.h"
+#include "ui/qt/frame/listbar.h"
 #include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {

@@ -17,6 +17,7 @@
 #include "controls/buttons.h"
 #include "desktoptest.h"
 #include "platform/platform.h"
+#include "ui/qt/frame/listbar.h"
 
 /// A random walk over the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After
 /// each act every widget shows what its control holds; an act that the control refuses leaves all screens as they were.

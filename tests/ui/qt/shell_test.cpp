@@ -12,6 +12,7 @@
 #include "desktoptest.h"
 #include "paints.h"
 #include "ui/MDIOpen.h"
+#include "ui/qt/frame/listbar.h"
 #include "ui/qt/widgets/look.h"
 #include "whatif/frmMisc.h"
 

@@ -7,8 +7,6 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "ui/qt/frame/frame.h"
-
 namespace tallyfin::qt {
 
 namespace {
@@ -77,7 +75,7 @@ class ButtonFace : public QAccessibleWidget {
   }
 
  private:
-  bool header() const { return dynamic_cast<const GroupHeader*>(&button_) != nullptr; }
+  bool header() const { return dynamic_cast<const Expander*>(&button_) != nullptr; }
 
   static QAccessible::Role roleOf(const QAbstractButton& button) {
     if (qobject_cast<const QRadioButton*>(&button) != nullptr) return QAccessible::RadioButton;

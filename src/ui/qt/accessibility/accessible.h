@@ -33,6 +33,15 @@ class Switch {
   virtual void turn() = 0;
 };
 
+/// A checkable button that opens what stands below it.
+class Expander {
+ public:
+  Expander() = default;
+  Expander(const Expander&) = delete;
+  Expander& operator=(const Expander&) = delete;
+  virtual ~Expander() = default;
+};
+
 /// A label that shows a figure.
 class FigureLabel : public QLabel, public Readable {
  public:

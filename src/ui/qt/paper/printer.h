@@ -4,14 +4,11 @@
 #include <functional>
 #include <optional>
 
-#include "platform/platform.h"
-
 class QPagedPaintDevice;
 class QWidget;
 
 namespace tallyfin::qt {
 
-class Desktop;
 class Dialogs;
 
 /// What the user must be told when something has been printed or saved, empty where that went well. None if he didn't
@@ -37,17 +34,6 @@ struct Paper {
   /// Writes a PDF file on Letter paper. Returns what went wrong, empty if nothing did. A file that stood there before
   /// is replaced only by a whole one.
   QString write(const QString& path) const;
-};
-
-/// Prints screens as the desktop shows them.
-class ScreenPrinter : public Printer {
- public:
-  explicit ScreenPrinter(const Desktop& desktop);
-
-  int printScreen(Screen& screen) override;
-
- private:
-  const Desktop& desktop_;
 };
 
 }  // namespace tallyfin::qt

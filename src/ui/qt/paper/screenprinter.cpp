@@ -1,0 +1,62 @@
+#include "ui/qt/paper/screenprinter.h"
+
+#include <QApplication>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPicture>
+
+#include "controls/screen.h"
+#include "ui/qt/frame/frame.h"
+#include "ui/qt/paper/printer.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+/// What the widget draws, as drawing orders: drawn on a printer directly, it would come out as a picture of pixels.
+QPicture drawingOf(QWidget& widget) {
+  QWidget* focused = QApplication::focusWidget();
+  const bool mark = focused != nullptr && widget.isAncestorOf(focused);
+  if (mark) focused->clearFocus();  // neither the cursor nor the mark of the focus belongs on paper
+  QPicture picture;
+  {
+    QPainter painter(&picture);
+    widget.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+  }
+  if (mark) focused->setFocus(Qt::OtherFocusReason);
+  return picture;
+}
+
+/// Draws a widget on one page, as large as the page's margins let it be and in vectors: words stay words.
+bool drawWidget(QWidget& widget, QPagedPaintDevice& device) {
+  const QPicture picture = drawingOf(widget);
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+  // A drawing keeps its size in inches wherever it is drawn.
+  const double width = widget.width() * static_cast<double>(device.logicalDpiX()) / picture.logicalDpiX();
+  const double height = widget.height() * static_cast<double>(device.logicalDpiY()) / picture.logicalDpiY();
+  const double scale = std::min(painter.viewport().width() / width, painter.viewport().height() / height);
+  painter.scale(scale, scale);
+  painter.drawPicture(0, 0, picture);
+  return painter.end();
+}
+
+}  // namespace
+
+ScreenPrinter::ScreenPrinter(FindView find) : find_(std::move(find)) {}
+
+int ScreenPrinter::printScreen(Screen& screen) {
+  View* view = find_(screen.name());
+  if (view == nullptr) return 0;
+  const QString title = QString::fromStdString(screen.title());
+  const Paper form{.name = QStringLiteral("form"),
+                   .title = title,
+                   .file = title + QStringLiteral(".pdf"),
+                   .draw = [view](QPagedPaintDevice& device) { return drawWidget(*view, device); }};
+  Frame& frame = static_cast<Frame&>(*view->window());
+  const Outcome outcome = form.printOrSave(frame.dialogs(), frame);
+  if (outcome) frame.tell(*outcome);
+  return outcome && outcome->isEmpty() ? 1 : 0;
+}
+
+}  // namespace tallyfin::qt
