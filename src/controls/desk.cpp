@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/settingsstore.h"
+
 namespace tallyfin {
 
 Desk desk;
@@ -154,6 +156,7 @@ void Desk::carryOut(const std::function<void()>& deed) {
     }
   };
   const Depth within(*this);
+  const StoreAct act(settingsStore);
   deed();
 }
 

@@ -2,7 +2,31 @@
 
 #include <utility>
 
+#include "engine/failure.h"
+
 namespace tallyfin {
+
+std::string SettingsStore::get(std::string_view section, std::string_view key, std::string_view defaultText) {
+  std::pair<std::string, std::string> name(section, key);
+  std::string text(defaultText);
+  bool known = false;
+  unlessItFails([&] {
+    text = read(section, key).value_or(text);
+    known = true;
+  });
+  if (known) {
+    unread_.erase(name);
+  } else {
+    unread_.insert_or_assign(std::move(name), text);
+  }
+  return text;
+}
+
+void SettingsStore::save(std::string_view section, std::string_view key, const std::string& text) {
+  const auto unread = unread_.find({std::string(section), std::string(key)});
+  if (unread != unread_.end() && unread->second == text) throw FailedStatement{};
+  write(section, key, text);
+}
 
 std::optional<std::string> MemoryStore::read(std::string_view section, std::string_view key) const {
   const auto keys = sections_.find(section);
@@ -27,13 +51,12 @@ void MemoryStore::erase(std::string_view section, std::string_view key) {
 std::string getSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultText) {
   if (application != applicationKey) return std::string(defaultText);
-  auto stored = settingsStore->read(section, key);
-  return stored ? *std::move(stored) : std::string(defaultText);
+  return settingsStore->get(section, key, defaultText);
 }
 
 void saveSetting(std::string_view application, std::string_view section, std::string_view key,
                  const std::string& text) {
-  if (application == applicationKey) settingsStore->write(section, key, text);
+  if (application == applicationKey) settingsStore->save(section, key, text);
 }
 
 }  // namespace tallyfin

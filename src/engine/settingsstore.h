@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tallyfin {
 
@@ -25,7 +26,8 @@ class SettingsStore {
 
   virtual ~SettingsStore() = default;
 
-  /// The stored text; none where the key is missing or can't be read.
+  /// The stored text; none where the key is missing. Where it can't be told, because there is a store that can't be
+  /// read, it throws FailedStatement.
   virtual std::optional<std::string> read(std::string_view section, std::string_view key) const = 0;
   /// Stores a text before it returns. Where it can't, what was stored stays and it throws FailedStatement.
   virtual void write(std::string_view section, std::string_view key, const std::string& text) = 0;
@@ -33,6 +35,42 @@ class SettingsStore {
   virtual void erase(std::string_view section, std::string_view key) = 0;
   /// Everything that is stored and can be read; a section without keys is left out.
   virtual Sections all() const = 0;
+
+  /// The stored text, or the default where the key is missing or can't be read.
+  std::string get(std::string_view section, std::string_view key, std::string_view defaultText);
+  /// Stores a text as write() does. A default that was given in place of a text that couldn't be read isn't what the
+  /// user entered: until the key has been read, storing just that default fails.
+  void save(std::string_view section, std::string_view key, const std::string& text);
+
+ protected:
+  /// Whether an act of the user is being carried out.
+  bool acting() const { return acts_ > 0; }
+  virtual void beginAct() {}
+
+ private:
+  friend class StoreAct;
+
+  int acts_ = 0;
+  /// The defaults given in place of texts that couldn't be read, by section and key.
+  std::map<std::pair<std::string, std::string>, std::string> unread_;
+};
+
+/// An act of the user, as long as it lives: a store that is held by another program is waited for once in all of its
+/// statements, and not in each.
+class StoreAct {
+ public:
+  /// Without a store it does nothing.
+  explicit StoreAct(SettingsStore* store) : store_(store) {
+    if (store_ != nullptr && ++store_->acts_ == 1) store_->beginAct();
+  }
+  ~StoreAct() {
+    if (store_ != nullptr) --store_->acts_;
+  }
+  StoreAct(const StoreAct&) = delete;
+  StoreAct& operator=(const StoreAct&) = delete;
+
+ private:
+  SettingsStore* store_;
 };
 
 /// A store in memory.

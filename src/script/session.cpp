@@ -387,7 +387,8 @@ std::string Session::storeCommand(const Words& words) {
   }
   const std::string& what = words[0].text;
   if (what == "get" && words.size() == 3) {
-    const auto text = store_.read(words[1].text, words[2].text);
+    std::optional<std::string> text;
+    step([&] { text = store_.read(words[1].text, words[2].text); });
     return value(text ? json(*text) : "null");
   }
   if (what == "put" && words.size() == 4) {

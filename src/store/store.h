@@ -4,8 +4,11 @@
 #include <memory>
 
 #include "engine/settingsstore.h"
+#include "store/patience.h"
 
 namespace tallyfin {
+
+class Database;
 
 /// The settings store as a file of the user's own: one SQLite table of texts by section and key.
 ///
@@ -13,13 +16,15 @@ namespace tallyfin {
 /// holds at that moment, whoever put it there. The file and what SQLite keeps beside it while it is open are the user's
 /// alone from their first instant.
 ///
-/// The file is made by the first write; until then, and where it can't be read, no text is stored. What stands in its
-/// place and is no store of this program's (a text, a folder, a damaged file, a database of another form) is left as it
-/// is: nothing can be read and every write fails. Each call looks anew. Another program that is writing is waited for,
-/// half a second at the most.
+/// The file is made by the first write; until then no text is stored. What stands in its place and is no store of this
+/// program's (a text, a folder, a damaged file, a database of another form) is left as it is: every reading and every
+/// write fails. Each call looks anew. Another program that holds the store is waited for, half a second in all the
+/// statements of an act together; five seconds before the store has been opened for the first time, since a program
+/// that is being closed may have to wait for a slow disk.
 class FileStore : public SettingsStore {
  public:
   explicit FileStore(const std::filesystem::path& path);
+  FileStore(const std::filesystem::path& path, const Patience& patience);
   ~FileStore() override;
 
   std::optional<std::string> read(std::string_view section, std::string_view key) const override;
@@ -28,13 +33,15 @@ class FileStore : public SettingsStore {
   Sections all() const override;
 
  private:
-  class Database;
   enum class Opening { existing, making };
 
-  Database* open(Opening opening = Opening::existing) const;
+  std::shared_ptr<Database> open(Opening opening = Opening::existing) const;
+  std::shared_ptr<Database> opened(const std::filesystem::path& path, Opening opening) const;
+  void beginAct() override;
 
   std::filesystem::path path_;
-  mutable std::unique_ptr<Database> database_;  ///< None until the file has been found to be a store.
+  mutable Patience patience_;
+  mutable std::shared_ptr<Database> database_;  ///< None until the file has been found to be a store.
 };
 
 }  // namespace tallyfin

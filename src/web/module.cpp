@@ -48,7 +48,8 @@ class PageStore : public SettingsStore {
  public:
   std::optional<std::string> read(std::string_view section, std::string_view key) const override {
     const auto texts = carryOut({"read", std::string(section), std::string(key)});
-    if (!texts || texts->empty()) return std::nullopt;
+    if (!texts) throw FailedStatement{};
+    if (texts->empty()) return std::nullopt;
     return texts->front().text;
   }
   void write(std::string_view section, std::string_view key, const std::string& text) override {

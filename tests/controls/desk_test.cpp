@@ -11,6 +11,23 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// Notes the acts.
+struct WaitingStore : MemoryStore {
+  void beginAct() override { ++acts; }
+  using MemoryStore::acting;
+  int acts = 0;
+};
+
+TEST_F(DeskTest, MakesEachActOneForTheStore) {
+  WaitingStore store;
+  const Installed<SettingsStore*> installed(settingsStore, &store);
+  for (int i = 1; i <= 2; ++i) {
+    desk.carryOut([&] { desk.carryOut([&] { EXPECT_TRUE(store.acting()); }); });
+    EXPECT_EQ(store.acts, i);
+    EXPECT_FALSE(store.acting());
+  }
+}
+
 using ScreenLife = DeskTest;
 
 TEST_F(ScreenLife, CreatesAndLoadsAScreenAtItsFirstUse) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "engine/failure.h"
 #include "engine/services.h"
 
 namespace tallyfin {
@@ -45,6 +46,64 @@ TEST(Settings, StandUnderOneApplication) {
   EXPECT_TRUE(store.all().empty());
   saveSetting(applicationKey, section::settings, "Hours", "40");
   EXPECT_EQ(getSetting("Another", section::settings, "Hours", "80"), "80");
+}
+
+/// A store that can't be read for a while.
+struct LockedStore : MemoryStore {
+  std::optional<std::string> read(std::string_view section, std::string_view key) const override {
+    if (locked) throw FailedStatement{};
+    return MemoryStore::read(section, key);
+  }
+  bool locked = true;
+};
+
+TEST(Settings, SaveNoDefaultOverATextThatCouldNotBeRead) {
+  LockedStore store;
+  const Installed<SettingsStore*> installed(settingsStore, &store);
+  store.write(section::user, "UName", "Pat");
+  store.write(section::user, "UCity", "Here");
+  EXPECT_EQ(getSetting(applicationKey, section::user, "UName", "-"), "-");
+  EXPECT_EQ(getSetting(applicationKey, section::user, "UCity", "-"), "-");
+  store.locked = false;
+  EXPECT_THROW(saveSetting(applicationKey, section::user, "UName", "-"), FailedStatement);
+  saveSetting(applicationKey, section::user, "UCity", "There");
+  EXPECT_THAT(store.read(section::user, "UName"), Optional(std::string("Pat")));
+  EXPECT_THAT(store.read(section::user, "UCity"), Optional(std::string("There")));
+}
+
+TEST(Settings, SaveADefaultAgainOnceTheTextHasBeenRead) {
+  LockedStore store;
+  const Installed<SettingsStore*> installed(settingsStore, &store);
+  store.write(section::user, "UName", "Pat");
+  EXPECT_EQ(getSetting(applicationKey, section::user, "UName", "-"), "-");
+  EXPECT_EQ(getSetting(applicationKey, section::user, "UName", "."), ".");
+  store.locked = false;
+  EXPECT_EQ(getSetting(applicationKey, section::user, "UName", "-"), "Pat");
+  saveSetting(applicationKey, section::user, "UName", "-");
+  saveSetting(applicationKey, section::user, "UName", ".");
+  EXPECT_THAT(store.read(section::user, "UName"), Optional(std::string(".")));
+}
+
+/// Counts the acts.
+struct WaitingStore : MemoryStore {
+  void beginAct() override { ++acts; }
+  using MemoryStore::acting;
+  int acts = 0;
+};
+
+TEST(StoreAct, IsOneWhateverActsItHolds) {
+  WaitingStore store;
+  EXPECT_FALSE(store.acting());
+  {
+    const StoreAct act(&store);
+    const StoreAct within(&store);
+    EXPECT_TRUE(store.acting());
+    EXPECT_EQ(store.acts, 1);
+  }
+  EXPECT_FALSE(store.acting());
+  const StoreAct another(&store);
+  EXPECT_EQ(store.acts, 2);
+  const StoreAct withoutStore(nullptr);
 }
 
 }  // namespace
