@@ -10,18 +10,24 @@ install(FILES packaging/tallyfin99.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/
 install(FILES packaging/tallyfin99.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME io.github.tallyfin.Tallyfin99.metainfo.xml)
 install(FILES src/ui/qt/pictures/tallyfin99.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-# tallyfin_install_compressed(FILE FOLDER NAME): installs FILE as NAME.gz, the same bytes at each build.
-function(tallyfin_install_compressed file folder name)
+# tallyfin_compress(FILE NAME): makes compressed/NAME.gz of FILE, the same bytes at each build.
+function(tallyfin_compress file name)
   set(compressed ${PROJECT_BINARY_DIR}/compressed/${name}.gz)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${file})
   file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/compressed)
   execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/${file} OUTPUT_FILE ${compressed} COMMAND_ERROR_IS_FATAL ANY)
-  install(FILES ${compressed} DESTINATION ${folder})
+endfunction()
+# tallyfin_install_compressed(FILE FOLDER NAME): installs FILE as NAME.gz.
+function(tallyfin_install_compressed file folder name)
+  tallyfin_compress(${file} ${name})
+  install(FILES ${PROJECT_BINARY_DIR}/compressed/${name}.gz DESTINATION ${folder})
 endfunction()
 
 foreach(program tallyfin99 tallyfin99-script tallyfin99-batch)
   tallyfin_install_compressed(packaging/${program}.1 ${CMAKE_INSTALL_MANDIR}/man1 ${program}.1)
 endforeach()
+tallyfin_compress(packaging/tallyfin99.3 tallyfin99.3)
+include(cmake/InstallLibrary.cmake)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
 tallyfin_install_compressed(packaging/changelog ${documents} changelog)
 install(FILES LICENSE DESTINATION ${documents} RENAME copyright)
