@@ -1,0 +1,14 @@
+#include <sqlite3ext.h>
+
+#include "sqlite/paychecktable.h"
+#include "sqlite/table.h"
+
+SQLITE_EXTENSION_INIT1
+
+/// tallyfin99_sqlite.so: adds the extension's tables to a connection. SQLite makes the name from that of the file.
+extern "C" [[gnu::visibility("default")]] int sqlite3_tallyfinsqlite_init(sqlite3* connection, char** /*error*/,
+                                                                          const sqlite3_api_routines* api) {
+  SQLITE_EXTENSION_INIT2(api)
+  using namespace tallyfin::sqlite;
+  return Table<PaycheckCursor>::add(connection, "paycheck");
+}

@@ -1,0 +1,31 @@
+#!/usr/bin/env python3
+"""agreement.py EXTENSION BATCH [ROWS]: the extension gives what the batch program gives, over many rows."""
+import pathlib
+import sqlite3
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
+import paychecks
+
+extension, batch = sys.argv[1:3]
+count = int(sys.argv[3]) if len(sys.argv) > 3 else 100_000
+if not hasattr(sqlite3.Connection, "enable_load_extension"):
+    print("skipped: this Python can't load extensions of SQLite")
+    sys.exit(77)
+connection = sqlite3.connect(":memory:")
+connection.enable_load_extension(True)
+connection.load_extension(extension)
+
+rows = paychecks.rows(count)
+columns = paychecks.COLUMNS
+connection.execute(f"CREATE TABLE row({', '.join(columns)})")
+connection.executemany(f"INSERT INTO row VALUES ({', '.join('?' * len(columns))})", rows)
+by_name = " AND ".join(f"p.{column} = r.{column}" for column in columns)
+given = connection.execute(f"SELECT p.* FROM row r JOIN paycheck p ON {by_name} ORDER BY r.rowid").fetchall()
+
+wanted = [(*results, problem or None) for results, problem in paychecks.worked(batch, rows)]
+different = [(row, a, b) for row, a, b in zip(rows, given, wanted) if a != b]
+print(f"{len(given)} of {count} rows, {len(different)} different, {sum(row[-1] is not None for row in wanted)} with problems")
+for row, a, b in different[:3]:
+    print(row, a, b, sep="\n")
+sys.exit(bool(different) or len(given) != count)
