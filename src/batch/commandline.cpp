@@ -5,6 +5,8 @@
 #include <string_view>
 #include <thread>
 
+#include "batch/states.h"
+
 namespace tallyfin::batch {
 
 namespace {
@@ -18,6 +20,7 @@ constexpr const char* help =
     "  --header       write the header line (default)\n"
     "  --no-header    don't write it; the input has one all the same\n"
     "  --problems-ok  end with status 0 also where rows had problems\n"
+    "  --states       list what each state reads, as CSV, and end\n"
     "  --quiet        show no progress on a terminal\n"
     "  --help         show this and end\n"
     "  --version      show the version and end\n"
@@ -61,6 +64,7 @@ class Reader {
       }
     }
     if (line_.file == "-") line_.file.reset();
+    if (states_ && !line_.text) line_.text = statesTable(line_.choices.delimiter);
     return line_;
   }
 
@@ -78,6 +82,8 @@ class Reader {
       line_.problemsOk = true;
     } else if (word == "--help") {
       line_.text = help;
+    } else if (word == "--states") {
+      states_ = true;
     } else if (word == "--version") {
       line_.text = "tallyfin99-batch " TALLYFIN_VERSION "\n";
     } else if (const auto jobs = argumentOf("--jobs", word)) {
@@ -102,6 +108,7 @@ class Reader {
   const char* const* next_;
   const char* const* end_;
   bool options_ = true;
+  bool states_ = false;
   CommandLine line_;
 };
 

@@ -11,8 +11,10 @@
 #include "engine/paydata.h"
 #include "engine/services.h"
 #include "engine/settings.h"
+#include "engine/statelist.h"
 #include "engine/trace.h"
 #include "library/cells.h"
+#include "library/options.h"
 #include "stateoptions/handover.h"
 #include "stateoptions/shapes.h"
 
@@ -201,6 +203,21 @@ void Paycheck::reportUnread() {
 /// Reports choices with which no paycheck can be meant, though they have results.
 void Paycheck::reportWhatCannotBeMeant() {
   if (isEmpty(Column::frequency)) report(Column::frequency, "none is chosen and so there is no federal tax");
+  reportOptions();
+}
+
+/// Reports numbers that the state doesn't offer on its options screen.
+void Paycheck::reportOptions() {
+  static constexpr std::array columns{Column::stateDependents, Column::illinoisDependents, Column::stateExemptions,
+                                      Column::stateMarital, Column::stateMethod};
+  const std::string_view state = stateList[static_cast<std::size_t>(stateIndex())].caption;
+  for (const Column column : columns) {
+    const bool empty = isEmpty(column);
+    const bool fine = empty ? !mustBeChosen(stateIndex(), column) : isOffered(stateIndex(), column, number(column));
+    if (fine) continue;
+    report(column, (empty ? "none is chosen where " : "") + std::string(state) + " offers " +
+                       offeredText(stateIndex(), column));
+  }
 }
 
 void Paycheck::report(Column column, std::string_view why) {

@@ -96,6 +96,7 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   void reportUnusable();
   void reportUnread();
   void reportWhatCannotBeMeant();
+  void reportOptions();
   void report(Column column, std::string_view why);
   void makeProblem();
 

@@ -29,12 +29,12 @@ constexpr std::array connecticutRates{
 
 frmState::frmState() : Screen(screenName, "State Options") {
   for (const State& entry : stateList) cboState.add(entry.caption);
-  for (int i = 0; i <= 15; ++i) {
+  for (int i = 0; i <= mostDependents; ++i) {
     cboDeps[0].add(std::to_string(i));
     cboDeps[1].add(std::to_string(i));
   }
   cboDeps[1].enabled = false;
-  cboDeps[1].tooltip = "For Use in Computing Illinois Tax";
+  cboDeps[1].tooltip = illinoisDependentsHint;
   cboSpecialDeps.enabled = false;
 
   cboState.onClick = [this] { cboState_Click(); };
@@ -123,7 +123,7 @@ void frmState::cboState_Click() {
   }
   if (cboState.index() == state::connecticut) payData.staMarried = payData.maritalStat;
   // Stays for every other state until the screen is loaded again.
-  if (cboState.index() == state::michigan) op3Marital[9].setCaption("Claimed as Dependent by Another");
+  if (cboState.index() == state::michigan) op3Marital[9].setCaption(michiganDependentCaption);
   if (cboState.text() != "Illinois") {
     cboDeps[1].enabled = false;
     cboDeps[1].setText("0");
@@ -152,7 +152,7 @@ void frmState::cboSpecialDeps_Click() {
 }
 
 void frmState::op3Marital_Click(int index) {
-  lblStateVariables[2].setCaption("Additional Withholding Amount (State)");
+  lblStateVariables[2].setCaption(additionalCaption);
   payData.staMarried = index;
   if (cboState.index() != state::mississippi) return;
 

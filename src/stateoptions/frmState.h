@@ -7,10 +7,9 @@
 #include "controls/screen.h"
 #include "controls/texts.h"
 #include "engine/int16.h"
+#include "stateoptions/shapes.h"
 
 namespace tallyfin {
-
-struct SpecialList;
 
 /// The state options: everything about state withholding that the main screen doesn't ask.
 ///
@@ -23,20 +22,14 @@ class frmState final : public Screen {
   frmState();
 
   ControlArray<Label, 3> lblStateVariables{
-      *this, "lblStateVariables", {"Dependents (State)", "Select State", "Additional Withholding Amount (State)"}};
+      *this, "lblStateVariables", {dependentsCaption, "Select State", additionalCaption}};
   EditableDropDown cboState{*this, "cboState"};
   /// 0 is the state dependents, 1 the second Illinois count.
   ControlArray<EditableDropDown, 2> cboDeps{*this, "cboDeps"};
   Label lblSpecialDeps{*this, "lblSpecialDeps", "Additional (State) Exemptions"};
   EditableDropDown cboSpecialDeps{*this, "cboSpecialDeps", {"0", "1", "2"}};
   /// The index is the value of `staMarried` that the state routines compare.
-  ControlArray<OptionButton, 10> op3Marital{
-      *this,
-      "op3Marital",
-      {"Single", "Single, claiming full personal exemption(S)", "Single, claiming none (O)",
-       "Married, claiming for both spouses (M)", "Married, claiming for yourself only (S)",
-       "Married, claiming none (O)", "Married Filing Separately", "Married. Spouse NOT employed",
-       "Married. Spouse IS employed.", "Head of Family (Household)"}};
+  ControlArray<OptionButton, 10> op3Marital{*this, "op3Marital", maritalCaptions};
   Panel pnlRate{*this, "pnlRate"};
   ControlArray<OptionButton, 5> optRateSelect{
       *this, "optRateSelect", {"Rate A", "Rate B", "Rate C", "Rate D", "Rate E"}};

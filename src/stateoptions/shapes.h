@@ -13,6 +13,15 @@ struct SpecialList {
   const char* text;  ///< What is chosen at first; empty for nothing.
 };
 
+/// What a state's routine reads of its options, beside the additional amount.
+struct Reads {
+  bool dependents = false;
+  bool illinoisDependents = false;
+  bool special = false;
+  bool marital = false;
+  bool untaxed = true;  ///< Whether the 401(k) and pre-tax amounts may be left untaxed.
+};
+
 /// What the options screen enables for one entry of the state list, beyond the base shape: no marital button, no rate
 /// button, the dependents box, no special list.
 struct Shape {
@@ -21,7 +30,28 @@ struct Shape {
   bool dependents = true;
   const SpecialList* special = nullptr;
   bool opens = false;  ///< Whether choosing the entry on the main screen opens the options by itself.
+  Reads reads = {};
 };
+
+/// The captions of the screen, which also tell what a saved number means. Those of the marital buttons stand by their
+/// index, the number that is saved.
+inline constexpr std::array<const char*, 10> maritalCaptions{"Single",
+                                                             "Single, claiming full personal exemption(S)",
+                                                             "Single, claiming none (O)",
+                                                             "Married, claiming for both spouses (M)",
+                                                             "Married, claiming for yourself only (S)",
+                                                             "Married, claiming none (O)",
+                                                             "Married Filing Separately",
+                                                             "Married. Spouse NOT employed",
+                                                             "Married. Spouse IS employed.",
+                                                             "Head of Family (Household)"};
+inline constexpr const char* michiganDependentCaption = "Claimed as Dependent by Another";
+inline constexpr const char* dependentsCaption = "Dependents (State)";
+inline constexpr const char* illinoisDependentsHint = "For Use in Computing Illinois Tax";
+inline constexpr const char* additionalCaption = "Additional Withholding Amount (State)";
+
+/// The largest number in the two boxes of dependents, which start at 0.
+inline constexpr int mostDependents = 15;
 
 /// The shapes by position in the state list. They are uneven on purpose: Arkansas and Maine enable buttons that nothing
 /// reads, Kentucky opens the screen for nothing but the additional amount.

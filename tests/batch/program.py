@@ -31,7 +31,7 @@ def options():
     answer = run("--help")
     expect("--help tells the options", answer.returncode == 0 and not answer.stderr and
            all(option in answer.stdout for option in (b"--header", b"--no-header", b"--quiet", b"--version", b"--jobs",
-                                                      b"--delimiter", b"--problems-ok")))
+                                                      b"--delimiter", b"--problems-ok", b"--states")))
     answer = run("--version")
     expect("--version", answer.returncode == 0 and answer.stdout.startswith(b"tallyfin99-batch ") and not answer.stderr)
     plain = run(stdin=header + row)
@@ -75,6 +75,20 @@ def refusals():
         with open("/dev/full", "wb") as full:
             answer = subprocess.run([program], input=header + row, stdout=full, stderr=subprocess.PIPE)
         expect("a full disk is told", answer.returncode == 2 and answer.stderr.count(b"\n") == 1)
+
+
+def states():
+    """What each state reads, as CSV."""
+    answer = run("--states")
+    lines = answer.stdout.decode().splitlines()
+    expect("--states", answer.returncode == 0 and not answer.stderr and
+           lines[0] == "state,postal,column,value,meaning" and
+           "Illinois,IL,illinois_dependents,0 to 15,For Use in Computing Illinois Tax" in lines and
+           'Alabama,AL,state_marital,1,"Single, claiming full personal exemption(S)"' in lines)
+    expect("of all 41 states", len({line.split(",")[0] for line in lines[1:]}) == 40)  # North Dakota reads nothing
+    tabs = run("--delimiter", "tab", "--states").stdout.decode().splitlines()
+    expect("with tabs", len(tabs) == len(lines) and
+           "Alabama\tAL\tstate_marital\t1\tSingle, claiming full personal exemption(S)" in tabs)
 
 
 def names():
@@ -311,7 +325,7 @@ def open_quote():
     expect(f"it has stopped reading early: {written}", written < 64 << 20)
 
 
-for check in (options, refusals, names, problems, same_file, short_writes, never_waiting, interrupted, little_memory,
+for check in (options, refusals, states, names, problems, same_file, short_writes, never_waiting, interrupted, little_memory,
               closed_pipe, progress, share_done, memory, open_quote):
     check()
 print("the program keeps its word")

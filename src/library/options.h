@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "library/columns.h"
+
+/// What each state reads of the columns that begin with "state_" and of illinois_dependents, made from the tables that
+/// the options screen uses.
+
+namespace tallyfin::library {
+
+/// A value, or a range of values, that a column takes for a state.
+struct StateValue {
+  std::string_view state;   ///< The entry of the state list.
+  std::string_view postal;  ///< Its postal code.
+  Column column;
+  std::string value;    ///< "3", "0 to 15", "Y or N", "an amount".
+  std::string meaning;  ///< The captions of the screen.
+};
+
+/// All values of all states, by state and column. A state's options that its routine doesn't read, or that aren't handed
+/// over without opening their screen, are left out.
+std::vector<StateValue> stateValues();
+
+/// Whether the options screen of a state offers a number for a column. Where it offers none, 0 stands for nothing.
+bool isOffered(int state, Column column, int number);
+
+/// Whether a state reads a column for which 0, its default, isn't offered: nobody can mean the tax without it.
+bool mustBeChosen(int state, Column column);
+
+/// What a state offers for a column, in words: "0 3 8 9", "0 to 15", "none".
+std::string offeredText(int state, Column column);
+
+}  // namespace tallyfin::library
