@@ -44,12 +44,23 @@ export async function serve(folder = builtPage) {
   };
 }
 
-export const browse = (profile) =>
-  puppeteer.launch({
-    executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
-    userDataDir: profile,
-    args: ['--no-sandbox', '--force-prefers-reduced-motion'], // the page is the project's own
-  });
+/** The browser under test: BROWSER=firefox, else Chromium. */
+export const firefox = process.env.BROWSER === 'firefox';
+
+/** Starts the browser; `prefs` are preferences of Firefox, `args` arguments of Chromium. */
+export const browse = (profile, { prefs = {}, args = [], moving = false } = {}) =>
+  firefox
+    ? puppeteer.launch({
+        browser: 'firefox',
+        executablePath: process.env.FIREFOX ?? '/usr/bin/firefox-esr',
+        userDataDir: profile,
+        extraPrefsFirefox: { 'ui.prefersReducedMotion': 1, ...prefs },
+      })
+    : puppeteer.launch({
+        executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
+        userDataDir: profile,
+        args: ['--no-sandbox', ...(moving ? [] : ['--force-prefers-reduced-motion']), ...args], // the page is the project's own
+      });
 
 /** Opens the page and waits until it is ready; errors and refused resources of the page end up in `page.troubles`. */
 export async function open(browser, address, size = { width: 1100, height: 800 }) {
@@ -58,6 +69,7 @@ export async function open(browser, address, size = { width: 1100, height: 800 }
 
 /** The same in a window of its own, which can be seen beside another. */
 export async function openWindow(context, address, size = { width: 1100, height: 800 }) {
+  if (firefox) return open(context, address, size); // works in a tab behind another too
   const client = await context.browser().target().createCDPSession();
   const before = new Set(context.targets());
   await client.send('Target.createTarget', { url: 'about:blank', browserContextId: context.id, newWindow: true });
@@ -67,6 +79,7 @@ export async function openWindow(context, address, size = { width: 1100, height:
 
 async function enter(page, address, size) {
   page.troubles = [];
+  if (firefox) await page.bringToFront(); // a window behind has no focus to show
   page.on('pageerror', (error) => page.troubles.push(String(error)));
   page.on('console', (message) => message.type() === 'error' && page.troubles.push(message.text()));
   await page.setViewport(size);
@@ -77,6 +90,22 @@ async function enter(page, address, size) {
 
 export const selector = (address) => `[data-address="${address}"]`;
 
+/** Chooses an entry of a list or a drop-down by clicks. */
+async function pick(page, address, number) {
+  const box = await page.$(`${selector(address)}`);
+  const isList = await box.evaluate((element) => element.tagName === 'SELECT');
+  if (!isList) await page.click(await box.evaluate((element) => element.tagName === 'BUTTON') ? selector(address) : `.combo:has(${selector(address)}) .arrow`);
+  const [x, y] = await box.evaluate((element, n) => {
+    const entry = element.options?.[n] ?? element.parentElement.querySelectorAll('[role=option]')[n];
+    element.scrollIntoView({ block: 'nearest' });
+    entry.scrollIntoView({ block: 'nearest' });
+    const { x: left, y: top, height } = entry.getBoundingClientRect();
+    return [left + 20, top + height / 2];
+  }, number);
+  await page.mouse.click(x, y);
+  await box.dispose();
+}
+
 /** The user's acts, by the mouse and the keyboard. */
 export const user = (page) => ({
   click: (address) => page.click(selector(address)),
@@ -85,10 +114,7 @@ export const user = (page) => ({
     await page.keyboard.press('Backspace');
     await page.keyboard.type(text);
   },
-  pick: async (address, number) => {
-    const value = await page.$eval(`select${selector(address)}`, (list, n) => list.options[n].value, number);
-    await page.select(`select${selector(address)}`, value);
-  },
+  pick: (address, number) => pick(page, address, number),
   bar: async (key) => {
     if (await page.$eval('#menu', (menu) => menu.checkVisibility() && menu.ariaExpanded !== 'true')) await page.click('#menu');
     await page.click(selector(`MDIOpen.SSListBar1(${key})`));
@@ -129,7 +155,7 @@ export const screens = {
 async function helpOnPersonal(u, page) {
   await u.bar('Personal');
   await page.keyboard.press('F1');
-  await page.waitForSelector('#erase', { visible: true });
+  await page.waitForFunction(() => document.querySelector('#help-topic h3')?.textContent === 'Personal information' || document.querySelector('#erase').checkVisibility());
 }
 
 /** The windows above the screens, after those: the way to each, and what closes it. */

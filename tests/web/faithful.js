@@ -43,7 +43,7 @@ export const differences = (page) =>
       compare(address, 'visible', !part.hidden, get('visible') && !outOfSight);
       if ('disabled' in element) compare(address, 'enabled', !element.disabled, get('enabled'));
       compare(address, 'looks enabled', !part.classList.contains('off'), get('enabled'));
-      if (get('tooltip') !== '') compare(address, 'tooltip', element.title, get('tooltip'));
+      if (get('tooltip') !== '') compare(address, 'tooltip', element.title.replace(/ \(F\d\)$/, ''), get('tooltip'));
       const caption = () => part.querySelector(':scope > [data-caption]')?.textContent ?? element.textContent;
       const kindless = kind === undefined;
       if (element.tagName === 'SELECT') {
@@ -54,6 +54,8 @@ export const differences = (page) =>
       } else if (element.type === 'radio' || element.type === 'checkbox') {
         compare(address, 'value', element.checked, get('value'));
         if (option && !option.classList.contains('bare')) compare(address, 'caption', caption(), get('caption'));
+      } else if (kind === 'dropdown') {
+        compare(address, 'text', element.textContent, get('text'));
       } else if (kind === 'updown') {
         compare(address, 'value', Number(element.value), get('value'));
       } else if (kind === 'grid') {
@@ -66,6 +68,8 @@ export const differences = (page) =>
       } else if (kindless && !element.querySelector('img')) {
         compare(address, 'caption', caption(), get('caption'));
       }
+      const open = element.role === 'combobox' && part.querySelector('[role=listbox]');
+      if (open) compare(address, 'entries', [...open.children].map((entry) => entry.textContent), get('list'));
       if (kind === 'panel' && part.querySelector(':scope > [data-caption]')) compare(address, 'caption', caption(), get('caption'));
       if (kind === 'calendar') {
         // Its control holds one date; the month that is looked at is the page's.

@@ -2,12 +2,13 @@
 
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
+import { createHash } from 'node:crypto';
 import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
-import { browse, builtPage, open, openWindow, screens, selector, serve, user, windows } from './browser.js';
+import { browse, builtPage, firefox, open, openWindow, screens, selector, serve, user, windows } from './browser.js';
 import { differences } from './faithful.js';
 
 const axe = await readFile(fileURLToPath(import.meta.resolve('axe-core/axe.min.js')), 'utf8');
@@ -197,7 +198,7 @@ test('a forbidden storage gives the defaults, without a word', async (t) => {
   await mkdir(join(profile, 'Default'));
   const forbidding = { profile: { default_content_setting_values: { cookies: 2 } } };
   await writeFile(join(profile, 'Default', 'Preferences'), JSON.stringify(forbidding));
-  const guarded = await browse(profile);
+  const guarded = await browse(firefox ? undefined : profile, { prefs: { 'network.cookie.cookieBehavior': 2 } });
   t.after(() => guarded.close());
   const page = await open(guarded, server.address);
   const why = await page.evaluate(() => {
@@ -220,7 +221,8 @@ test('a forbidden storage gives the defaults, without a word', async (t) => {
   await u.bar('Personal');
   assert.equal(await page.$eval(selector('frmName.txtName'), (box) => box.value), '-');
   assert.deepEqual(await differences(page), []);
-  assert.deepEqual(page.troubles, []);
+  const ofTheBrowser = /ServiceWorker/; // it forbids that too, and says so
+  assert.deepEqual(page.troubles.filter((trouble) => !ofTheBrowser.test(trouble)), []);
 });
 
 test('two tabs share the storage, key by key', async (t) => {
@@ -308,7 +310,10 @@ test('a new version waits until the old one is closed, and comes whole', async (
     assert.ok(text.includes(from));
     await writeFile(join(folder, file), text.replace(from, to));
   };
+  const hashOf = async (file) => createHash('sha256').update(await readFile(join(folder, file))).digest('base64');
+  const before = await hashOf('index.html');
   await change('index.html', 'is loading', 'is on its way');
+  await change('worker.js', before, await hashOf('index.html'));
   await change('worker.js', "version = '", "version = 'next");
   const words = (one) => one.$eval('#loading', (loading) => loading.textContent);
   await page.reload();
@@ -331,7 +336,7 @@ test('a new version waits until the old one is closed, and comes whole', async (
   assert.match(caches[0], /^tallyfin99-next/);
 });
 
-test('the page can be installed', async (t) => {
+test('the page can be installed', { skip: firefox && 'Firefox does not say' }, async (t) => {
   const own = await browse();
   t.after(() => own.close());
   const page = await open(own, server.address);
@@ -382,7 +387,7 @@ async function onPaper(t, page) {
   const folder = await mkdtemp(join(tmpdir(), 'web-'));
   t.after(() => rm(folder, { recursive: true, force: true }));
   await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
-  return execFileSync('pdftotext', ['-layout', join(folder, 'x.pdf'), '-'], { encoding: 'utf8' });
+  return execFileSync('pdftotext', ['-layout', join(folder, 'x.pdf'), '-'], { encoding: 'utf8' }).normalize('NFKC'); // without ligatures
 }
 
 test('printing the form hides what the paper does not have, and shows it again', async (t) => {
@@ -423,6 +428,7 @@ test('printing the form hides what the paper does not have, and shows it again',
 test('by the keyboard alone', async (t) => {
   const page = await fresh(t);
   const focusOn = async (address) => {
+    await page.focus('#skip');
     for (let i = 0; i < 80; ++i) {
       if ((await page.evaluate(() => document.activeElement?.dataset?.address)) === address) return;
       await page.keyboard.press('Tab');
@@ -438,7 +444,7 @@ test('by the keyboard alone', async (t) => {
   await focusOn('frmMain.optStatus(0)');
   await page.keyboard.press('ArrowDown');
   await focusOn('frmMain.cmdToolBar(0)');
-  await page.keyboard.press('Space');
+  await page.keyboard.press(' ');
   const rows = await shownRows(page);
   assert.deepEqual(rows[0], ['Gross Pay', '$1,000.00']);
   assert.deepEqual(await differences(page), []);
@@ -449,9 +455,18 @@ test('by the keyboard alone', async (t) => {
   const exempt = () => page.$eval(selector('frmW4.Label27'), (label) => label.checkVisibility({ visibilityProperty: true }));
   await page.keyboard.press('Enter');
   assert.equal(await exempt(), true);
-  await page.keyboard.press('Space');
+  await page.keyboard.press(' ');
   assert.equal(await exempt(), false);
 });
+
+/** Whether what has the focus is the last part of the page that the Tab key reaches. */
+const isLast = () => {
+  const element = document.activeElement;
+  const after = [...document.querySelectorAll('a[href], button, input, select, [tabindex="0"]')].filter((other) =>
+    element.compareDocumentPosition(other) & Node.DOCUMENT_POSITION_FOLLOWING && other.checkVisibility({ visibilityProperty: true }) &&
+    !other.disabled && !(other.type === 'radio' && other.name === element.name));
+  return after.length === 0;
+};
 
 test('the focus can be seen wherever the Tab key leads', async (t) => {
   const page = await fresh(t);
@@ -459,7 +474,7 @@ test('the focus can be seen wherever the Tab key leads', async (t) => {
   await page.evaluate(() => { window.print = () => {}; });
   for (const [name, go] of Object.entries(screens)) {
     await go(u);
-    await page.evaluate(() => document.activeElement.blur());
+    await page.focus('#skip');
     const seen = new Set();
     for (let i = 0; i < 80; ++i) {
       await page.keyboard.press('Tab');
@@ -468,25 +483,27 @@ test('the focus can be seen wherever the Tab key leads', async (t) => {
         const { outlineStyle, outlineWidth } = getComputedStyle(element);
         return [element === document.body ? '' : element.dataset.address ?? (element.id || element.ariaLabel || element.textContent), outlineStyle === 'solid' && outlineWidth === '2px'];
       });
-      if (what === '') continue; // beyond the end the page comes round
-      if (seen.has(what)) break;
+      if (what === '' || seen.has(what)) break; // beyond the end
       seen.add(what);
       assert.ok(outlined, `${name}: ${what}`);
+      if (await page.evaluate(isLast)) break; // the next one is the browser's
     }
     assert.ok(seen.size > 15, `${name}: ${seen.size} places`); // the list bar alone has fourteen
   }
 });
 
 test('nothing moves where the user wants no motion', async (t) => {
-  const page = await fresh(t);
-  const fading = () => page.$$eval('*', (all) => all.filter((element) => {
-    const { transitionDuration, animationName } = getComputedStyle(element);
-    return transitionDuration !== '0s' || animationName !== 'none';
-  }).length);
-  await page.emulateMediaFeatures([{ name: 'prefers-reduced-motion', value: 'no-preference' }]);
-  assert.ok((await fading()) > 0);
-  await page.emulateMediaFeatures([{ name: 'prefers-reduced-motion', value: 'reduce' }]);
-  assert.equal(await fading(), 0);
+  const fading = async (reduced) => {
+    const own = await browse(undefined, { prefs: { 'ui.prefersReducedMotion': Number(reduced) }, moving: !reduced });
+    t.after(() => own.close());
+    const page = await open(own, server.address);
+    return page.$$eval('*', (all) => all.filter((element) => {
+      const { transitionDuration, animationName } = getComputedStyle(element);
+      return transitionDuration !== '0s' || animationName !== 'none';
+    }).length);
+  };
+  assert.ok((await fading(false)) > 0);
+  assert.equal(await fading(true), 0);
 });
 
 test('a table row is chosen by a click or by Enter, not by the arrows', async (t) => {

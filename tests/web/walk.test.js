@@ -18,16 +18,16 @@ function dice(start) {
 }
 
 const texts = ['0', '1000', '$1,234.56', '(50)', '.06', '2', '-3', 'x', '', '1e3', '99999999', 'ä€'];
-const keys = ['Tab', 'Tab', 'Shift+Tab', 'ArrowDown', 'ArrowUp', 'Enter', 'Space', 'Escape', 'F1'];
+const keys = ['Tab', 'Tab', 'Shift+Tab', 'ArrowDown', 'ArrowUp', 'Enter', ' ', 'Escape', 'F1'];
 
 /** The elements that a user could act on now; each by its number in `window.places`, its type and its name. */
 const placesOf = (page, within) =>
   page.evaluate((onlyScreen) => {
     const modal = [...document.querySelectorAll('dialog[open]')].at(-1);
     const roots = modal ? [modal] : [...document.querySelectorAll(`${onlyScreen ? '' : '#bar, #tabs, '}section[data-screen]:not([hidden]), #ended`)];
-    window.places = roots.flatMap((root) => [...root.querySelectorAll('button, input, select, output, [data-kind=grid] td, p[data-address], label[data-address], span[data-address]')])
+    window.places = roots.flatMap((root) => [...root.querySelectorAll('button, input, select, .arrow, [role=option], output, [data-kind=grid] td, p[data-address], label[data-address], span[data-address]')])
       .filter((place) => !place.disabled && place.checkVisibility({ visibilityProperty: true }));
-    return window.places.map((place) => [place.type ?? place.tagName, place.dataset.address ?? (place.id || place.textContent)]);
+    return window.places.map((place) => [place.role ?? place.type ?? place.tagName, place.dataset.address ?? (place.id || place.textContent)]);
   }, within);
 
 async function press(page, key) {
@@ -39,15 +39,15 @@ async function press(page, key) {
 
 async function actOn(page, place, type, random) {
   if (type === 'select-one') {
-    // A list that has opened stands outside of the page; what the user chooses there reaches it as this event.
-    const entry = random(1 << 16);
-    await place.evaluate((list, n) => {
-      list.focus();
-      if (list.options.length === 0) return;
-      list.selectedIndex = n % list.options.length;
-      list.dispatchEvent(new Event('change', { bubbles: true }));
-    }, entry);
-  } else if (type === 'text' || type === 'number') {
+    const number = await place.evaluate((list, n) => n % (list.options.length || 1), random(1 << 16));
+    const [x, y] = await place.evaluate((list, n) => {
+      list.scrollIntoView({ block: 'center' });
+      list.options[n]?.scrollIntoView({ block: 'nearest' });
+      const { left, top, height } = (list.options[n] ?? list).getBoundingClientRect();
+      return [left + 20, top + height / 2];
+    }, number);
+    await page.mouse.click(x, y);
+  } else if (type === 'text' || type === 'number' || (type === 'combobox' && await place.evaluate((box) => box.tagName === 'INPUT'))) {
     await place.click({ count: 3 });
     await page.keyboard.press('Backspace');
     await page.keyboard.type(texts[random(texts.length)]);
@@ -94,7 +94,7 @@ test(`a walk of ${steps} steps from seed ${seed}`, async (t) => {
   }
   assert.deepEqual(page.troubles, []);
   t.diagnostic(`met: ${[...met].map(([type, number]) => `${number} ${type}`).join(', ')}`);
-  for (const type of ['button', 'text', 'radio', 'checkbox', 'select-one']) assert.ok(met.get(type) > 0, type);
+  for (const type of ['button', 'text', 'radio', 'checkbox', 'select-one', 'combobox']) assert.ok(met.get(type) > 0, type);
 });
 
 test('an element that shows something else than its control holds is noticed', async (t) => {
@@ -108,8 +108,9 @@ test('an element that shows something else than its control holds is noticed', a
     'frmMain.lblIncome caption': () => { at('frmMain.lblIncome').textContent = 'x'; },
     'frmMain.optStatus(1) value': () => { at('frmMain.optStatus(1)').checked = true; },
     'frmMain.optStatus(1) caption': () => { at('frmMain.optStatus(1)').nextElementSibling.textContent = 'x'; },
-    'frmMain.cboState index': () => { at('frmMain.cboState').selectedIndex = 3; },
-    'frmMain.cboState list': () => { at('frmMain.cboState').options[2].text = 'x'; },
+    'frmMain.cboState text': () => { at('frmMain.cboState').textContent = 'x'; },
+    'frmMain.lstFrequency index': () => { at('frmMain.lstFrequency').selectedIndex = 3; },
+    'frmMain.lstFrequency list': () => { at('frmMain.lstFrequency').options[2].text = 'x'; },
     'frmMain.txtHours enabled': () => { at('frmMain.txtHours').disabled = true; },
     'frmMain.cmdToolBar(0) visible': () => { at('frmMain.cmdToolBar(0)').hidden = true; },
     'frmMain.cmdToolBar(0) tooltip': () => { at('frmMain.cmdToolBar(0)').title = 'x'; },

@@ -36,6 +36,9 @@ function showInBox(element, { text, shown, selstart, sellength }) {
   const wanted = editing ? text : shown ?? text;
   if (element.value !== wanted) element.value = wanted;
   if (editing && sellength > 0) element.setSelectionRange(selstart, selstart + sellength);
+  if (editing) return;
+  element.scrollLeft = 0;
+  element.title = element.scrollWidth > element.clientWidth ? element.value : element.dataset.tooltip ?? '';
 }
 
 function showGrid(table, { cells }) {
@@ -65,7 +68,10 @@ const kinds = {
       fillList(element, list);
       if (element.selectedIndex !== index) element.selectedIndex = index;
     },
-    pick: (element, address) => protocol.tell('pick', address, element.selectedIndex),
+  },
+  dropdown: {
+    properties: ['text'],
+    show: (element, { text }) => setText(element, text),
   },
   updown: {
     properties: ['value'],
@@ -132,6 +138,12 @@ function values(element, address) {
   return all;
 }
 
+/** What the pointer is told: the control's words, and the key that presses it. */
+function tooltip(element, now) {
+  const key = element.getAttribute('aria-keyshortcuts');
+  return key ? `${now.tooltip || element.textContent.trim()} (${key})` : now.tooltip;
+}
+
 /** Makes an element show what its control holds. */
 function refresh(element) {
   const { address } = element.dataset;
@@ -144,7 +156,7 @@ function refresh(element) {
   const onGround = now.backcolor !== 'default' && kindOf(element) === kinds.label;
   part.style.color = now.enabled ? colour(now.forecolor) || (onGround ? ink : '') : '';
   element.style.backgroundColor = colour(now.backcolor);
-  if (now.tooltip && !element.title) element.title = now.tooltip;
+  if (!element.title) element.title = element.dataset.tooltip = tooltip(element, now);
   kindOf(element).show?.(element, now);
 }
 
@@ -164,6 +176,10 @@ function addressedAt(place) {
   const option = place.closest('.option')?.querySelector('[data-address]');
   return option ?? place.closest('[data-address]');
 }
+
+/** A text box shows something else while it has the focus. A list doesn't: a click that gives it the focus has already moved
+ * its marker in some browsers, and to show the control's choice again would undo the click. */
+const boxOf = (element) => (element.dataset.address && kindOf(element) === kinds.text ? element : undefined);
 
 /** Ties all elements below `root`. `act` runs a function that acts and then brings the page up to date. */
 export function bind(root, act) {
@@ -198,18 +214,18 @@ export function bind(root, act) {
     if (!address) return;
     act(() => {
       if (protocol.focused() !== address) protocol.tell('focus', address);
-    }, target);
+    }, boxOf(target));
   });
   // A box that isn't being edited any more shows its format.
   root.addEventListener('focusout', ({ target }) => {
-    if (target.dataset.address) setTimeout(() => act(() => {}, target));
+    if (boxOf(target)) setTimeout(() => act(() => {}, target));
   });
 }
 
-/** A list takes a choice at once, one with data-choose="enter" a click or Enter; a drop-down opens by the arrows first. */
+/** A list takes a choice at once, one with data-choose="enter" a click or Enter. */
 function bindLists(root, act) {
   const listOf = ({ target }) => target.closest?.('select[data-address]');
-  const pick = (list) => act(() => kinds.list.pick(list, list.dataset.address), list);
+  const pick = (list) => act(() => protocol.tell('pick', list.dataset.address, list.selectedIndex), list);
   let byKey = false;
   let picked = false;
 
@@ -225,19 +241,14 @@ function bindLists(root, act) {
   });
   root.addEventListener('click', (event) => {
     const list = listOf(event);
-    const again = event.target.tagName === 'OPTION' && list?.size > 1 && !picked;
-    if (again) pick(list); // a click on the chosen entry chooses it again
+    if (list && event.target.tagName === 'OPTION' && !picked) pick(list); // a click on the chosen entry chooses it again
   });
   root.addEventListener('keydown', (event) => {
     byKey = true;
     const list = listOf(event);
-    if (!list) return;
-    if (list.size > 1) {
-      if (event.key === 'Enter' && list.dataset.choose === 'enter' && list.selectedIndex >= 0) pick(list);
-    } else if ((event.key === 'ArrowDown' || event.key === 'ArrowUp') && list.showPicker) {
-      event.preventDefault();
-      list.showPicker();
-    }
+    if (event.key !== 'Enter' || list?.dataset.choose !== 'enter' || list.selectedIndex < 0) return;
+    event.preventDefault(); // the choice may move the focus to a button, which the key isn't for
+    pick(list);
   });
 }
 

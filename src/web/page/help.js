@@ -1,5 +1,7 @@
 // The help viewer: topics of the two books, found by their contents and by the links in them.
 
+import { followHistory } from './history.js';
+
 const at = (id) => document.getElementById(id);
 const program = 'Tallyfin.hlp';
 const form = 'W4.hlp';
@@ -10,7 +12,9 @@ let here = null;
 /** The topics of a book: each is a heading with an id and what follows it. */
 async function book(file) {
   if (books.has(file)) return books.get(file);
-  const text = await (await fetch(`help/${file}`)).text();
+  const response = await fetch(`help/${file}`);
+  if (!response.ok) throw new Error(`${file}: ${response.status}`);
+  const text = await response.text();
   const source = new DOMParser().parseFromString(text, 'text/html');
   const topics = new Map();
   let topic = null;
@@ -39,11 +43,19 @@ function shown(node) {
 }
 
 async function show(file, id) {
-  const topics = await book(file);
+  let topics;
+  try {
+    topics = await book(file);
+  } catch {
+    return offerAgain(file, id);
+  }
   const topic = topics.get(id) ?? [...topics.values()][0];
   here = { file, id };
   at('help-topic').replaceChildren(...topic.nodes.map(shown));
   at('help-topic').scrollTop = 0;
+  const heading = at('help-topic').querySelector('h3');
+  heading.tabIndex = -1;
+  heading.focus();
   at('help-contents').replaceChildren(
     ...[...topics].map(([key, { title }]) => {
       const link = document.createElement('a');
@@ -57,19 +69,32 @@ async function show(file, id) {
   at('help-back').disabled = past.length === 0;
 }
 
+/** The book can't be loaded now. */
+function offerAgain(file, id) {
+  const words = document.createElement('p');
+  words.textContent = "The help can't be loaded.";
+  const again = document.createElement('button');
+  again.type = 'button';
+  again.textContent = 'Try again';
+  again.addEventListener('click', () => show(file, id));
+  at('help-topic').replaceChildren(words, again);
+  again.focus();
+}
+
 /** Opens a book at a topic. */
 export async function openHelp(file, id) {
   past.length = 0;
-  if (!at('help').open) at('help').showModal();
+  if (!at('help').open) {
+    at('help').showModal();
+    followHistory();
+  }
   await show(file, id);
 }
 
 /** Opens the book that has the topic, at it. */
 export async function openHelpOn(id) {
-  for (const file of [program, form]) {
-    if ((await book(file)).has(id)) return openHelp(file, id);
-  }
-  return openHelp(program, 'index');
+  const found = await Promise.all([program, form].map((file) => book(file).then((topics) => topics.has(id), () => false)));
+  return found[1] ? openHelp(form, id) : openHelp(program, found[0] ? id : 'index');
 }
 
 export function prepareHelp() {

@@ -1,17 +1,21 @@
-// The page: starts the program, shows its screens and stands in for the machine around it.
+// The page: starts the program, carries the user's acts out and stands in for the machine around it.
 
 import * as protocol from './protocol.js';
 import * as storage from './store.js';
 import { addKind, bind, elementOf, refreshChanged } from './binder.js';
+import { bindDropDowns } from './dropdown.js';
+import { bindPasting } from './paste.js';
 import { calendar } from './calendar.js';
-import { report } from './report.js';
+import { fit, report } from './report.js';
+import { bindHistory, followHistory } from './history.js';
+import { bindPrinting, print, printScreen } from './printing.js';
+import { closeFront, countOpen, followFocus, frontScreen, keepFocus, moveFocus, updateFrame } from './frame.js';
 import { openHelp, openHelpOn, prepareHelp } from './help.js';
 import { prepareExplanation, refreshExplanation } from './explanation.js';
+import { startWorker, watched } from './notices.js';
 
 const at = (id) => document.getElementById(id);
-const screenElements = [...document.querySelectorAll('[data-screen]')];
-let front = '';
-let printed = null;
+const calculate = 'frmMain.cmdToolBar(0)';
 
 addKind('calendar', calendar);
 addKind('engine', report);
@@ -19,109 +23,38 @@ addKind('engine', report);
 /** Carries an act out and brings the page up to date with what it changed. */
 function act(deed, element) {
   const before = protocol.focused();
+  const had = document.activeElement;
   deed();
   update(element);
+  if (had !== document.body) keepFocus();
   const now = protocol.focused();
   if (now && now !== before) followFocus(now);
-}
-
-function followFocus(address) {
-  const element = elementOf(address);
-  if (element && element !== document.activeElement && !element.closest('.combo')?.contains(document.activeElement)) {
-    element.focus({ preventScroll: false });
-  }
+  if (element?.dataset.address === calculate) showResults();
 }
 
 function update(element) {
   const changes = refreshChanged(element);
   if (changes.length === 0 && element === undefined) return;
-  const running = protocol.ask('running');
-  const { shown } = protocol.ask('screens') ?? { shown: [] };
-  at('ended').hidden = running;
-  for (const view of screenElements) {
-    const name = view.dataset.screen;
-    if (view.tagName === 'DIALOG') showBox(view, shown.includes(name));
-  }
-  const documents = shown.filter((name) => documentOf(name));
-  showDocuments(documents);
-  if (changes.some((address) => address.startsWith('frmMain'))) refreshExplanation();
-}
-
-const documentOf = (name) => document.querySelector(`section[data-screen="${name}"]`);
-const titleOf = (name) => protocol.ask('get', name, 'title') ?? '';
-
-function showBox(dialog, open) {
-  for (const title of dialog.querySelectorAll('[data-title]')) title.textContent = titleOf(title.dataset.title);
-  if (open && !dialog.open) dialog.showModal();
-  if (!open && dialog.open) dialog.close();
-}
-
-function showDocuments(names) {
-  const [active = ''] = names;
-  for (const view of document.querySelectorAll('section[data-screen]')) view.hidden = view.dataset.screen !== active;
-  if (active) document.querySelector(`#${active}-title`).textContent = titleOf(active);
-  showTabs(names);
-  if (active !== front) {
-    front = active;
-    window.scrollTo(0, 0);
-    // The focus doesn't stay behind on a screen that has gone.
-    if (active && (document.activeElement === document.body || document.activeElement === null)) {
-      document.querySelector(`#${active}-title`).focus();
-    }
+  updateFrame({ fromBar: at('bar').contains(element ?? null), act });
+  if (changes.some((address) => address.startsWith('frmMain'))) {
+    refreshExplanation();
+    sayWhyNoFederalTax();
   }
 }
 
-/** The open screens, with a way to each and one to close it. */
-function showTabs(names) {
-  const sorted = [...names].sort();
-  const wanted = sorted.join() + front + names[0];
-  const tabs = at('tabs');
-  if (tabs.dataset.shows === wanted) return;
-  tabs.dataset.shows = wanted;
-  tabs.hidden = names.length === 0;
-  tabs.replaceChildren(
-    ...sorted.map((name) => {
-      const tab = document.createElement('span');
-      const title = titleOf(name);
-      tab.append(
-        button(title, () => act(() => protocol.tell('click', name)), name === names[0]),
-        button('×', () => act(() => protocol.tell('close', name)), false, `Close ${title}`),
-      );
-      return tab;
-    }),
-  );
+/** The check and the way to its explanation come into view. */
+function showResults() {
+  at('explain').scrollIntoView({ block: 'nearest' });
 }
 
-function button(text, onClick, current, name) {
-  const element = document.createElement('button');
-  element.type = 'button';
-  element.textContent = text;
-  if (current) element.setAttribute('aria-current', 'page');
-  if (name) element.setAttribute('aria-label', name);
-  element.addEventListener('click', onClick);
-  return element;
-}
-
-/** Prints an element of the page, a screen or another. */
-function print(element) {
-  update();
-  printed = element;
-  window.print();
-}
-
-function bindPrinting() {
-  // Without a word from the program the browser prints the screen in front.
-  window.addEventListener('beforeprint', () => (printed ?? documentOf(front))?.classList.add('printed'));
-  window.addEventListener('afterprint', () => {
-    document.querySelector('.printed')?.classList.remove('printed');
-    printed = null;
-  });
-  at('print-report').addEventListener('click', () => print(documentOf('frmPrint')));
+/** Without a frequency there is no table to take the federal tax from. */
+function sayWhyNoFederalTax() {
+  const cells = protocol.ask('get', 'frmMain.dbgDisplay', 'cells') ?? [];
+  at('no-frequency').hidden = cells.length === 0 || protocol.ask('get', 'frmMain.lstFrequency', 'index') !== -1;
 }
 
 function startRun() {
-  act(() => protocol.tell('start'));
-  document.title = titleOf('MDIOpen');
+  act(() => protocol.tell('start'), at('again'));
 }
 
 function eraseStorage() {
@@ -131,26 +64,60 @@ function eraseStorage() {
   for (const dialog of document.querySelectorAll('dialog[open]')) dialog.close();
   protocol.tell('kill');
   startRun();
+  refreshExplanation();
 }
 
-function bindPage() {
-  bind(document.body, act);
+/** Opens a window of the page's own. */
+function openWindow(dialog) {
+  dialog.showModal();
+  followHistory();
+}
+
+function bindWindows() {
   for (const dismiss of document.querySelectorAll('[data-dismiss]')) {
     dismiss.addEventListener('click', () => dismiss.closest('dialog').close());
   }
   for (const close of document.querySelectorAll('[data-close]')) {
     close.addEventListener('click', () => act(() => protocol.tell('close', close.dataset.close)));
   }
-  for (const dialog of document.querySelectorAll('dialog[data-screen]')) {
+  for (const dialog of document.querySelectorAll('dialog')) {
+    dialog.addEventListener('close', () => {
+      keepFocus();
+      followHistory();
+    });
+    if (!dialog.dataset.screen) continue;
     dialog.addEventListener('cancel', (event) => {
       event.preventDefault();
       act(() => protocol.tell('close', dialog.dataset.screen));
     });
   }
-  at('again').addEventListener('click', startRun);
-  at('print-form').addEventListener('click', () => act(() => protocol.tell('dblclick', 'frmW4')));
-  at('erase').addEventListener('click', () => at('question').showModal());
+  for (const button of document.querySelectorAll('.erase')) button.addEventListener('click', () => openWindow(at('question')));
   at('erase-yes').addEventListener('click', eraseStorage);
+}
+
+const helpOnFront = () => openHelpOn(frontScreen()?.dataset.screen);
+
+/** Keys that act wherever the focus is. */
+const keys = {
+  F1: helpOnFront,
+  F9: () => [...(frontScreen()?.querySelectorAll('[aria-keyshortcuts=F9]') ?? [])].find((button) => button.checkVisibility())?.click(),
+};
+
+function bindPage() {
+  // Forced colours draw a picture by its shape.
+  for (const picture of document.querySelectorAll('img')) picture.style.setProperty('--picture', `url("${picture.src}")`);
+  bind(document.body, act);
+  bindDropDowns(document.body, act);
+  bindPasting(document.body);
+  bindWindows();
+  at('skip').addEventListener('click', (event) => {
+    event.preventDefault();
+    moveFocus();
+  });
+  at('again').addEventListener('click', startRun);
+  at('help-here').addEventListener('click', helpOnFront);
+  at('print-form').addEventListener('click', () => act(() => protocol.tell('dblclick', 'frmW4')));
+  at('fit-report').addEventListener('click', () => act(() => fit(at('report')), at('frmPrint-udZoom')));
   at('menu').addEventListener('click', () => openMenu(at('menu').getAttribute('aria-expanded') !== 'true'));
   at('bar').addEventListener('click', (event) => event.target.closest('button') && openMenu(false));
   elementOf('frmW4.Label20').addEventListener('keydown', (event) => {
@@ -159,9 +126,10 @@ function bindPage() {
     act(() => protocol.tell(event.key === 'Enter' ? 'dblclick' : 'click', 'frmW4.Label20'));
   });
   document.addEventListener('keydown', (event) => {
-    if (event.key !== 'F1') return;
+    const deed = keys[event.key];
+    if (!deed || document.querySelector('dialog[data-screen][open]')) return;
     event.preventDefault();
-    openHelpOn(front);
+    deed();
   });
 }
 
@@ -171,8 +139,11 @@ function openMenu(open) {
 
 performance.mark('opening');
 await protocol.open({
-  storage,
-  pagePrints: (name) => print(documentOf(name)),
+  storage: watched(storage),
+  pagePrints: (name) => {
+    update();
+    printScreen(name);
+  },
   pageHelps: (file, context) => openHelp(file, context === 0 ? 'index' : String(context)),
 });
 performance.mark('opened');
@@ -180,8 +151,9 @@ bindPage();
 bindPrinting();
 prepareHelp();
 prepareExplanation(print);
-startRun();
 at('loading').hidden = true;
+bindHistory(countOpen, () => closeFront(act));
+startRun();
 document.body.dataset.ready = '';
 performance.mark('ready');
-navigator.serviceWorker?.register('worker.js').catch(() => {}); // without one the page still works, over the network
+startWorker();

@@ -9,7 +9,17 @@ export async function open(page) {
   module = await load(page);
 }
 
-const call = (name, ...texts) => module.ccall(name, 'string', texts.map(() => 'string'), texts);
+/** A text goes over the heap, for the stack has no room for a long one. */
+function call(name, text) {
+  if (text === undefined) return module.ccall(name, 'string', [], []);
+  const place = module.allocateUTF8(text);
+  if (place === 0) throw new Error('no memory');
+  try {
+    return module.ccall(name, 'string', ['number'], [place]);
+  } finally {
+    module._free(place);
+  }
+}
 
 /** Carries a command out. Returns the answer's first word: "ok", or why not. Texts are quoted by `quoted`. */
 export function tell(...words) {

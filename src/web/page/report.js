@@ -1,5 +1,7 @@
 // The print engine's kind: the report as a sheet of Letter paper, on the screen at its zoom and on paper.
 
+import { tell } from './protocol.js';
+
 function widths(table) {
   return table.split(';')[0].split('|').map((column) => ({ right: column[0] === '>', twips: Number(column.slice(1)) }));
 }
@@ -27,6 +29,16 @@ function tableOf(cells, columns) {
     });
   });
   return table;
+}
+
+const full = 816; // pixels of a sheet's width at 100 percent
+
+/** Turns the zoom so that the sheet is as wide as the preview. */
+export function fit(preview) {
+  const { paddingLeft, paddingRight } = getComputedStyle(preview);
+  const room = preview.clientWidth - parseFloat(paddingLeft) - parseFloat(paddingRight);
+  const [least, most] = [10, 400];
+  tell('pick', 'frmPrint.udZoom', Math.min(most, Math.max(least, Math.floor((100 * room) / full))));
 }
 
 export const report = {

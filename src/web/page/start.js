@@ -1,0 +1,68 @@
+// Starts the page, and says what keeps it from working: a file that can't be loaded, or a failure later on. It is the one
+// script that needs no other.
+
+(() => {
+  const at = (id) => document.getElementById(id);
+
+  function fail(words, offer, goOn) {
+    for (const dialog of document.querySelectorAll('dialog[open]')) dialog.close();
+    for (const part of [...document.querySelectorAll('#area > :not(#failure), #bar, #menu, .header-end')]) part.hidden = true;
+    at('failure-words').textContent = words;
+    at('failure-again').textContent = offer;
+    at('failure-again').addEventListener('click', goOn);
+    at('failure').hidden = false;
+    at('failure-again').focus();
+  }
+
+  const nameOf = (address) => new URL(address).pathname.split('/').at(-1);
+
+  /** Why a file of the page can't be used; nothing where it can. */
+  async function trouble(address) {
+    try {
+      const response = await fetch(address, { cache: 'reload' });
+      const type = response.headers.get('content-type') ?? '';
+      if (!response.ok) return `${nameOf(address)} (${response.status})`;
+      if (address.endsWith('.js') && !type.includes('javascript')) return `${nameOf(address)} (it came as ${type || 'no type'})`;
+      return type.includes('html') ? `${nameOf(address)} (it came as ${type})` : '';
+    } catch {
+      return `${nameOf(address)} (no answer)`;
+    }
+  }
+
+  async function sayWhatIsMissing(error) {
+    const files = [...document.querySelectorAll('link[rel=modulepreload], link[rel=preload]')].map((link) => link.href);
+    const troubles = (await Promise.all(files.map(trouble))).filter((one) => one !== '');
+    const what = troubles.length > 0 ? troubles.join(', ') : String(error);
+    fail(`Tallyfin 99 can't be loaded: ${what}.`, 'Try again', tryAgain);
+  }
+
+  /** Files that were kept for use without a network may be the trouble. */
+  async function tryAgain() {
+    try {
+      const own = (await caches.keys()).filter((name) => name.startsWith('tallyfin99-'));
+      await Promise.all(own.map((name) => caches.delete(name)));
+      await (await navigator.serviceWorker?.getRegistration())?.unregister();
+    } finally {
+      location.reload();
+    }
+  }
+
+  let ended = false;
+  function stop(error) {
+    if (ended) return;
+    ended = true;
+    console.error(error);
+    fail('Tallyfin 99 has stopped. Everything that was stored is kept.', 'Load again', () => location.reload());
+  }
+
+  window.addEventListener('error', ({ error, filename }) => {
+    if (document.body.dataset.ready !== undefined && filename.startsWith(location.origin)) stop(error);
+  });
+  window.addEventListener('unhandledrejection', ({ reason }) => {
+    if (document.body.dataset.ready !== undefined) stop(reason);
+  });
+
+  at('unstarted').remove();
+  at('loading').hidden = false;
+  import('./page.js').catch(sayWhatIsMissing);
+})();
