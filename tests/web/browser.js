@@ -15,9 +15,10 @@ const types = {
   '.svg': 'image/svg+xml', '.json': 'application/json',
 };
 
-/** Serves the page; `bytes` counts what went over the wire, gzipped. */
+/** Serves the page; `bytes` counts what went over the wire, gzipped. `faults` says for a path what is answered instead. */
 export async function serve(folder = builtPage) {
   const counter = { bytes: 0, requests: [] };
+  const faults = new Map();
   const zipped = new Map(); // each file once, as long as it stays the same
   const bodyOf = async (path) => {
     const name = `${path} of ${(await stat(path)).mtimeMs}`;
@@ -27,9 +28,11 @@ export async function serve(folder = builtPage) {
   const server = createServer(async (request, response) => {
     const path = normalize(new URL(request.url, 'http://x').pathname).replace(/\/$/, '/index.html');
     try {
+      counter.requests.push(path);
+      const fault = faults.get(path);
+      if (fault) return response.writeHead(fault.status ?? 200, { 'content-type': fault.type ?? 'text/html' }).end(fault.body ?? '<p>Sign in.');
       const body = await bodyOf(join(folder, path));
       counter.bytes += body.length;
-      counter.requests.push(path);
       const type = types[extname(path)] ?? 'application/octet-stream';
       response.writeHead(200, { 'content-type': type, 'content-encoding': 'gzip' }).end(body);
     } catch {
@@ -39,6 +42,7 @@ export async function serve(folder = builtPage) {
   await new Promise((done) => server.listen(0, '127.0.0.1', done));
   return {
     counter,
+    faults,
     address: `http://127.0.0.1:${server.address().port}/`,
     close: () => new Promise((done) => { server.closeAllConnections(); server.close(done); }),
   };
@@ -77,6 +81,14 @@ export async function openWindow(context, address, size = { width: 1100, height:
   return enter(await target.page(), address, size);
 }
 
+/** Opens the page, ready or not. */
+export async function visit(context, address, size = { width: 1100, height: 800 }) {
+  const page = await context.newPage();
+  await page.setViewport(size);
+  await page.goto(address);
+  return page;
+}
+
 async function enter(page, address, size) {
   page.troubles = [];
   if (firefox) await page.bringToFront(); // a window behind has no focus to show
@@ -86,6 +98,12 @@ async function enter(page, address, size) {
   await page.goto(address);
   await page.waitForSelector('body[data-ready]');
   return page;
+}
+
+/** Media features of a page in Chromium; Firefox has preferences for them. */
+export async function emulate(page, features) {
+  const client = await page.createCDPSession();
+  await client.send('Emulation.setEmulatedMedia', { features });
 }
 
 export const selector = (address) => `[data-address="${address}"]`;

@@ -211,7 +211,7 @@ export function bind(root, act) {
 
   root.addEventListener('focusin', ({ target }) => {
     const { address } = target.dataset;
-    if (!address) return;
+    if (!address || target.getAttribute('tabindex') === '-1') return; // a heading has no focus of the program's
     act(() => {
       if (protocol.focused() !== address) protocol.tell('focus', address);
     }, boxOf(target));

@@ -53,9 +53,6 @@ async function show(file, id) {
   here = { file, id };
   at('help-topic').replaceChildren(...topic.nodes.map(shown));
   at('help-topic').scrollTop = 0;
-  const heading = at('help-topic').querySelector('h3');
-  heading.tabIndex = -1;
-  heading.focus();
   at('help-contents').replaceChildren(
     ...[...topics].map(([key, { title }]) => {
       const link = document.createElement('a');
@@ -67,6 +64,9 @@ async function show(file, id) {
   );
   at('erase-row').hidden = !(file === program && (id === 'frmName' || id === 'privacy'));
   at('help-back').disabled = past.length === 0;
+  const heading = at('help-topic').querySelector('h3');
+  heading.tabIndex = -1;
+  heading.focus();
 }
 
 /** The book can't be loaded now. */

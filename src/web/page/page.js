@@ -25,10 +25,10 @@ function act(deed, element) {
   const before = protocol.focused();
   const had = document.activeElement;
   deed();
-  update(element);
-  if (had !== document.body) keepFocus();
   const now = protocol.focused();
+  update(element);
   if (now && now !== before) followFocus(now);
+  if (had !== document.body) keepFocus();
   if (element?.dataset.address === calculate) showResults();
 }
 

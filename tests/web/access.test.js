@@ -1,0 +1,457 @@
+// For every hand and eye: the keyboard, where the focus goes, colours that a user has set, letters of any size, telephones, paper.
+
+import assert from 'node:assert/strict';
+import { execFileSync } from 'node:child_process';
+import { mkdtemp, rm, writeFile } from 'node:fs/promises';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { after, before, test } from 'node:test';
+import { browse, emulate, firefox, open, screens, selector, serve, user, windows } from './browser.js';
+import { differences } from './faithful.js';
+
+let browser;
+let server;
+
+before(async () => {
+  browser = await browse();
+  server = await serve();
+});
+after(async () => {
+  await browser.close();
+  await server.close();
+});
+
+async function fresh(t, size, own = browser) {
+  const context = await own.createBrowserContext();
+  t.after(() => context.close());
+  return open(context, server.address, size);
+}
+
+const hold = (page, address, property) =>
+  page.evaluate(async (a, p) => (await import('./protocol.js')).ask('get', a, p), address, property);
+const isOpen = (page, address) => page.$eval(selector(address), (box) => box.ariaExpanded === 'true' && box.parentElement.querySelector('[role=listbox]').checkVisibility());
+const marked = (page) => page.$eval('[role=option][aria-selected=true]', (entry) => entry.textContent);
+
+async function chord(page, modifier, key) {
+  await page.keyboard.down(modifier);
+  await page.keyboard.press(key);
+  await page.keyboard.up(modifier);
+}
+
+test('letters typed on a closed drop-down open it, and only Enter chooses', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  await page.focus(selector('frmMain.cboState'));
+  await page.keyboard.type('Mis');
+  assert.equal(await marked(page), 'Mississippi');
+  assert.ok(await isOpen(page, 'frmMain.cboState'));
+  assert.equal(await hold(page, 'frmMain.cboState', 'text'), 'No State');
+  assert.equal(await u.front(), 'frmMain');
+  await page.keyboard.press('Escape');
+  assert.equal(await page.$('[role=listbox]'), null);
+  assert.equal(await hold(page, 'frmMain.cboState', 'text'), 'No State');
+  await page.keyboard.type('penn');
+  await page.keyboard.press('Enter');
+  assert.equal(await hold(page, 'frmMain.cboState', 'text'), 'Pennsylvania');
+  assert.equal(await page.$eval(selector('frmMain.cboState'), (box) => box.textContent), 'Pennsylvania');
+  await page.keyboard.type('nnn'); // one letter again and again
+  assert.equal(await marked(page), 'New Jersey');
+});
+
+test('the four editable drop-downs open by Down, Alt+Down and F4, and hold the entries of their controls', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('StateInfo');
+  const boxes = ['frmState.cboState', 'frmState.cboDeps(0)', 'frmState.cboDeps(1)', 'frmState.cboSpecialDeps'];
+  const chooseState = async (name) => {
+    await page.focus(selector(boxes[0]));
+    await page.$eval(selector(boxes[0]), (box) => box.select());
+    await page.keyboard.type(name);
+    await page.keyboard.press('Enter');
+  };
+  await chooseState('illinois');
+  await page.focus(selector(boxes[1]));
+  await page.keyboard.press('Enter'); // a count of dependents enables the second one
+  const opened = [];
+  for (const box of boxes) {
+    if (box === boxes[3]) await chooseState('michigan');
+    const [arrow, enabled] = await page.$eval(selector(box), (element) => {
+      const place = element.parentElement.querySelector('.arrow');
+      const { width, height } = place.getBoundingClientRect();
+      return [width * height > 0 && getComputedStyle(place, '::after').borderBottomStyle === 'solid', !element.disabled];
+    });
+    assert.ok(arrow, `${box} has an arrow`);
+    if (!enabled) continue;
+    opened.push(box);
+    await page.focus(selector(box));
+    for (const way of [() => page.keyboard.press('ArrowDown'), () => chord(page, 'Alt', 'ArrowDown'), () => page.keyboard.press('F4')]) {
+      await way();
+      assert.ok(await isOpen(page, box), box);
+      assert.deepEqual(await differences(page), []);
+      await page.keyboard.press('Escape');
+      assert.equal(await isOpen(page, box).catch(() => false), false);
+    }
+  }
+  assert.deepEqual(opened, boxes);
+});
+
+test('a typed text that is an entry, in any case of letters, chooses it by Enter and by leaving the box', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('StateInfo');
+  const box = 'frmState.cboState';
+  const replace = async (text) => {
+    await page.focus(selector(box));
+    await page.$eval(selector(box), (element) => element.select());
+    await page.keyboard.type(text);
+  };
+  await replace('ILLINOIS');
+  assert.equal(await hold(page, box, 'index'), -1);
+  await page.keyboard.press('Enter');
+  assert.equal(await hold(page, box, 'text'), 'Illinois');
+  await replace('massachusettes');
+  await page.keyboard.press('Tab');
+  assert.equal(await hold(page, box, 'text'), 'Massachusettes');
+  assert.equal(await hold(page, 'frmState.op3Marital(0)', 'enabled'), true, 'its options came with it');
+  await replace('Mass');
+  await page.click('.combo:has(#frmState-cboState) .arrow'); // opening chooses nothing
+  assert.equal(await hold(page, box, 'text'), 'Mass');
+  await page.keyboard.press('Escape');
+  await page.keyboard.press('Tab');
+  assert.equal(await hold(page, box, 'text'), 'Mass');
+  assert.equal(await hold(page, box, 'index'), -1);
+  assert.deepEqual(await differences(page), []);
+});
+
+test('passing through a drop-down chooses nothing', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('StateInfo');
+  await page.focus(selector('frmState.cboState'));
+  await page.$eval(selector('frmState.cboState'), (box) => box.select());
+  await page.keyboard.type('mississippi');
+  await page.keyboard.press('Enter');
+  const option = await page.$eval('[data-address^="frmState.op3Marital"]:not(:disabled)', (part) => part.dataset.address);
+  await u.click(option);
+  assert.equal(await hold(page, option, 'value'), true);
+  await page.focus(selector('frmState.cboState'));
+  await page.keyboard.press('Tab');
+  assert.equal(await hold(page, option, 'value'), true);
+});
+
+/** What has the focus: the screen or window that it is in, and its name. */
+const focused = (page) =>
+  page.evaluate(() => {
+    const element = document.activeElement;
+    if (element === document.body || !element.checkVisibility({ visibilityProperty: true })) return ['nowhere', ''];
+    const place = element.closest('dialog, section[data-screen]');
+    const name = element.ariaLabel ?? ([...(element.labels ?? [])].map((label) => label.textContent).join(' ').trim() || element.textContent.trim());
+    return [place ? place.id || place.dataset.screen : 'the frame', name];
+  });
+
+test('after every change of screen, page, box and help topic the focus stands where the user goes on, named', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  const expect = async (what, place, name) => {
+    const [where, words] = await focused(page);
+    assert.equal(where, place, what);
+    if (name !== undefined) assert.equal(words, name, what);
+    assert.ok(words !== '', `${what} has a name`);
+  };
+  await expect('at the start', 'frmName', 'Personal Information');
+  for (const [name, go] of Object.entries(screens)) {
+    if (name === 'frmMain, results') continue; // no other screen
+    await go(u);
+    await expect(name, name.split(',')[0]);
+  }
+  await u.bar('Calc');
+  await expect('frmMain', 'frmMain');
+  for (const [name, [go, close]] of Object.entries(windows)) {
+    await u.bar('Calc');
+    await u.click('frmMain.cmdToolBar(0)');
+    await go(u, page);
+    await expect(name, { MsgBox: 'MsgBox', frmAbt: 'frmAbt', 'help on Personal Information': 'help' }[name] ?? name);
+    await page.click(close);
+    if (name === 'question') await page.click('#help [data-dismiss]');
+    const [where] = await focused(page);
+    assert.notEqual(where, 'nowhere', `after ${name}`);
+  }
+
+});
+
+test('the focus comes back to what led to a screen, and follows the rules to another page', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  const expect = async (what, place) => assert.equal((await focused(page))[0], place, what);
+  await u.bar('TwoWork');
+  await u.click('frm2Workers.cmdTable1Show(0)');
+  await expect('the table', 'frmTableOne');
+  await page.focus(selector('frmTableOne.lstTableOne'));
+  await page.keyboard.press('ArrowDown');
+  await page.keyboard.press('Enter');
+  await expect('from the table', 'frm2Workers');
+  assert.equal(await page.evaluate(() => document.activeElement.dataset.address), 'frm2Workers.cmdTable1Show(0)');
+
+  // Pages, of which the rules move the focus on one.
+  await u.bar('Ded');
+  await u.click('frmDednAdj.cmdW4Back(0)');
+  assert.equal(await page.evaluate(() => document.activeElement.dataset.address), 'frmDednAdj.txtAdjustments');
+  await u.click('frmDednAdj.cmdW4Back(1)');
+  await expect('back to page 1', 'frmDednAdj');
+
+  await u.bar('Help');
+  await page.waitForFunction(() => document.activeElement.matches('#help-topic h3'));
+  await page.click('#help-contents a:nth-child(3)');
+  await page.waitForFunction((words) => document.activeElement.textContent === words, {}, await page.$eval('#help-contents a:nth-child(3)', (link) => link.textContent));
+  await page.click('#help-back');
+  await page.waitForFunction(() => document.activeElement.matches('#help-topic h3'));
+  await page.click('#help [data-dismiss]');
+
+  await u.bar('ExitProgram');
+  assert.deepEqual(await focused(page), ['the frame', 'Start again']);
+});
+
+test('the Tab key stays on what is in view', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  for (const name of ['frmPersWkSht', 'frmPersWkSht, page 2', 'frm2Workers', 'frm2Workers, page 2', 'frmMisc, local tax']) {
+    await screens[name](u);
+    for (let i = 0; i < 12; ++i) {
+      await page.keyboard.press('Tab');
+      const [inView, last] = await page.evaluate(() => [document.activeElement === document.body || document.activeElement.checkVisibility({ visibilityProperty: true }),
+        document.activeElement === [...document.querySelectorAll('section:not([hidden]) :is(button, input, select)')].filter((stop) => stop.checkVisibility() && !stop.disabled).at(-1)]);
+      assert.ok(inView, name);
+      if (last) break;
+    }
+  }
+});
+
+test('title, mark in the list bar, skip link and access keys follow the screen', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  const marks = () => page.$$eval('#bar [aria-current=page]', (items) => items.map((item) => item.textContent.trim()));
+  assert.equal(await page.title(), 'Personal Information - Tallyfin 99');
+  assert.deepEqual(await marks(), ['Personal Information']);
+  await u.bar('Multi');
+  assert.equal(await page.title(), 'Multiple Check Worksheet - Tallyfin 99');
+  assert.deepEqual(await marks(), ['Multiple Paychecks']);
+  await page.focus('#skip');
+  await page.keyboard.press('Enter');
+  assert.equal(await page.evaluate(() => document.activeElement.closest('section').dataset.screen), 'frmMultiCheck');
+  await u.bar('Calc');
+  const keys = () => page.$$eval('[accesskey]:not([accesskey=""])', (parts) => parts.map((part) => [part.accessKey, part.dataset.address]));
+  const here = await keys();
+  assert.ok(here.every(([, address]) => address.startsWith('frmMain.')));
+  assert.equal(new Set(here.map(([key]) => key.toLowerCase())).size, here.length, 'each letter once');
+  assert.deepEqual(here.find(([key]) => key === 'I'), ['I', 'frmMain.txtIncome']);
+  await u.bar('ExitProgram');
+  assert.deepEqual(await keys(), []);
+  assert.equal(await page.title(), 'Tallyfin 99');
+});
+
+test('F9 calculates, and the button says so', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  await u.type('frmMain.txtIncome', '1000');
+  await page.keyboard.press('F9');
+  assert.equal(await page.$eval('#results tbody tr', (row) => row.cells[1].textContent), '$1,000.00');
+  assert.equal(await page.$eval(selector('frmMain.cmdToolBar(0)'), (button) => button.title), 'Calculate (F9)');
+});
+
+test('why the federal tax is nothing is said where no frequency is chosen', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  const said = () => page.$eval('#no-frequency', (line) => line.checkVisibility());
+  await u.bar('Calc');
+  assert.equal(await said(), false);
+  await u.click('frmMain.cmdToolBar(0)');
+  assert.equal(await said(), true);
+  await u.pick('frmMain.lstFrequency', 0);
+  await u.click('frmMain.cmdToolBar(0)');
+  assert.equal(await said(), false);
+});
+
+/** The number of colours in a picture of a part of the page, as the browser has drawn it. */
+async function coloursOf(page, element) {
+  const picture = await element.screenshot({ encoding: 'base64' });
+  return page.evaluate(async (data) => {
+    const image = await createImageBitmap(new Blob([Uint8Array.from(atob(data), (c) => c.charCodeAt(0))]));
+    const context = new OffscreenCanvas(image.width, image.height).getContext('2d');
+    context.drawImage(image, 0, 0);
+    const { data: bytes } = context.getImageData(0, 0, image.width, image.height);
+    const luminance = new Set();
+    for (let i = 0; i < bytes.length; i += 4) luminance.add(Math.round((bytes[i] * 2 + bytes[i + 1] * 5 + bytes[i + 2]) / 8));
+    return Math.max(...luminance) - Math.min(...luminance);
+  }, picture);
+}
+
+for (const [look, prefs, media] of [
+  ['light', {}, []],
+  ['dark', { 'browser.display.background_color': '#000000', 'browser.display.foreground_color': '#ffffff', 'ui.systemUsesDarkTheme': 1 }, [{ name: 'prefers-color-scheme', value: 'dark' }]],
+]) {
+  test(`in ${look} forced colours every picture, mark and part is seen`, async (t) => {
+    const own = await browse(undefined, { prefs: { 'browser.display.document_color_use': 2, ...prefs } });
+    t.after(() => own.close());
+    const page = await open(own, server.address);
+    if (!firefox) await emulate(page, [{ name: 'forced-colors', value: 'active' }, ...media]);
+    const u = user(page);
+    assert.ok(await page.evaluate(() => matchMedia('(forced-colors: active)').matches));
+    for (const way of ['frmMain', 'frmPrint', 'frm2Workers, page 2']) {
+      await screens[way](u);
+      await page.mouse.move(600, 3);
+      for (const picture of await page.$$('section:not([hidden]) button:not(:disabled) img')) {
+        if (!(await picture.evaluate((image) => image.checkVisibility() && !image.closest('.seal')))) continue;
+        assert.ok((await coloursOf(page, picture)) > 80, `${way}: ${await picture.evaluate((image) => image.src)}`);
+      }
+    }
+    await screens['frmMain, results'](u);
+    const outlined = (where) => page.$eval(where, (element) => getComputedStyle(element).outlineStyle);
+    assert.equal(await outlined('#bar [aria-current]'), 'solid');
+    await page.click('#explain');
+    assert.equal(await page.$eval('#shares span', (part) => getComputedStyle(part).borderLeftStyle), 'solid');
+    await page.click('#explanation [data-dismiss]');
+  });
+}
+
+test('the lists of four and five rows show them all, whatever is chosen, at every scale', async (t) => {
+  for (const deviceScaleFactor of [1, 1.5, 2]) {
+    const page = await fresh(t, { width: 1280, height: 800, deviceScaleFactor });
+    const u = user(page);
+    await u.bar('Calc');
+    const rows = (address) => page.$eval(selector(address), (list) => {
+      const { top, bottom } = list.getBoundingClientRect();
+      return [list.scrollTop, [...list.options].every((row) => row.getBoundingClientRect().top >= top && row.getBoundingClientRect().bottom <= bottom)];
+    });
+    await u.pick('frmMain.lstFrequency', 3);
+    assert.deepEqual(await rows('frmMain.lstFrequency'), [0, true]);
+    await u.click('frmMain.cmdAdditional(0)');
+    await u.pick('frmMisc.lstGrossPay', 1);
+    assert.deepEqual(await rows('frmMisc.lstGrossPay'), [0, true]);
+  }
+});
+
+test("letters have the size that the browser's user has set", async (t) => {
+  const own = await browse(undefined, { prefs: { 'font.size.variable.x-western': 24 } });
+  t.after(() => own.close());
+  const page = await open(own, server.address, { width: 1280, height: 800 });
+  if (!firefox) {
+    const client = await page.createCDPSession();
+    await client.send('Page.setFontSizes', { fontSizes: { standard: 24 } });
+  }
+  const sizes = await page.evaluate(() => ['html', 'input[type=text]', 'button'].map((where) => parseFloat(getComputedStyle(document.querySelector(where)).fontSize)));
+  assert.deepEqual(sizes, [24, 24, 24]);
+  await user(page).bar('Calc');
+  const [wide, view] = await page.evaluate(() => [document.scrollingElement.scrollWidth, window.innerWidth]);
+  assert.ok(wide <= view, `${wide} wide`);
+});
+
+for (const [width, height] of [[360, 560], [320, 256]]) {
+  test(`on a telephone of ${width} by ${height} Calculate leads to the check, and all can be touched`, async (t) => {
+    const own = await browse(undefined, { prefs: { 'ui.primaryPointerCapabilities': 1, 'ui.allPointerCapabilities': 1 } });
+    t.after(() => own.close());
+    const page = await open(own, server.address, { width, height, ...(firefox ? {} : { hasTouch: true, isMobile: true }) });
+    assert.ok(await page.evaluate(() => matchMedia('(pointer: coarse)').matches));
+    const u = user(page);
+    await u.bar('Calc');
+    await u.type('frmMain.txtIncome', '1000');
+    await u.click('frmMain.cmdToolBar(0)');
+    const inView = (where) => page.$eval(where, (element) => {
+      const { top, bottom } = element.getBoundingClientRect();
+      return top >= 0 && bottom <= window.innerHeight;
+    });
+    await page.waitForFunction(() => document.querySelector('#explain').getBoundingClientRect().bottom <= window.innerHeight);
+    assert.ok(await inView('#results .check'));
+    assert.ok(await inView('#explain'));
+    const small = [];
+    for (const [name, go] of Object.entries(screens)) {
+      await go(u);
+      small.push(...await page.evaluate((screen) => [...document.querySelectorAll('button, input, [role=combobox]')]
+        .filter((part) => part.checkVisibility() && part.id !== 'skip')
+        .filter((part) => Math.max(...[part, part.closest('.option'), ...(part.labels ?? [])].map((place) => place?.getBoundingClientRect().height ?? 0)) < 43.5)
+        .map((part) => `${screen}: ${part.dataset.address ?? part.id ?? part.textContent}`), name));
+      const [wide, view] = await page.evaluate(() => [document.scrollingElement.scrollWidth, window.innerWidth]);
+      assert.ok(wide <= view, `${name} is ${wide} wide`);
+    }
+    assert.deepEqual([...new Set(small)], []);
+    for (const name of ['help', 'explanation']) {
+      const [go, close] = windows[name];
+      await u.bar('Calc');
+      await go(u, page);
+      const taken = await page.$eval(`#${name}`, (dialog) => [dialog.offsetWidth / document.documentElement.clientWidth, dialog.offsetHeight / window.innerHeight, dialog.scrollWidth - dialog.clientWidth]);
+      assert.ok(taken[0] > 0.95 && taken[1] > 0.95 && taken[2] <= 0, `${name}: ${taken}`);
+      await page.click(close);
+    }
+  });
+}
+
+test('what is stored can be erased from the menu of a telephone', async (t) => {
+  const page = await fresh(t, { width: 360, height: 560 });
+  const u = user(page);
+  await u.click('frmName.cmdExit');
+  const kept = () => page.evaluate(() => Object.keys(localStorage).length);
+  assert.ok((await kept()) > 0);
+  await page.click('#menu');
+  await page.click('#bar .erase');
+  await page.click('#erase-yes');
+  assert.equal(await kept(), 0);
+  assert.equal(await u.front(), 'frmName');
+});
+
+/** What the page would print, as text. */
+async function onPaper(t, page) {
+  const folder = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(folder, { recursive: true, force: true }));
+  await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
+  return execFileSync('pdftotext', [join(folder, 'x.pdf'), '-'], { encoding: 'utf8' }).normalize('NFKC'); // without ligatures
+}
+
+test("the browser's own Print of any screen cuts nothing off and prints no buttons", async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  const address = '17 North Second Street, Apartment 3, in the yard behind the bakery, second stairs, third floor, the door at the left side of the hall';
+  await u.type('frmName.txtAddress', address);
+  const flat = (text) => text.replace(/[_\s]+/g, ' ');
+  assert.ok(flat(await onPaper(t, page)).includes(address));
+  await u.click('frmName.cmdExit');
+  await u.bar('W4');
+  assert.ok(flat(await onPaper(t, page)).includes(address), 'the form');
+  await screens.frmTableOne(u);
+  const entries = await hold(page, 'frmTableOne.lstTableOne', 'list');
+  const table = await onPaper(t, page);
+  assert.deepEqual(entries.filter((entry) => !table.includes(entry)), []);
+  for (const [name, go] of Object.entries(screens)) {
+    await go(u);
+    const hidden = await page.evaluate(() => {
+      window.dispatchEvent(new Event('beforeprint'));
+      const words = [...document.querySelectorAll('section:not([hidden]) button:not([role=combobox]):not(.wordy)')].map((button) => button.textContent.trim());
+      window.dispatchEvent(new Event('afterprint'));
+      const others = document.querySelector('section:not([hidden])').cloneNode(true);
+      for (const button of others.querySelectorAll('button')) button.remove();
+      return words.filter((word) => word.length > 4 && !others.textContent.includes(word));
+    });
+    if (!['frmMain, results', 'frmState', 'frmMultiCheck', 'frm2Workers, page 2'].includes(name)) continue;
+    const paper = await onPaper(t, page);
+    assert.ok(paper.trim().length > 20, name);
+    for (const word of hidden) assert.ok(!paper.includes(word), `${name}: ${word}`);
+  }
+  await u.bar('Help');
+  await page.waitForSelector('#help-topic h3');
+  const help = await onPaper(t, page);
+  assert.match(help, /Welcome to Tallyfin 99/);
+  assert.doesNotMatch(help, /Close|Alabama/);
+  assert.equal(await page.$('.on-paper'), null);
+});
+
+test('the report can be fitted to the preview, and opens at the zoom of the rules', async (t) => {
+  const page = await fresh(t, { width: 700, height: 700 });
+  const u = user(page);
+  await screens.frmPrint(u);
+  assert.equal(await hold(page, 'frmPrint.udZoom', 'value'), 100);
+  await page.click('#fit-report');
+  const [sheet, preview] = await page.evaluate(() => ['.letter', '#report'].map((where) => document.querySelector(where).getBoundingClientRect()).map(({ width }) => width));
+  assert.ok(sheet < preview && sheet > preview * 0.8, `${sheet} in ${preview}`);
+  assert.equal(await page.$eval('#report', (view) => view.scrollWidth <= view.clientWidth), true);
+  assert.deepEqual(await differences(page), []);
+});
