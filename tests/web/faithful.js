@@ -26,7 +26,7 @@ export const differences = (page) =>
         ask('get', address, 'caption') !== ''), []);
     }
     // What has the focus on the page has it in the program.
-    const focused = document.activeElement?.dataset.address;
+    const focused = document.activeElement?.tabIndex < 0 ? undefined : document.activeElement?.dataset.address;
     if (focused && ask('running')) compare(focused, 'focused', true, ask('get', focused, 'focused'));
 
     const roots = [...views, document.getElementById('bar')];
