@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "library/options.h"
 #include "library/paycheck.h"
 #include "python/cells.h"
 
@@ -90,6 +91,16 @@ std::vector<std::pair<std::string, std::vector<std::string>>> explain(
   return titles;
 }
 
+/// What each state reads: state, postal code, column, value, meaning.
+py::list states() {
+  py::list rows;
+  for (const library::StateValue& entry : library::stateValues()) {
+    rows.append(
+        py::make_tuple(entry.state, entry.postal, library::ruleOf(entry.column).name, entry.value, entry.meaning));
+  }
+  return rows;
+}
+
 template <class Names>
 py::tuple tupleOf(const Names& names) {
   py::list all;
@@ -112,4 +123,5 @@ PYBIND11_MODULE(_core, module) {
   module.attr("results") = tallyfin::python::tupleOf(tallyfin::library::resultNames);
   module.def("work", &tallyfin::python::work);
   module.def("explain", &tallyfin::python::explain);
+  module.def("states", &tallyfin::python::states);
 }

@@ -1,6 +1,7 @@
 #include <sqlite3ext.h>
 
 #include "sqlite/paychecktable.h"
+#include "sqlite/statetable.h"
 #include "sqlite/table.h"
 
 SQLITE_EXTENSION_INIT1
@@ -10,5 +11,6 @@ extern "C" [[gnu::visibility("default")]] int sqlite3_tallyfinsqlite_init(sqlite
                                                                           const sqlite3_api_routines* api) {
   SQLITE_EXTENSION_INIT2(api)
   using namespace tallyfin::sqlite;
-  return Table<PaycheckCursor>::add(connection, "paycheck");
+  const int code = Table<PaycheckCursor>::add(connection, "paycheck");
+  return code != SQLITE_OK ? code : Table<StateCursor>::add(connection, "paycheck_state");
 }

@@ -5,6 +5,7 @@
 #include <exception>
 #include <new>
 #include <string>
+#include <string_view>
 
 extern "C" {
 SQLITE_EXTENSION_INIT3
@@ -133,7 +134,7 @@ class Table {
 };
 
 /// Gives a text as the value of a column.
-inline void giveText(sqlite3_context* context, const std::string& text) {
+inline void giveText(sqlite3_context* context, std::string_view text) {
   sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 

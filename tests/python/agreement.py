@@ -8,6 +8,10 @@ import pandas
 import paychecks
 import tallyfin99
 
+states = tallyfin99.states()
+assert list(states.itertuples(index=False, name=None)) == paychecks.states(sys.argv[1])
+assert list(states.columns) == ["state", "postal", "column", "value", "meaning"]
+
 count = int(sys.argv[2]) if len(sys.argv) > 2 else 100_000
 rows = paychecks.rows(count)
 wanted = paychecks.worked(sys.argv[1], rows)

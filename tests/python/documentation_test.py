@@ -14,7 +14,7 @@ docs = pathlib.Path(__file__).resolve().parents[2] / "docs"
 class Documentation(unittest.TestCase):
     def test_gives_what_it_shows(self):
         blocks = re.findall(r"```python\n(.*?)```", (docs / "python.md").read_text(), re.S)
-        self.assertEqual(len(blocks), 3)
+        self.assertEqual(len(blocks), 4)
         examples = doctest.DocTestParser().get_doctest("\n".join(blocks), {}, "python.md", None, None)
         self.assertEqual(doctest.DocTestRunner().run(examples).failed, 0)
 

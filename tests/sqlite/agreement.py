@@ -16,6 +16,10 @@ connection = sqlite3.connect(":memory:")
 connection.enable_load_extension(True)
 connection.load_extension(extension)
 
+states = connection.execute("SELECT * FROM paycheck_state").fetchall()
+if states != paychecks.states(batch):
+    sys.exit("paycheck_state differs from --states")
+
 rows = paychecks.rows(count)
 columns = paychecks.COLUMNS
 connection.execute(f"CREATE TABLE row({', '.join(columns)})")

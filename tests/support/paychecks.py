@@ -57,3 +57,9 @@ def worked(batch, all_rows):
     lines = csv.reader(answer.stdout.splitlines())
     assert next(lines) == [*COLUMNS, *RESULTS, "problem"]
     return [([float(cell) if cell else None for cell in line[20:32]], line[32]) for line in lines]
+
+
+def states(batch):
+    """What the batch program prints for --states, without its header: tuples of texts."""
+    answer = subprocess.run([batch, "--states"], stdout=subprocess.PIPE, text=True, check=True)
+    return [tuple(line) for line in csv.reader(answer.stdout.splitlines())][1:]

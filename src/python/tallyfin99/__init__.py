@@ -20,7 +20,7 @@ __version__ = _core.version
 columns = _core.columns
 results = _core.results
 
-__all__ = ["Paycheck", "columns", "results", "work"]
+__all__ = ["Paycheck", "columns", "results", "states", "work"]
 
 
 def work(table=None, /, *, units=False, **columns):
@@ -76,6 +76,11 @@ class Paycheck:
 
     def __repr__(self):
         return "\n".join([f"{name:16} {_text(self, name):>15}" for name in results] + [self.problem] * bool(self.problem))
+
+
+def states():
+    """What each state reads, as a DataFrame: a row for each value that a column takes, and what it means."""
+    return pandas.DataFrame(_core.states(), columns=["state", "postal", "column", "value", "meaning"])
 
 
 def _text(paycheck, name):

@@ -34,6 +34,8 @@ def work(
     net: Any = ...,
 ) -> pandas.DataFrame: ...
 
+def states() -> pandas.DataFrame: ...
+
 class Paycheck:
     gross_pay: Decimal | None
     amt_401k: Decimal | None
