@@ -103,7 +103,7 @@ test(`a walk of ${steps} steps from seed ${seed}`, async (t) => {
   }
   assert.deepEqual(page.troubles, []);
   t.diagnostic(`met: ${[...met].map(([type, number]) => `${number} ${type}`).join(', ')}`);
-  for (const type of ['button', 'text', 'radio', 'checkbox', 'select-one', 'combobox']) assert.ok(met.get(type) > 0, type);
+  if (steps >= 400) for (const type of ['button', 'text', 'radio', 'checkbox', 'select-one', 'combobox']) assert.ok(met.get(type) > 0, type);
 });
 
 test('an element that shows something else than its control holds is noticed', async (t) => {
