@@ -46,11 +46,14 @@ test("erasing takes this program's entries and nobody else's, and what was worke
 test("a new version takes its own old files away and nobody else's", async (t) => {
   const page = await fresh(t);
   await page.evaluate(async () => {
+    await navigator.serviceWorker.ready;
     await caches.open('another program');
     await caches.open('tallyfin99-older');
-    await navigator.serviceWorker.ready;
+    const next = (await navigator.serviceWorker.register('worker.js?next')).installing;
+    await new Promise((done) => next.addEventListener('statechange', () => next.state === 'installed' && done()));
+    next.postMessage('take over');
+    await new Promise((done) => next.addEventListener('statechange', () => next.state === 'activated' && done()));
   });
-  await page.waitForFunction(async () => (await caches.keys()).length === 2);
   assert.deepEqual((await page.evaluate(() => caches.keys())).map((name) => name.replace(/-.*/, '')).sort(), ['another program', 'tallyfin99']);
 });
 
