@@ -2,76 +2,89 @@
 
 #include "engine/fedtax.h"
 #include "engine/localtax.h"
-#include "engine/numbertext.h"
-#include "engine/paydata.h"
-#include "engine/step.h"
-#include "engine/worksheet.h"
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace {
 
+/// Federal withholding allowance, 1999: dollars a pay period for each exemption.
+constexpr PerFrequency<double> allowance{52.88, 114.58, 105.77, 229.17, "federal allowance for each exemption"};
+
+/// From this on a typed rate is a percentage.
+constexpr FixedRate percentage{"from which on a rate is a percentage", 1};
+
 /// The amount in a box, 0 if the box is empty.
-Money amountIn(const std::string& text) { return text.empty() ? Money{} : toMoney(text); }
+Amount amountIn(const auto& text) { return text.empty() ? Amount{} : toMoney(text); }
 
 void takeIncome() {
   const auto wage = [] { return payData.taxableWage; };
   if (payData.incomeSource == 0) {
-    const std::string& income = worksheet().incomeText();
+    const auto& income = worksheet().incomeText();
     if (income.empty()) {
-      // grossPay stays: FICA is still worked out on the income of the last calculation.
-      step("No income is entered, so that the wage is nothing and the gross pay stays", payData.taxableWage,
-           [] { return 0; });
+      // FICA is still worked out on the income of the last calculation.
+      step("Wage without an income", payData.taxableWage, [] { return 0; });
+      noteOn(payData.taxableWage, "No income is entered, so the wage counts as nothing.");
+      noteOn(payData.grossPay, "No income is entered, so the gross pay stays as it was.");
       return;
     }
     // Where the text is no number, grossPay takes the reduced wage that the last calculation left.
-    step("The income entered", payData.taxableWage, [&] { return toMoney(income); });
+    step("Income", payData.taxableWage, [&] { return toMoney(income); });
     step("Gross pay", payData.grossPay, wage);
   } else if (payData.incomeSource == 1) {
     step("Gross pay, as raised", payData.grossPay, wage);
   }
 }
 
+Amount deductions() { return payData.amt401k + payData.fica + payData.fedTax + payData.stateTax + payData.localTax; }
+
 }  // namespace
 
-double normalisedRate(double typed) { return typed < 1 ? typed : typed / 100; }
+Rate normalisedRate(Rate typed) { return typed < percentage ? typed : typed / named("percent", 100.0); }
 
 void GetPreTax() {
   const Worksheet& boxes = worksheet();
-  step("Pre-FICA amount entered", payData.preFica, [&] { return amountIn(boxes.preFicaText()); });
-  step("Pre-tax amount entered", payData.preTax, [&] { return amountIn(boxes.preTaxText()); });
-  double rate = 0;
-  Money income;
-  step(
-      "401(k) contribution of the whole income",
-      [&] {
-        rate = payData.rate401k;
-        income = payData.taxableWage;
-        payData.amt401k = fromReal(toReal(income) * rate);
-      },
-      rate, income, payData.amt401k);
+  step("Pre-FICA amount", payData.preFica, [&] { return amountIn(boxes.preFicaText()); });
+  step("Pre-tax amount", payData.preTax, [&] { return amountIn(boxes.preTaxText()); });
+  step("401(k) contribution, of the whole income", payData.amt401k,
+       [] { return fromReal(toReal(payData.taxableWage) * payData.rate401k); });
 }
 
 void Calculate() {
   takeIncome();
 
-  const std::string& rate = worksheet().rate401kText();
-  step("401(k) rate entered", payData.rate401k, [&] { return rate.empty() ? 0 : realOf(rate); });
-  step("A rate of 1 or more is a percentage", payData.rate401k, [] { return normalisedRate(payData.rate401k); });
+  const auto& rate = worksheet().rate401kText();
+  step("401(k) rate as entered", payData.rate401k, [&] { return rate.empty() ? Rate(0) : realOf(rate); });
+  step("401(k) rate as a percentage", payData.rate401k, [] { return normalisedRate(payData.rate401k); });
 
   GetPreTax();
 
   // A pre-FICA amount that includes the pre-tax amount takes that amount off twice.
-  step("Less the 401(k), pre-FICA and pre-tax amounts", payData.taxableWage,
+  step("Wage less the 401(k), pre-FICA and pre-tax amounts", payData.taxableWage,
        [] { return payData.taxableWage - (payData.amt401k + payData.preFica + payData.preTax); });
-  step("The taxable wage is at least 0", payData.taxableWage, [] { return atLeastZero(payData.taxableWage); });
+  step("Taxable wage", payData.taxableWage, [] { return atLeastZero(payData.taxableWage); });
 
   // No floor here: a negative base is taxed as the lowest bracket.
-  step("Less the federal allowance for exemptions", payData.fedBase,
+  step("Taxable wage less the federal allowance", payData.fedBase,
        [] { return payData.taxableWage - payData.depsDed; });
 
   FedTax();
   LocalTaxCalc();
 }
 
-}  // namespace tallyfin
+void takeAllowance(Count exemptions) {
+  step("Federal allowance for the exemptions", payData.depsDed,
+       [&] { return fromReal(toReal(exemptions) * allowance.now()); });
+}
+
+void calculatePaycheck() {
+  step("The income is the one entered", payData.incomeSource, [] { return 0; });
+  step("Pay periods a year", payData.payPeriods, [] { return periodsPerYear.now(); });
+  Calculate();
+}
+
+void makeTotals() {
+  step("401(k), FICA and the federal, state and local tax", payData.totalDed, deductions);
+  step("Gross pay less these", payData.checkAmt, [] { return payData.grossPay - deductions(); });
+}
+
+}  // namespace TALLYFIN_FIGURES

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 /// The rule of the whole program about failures.
 ///
 /// A statement that can't be carried out (a text that isn't a number, a division by zero, a sum beyond its type) is
@@ -12,6 +15,12 @@ namespace tallyfin {
 struct FailedStatement {
   /// Why, in words that follow "because".
   const char* why = "it can't be carried out";
+};
+
+/// Thrown for a text that should be a number and isn't.
+struct NotANumber : FailedStatement {
+  explicit NotANumber(std::string_view its) : FailedStatement{"the text isn't a number"}, text(its) {}
+  std::string text;
 };
 
 /// Runs one statement outside a calculation; where it fails, what it had not assigned yet stays as it was.

@@ -2,15 +2,9 @@
 
 #include <array>
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
-#include "engine/numbertext.h"
-#include "engine/paydata.h"
 #include "engine/statelist.h"
-#include "engine/step.h"
-#include "engine/worksheet.h"
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace {
 
@@ -82,46 +76,48 @@ constexpr Band marriedMonthly[] = {
     {above, 23967, 23967, 0.396, 7107.49},
 };
 
-constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
-constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
+constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                     "Federal, Single"};
+constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                      "Federal, Married"};
 
 /// The table of the status and frequency. Status 2 has none: that is deliberate.
-const Bands& federalTable() {
+TaxTable federalTable() {
   if (payData.maritalStat == status::married) return married.now();
   if (payData.maritalStat == status::single) return single.now();
   throw FailedStatement{"there are federal tables for Married and for Single only"};
 }
 
+constexpr FixedRate ficaRate{"FICA rate", 0.0765};
+constexpr FixedRate socialSecurityRate{"Social Security rate", 0.062};
+constexpr FixedRate medicareRate{"Medicare rate", 0.0145};
+constexpr FixedRate selfEmployedFicaRate{"FICA rate of the self-employed", 0.153};
+constexpr FixedRate selfEmployedSocialSecurityRate{"Social Security rate of the self-employed", 0.124};
+constexpr FixedRate selfEmployedMedicareRate{"Medicare rate of the self-employed", 0.029};
+
 /// FICA, or one of its two parts, at a rate. Each is worked out from the same base, so that the total can differ from
 /// the sum of the parts in the last decimal. There is no wage limit and no floor.
-[[gnu::always_inline]] inline void share(Title title, Money& part, double rate) {
-  Money base;
-  step(
-      title,
-      [&base, &part, rate] {
-        base = payData.grossPay - payData.preFica;
-        part = fromReal(toReal(base) * rate);
-      },
-      base, part);
+[[gnu::always_inline]] inline void share(Title title, Amount& part, Rate rate) {
+  step(title, part, [rate] { return fromReal(toReal(line("Pay subject to FICA", payData.grossPay - payData.preFica)) * rate); });
 }
 
 void fica() {
-  share("FICA, 7.65% of the gross pay less the pre-FICA amount", payData.fica, 0.0765);
-  share("Social Security, 6.2% of the gross pay less the pre-FICA amount", payData.socSec, 0.062);
-  share("Medicare, 1.45% of the gross pay less the pre-FICA amount", payData.medicare, 0.0145);
+  share("FICA", payData.fica, ficaRate);
+  share("Social Security", payData.socSec, socialSecurityRate);
+  share("Medicare", payData.medicare, medicareRate);
 }
 
 void ficaOfTheSelfEmployed() {
-  share("FICA of the self-employed, 15.3% of the same instead", payData.fica, 0.153);
-  share("Social Security of the self-employed, 12.4% of the same instead", payData.socSec, 0.124);
-  share("Medicare of the self-employed, 2.9% of the same instead", payData.medicare, 0.029);
+  share("FICA of the self-employed", payData.fica, selfEmployedFicaRate);
+  share("Social Security of the self-employed", payData.socSec, selfEmployedSocialSecurityRate);
+  share("Medicare of the self-employed", payData.medicare, selfEmployedMedicareRate);
 }
 
 void showFigures() {
   // lbl8 shows the local tax of the calculation before: LocalTaxCalc runs after this.
   struct Shown {
     Title title;
-    Money PayData::*figure;
+    Amount PayData::*figure;
   };
   static constexpr Shown shown[] = {
       {"Show the federal tax", &PayData::fedTax},
@@ -145,8 +141,8 @@ void showFigures() {
 
 void FedTax() {
   step("Federal tax by the table", payData.fedTax, [] { return taxOf(federalTable(), payData.fedBase); });
-  step("To whole cents", payData.fedTax, [] { return roundCents(payData.fedTax); });
-  step("At least 0", payData.fedTax, [] { return atLeastZero(payData.fedTax); });
+  step("Federal tax in whole cents", payData.fedTax, [] { return roundCents(payData.fedTax); });
+  step("Federal tax", payData.fedTax, [] { return atLeastZero(payData.fedTax); });
 
   fica();
   if (worksheet().selfEmployed()) ficaOfTheSelfEmployed();
@@ -155,4 +151,4 @@ void FedTax() {
   showFigures();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

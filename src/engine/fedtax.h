@@ -1,9 +1,11 @@
 #pragma once
 
-namespace tallyfin {
+#include "engine/figures.h"
+
+namespace TALLYFIN_FIGURES {
 
 /// Federal withholding by the percentage method of 1999, FICA, the state routine, and the eight figures on the main
 /// screen. Works on `fedBase`, `frequency` and `maritalStat`; where these choose no table, `fedTax` keeps its value.
 void FedTax();
 
-}  // namespace tallyfin
+}  // namespace

@@ -1,14 +1,11 @@
 #include "engine/localtax.h"
 
-#include "engine/paydata.h"
-#include "engine/step.h"
-
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace {
 
 /// The base that `applyTo` chooses; there is none outside 1 to 5.
-Money localBase() {
+Amount localBase() {
   switch (payData.applyTo.value()) {
     case 1: return payData.grossPay;
     case 2: return payData.grossPay - payData.amt401k;
@@ -22,16 +19,8 @@ Money localBase() {
 }  // namespace
 
 void LocalTaxCalc() {
-  double rate = 0;
-  Money base;
-  step(
-      "Local tax on the base chosen on the Local Tax page",
-      [&] {
-        rate = payData.localRate;
-        base = localBase();
-        payData.localTax = fromReal(toReal(base) * rate);
-      },
-      rate, base, payData.localTax);
+  step("Local tax", payData.localTax,
+       [] { return fromReal(toReal(line("Pay subject to local tax", localBase())) * payData.localRate); });
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "engine/doubletext.h"
-#include "engine/trace.h"
 
 namespace tallyfin {
 
@@ -98,8 +97,7 @@ std::optional<Decimal> readDecimal(std::string_view text) {
 
 [[noreturn, gnu::cold, gnu::noinline]] void failFor(std::string_view text) {
   if (readDecimal(text)) throw FailedStatement{"the number is too large"};
-  if (recorder != nullptr) recorder->notANumber(text);
-  throw FailedStatement{"the text isn't a number"};
+  throw NotANumber(text);
 }
 
 /// The number that was read from a text; throws FailedStatement where there is none.

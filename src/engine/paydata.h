@@ -12,47 +12,49 @@ namespace tallyfin {
 ///
 /// Every Money field is dollars a pay period, but for `stateDepsDed`, whose unit is that of the state routine that
 /// wrote it last. Rates are fractions.
-struct PayData {
-  Money depsDed;          ///< Federal allowance deduction; set by Load of the main screen and nowhere else.
-  Money totalDed;         ///< Total of deductions; set by GridPrint.
-  double rate401k = 0;    ///< 401(k) rate.
-  Money preFica;          ///< Amount exempt from FICA.
-  Money preTax;           ///< Amount not taxed.
-  Money amt401k;          ///< 401(k) contribution.
-  Money state401k;        ///< What the state leaves untaxed of `amt401k`: all of it or 0.
-  Money taxableWage;      ///< Income on entry to Calculate, then income less 401(k), pre-FICA and pre-tax.
-  Money fedBase;          ///< `taxableWage` less `depsDed`; may be negative.
-  Int16 incomeSource;     ///< 0: Calculate reads the income box; 1: it takes `taxableWage`.
-  Int16 maritalStat;      ///< 0 Married, 1 Single, 2 Married Claiming Single.
-  Int16 payPeriods;       ///< Pay periods a year: 52, 24, 26 or 12; 0 until the first Calculate of the toolbar.
-  Money grossPay;         ///< The income as calculated last.
-  Money fedTax;           ///< Federal withholding, whole cents.
-  Money stateTax;         ///< State withholding.
-  Money fica;             ///< FICA total.
-  Money socSec;           ///< Social Security part, worked out from the base, not from `fica`.
-  Money medicare;         ///< Medicare part, likewise.
-  Int16 frequency;        ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 before the first choice.
-  Money multiCheckTotal;  ///< Monthly total of the several-checks worksheet, dollars a month.
-  Int16 w4Allowances;     ///< Allowances carried between the W-4 worksheets.
-  Int16 w4TableMode;      ///< 1 or 2: the table that the Two-Earner worksheet asked for.
-  Int16 w4TableValue;     ///< Line 1 less line 2 of that worksheet, from the choice in Table 1.
-  Money w4TwoEarnerAmt;   ///< Line 9 of that worksheet, dollars a paycheck.
-  double localRate = 0;   ///< Local tax rate.
-  Money localTax;         ///< Local tax.
-  Int16 applyTo;          ///< Base of the local tax, 1 to 5.
-  Int16 staExmp;          ///< State exemption selection: a percentage or a count, by state.
-  Int16 staDeps;          ///< State dependents.
-  Int16 staMarried;       ///< State marital or filing selection, 0 to 9.
-  Money staAdd;           ///< Additional state withholding.
-  Int16 mMethod;          ///< Michigan special exemptions or Maryland local rate number.
-  Money stateDepsDed;     ///< The state's own allowance deduction as the last state routine left it.
-  Money statePreTax;      ///< What the state leaves untaxed of `preTax`: all of it or 0.
-  Money checkAmt;         ///< Net check; set by GridPrint.
-  Int16 illDeps;          ///< Illinois second allowance count.
-  Int16 dontShow;         ///< 0: the program starts with Personal Information; 1: with the main screen.
+template <class Amount, class Count, class Rate>
+struct PayDataOf {
+  Amount depsDed;          ///< Federal allowance deduction; set by Load of the main screen and nowhere else.
+  Amount totalDed;         ///< Total of deductions; set by GridPrint.
+  Rate rate401k = 0;    ///< 401(k) rate.
+  Amount preFica;          ///< Amount exempt from FICA.
+  Amount preTax;           ///< Amount not taxed.
+  Amount amt401k;          ///< 401(k) contribution.
+  Amount state401k;        ///< What the state leaves untaxed of `amt401k`: all of it or 0.
+  Amount taxableWage;      ///< Income on entry to Calculate, then income less 401(k), pre-FICA and pre-tax.
+  Amount fedBase;          ///< `taxableWage` less `depsDed`; may be negative.
+  Count incomeSource;     ///< 0: Calculate reads the income box; 1: it takes `taxableWage`.
+  Count maritalStat;      ///< 0 Married, 1 Single, 2 Married Claiming Single.
+  Count payPeriods;       ///< Pay periods a year: 52, 24, 26 or 12; 0 until the first Calculate of the toolbar.
+  Amount grossPay;         ///< The income as calculated last.
+  Amount fedTax;           ///< Federal withholding, whole cents.
+  Amount stateTax;         ///< State withholding.
+  Amount fica;             ///< FICA total.
+  Amount socSec;           ///< Social Security part, worked out from the base, not from `fica`.
+  Amount medicare;         ///< Medicare part, likewise.
+  Count frequency;        ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 before the first choice.
+  Amount multiCheckTotal;  ///< Monthly total of the several-checks worksheet, dollars a month.
+  Count w4Allowances;     ///< Allowances carried between the W-4 worksheets.
+  Count w4TableMode;      ///< 1 or 2: the table that the Two-Earner worksheet asked for.
+  Count w4TableValue;     ///< Line 1 less line 2 of that worksheet, from the choice in Table 1.
+  Amount w4TwoEarnerAmt;   ///< Line 9 of that worksheet, dollars a paycheck.
+  Rate localRate = 0;   ///< Local tax rate.
+  Amount localTax;         ///< Local tax.
+  Count applyTo;          ///< Base of the local tax, 1 to 5.
+  Count staExmp;          ///< State exemption selection: a percentage or a count, by state.
+  Count staDeps;          ///< State dependents.
+  Count staMarried;       ///< State marital or filing selection, 0 to 9.
+  Amount staAdd;           ///< Additional state withholding.
+  Count mMethod;          ///< Michigan special exemptions or Maryland local rate number.
+  Amount stateDepsDed;     ///< The state's own allowance deduction as the last state routine left it.
+  Amount statePreTax;      ///< What the state leaves untaxed of `preTax`: all of it or 0.
+  Amount checkAmt;         ///< Net check; set by GridPrint.
+  Count illDeps;          ///< Illinois second allowance count.
+  Count dontShow;         ///< 0: the program starts with Personal Information; 1: with the main screen.
 
-  bool operator==(const PayData&) const = default;
+  bool operator==(const PayDataOf&) const = default;
 };
+using PayData = PayDataOf<Money, Int16, double>;
 
 /// The one record of each thread. The program's screens all live on one thread; other programs may work paychecks on
 /// several.
@@ -60,7 +62,7 @@ extern constinit thread_local PayData payData;
 
 /// Calls visit(name, field) for each field of a record, in declaration order.
 template <class Record, class Visit>
-requires std::is_same_v<std::remove_const_t<Record>, PayData>
+requires requires(Record& r) { r.multiCheckTotal; }
 void forEachField(Record& record, Visit&& visit) {
   visit("depsDed", record.depsDed);
   visit("totalDed", record.totalDed);

@@ -1,18 +1,22 @@
 #include "engine/statelist.h"
 
-#include "engine/trace.h"
-#include "engine/worksheet.h"
+#ifdef TALLYFIN_TOLD
+#include "engine/recorder.h"
+#endif
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 void callStateRoutine() {
   const int routine = worksheet().stateIndex() - 1;
-  if (routine < 0 || routine > 40) return;
+  if (routine < 0 || routine > 40) {
+    noteOn(payData.stateTax, "No state is chosen, so the state tax stays as it was.");
+    return;
+  }
   const State& state = stateList[static_cast<std::size_t>(routine) + 1];
-  if (recorder == nullptr) return state.routine();
-  recorder->stateBegins(state.caption);
+#ifdef TALLYFIN_TOLD
+  Recorder::stateIs(state.caption);
+#endif
   state.routine();
-  recorder->stateEnds();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -2,7 +2,9 @@
 
 #include <array>
 
-namespace tallyfin {
+#include "engine/figures.h"
+
+namespace TALLYFIN_FIGURES {
 
 /// An entry of the state list: its caption, the routine that turns the record into `stateTax`, and where that stands.
 struct State {
@@ -18,4 +20,4 @@ extern const std::array<State, 42> stateList;
 /// keeps what the last calculation left there.
 void callStateRoutine();
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

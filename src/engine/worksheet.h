@@ -10,18 +10,20 @@ namespace tallyfin {
 
 /// Working fields. They live as long as the main screen, every state routine shares them, and nothing resets them
 /// between calculations: that they outlive a routine is part of the behaviour.
-struct WorksheetFields {
-  Int16 exemptions;   ///< The count of exemptions as last parsed.
-  Money stateWage;    ///< The base that a state routine works on, a period's or a year's.
-  Money stateStdDed;  ///< A second state deduction.
-  Int16 staRate;      ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
+template <class Amount, class Count>
+struct WorksheetFieldsOf {
+  Count exemptions;   ///< The count of exemptions as last parsed.
+  Amount stateWage;    ///< The base that a state routine works on, a period's or a year's.
+  Amount stateStdDed;  ///< A second state deduction.
+  Count staRate;      ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
 
-  bool operator==(const WorksheetFields&) const = default;
+  bool operator==(const WorksheetFieldsOf&) const = default;
 };
+using WorksheetFields = WorksheetFieldsOf<Money, Int16>;
 
 /// Calls visit(name, field) for each working field.
 template <class Fields, class Visit>
-requires std::is_same_v<std::remove_const_t<Fields>, WorksheetFields>
+requires requires(Fields& f) { f.stateStdDed; }
 void forEachField(Fields& fields, Visit&& visit) {
   visit("exemptions", fields.exemptions);
   visit("stateWage", fields.stateWage);

@@ -1,56 +1,62 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "engine/trace.h"
+#include "engine/recorder.h"
 
-/// Why a figure of the results is what it is, in words and sums. Written from the trace of the calculation alone; there
-/// are no rules of a state here.
+/// Why a figure of the results is what it is: a worksheet as tax forms print them, written from the tape of the
+/// calculation alone. There are no rules of a state here.
 
 namespace tallyfin {
 
-/// What was done, and the sum or figure that it came to, if it came to one.
-struct ExplanationLine {
-  std::string what;
-  std::string sum = {};
+/// How a figure came about: a figure of another line, or an operation on others.
+struct Operand {
+  enum class Origin {
+    line,
+    row,       ///< The figure of another row of the results.
+    entry,     ///< What the user entered.
+    constant,  ///< A figure of the rules.
+    left,      ///< What stood in a field before the calculation.
+    result     ///< Of an operation.
+  };
+  Origin origin = Origin::constant;
+  std::string name;  ///< Of the row, the control, the constant, the field, the operation.
+  int line = 0;
+  Value value;
+  std::vector<Operand> of;
+};
 
-  /// As a sentence.
+/// The row of a table that gave the figure of a line.
+struct UsedRow {
+  AppliedRow row;
+  Operand x;
+};
+
+/// A line of a worksheet. One without a number is a remark: it has words alone.
+struct ExplanationLine {
+  int number = 0;
+  std::string title;  ///< What the figure is; may be empty.
+  std::string words;  ///< How it is made.
+  Value value;
+  std::string figure;  ///< The value as people write it.
+  Operand from;
+  std::optional<UsedRow> table;
+
+  /// Title and words.
   std::string text() const;
+  /// The whole line: "3. Less the allowance: line 1 less line 2 = $940.00".
+  std::string print() const;
 };
 
 struct Explanation {
   const char* title;  ///< That of the row of the results.
   Money amount;
-  std::vector<ExplanationLine> lines;  ///< What led to the amount, in order.
-
-  std::vector<std::string> sentences() const;
+  std::vector<ExplanationLine> lines;
 };
 
 /// One explanation for each of the twelve rows of the results, in their order.
 std::vector<Explanation> explain(const Trace& trace);
-
-/// A part of the gross pay.
-struct Share {
-  const char* name;
-  Money amount;
-  double fraction;  ///< Of the gross pay.
-};
-
-/// Where the gross pay of the calculation goes: 401(k), federal, state and local tax, FICA, and the check. None where
-/// there is no gross pay to share out, or a part is negative.
-std::vector<Share> sharesOf(const Trace& trace);
-
-/// A part by its name and its percentage, which is rounded to a tenth: federal tax 17.2%.
-std::string shareText(const Share& share);
-
-/// All shares in one sentence, or why there are none.
-std::string sharesText(const Trace& trace);
-
-/// An amount as currency, with two decimals or as many more as it has: $1,000.00, $172.4936, ($5.00).
-std::string amountText(Money amount);
-
-/// A rate as percent, with as many decimals as it has: 7.65%.
-std::string rateText(double fraction);
 
 }  // namespace tallyfin

@@ -9,10 +9,10 @@
 #include "engine/doubletext.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
+#include "engine/recorder.h"
 #include "engine/services.h"
 #include "engine/settings.h"
 #include "engine/statelist.h"
-#include "engine/trace.h"
 #include "library/cells.h"
 #include "library/options.h"
 #include "stateoptions/handover.h"
@@ -115,11 +115,10 @@ std::vector<Explanation> Paycheck::explain() {
   takeChoices();
   forgetTraces();
   {
-    Recorder recording;
-    unlessItFails([&] { recording.trace().allowance = fromReal(allowancePerExemption()); });
-    recording.trace().exemptions = Int16(number(Column::exemptions));
-    calculatePaycheck();
-    makeTotals();
+    recordAllowance(exemptions);
+    const Recorder recording;
+    Recorder::calculatePaycheck();
+    Recorder::makeTotals();
   }
   std::vector<Explanation> all = tallyfin::explain(*lastTrace());
   forgetTraces();

@@ -1,9 +1,6 @@
 #include "stateoptions/handover.h"
 
-#include "engine/choices.h"
-#include "engine/numbertext.h"
-#include "engine/paydata.h"
-#include "engine/step.h"
+#include "engine/figures.h"
 
 namespace tallyfin {
 

@@ -2,38 +2,49 @@
 
 /// The year's wage through one band table, less an annual credit, divided back by the pay periods. Four decimals stay.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
 /// Alabama, 1999: dollars a year.
 namespace alabama {
 // clang-format off
-constexpr Band single[] = {
+constexpr Band singleRows[] = {
     {atMost, 500, 0, 0.02},
     {atMost, 3000, 500, 0.04, 10},
     {above, 3000, 3000, 0.05, 110},
 };
-constexpr Band married[] = {
+constexpr Band marriedRows[] = {
     {atMost, 1000, 0, 0.02},
     {atMost, 6000, 1000, 0.04, 20},
     {above, 6000, 6000, 0.05, 220},
 };
 // clang-format on
+constexpr Table single{"Alabama, Single", singleRows};
+constexpr Table married{"Alabama, Married", marriedRows};
+
+constexpr FixedRate deductionRate{"rate of the standard deduction", 0.2};
+constexpr FixedCount perDependent{"exemption for each dependent", 300};
 
 /// What a choice of `staMarried` gives: the cap of the standard deduction, the personal exemption, the table.
 struct Option {
-  int cap;
-  int personalExemption;
-  Bands bands;
+  FixedCount cap;
+  FixedAmount personalExemption;
+  Table table;
 };
+constexpr FixedCount singleCap{"most standard deduction", 2000};
+constexpr FixedCount marriedCap{"most standard deduction", 4000};
+constexpr FixedAmount noExemption{"personal exemption", 0};
+constexpr FixedAmount fullExemption{"personal exemption", 1500};
+constexpr FixedAmount exemptionOfBoth{"personal exemption", 3000};
 constexpr Option options[] = {
-    {2000, 1500, single},   // 1: Single, claiming full personal exemption
-    {2000, 0, single},      // 2: Single, claiming none
-    {4000, 3000, married},  // 3: Married, claiming for both spouses
-    {2000, 1500, single},   // 4: Married, claiming for yourself only
-    {2000, 0, single},      // 5: Married, claiming none
+    {singleCap, fullExemption, single},      // 1: Single, claiming full personal exemption
+    {singleCap, noExemption, single},        // 2: Single, claiming none
+    {marriedCap, exemptionOfBoth, married},  // 3: Married, claiming for both spouses
+    {singleCap, fullExemption, single},      // 4: Married, claiming for yourself only
+    {singleCap, noExemption, single},        // 5: Married, claiming none
 };
+constexpr const char* noOption = "the state has no rule for the filing status chosen";
 
 static const Option* chosen() {
   const int option = payData.staMarried.value();
@@ -48,38 +59,42 @@ static const Option* chosen() {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `fedTax`, `stateTax`, `staExmp`, `staDeps`, `staMarried`,
 /// `staAdd`, `stateDepsDed`. Writes `state401k`, `stateTax`, `staExmp`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void Alabama() {
+  using namespace alabama;
   Worksheet& work = worksheet();
-  const alabama::Option* option = alabama::chosen();
-  Money annualFedTax;
-  Int16 dependentDeduction;
+  Amount annualFedTax;
+  Count dependentDeduction;
   StateBase();
-  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
-  step("Standard deduction, 20% of it, to a whole dollar", payData.staExmp,
-       [&] { return integerRounded(toReal(work.stateWage) * 0.2); });
+  step("Year's wage", work.stateWage, yearsWage);
+  step("Standard deduction in whole dollars", payData.staExmp,
+       [&] { return integerRounded(toReal(work.stateWage) * deductionRate); });
   step(
-      "Standard deduction up to its cap, and the personal exemption of the option",
+      "Standard deduction and personal exemption of the filing status",
       [&] {
-        if (!option) return false;
-        if (payData.staExmp > option->cap) payData.staExmp = option->cap;
+        const Option* option = chosen();
+        if (!option) return keepAll(noOption);
+        payData.staExmp = least(payData.staExmp, option->cap);
         payData.stateDepsDed = option->personalExemption;
         return true;
       },
       payData.staExmp, payData.stateDepsDed);
-  step("The year's federal tax", annualFedTax, [] { return payData.fedTax * payData.payPeriods; });
-  step("Deduction of 300 for each dependent", dependentDeduction, [] { return payData.staDeps * 300; });
-  step("Less federal tax, personal exemption, standard deduction and dependents", work.stateWage,
+  step("Year's federal tax", annualFedTax, [] { return payData.fedTax * payData.payPeriods; });
+  step("Exemption for the dependents", dependentDeduction, [] { return payData.staDeps * perDependent; });
+  step("Year's wage less federal tax, exemptions and standard deduction", work.stateWage,
        [&] { return work.stateWage - (annualFedTax + payData.stateDepsDed + payData.staExmp + dependentDeduction); });
-  step("The year's tax by the table of the option", payData.stateTax,
-       [&] { return option ? std::optional(taxBy(option->bands)) : std::nullopt; });
-  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
-       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
+  step("Year's tax", payData.stateTax, []() -> std::optional<Amount> {
+    const Option* option = chosen();
+    if (!option) return keep(noOption);
+    return taxBy(option->table);
+  });
+  step("Pay period's tax with the additional amount", payData.stateTax,
+       [] { return line("Pay period's tax", perPeriod(payData.stateTax)) + payData.staAdd; });
   floorAtZero();
 }
 
 /// Arkansas, 1999: dollars a year.
 namespace arkansas {
 // clang-format off
-constexpr Band bands[] = {
+constexpr Band rows[] = {
     {atMost, 3000, 0, 0.01},
     {atMost, 6000, 3000, 0.025, 30},
     {atMost, 9000, 6000, 0.035, 105},
@@ -88,6 +103,9 @@ constexpr Band bands[] = {
     {above, 25000, 25000, 0.07, 1080},
 };
 // clang-format on
+constexpr Table table{"Arkansas", rows};
+constexpr FixedAmount standardDeduction{"standard deduction", 2000};
+constexpr FixedCount perExemption{"credit for each exemption", 20};
 }  // namespace arkansas
 
 /// Arkansas, 1999. `stateStdDed` comes off the annual tax, and this routine doesn't assign it: it is what the last
@@ -96,26 +114,29 @@ constexpr Band bands[] = {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `frequency`, `staAdd`, `stateStdDed`, `exemptionsText`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `exemptions`, `stateWage`.
 void Arkansas() {
+  using namespace arkansas;
   Worksheet& work = worksheet();
-  Int16 credit;
+  Count credit;
   parseExemptions();
   StateBase();
-  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
-  step("The year's wage", work.stateWage, [&] { return work.stateWage * periodsPerYear.now(); });
-  step("Less the standard deduction of 2,000", work.stateWage, [&] { return work.stateWage - 2000; });
-  step("The year's tax by the table", payData.stateTax, [] { return taxBy(arkansas::bands); });
-  step("Credit of 20 for each exemption", credit, [&] { return work.exemptions * 20; });
-  step("Less the credit, and the second deduction that another state has left", payData.stateTax,
-       [&] { return payData.stateTax - (work.stateStdDed + credit); });
-  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
-       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
+  step("Wage that the state taxes", work.stateWage, stateGross);
+  step("Year's wage", work.stateWage, [&] { return work.stateWage * periodsPerYear.now(); });
+  step("Year's wage less the standard deduction", work.stateWage, [&] { return work.stateWage - standardDeduction; });
+  step("Year's tax", payData.stateTax, [] { return taxBy(table); });
+  step("Credit for the exemptions", credit, [&] { return work.exemptions * perExemption; });
+  step("Year's tax less the credit", payData.stateTax, [&] {
+    noteIfAny(work.stateStdDed, "The deduction that the state calculated before has left is taken off this state's tax.");
+    return payData.stateTax - (work.stateStdDed + credit);
+  });
+  step("Pay period's tax with the additional amount", payData.stateTax,
+       [] { return line("Pay period's tax", perPeriod(payData.stateTax)) + payData.staAdd; });
   floorAtZero();
 }
 
 /// Delaware, 1999: dollars a year.
 namespace delaware {
 // clang-format off
-constexpr Band bands[] = {
+constexpr Band rows[] = {
     {below, 2000, 0, 0},
     {below, 5000, 2000, 0.026},
     {below, 10000, 5000, 0.042, 78},
@@ -125,13 +146,18 @@ constexpr Band bands[] = {
     {atLeast, 60000, 60000, 0.064, 3175.5},
 };
 // clang-format on
+constexpr Table table{"Delaware", rows};
+constexpr FixedAmount singleDeduction{"standard deduction", 3250};
+constexpr FixedAmount marriedDeduction{"standard deduction", 4000};
+constexpr FixedAmount separatelyDeduction{"standard deduction", 2000};
+constexpr FixedCount perDependent{"credit for each dependent", 100};
 
 /// By `staMarried`: Single, Married, Married Filing Separately.
-static Money standardDeduction() {
+static Amount standardDeduction() {
   switch (payData.staMarried.value()) {
-    case stateStatus::single: return 3250;
-    case stateStatus::married: return 4000;
-    case stateStatus::separately: return 2000;
+    case stateStatus::single: return singleDeduction;
+    case stateStatus::married: return marriedDeduction;
+    case stateStatus::separately: return separatelyDeduction;
     default: return 0;
   }
 }
@@ -142,17 +168,18 @@ static Money standardDeduction() {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`. Writes
 /// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void Delaware() {
+  using namespace delaware;
   Worksheet& work = worksheet();
-  Money standardDeduction;
+  Amount deduction;
   StateBase();
-  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
-  step("Standard deduction of the filing status", standardDeduction, delaware::standardDeduction);
-  step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - standardDeduction; });
-  step("The year's tax by the table", payData.stateTax, [] { return taxBy(delaware::bands); });
-  step("Credit of 100 for each dependent", payData.stateDepsDed, [] { return payData.staDeps * 100; });
-  step("Less the credit", payData.stateTax, [] { return payData.stateTax - payData.stateDepsDed; });
-  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
-       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
+  step("Year's wage", work.stateWage, yearsWage);
+  step("Standard deduction", deduction, standardDeduction);
+  step("Year's wage less the standard deduction", work.stateWage, [&] { return work.stateWage - deduction; });
+  step("Year's tax", payData.stateTax, [] { return taxBy(table); });
+  step("Credit for the dependents", payData.stateDepsDed, [] { return payData.staDeps * perDependent; });
+  step("Year's tax less the credit", payData.stateTax, [] { return payData.stateTax - payData.stateDepsDed; });
+  step("Pay period's tax with the additional amount", payData.stateTax,
+       [] { return line("Pay period's tax", perPeriod(payData.stateTax)) + payData.staAdd; });
   floorAtZero();
 }
 
@@ -160,7 +187,7 @@ void Delaware() {
 namespace kentucky {
 // clang-format off
 // The third test is strict, between inclusive ones.
-constexpr Band bands[] = {
+constexpr Band rows[] = {
     {atMost, 3000, 0, 0.02},
     {atMost, 4000, 3000, 0.03, 60},
     {below, 5000, 4000, 0.04, 90},
@@ -168,6 +195,9 @@ constexpr Band bands[] = {
     {above, 8000, 8000, 0.06, 280},
 };
 // clang-format on
+constexpr Table table{"Kentucky", rows};
+constexpr FixedAmount standardDeduction{"standard deduction", 650};
+constexpr FixedCount perExemption{"credit for each exemption", 20};
 }  // namespace kentucky
 
 /// Kentucky, 1999.
@@ -175,21 +205,18 @@ constexpr Band bands[] = {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
 /// `statePreTax`, `exemptions`, `stateWage`.
 void Kentucky() {
+  using namespace kentucky;
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step("The year's wage less the standard deduction of 650", work.stateWage,
-       [] { return stateGross() * payData.payPeriods - 650; });
-  step("The year's tax by the table", payData.stateTax, [] { return taxBy(kentucky::bands); });
-  Money afterCredit;
-  step(
-      "The pay period's share, after a credit of 20 for each exemption",
-      [&] {
-        afterCredit = payData.stateTax - work.exemptions * 20;
-        payData.stateTax = perPeriod(afterCredit);
-      },
-      afterCredit, payData.stateTax);
+  step("Year's wage less the standard deduction", work.stateWage,
+       [] { return line("Year's wage", yearsWage()) - standardDeduction; });
+  step("Year's tax", payData.stateTax, [] { return taxBy(table); });
+  step("Pay period's tax", payData.stateTax, [&] {
+    const Amount credit = line("Credit for the exemptions", work.exemptions * perExemption);
+    return perPeriod(line("Year's tax less the credit", payData.stateTax - credit));
+  });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -2,20 +2,23 @@
 
 /// The year's wage, less exemptions of the year, through one band table whatever the status and frequency.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
 /// Virginia, 1999: dollars a year.
 namespace virginia {
 // clang-format off
-constexpr Band bands[] = {
+constexpr Band rows[] = {
     {atMost, 3000, 0, 0.02},
     {atMost, 5000, 3000, 0.03, 60},
     {atMost, 17000, 5000, 0.05, 120},
     {above, 17000, 17000, 0.0575, 720},
 };
 // clang-format on
+constexpr Table table{"Virginia", rows};
+constexpr FixedCount perExemption{"personal exemption", 800};
+constexpr FixedCount standardDeduction{"standard deduction", 2500};
 }  // namespace virginia
 
 /// Virginia, 1999. The tax is rounded to whole dollars before `staAdd`, which keeps its cents.
@@ -23,14 +26,17 @@ constexpr Band bands[] = {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
 /// `statePreTax`, `exemptions`, `stateWage`.
 void Virginia() {
+  using namespace virginia;
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step("The year's wage less 800 for each exemption and the standard deduction of 2,500", work.stateWage,
-       [&] { return stateGross() * payData.payPeriods - (work.exemptions * 800 + 2500); });
-  step("The year's tax by the table", payData.stateTax, [] { return taxBy(virginia::bands); });
-  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
-  step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
+  step("Year's wage less exemptions and standard deduction", work.stateWage, [&] {
+    const Amount wage = line("Year's wage", yearsWage());
+    return wage - (line("Personal exemptions", work.exemptions * perExemption) + standardDeduction);
+  });
+  step("Year's tax", payData.stateTax, [] { return taxBy(table); });
+  step("Pay period's tax", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("Pay period's tax in whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
 
@@ -38,7 +44,7 @@ void Virginia() {
 namespace southcarolina {
 // clang-format off
 // Only the first test is strict.
-constexpr Band bands[] = {
+constexpr Band rows[] = {
     {below, 2000, 0, 0.02},
     {atMost, 4000, 0, 0.03, -20},
     {atMost, 6000, 0, 0.04, -60},
@@ -47,6 +53,10 @@ constexpr Band bands[] = {
     {above, 10000, 0, 0.07, -300},
 };
 // clang-format on
+constexpr Table table{"South Carolina", rows};
+constexpr FixedRate deductionRate{"rate of the standard deduction", 0.1};
+constexpr FixedAmount mostDeduction{"most standard deduction", 2125};
+constexpr FixedCount perExemption{"personal exemption", 1900};
 }  // namespace southcarolina
 
 /// South Carolina, 1999. It overwrites `staDeps` with the worksheet's count; the field of exemptions isn't touched.
@@ -55,28 +65,32 @@ constexpr Band bands[] = {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
 /// `staDeps`, `stateDepsDed`, `statePreTax`, `stateWage`, `stateStdDed`.
 void SCarolina() {
+  using namespace southcarolina;
   Worksheet& work = worksheet();
-  step("Number of exemptions", payData.staDeps, [&] { return toInt16(work.exemptionsText()); });
+  step("Exemptions", payData.staDeps, [&] { return toInt16(work.exemptionsText()); });
   StateBase();
-  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
-  step("Standard deduction, 10% of it", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * 0.1); });
+  step("Year's wage", work.stateWage, yearsWage);
+  step("Standard deduction", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * deductionRate); });
   step(
-      "1,900 for each exemption, and the standard deduction up to 2,125; without exemptions neither",
+      "Personal exemptions, and the standard deduction up to its limit",
       [&] {
         if (payData.staDeps == 0) {
+          note("Without exemptions there is no standard deduction either.");
           payData.stateDepsDed = 0;
           work.stateStdDed = 0;
-        } else if (payData.staDeps >= 1) {
-          payData.stateDepsDed = payData.staDeps * 1900;
-          if (work.stateStdDed > 2125) work.stateStdDed = 2125;
+          return true;
         }
-        return payData.staDeps >= 0;
+        if (payData.staDeps < 1) return keepAll("the number of exemptions is negative");
+        payData.stateDepsDed = payData.staDeps * perExemption;
+        work.stateStdDed = least(work.stateStdDed, mostDeduction);
+        return true;
       },
       payData.stateDepsDed, work.stateStdDed);
-  step("Less both", work.stateWage, [&] { return work.stateWage - (work.stateStdDed + payData.stateDepsDed); });
-  step("The year's tax by the table", payData.stateTax, [] { return taxBy(southcarolina::bands); });
-  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("Year's wage less both", work.stateWage,
+       [&] { return work.stateWage - (work.stateStdDed + payData.stateDepsDed); });
+  step("Year's tax", payData.stateTax, [] { return taxBy(table); });
+  step("Pay period's tax", payData.stateTax, [] { return perPeriod(payData.stateTax); });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -3,7 +3,7 @@
 
 /// California takes an estimated deduction from the period's wage, applies a table, and takes a credit from the tax.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace california {
 /// The group by `staMarried`; none for a value that isn't offered. The exemptions are those that were parsed last.
@@ -20,13 +20,22 @@ static const Group* chosenGroup() {
 /// The low-income test of a group.
 static bool withinGate(const Group& group) { return worksheet().stateWage <= group.gate.now(); }
 
-static void applyGroup(const Group& group) {
+/// The one low-income test that counts: Head of Family, Weekly, has neither a table nor a credit nor `staAdd`.
+static bool endsAtGate() {
+  const Group* group = chosenGroup();
+  return group == &groupCSchedule && payData.frequency == frequency::weekly && withinGate(*group);
+}
+
+static void applyGroup() {
   Worksheet& work = worksheet();
   // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
-  step("No tax up to the low-income amount, which the table overrides", payData.stateTax,
-       [&] { return withinGate(group) ? std::optional(Money{}) : std::nullopt; });
-  step("Less the standard deduction", work.stateWage, [&] { return work.stateWage - group.deduction.now(); });
-  step("Tax by the table of filing status and pay period", payData.stateTax, [&] { return taxBy(group.bands.now()); });
+  step("No tax up to the low-income amount, which the table overrides", payData.stateTax, []() -> std::optional<Amount> {
+    if (withinGate(*chosenGroup())) return 0;
+    return keep("the wage is over the low-income amount");
+  });
+  step("Wage less the standard deduction", work.stateWage,
+       [&] { return work.stateWage - chosenGroup()->deduction.now(); });
+  step("Tax by the table", payData.stateTax, [] { return taxBy(chosenGroup()->bands.now()); });
 }
 }  // namespace california
 
@@ -36,34 +45,37 @@ static void applyGroup(const Group& group) {
 /// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staExmp`, `staDeps`, `staMarried`, `staAdd`,
 /// `stateDepsDed`, `exemptions`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void CalifTax() {
+  using namespace california;
   Worksheet& work = worksheet();
   StateBase();
-  step("Estimated deduction", payData.stateDepsDed, []() -> std::optional<Money> {
-    const int deductions = payData.staExmp.value();
-    if (deductions > 10) return payData.staExmp * california::estimatedDeductionAboveTen.now();
-    if (deductions >= 0) return california::estimatedDeduction[deductions].now();
-    return std::nullopt;
+  step("Estimated deduction", payData.stateDepsDed, []() -> std::optional<Amount> {
+    if (payData.staExmp > 10) return payData.staExmp * estimatedDeductionAboveTen.now();
+    if (payData.staExmp >= 0) return estimatedDeduction[payData.staExmp.value()].now();
+    return keep("the number of estimated deductions is negative");
   });
-  step("Gross pay less the untaxed amounts and the estimated deduction", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  const california::Group* group = california::chosenGroup();
-  // The one gate that counts: Head of Family, Weekly, ends here, with neither credit nor `staAdd`.
-  if (group == &california::groupCSchedule && payData.frequency == frequency::weekly &&
-      california::withinGate(*group)) {
-    step("No tax for a Head of Family with a low weekly income", payData.stateTax, [] { return 0; });
+  step("Wage less the estimated deduction", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  if (endsAtGate()) {
+    step("State tax on a low weekly income of a Head of Family", payData.stateTax, [] {
+      endsAtGate();
+      return 0;
+    });
     return;
   }
-  if (group) california::applyGroup(*group);
-  step("Credit for the dependents", payData.stateDepsDed, []() -> std::optional<Money> {
-    const int dependents = payData.staDeps.value();
-    const Money one = california::exemptionCredit[1].now().amount;
-    if (dependents > 10) return fromReal(toReal(payData.staDeps) * toReal(one));
-    if (dependents >= 0) return california::exemptionCredit[dependents].now().amount;
-    return std::nullopt;
+  if (chosenGroup() != nullptr) {
+    applyGroup();
+  } else {
+    noteOn(payData.stateTax, "The state has no table for the filing status chosen, so the tax stays as it was.");
+  }
+  step("Exemption credit", payData.stateDepsDed, []() -> std::optional<Amount> {
+    if (payData.staDeps > 10) {
+      return fromReal(toReal(payData.staDeps) * toReal(exemptionCredit[1].now()));
+    }
+    if (payData.staDeps >= 0) return exemptionCredit[payData.staDeps.value()].now();
+    return keep("the number of dependents is negative");
   });
-  step("Less the credit, plus the additional amount asked for", payData.stateTax,
+  step("Tax less the credit, with the additional amount", payData.stateTax,
        [] { return (payData.stateTax - payData.stateDepsDed) + payData.staAdd; });
   floorAtZero();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

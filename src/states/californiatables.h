@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "states/statebase.h"
 
 /// California, tax year 1999: dollars a pay period, by schedule group and frequency.
 
-namespace tallyfin::california {
+namespace TALLYFIN_FIGURES::california {
 
 using enum Test;
 
@@ -107,57 +106,61 @@ inline constexpr Band groupCMonthly[] = {
     {above, 3819, 3819, 0.093, 139.54},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> groupA{groupAWeekly, groupATwiceAMonth, groupAEveryTwoWeeks, groupAMonthly};
-inline constexpr PerFrequency<Bands> groupB{groupBWeekly, groupBTwiceAMonth, groupBEveryTwoWeeks, groupBMonthly};
-inline constexpr PerFrequency<Bands> groupC{groupCWeekly, groupCTwiceAMonth, groupCEveryTwoWeeks, groupCMonthly};
+inline constexpr PerFrequency<Bands> groupA{groupAWeekly, groupATwiceAMonth, groupAEveryTwoWeeks, groupAMonthly, "California, Single or Married with an employed spouse"};
+inline constexpr PerFrequency<Bands> groupB{groupBWeekly, groupBTwiceAMonth, groupBEveryTwoWeeks, groupBMonthly, "California, Married"};
+inline constexpr PerFrequency<Bands> groupC{groupCWeekly, groupCTwiceAMonth, groupCEveryTwoWeeks, groupCMonthly, "California, Head of Family"};
 
 // clang-format off
 /// Estimated deduction for `staExmp` 0 to 10.
-inline constexpr PerFrequency<int> estimatedDeduction[] = {
-    {0, 0, 0, 0},
-    {19, 42, 38, 83},
-    {38, 83, 77, 167},
-    {58, 125, 115, 250},
-    {77, 167, 154, 333},
-    {96, 208, 192, 417},
-    {115, 250, 231, 500},
-    {135, 292, 269, 583},
-    {154, 333, 308, 667},
-    {173, 375, 346, 750},
-    {192, 417, 385, 833},
+inline constexpr const char* estimated = "estimated deduction";
+inline constexpr PerFrequency<Dollars> estimatedDeduction[] = {
+    {0, 0, 0, 0, estimated},
+    {19, 42, 38, 83, estimated},
+    {38, 83, 77, 167, estimated},
+    {58, 125, 115, 250, estimated},
+    {77, 167, 154, 333, estimated},
+    {96, 208, 192, 417, estimated},
+    {115, 250, 231, 500, estimated},
+    {135, 292, 269, 583, estimated},
+    {154, 333, 308, 667, estimated},
+    {173, 375, 346, 750, estimated},
+    {192, 417, 385, 833, estimated},
 };
 /// Multiplier of a `staExmp` above 10.
-inline constexpr PerFrequency<int> estimatedDeductionAboveTen{19, 42, 38, 83};
+inline constexpr PerFrequency<PerHead> estimatedDeductionAboveTen{int16(19), int16(42), int16(38), int16(83), estimated};
 
 /// Exemption credit for `staDeps` 0 to 10.
+inline constexpr const char* credit = "exemption credit";
 inline constexpr PerFrequency<Dollars> exemptionCredit[] = {
-    {0, 0, 0, 0},
-    {1.35, 2.92, 2.69, 5.83},
-    {2.69, 5.83, 5.38, 11.67},
-    {4.04, 8.75, 8.08, 17.5},
-    {5.38, 11.67, 10.77, 23.33},
-    {6.73, 14.58, 13.46, 29.17},
-    {8.08, 17.5, 16.15, 35},
-    {9.42, 20.42, 18.85, 40.83},
-    {10.77, 23.33, 21.54, 46.67},
-    {12.12, 26.25, 24.23, 52.5},
-    {13.46, 29.17, 26.92, 58.33},
+    {0, 0, 0, 0, credit},
+    {1.35, 2.92, 2.69, 5.83, credit},
+    {2.69, 5.83, 5.38, 11.67, credit},
+    {4.04, 8.75, 8.08, 17.5, credit},
+    {5.38, 11.67, 10.77, 23.33, credit},
+    {6.73, 14.58, 13.46, 29.17, credit},
+    {8.08, 17.5, 16.15, 35, credit},
+    {9.42, 20.42, 18.85, 40.83, credit},
+    {10.77, 23.33, 21.54, 46.67, credit},
+    {12.12, 26.25, 24.23, 52.5, credit},
+    {13.46, 29.17, 26.92, 58.33, credit},
 };
 // clang-format on
 
 /// A schedule group: the gate of the low-income test, the standard deduction, the tables.
 struct Group {
-  PerFrequency<int> gate;
-  PerFrequency<int> deduction;
+  PerFrequency<Dollars> gate;
+  PerFrequency<Dollars> deduction;
   PerFrequency<Bands> bands;
 };
 
+inline constexpr const char* gate = "low-income amount";
+inline constexpr const char* deduction = "standard deduction";
 /// Single, or married with an employed spouse.
-inline constexpr Group groupASchedule{{158, 341, 315, 683}, {51, 110, 102, 220}, groupA};
+inline constexpr Group groupASchedule{{158, 341, 315, 683, gate}, {51, 110, 102, 220, deduction}, groupA};
 /// Married, with one exemption at most and with two or more.
-inline constexpr Group groupBUpToOneSchedule{{158, 341, 315, 683}, {51, 110, 102, 220}, groupB};
-inline constexpr Group groupBFromTwoSchedule{{315, 683, 630, 1365}, {102, 220, 203, 440}, groupB};
+inline constexpr Group groupBUpToOneSchedule{{158, 341, 315, 683, gate}, {51, 110, 102, 220, deduction}, groupB};
+inline constexpr Group groupBFromTwoSchedule{{315, 683, 630, 1365, gate}, {102, 220, 203, 440, deduction}, groupB};
 /// Head of family.
-inline constexpr Group groupCSchedule{{315, 670, 618, 1340}, {102, 220, 203, 440}, groupC};
+inline constexpr Group groupCSchedule{{315, 670, 618, 1340, gate}, {102, 220, 203, 440, deduction}, groupC};
 
-}  // namespace tallyfin::california
+}  // namespace TALLYFIN_FIGURES::california

@@ -1,20 +1,26 @@
 #include "states/connecticuttables.h"
 #include "states/states.h"
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace connecticut {
 /// What a rate letter gives. Rate D has no credits.
 struct Schedule {
-  std::span<const Exemption> exemptions;
-  Bands bands;
-  std::span<const Credit> credits;
+  TableOf<Exemption> exemptions;
+  Table bands;
+  TableOf<Credit> credits;
 };
 constexpr Schedule schedules[] = {
-    {exemptionsA, bandsAAndD, creditsA},
-    {exemptionsB, bandsB, creditsB},
-    {exemptionsCAndD, bandsC, creditsC},
-    {exemptionsCAndD, bandsAAndD, {}},
+    {{"Connecticut, exemptions of Rate A", exemptionsA},
+     {"Connecticut, Rate A", bandsAAndD},
+     {"Connecticut, credits of Rate A", creditsA}},
+    {{"Connecticut, exemptions of Rate B", exemptionsB},
+     {"Connecticut, Rate B", bandsB},
+     {"Connecticut, credits of Rate B", creditsB}},
+    {{"Connecticut, exemptions of Rate C", exemptionsCAndD},
+     {"Connecticut, Rate C", bandsC},
+     {"Connecticut, credits of Rate C", creditsC}},
+    {{"Connecticut, exemptions of Rate D", exemptionsCAndD}, {"Connecticut, Rate D", bandsAAndD}, {"", {}}},
 };
 
 /// The schedule of the worksheet's rate letter, which nothing assigns: only Rate A runs. There is none beyond D.
@@ -22,6 +28,7 @@ static const Schedule* chosen() {
   const int letter = worksheet().staRate.value();
   return letter >= 0 && letter <= 3 ? &schedules[letter] : nullptr;
 }
+constexpr const char* noSchedule = "the state has no table for that rate letter";
 }  // namespace connecticut
 
 /// Connecticut, 1999. The letter picked among the state options doesn't reach this routine.
@@ -29,48 +36,43 @@ static const Schedule* chosen() {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `staRate`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `stateWage`.
 void Connecticut() {
+  using namespace connecticut;
   Worksheet& work = worksheet();
-  const connecticut::Schedule* schedule = connecticut::chosen();
-  Money annualBase;
-  Money exemption;
-  float creditFraction = 0;
+  Amount annualBase;
+  Amount exemption;
+  Single creditFraction = 0;
   StateBase();
-  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step("Wage that the state taxes", work.stateWage, stateGross);
   step(
-      "The year's wage",
+      "Year's wage",
       [&] {
         if (frequencyKnown()) work.stateWage = work.stateWage * periodsPerYear.now();
         annualBase = work.stateWage;
       },
-      work.stateWage);
-  step("Exemption by its table", exemption, [&]() -> std::optional<Money> {
-    if (!schedule) return std::nullopt;
-    const connecticut::Exemption& row = bandOf(schedule->exemptions, work.stateWage);
-    rowApplied({.test = row.test,
-                .bound = row.bound.amount,
-                .plus = toReal(row.amount.amount),
-                .x = work.stateWage,
-                .gives = AppliedRow::Gives::amount});
-    return row.amount.amount;
+      work.stateWage, annualBase);
+  step("Exemption", exemption, [&]() -> std::optional<Amount> {
+    const Schedule* schedule = chosen();
+    if (!schedule) return keep(noSchedule);
+    return named("exemption", bandOf(schedule->exemptions, work.stateWage).amount.amount);
   });
-  step("Less the exemption", work.stateWage, [&] { return work.stateWage - exemption; });
-  step("The year's tax by the table", payData.stateTax,
-       [&] { return schedule ? std::optional(taxBy(schedule->bands)) : std::nullopt; });
-  step("Part of the tax that is credited, by its table", creditFraction, [&]() -> std::optional<float> {
-    if (!schedule || schedule->credits.empty()) return std::nullopt;
-    const connecticut::Credit& row = bandOf(schedule->credits, annualBase);
-    rowApplied({.test = row.test,
-                .bound = row.bound.amount,
-                .rate = row.fraction,
-                .x = annualBase,
-                .gives = AppliedRow::Gives::fraction});
-    return row.fraction;
+  step("Year's wage less the exemption", work.stateWage, [&] { return work.stateWage - exemption; });
+  step("Year's tax", payData.stateTax, []() -> std::optional<Amount> {
+    const Schedule* schedule = chosen();
+    if (!schedule) return keep(noSchedule);
+    return taxBy(schedule->bands);
   });
-  step("Less that part", payData.stateTax,
-       [&] { return fromReal(toReal(payData.stateTax) * (1 - static_cast<double>(creditFraction))); });
-  step("The pay period's share, plus the additional amount asked for", payData.stateTax,
-       [] { return perPeriod(payData.stateTax) + payData.staAdd; });
+  step("Part of the tax that is credited", creditFraction, [&]() -> std::optional<Single> {
+    const Schedule* schedule = chosen();
+    if (!schedule) return keep(noSchedule);
+    if (schedule->credits.rows.empty()) return keep("that rate letter has no credits");
+    return named("credit", bandOf(schedule->credits, annualBase).fraction);
+  });
+  step("Year's tax less the credit", payData.stateTax, [&] {
+    return fromReal(toReal(payData.stateTax) * line("Part of the tax that remains", named("whole", 1.0) - asRate(creditFraction)));
+  });
+  step("Pay period's tax with the additional amount", payData.stateTax,
+       [] { return line("Pay period's tax", perPeriod(payData.stateTax)) + payData.staAdd; });
   floorAtZero();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
+#include "engine/figures.h"
 
 /// Connecticut, tax year 1999: dollars a year, by rate letter. Rate A alone is reached.
 
-namespace tallyfin::connecticut {
+namespace TALLYFIN_FIGURES::connecticut {
 
 using enum Test;
 
@@ -195,4 +195,4 @@ inline constexpr Credit creditsC[] = {
 };
 // clang-format on
 
-}  // namespace tallyfin::connecticut
+}  // namespace TALLYFIN_FIGURES::connecticut

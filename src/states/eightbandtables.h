@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "engine/figures.h"
 
 /// The tables of eightbandstates.cpp, tax year 1999: dollars a pay period, by status and frequency.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
@@ -93,8 +92,8 @@ inline constexpr Band singleMonthly[] = {
     {above, 6258, 6258, 0.0736, 375.65},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Nebraska, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Nebraska, Single"};
 }  // namespace nebraska
 
 /// New Mexico.
@@ -182,8 +181,8 @@ inline constexpr Band singleMonthly[] = {
     {above, 5546, 5546, 0.085, 338.13},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "New Mexico, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "New Mexico, Single"};
 }  // namespace newmexico
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

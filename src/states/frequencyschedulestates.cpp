@@ -2,13 +2,13 @@
 
 /// One band table for each pay frequency, whatever the status.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
 /// West Virginia, 1999: dollars a pay period.
 namespace westvirginia {
-constexpr PerFrequency<PerHead> perExemption{real(38.46), real(83.33), real(76.92), real(166.67)};
+constexpr PerFrequency<PerHead> perExemption{real(38.46), real(83.33), real(76.92), real(166.67), "allowance for each exemption"};
 
 // clang-format off
 constexpr Band weekly[] = {
@@ -41,7 +41,7 @@ constexpr Band monthly[] = {
     {above, 2500, 2500, 0.065, 115.62},
 };
 // clang-format on
-constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly};
+constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "West Virginia"};
 }  // namespace westvirginia
 
 /// West Virginia, 1999. `stateDepsDed`: dollars a pay period.
@@ -54,15 +54,14 @@ void WestVirginia() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * westvirginia::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(westvirginia::bands.now()); });
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [] { return taxBy(westvirginia::bands.now()); });
   finish();
 }
 
 /// Ohio, 1999: dollars a pay period.
 namespace ohio {
-constexpr PerFrequency<PerHead> perExemption{real(12.5), real(27.08), int16(25), real(54.17)};
+constexpr PerFrequency<PerHead> perExemption{real(12.5), real(27.08), int16(25), real(54.17), "allowance for each exemption"};
 
 // clang-format off
 // The last Lower is 1,623, not its bound: the tax jumps by 24.225 there.
@@ -107,7 +106,7 @@ constexpr Band monthly[] = {
     {above, 8333.2, 8333.2, 0.08075, 417.22},
 };
 // clang-format on
-constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly};
+constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "Ohio"};
 }  // namespace ohio
 
 /// Ohio, 1999. `stateDepsDed`: dollars a pay period.
@@ -118,12 +117,12 @@ void Ohio() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
+  step("Wage that the state taxes", work.stateWage, stateGross);
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * ohio::perExemption.now(); });
-  step("Less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
-  step("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(ohio::bands.now()); });
+  step("Wage less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [] { return taxBy(ohio::bands.now()); });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -3,15 +3,15 @@
 
 /// The period's wage, less deductions of the period, through a long band table by status and frequency.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace georgia {
 /// By `staMarried`: Single, Married, Married Filing Separately.
-constexpr PerFrequency<Dollars> singleDeduction{44.25, 95.75, 88.5, 191.5};
-constexpr PerFrequency<Dollars> marriedDeduction{57.5, 125, 115, 250};
-constexpr PerFrequency<Dollars> separatelyDeduction{28.75, 62.5, 57.5, 125};
+constexpr PerFrequency<Dollars> singleDeduction{44.25, 95.75, 88.5, 191.5, "standard deduction"};
+constexpr PerFrequency<Dollars> marriedDeduction{57.5, 125, 115, 250, "standard deduction"};
+constexpr PerFrequency<Dollars> separatelyDeduction{28.75, 62.5, 57.5, 125, "standard deduction"};
 
-constexpr PerFrequency<int> perDependent{48, 104, 96, 208};
+constexpr PerFrequency<Dollars> perDependent{48, 104, 96, 208, "allowance for each dependent"};
 }  // namespace georgia
 
 /// Georgia, 1999. `staMarried` sets the deductions and `maritalStat` picks the table. Without dependents the second
@@ -21,38 +21,44 @@ constexpr PerFrequency<int> perDependent{48, 104, 96, 208};
 /// `stateDepsDed`, `stateStdDed`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`,
 /// `stateStdDed`.
 void Georgia() {
+  using namespace georgia;
   Worksheet& work = worksheet();
-  Money dependentAllowance;
+  Amount dependentAllowance;
   step(
-      "Standard deduction of the filing status, and as much for oneself",
+      "Standard deduction and personal allowance of the filing status",
       [&] {
         switch (payData.staMarried.value()) {
-          case stateStatus::single: work.stateStdDed = georgia::singleDeduction.now().amount; break;
-          case stateStatus::married: work.stateStdDed = georgia::marriedDeduction.now().amount; break;
-          case stateStatus::separately: work.stateStdDed = georgia::separatelyDeduction.now().amount; break;
-          default: return false;
+          case stateStatus::single: work.stateStdDed = singleDeduction.now(); break;
+          case stateStatus::married: work.stateStdDed = marriedDeduction.now(); break;
+          case stateStatus::separately: work.stateStdDed = separatelyDeduction.now(); break;
+          default: return keepAll("the state has no deductions for the filing status chosen");
         }
-        payData.stateDepsDed = payData.staMarried == stateStatus::separately ? work.stateStdDed * 2 : work.stateStdDed;
+        const bool separately = payData.staMarried == stateStatus::separately;
+        work.stateStdDed = line("Standard deduction", work.stateStdDed);
+        payData.stateDepsDed = separately ? line("Personal allowance", work.stateStdDed * named("times", Int16(2)))
+                                          : asMuch("Personal allowance", work.stateStdDed);
         return true;
       },
       work.stateStdDed, payData.stateDepsDed);
   StateBase();
-  step("Gross pay less the untaxed amounts and both deductions", work.stateWage,
+  step("Wage less both deductions", work.stateWage,
        [&] { return stateGross() - work.stateStdDed - payData.stateDepsDed; });
-  step("Allowance for the dependents", dependentAllowance,
-       [] { return Money(georgia::perDependent.now()) * payData.staDeps; });
-  step("Less the allowance; without dependents the second deduction is given back", work.stateWage, [&] {
-    return payData.staDeps == 0 ? work.stateWage + payData.stateDepsDed : work.stateWage - dependentAllowance;
+  step("Allowance for the dependents", dependentAllowance, [] { return perDependent.now() * payData.staDeps; });
+  step("Wage less the allowance for the dependents", work.stateWage, [&] {
+    if (payData.staDeps != 0) return work.stateWage - dependentAllowance;
+    note("Without dependents the personal allowance is given back.");
+    return work.stateWage + payData.stateDepsDed;
   });
-  step("Tax by the table of status and pay period", payData.stateTax, []() -> std::optional<Money> {
-    if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(georgia::marriedClaimingSingle.now());
-    return taxByStatus(georgia::married, georgia::single);
+  step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
+    if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(marriedClaimingSingle.now());
+    return taxByStatus(married, single);
   });
   finish();
 }
 
 namespace idaho {
-constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33)};
+constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33),
+                                             "allowance for each exemption"};
 }
 
 /// Idaho, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -65,11 +71,9 @@ void Idaho() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * idaho::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of status and pay period", payData.stateTax,
-       [] { return taxByStatus(idaho::married, idaho::single); });
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [] { return taxByStatus(idaho::married, idaho::single); });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "engine/figures.h"
 
 /// The tables of longschedulestates.cpp, tax year 1999: dollars a pay period, by status and frequency.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
@@ -109,11 +108,9 @@ inline constexpr Band marriedClaimingSingleMonthly[] = {
     {atLeast, 416.75, 416.75, 0.06, 14.17},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
-inline constexpr PerFrequency<Bands> marriedClaimingSingle{
-    marriedClaimingSingleWeekly, marriedClaimingSingleTwiceAMonth, marriedClaimingSingleEveryTwoWeeks,
-    marriedClaimingSingleMonthly};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Georgia, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Georgia, Single"};
+inline constexpr PerFrequency<Bands> marriedClaimingSingle{ marriedClaimingSingleWeekly, marriedClaimingSingleTwiceAMonth, marriedClaimingSingleEveryTwoWeeks, marriedClaimingSingleMonthly, "Georgia, Married Claiming Single"};
 }  // namespace georgia
 
 /// Idaho.
@@ -208,8 +205,8 @@ inline constexpr Band singleMonthly[] = {
     {above, 1792, 1792, 0.082, 115.61},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Idaho, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Idaho, Single"};
 }  // namespace idaho
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,20 +1,23 @@
-#include <algorithm>
-
 #include "states/marylandtables.h"
 #include "states/states.h"
 
 /// Maryland works out a local tax beside its own.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace maryland {
 /// Dollars a pay period.
-constexpr PerFrequency<PerHead> perExemption{real(35.6), real(77.1), real(71.15), real(154.2)};
-constexpr PerFrequency<PerHead> perLocalExemption{real(23.1), int16(50), real(46.2), int16(100)};
-constexpr PerFrequency<Dollars> lowBound{29, 62.5, 58, 125};
-constexpr PerFrequency<Dollars> highBound{38.5, 83.5, 77, 167};
+constexpr PerFrequency<PerHead> perExemption{real(35.6), real(77.1), real(71.15), real(154.2),
+                                             "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perLocalExemption{real(23.1), int16(50), real(46.2), int16(100),
+                                                  "county's allowance for each exemption"};
+constexpr PerFrequency<Dollars> leastDeduction{29, 62.5, 58, 125, "least standard deduction"};
+constexpr PerFrequency<Dollars> mostDeduction{38.5, 83.5, 77, 167, "most standard deduction"};
+constexpr FixedRate deductionRate{"rate of the standard deduction", 0.15};
 
-static Money clamped(Money deduction) { return std::clamp(deduction, lowBound.now().amount, highBound.now().amount); }
+static Amount withinLimits(const Amount& deduction) {
+  return within(deduction, leastDeduction.now(), mostDeduction.now());
+}
 
 /// The tables of the county rate whose number `mMethod` holds; none before one is chosen.
 static const PerFrequency<Bands>* countyRate() {
@@ -36,47 +39,48 @@ static const PerFrequency<Bands>* countyRate() {
 /// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`, `exemptionsText`. Writes
 /// `state401k`, `stateTax`, `localTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Maryland() {
+  using namespace maryland;
   Worksheet& work = worksheet();
-  Money localBase;
-  Money deduction;
-  Money localDeduction;
-  Money localExemption;
-  Money localResult;
+  Amount localBase;
+  Amount deduction;
+  Amount localDeduction;
+  Amount localExemption;
+  Amount localResult;
   parseExemptions();
   StateBase();
-  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
-  step("The county starts from the same wage", localBase, [&] { return work.stateWage; });
-  step("Standard deduction, 15% of the wage", deduction, [&] { return fromReal(toReal(work.stateWage) * 0.15); });
+  step("Wage that the state taxes", work.stateWage, stateGross);
+  step("Wage that the county taxes", localBase, [&] { return work.stateWage; });
+  step("Standard deduction", deduction, [&] { return fromReal(toReal(work.stateWage) * deductionRate); });
   step(
       "Allowance for the exemptions, and the standard deduction within its limits",
       [&] {
-        payData.stateDepsDed = work.exemptions * maryland::perExemption.now();
-        deduction = maryland::clamped(deduction);
+        payData.stateDepsDed = line("Allowance for the exemptions", work.exemptions * perExemption.now());
+        deduction = line("Standard deduction within its limits", withinLimits(deduction));
       },
       payData.stateDepsDed, deduction);
-  step("Less the standard deduction and the allowance", work.stateWage,
+  step("Wage less the standard deduction and the allowance", work.stateWage,
        [&] { return work.stateWage - (deduction + payData.stateDepsDed); });
-  step("State tax by the table of the pay period", payData.stateTax, [] { return taxBy(maryland::bands.now()); });
-  step("The county's standard deduction, 15% of the wage", localDeduction,
-       [&] { return fromReal(toReal(localBase) * 0.15); });
+  step("State's own tax by the table", payData.stateTax, [] { return taxBy(bands.now()); });
+  step("County's standard deduction", localDeduction, [&] { return fromReal(toReal(localBase) * deductionRate); });
   step(
-      "The county's allowance for the exemptions, and its standard deduction within the limits",
+      "County's allowance for the exemptions, and its standard deduction within the limits",
       [&] {
-        localExemption = work.exemptions * maryland::perLocalExemption.now();
-        localDeduction = maryland::clamped(localDeduction);
+        localExemption = line("County's allowance for the exemptions", work.exemptions * perLocalExemption.now());
+        localDeduction = line("County's standard deduction within its limits", withinLimits(localDeduction));
       },
       localExemption, localDeduction);
-  step("The county's wage less both", localBase, [&] { return localBase - (localDeduction + localExemption); });
-  step("The county's tax by the table of its rate", localResult, [&]() -> std::optional<Money> {
-    const auto* tables = maryland::countyRate();
-    if (tables == nullptr) return std::nullopt;
+  step("County's wage less both", localBase, [&] { return localBase - (localDeduction + localExemption); });
+  step("County's tax by the table", localResult, [&]() -> std::optional<Amount> {
+    const PerFrequency<Bands>* tables = countyRate();
+    if (tables == nullptr) return keep("no county rate is chosen");
     return taxOf(tables->now(), localBase);
   });
-  step("Plus the additional amount asked for", payData.stateTax, [] { return payData.stateTax + payData.staAdd; });
+  step("State's own tax with the additional amount", payData.stateTax,
+       [] { return payData.stateTax + payData.staAdd; });
   floorAtZero();
-  step("The county's tax is at least 0", localResult, [&] { return atLeastZero(localResult); });
-  step("The county's tax as local tax", payData.localTax, [&] { return localResult; });
-  step("Plus the county's tax", payData.stateTax, [&] { return payData.stateTax + localResult; });
+  step("County's tax", localResult, [&] { return atLeastZero(localResult); });
+  step("County's tax as local tax", payData.localTax, [&] { return localResult; });
+  step("State tax with the county's", payData.stateTax, [&] { return payData.stateTax + localResult; });
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "engine/figures.h"
 
 /// Maryland, tax year 1999: dollars a pay period, by frequency. The state table and, by county rate, the local ones.
 
-namespace tallyfin::maryland {
+namespace TALLYFIN_FIGURES::maryland {
 
 using enum Test;
 
@@ -180,12 +179,12 @@ inline constexpr Band rate60Monthly[] = {
     {above, 250, 250, 0.03, 4.5},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly};
-inline constexpr PerFrequency<Bands> rate48{rate48Weekly, rate48TwiceAMonth, rate48EveryTwoWeeks, rate48Monthly};
-inline constexpr PerFrequency<Bands> rate50{rate50Weekly, rate50TwiceAMonth, rate50EveryTwoWeeks, rate50Monthly};
-inline constexpr PerFrequency<Bands> rate55{rate55Weekly, rate55TwiceAMonth, rate55EveryTwoWeeks, rate55Monthly};
-inline constexpr PerFrequency<Bands> rate56{rate56Weekly, rate56TwiceAMonth, rate56EveryTwoWeeks, rate56Monthly};
-inline constexpr PerFrequency<Bands> rate58{rate58Weekly, rate58TwiceAMonth, rate58EveryTwoWeeks, rate58Monthly};
-inline constexpr PerFrequency<Bands> rate60{rate60Weekly, rate60TwiceAMonth, rate60EveryTwoWeeks, rate60Monthly};
+inline constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "Maryland"};
+inline constexpr PerFrequency<Bands> rate48{rate48Weekly, rate48TwiceAMonth, rate48EveryTwoWeeks, rate48Monthly, "Maryland, local rate 48"};
+inline constexpr PerFrequency<Bands> rate50{rate50Weekly, rate50TwiceAMonth, rate50EveryTwoWeeks, rate50Monthly, "Maryland, local rate 50"};
+inline constexpr PerFrequency<Bands> rate55{rate55Weekly, rate55TwiceAMonth, rate55EveryTwoWeeks, rate55Monthly, "Maryland, local rate 55"};
+inline constexpr PerFrequency<Bands> rate56{rate56Weekly, rate56TwiceAMonth, rate56EveryTwoWeeks, rate56Monthly, "Maryland, local rate 56"};
+inline constexpr PerFrequency<Bands> rate58{rate58Weekly, rate58TwiceAMonth, rate58EveryTwoWeeks, rate58Monthly, "Maryland, local rate 58"};
+inline constexpr PerFrequency<Bands> rate60{rate60Weekly, rate60TwiceAMonth, rate60EveryTwoWeeks, rate60Monthly, "Maryland, local rate 60"};
 
-}  // namespace tallyfin::maryland
+}  // namespace TALLYFIN_FIGURES::maryland

@@ -2,7 +2,7 @@
 
 /// Missouri deducts on the year and taxes the pay period: the one routine that does both.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
@@ -58,7 +58,13 @@ constexpr Band monthly[] = {
     {above, 756, 756, 0.06, 26.46},
 };
 // clang-format on
-constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly};
+constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "Missouri"};
+
+constexpr FixedAmount marriedCap{"most federal tax", 10000};
+constexpr FixedAmount singleCap{"most federal tax", 5000};
+constexpr FixedAmount marriedDeduction{"standard deduction", 4300};
+constexpr FixedAmount singleDeduction{"standard deduction", 3600};
+constexpr FixedCount perExemption{"personal exemption", 1200};
 }  // namespace missouri
 
 /// Missouri, 1999. Married Claiming Single keeps the deductions of the last routine, and its federal deduction has no
@@ -68,30 +74,34 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 /// `stateDepsDed`, `stateStdDed`, `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`,
 /// `exemptions`, `stateWage`, `stateStdDed`.
 void Missouri() {
+  using namespace missouri;
   Worksheet& work = worksheet();
-  Money federalDeduction;
+  Amount federalDeduction;
   parseExemptions();
   StateBase();
-  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
-  step("The year's federal tax", federalDeduction, [] { return payData.fedTax * payData.payPeriods; });
+  step("Year's wage", work.stateWage, yearsWage);
+  step("Year's federal tax", federalDeduction, [] { return payData.fedTax * payData.payPeriods; });
   step(
-      "Federal tax up to its cap, standard deduction and 1,200 for each exemption",
+      "Federal tax, standard deduction and personal exemptions to be taken off",
       [&] {
-        if (payData.maritalStat != status::married && payData.maritalStat != status::single) return false;
+        if (payData.maritalStat != status::married && payData.maritalStat != status::single) {
+          return keepAll("the state has deductions for Married and for Single only");
+        }
         const bool married = payData.maritalStat == status::married;
-        const Money cap = married ? 10000 : 5000;
-        work.stateStdDed = married ? 4300 : 3600;
-        if (federalDeduction > cap) federalDeduction = cap;
-        if (work.exemptions >= 0 && work.exemptions <= 15) payData.stateDepsDed = work.exemptions * 1200;
+        work.stateStdDed = line("Standard deduction", Amount(married ? marriedDeduction : singleDeduction));
+        federalDeduction = line("Federal tax that is deducted", least(federalDeduction, married ? marriedCap : singleCap));
+        if (isFrom(0, work.exemptions, 15)) {
+          payData.stateDepsDed = line("Personal exemptions", work.exemptions * perExemption);
+        }
         return true;
       },
       federalDeduction, work.stateStdDed, payData.stateDepsDed);
-  step("Less all three", work.stateWage,
+  step("Year's wage less these", work.stateWage,
        [&] { return work.stateWage - (payData.stateDepsDed + work.stateStdDed + federalDeduction); });
-  step("The pay period's share", work.stateWage, [&] { return perPeriod(work.stateWage); });
-  step("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(missouri::bands.now()); });
-  step("To whole dollars", payData.stateTax, [] { return roundedToDollars(payData.stateTax); });
+  step("Pay period's wage", work.stateWage, [&] { return perPeriod(work.stateWage); });
+  step("Tax by the table", payData.stateTax, [] { return taxBy(bands.now()); });
+  step("Tax in whole dollars", payData.stateTax, [] { return roundedToDollars(payData.stateTax); });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

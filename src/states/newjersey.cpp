@@ -3,10 +3,11 @@
 
 /// New Jersey has five rate letters, of which nothing but A is ever chosen.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace newjersey {
-constexpr PerFrequency<PerHead> perExemption{real(19.2), real(41.6), real(38.4), real(83.3)};
+constexpr PerFrequency<PerHead> perExemption{real(19.2), real(41.6), real(38.4), real(83.3),
+                                             "allowance for each dependent"};
 
 /// The tables of the worksheet's rate letter, which nothing assigns: 0 A to 4 E.
 static const PerFrequency<Bands>* chosenRate() {
@@ -30,13 +31,13 @@ void NewJersey() {
   step("Allowance for the dependents", payData.stateDepsDed,
        [] { return payData.staDeps * newjersey::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of the rate letter and pay period", payData.stateTax, [] {
-    const auto* tables = newjersey::chosenRate();
-    return tables ? std::optional(taxBy(tables->now())) : std::nullopt;
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
+    const PerFrequency<Bands>* tables = newjersey::chosenRate();
+    if (tables == nullptr) return keep("the state has no table for that rate letter");
+    return taxBy(tables->now());
   });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

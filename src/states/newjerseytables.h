@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "engine/figures.h"
 
 /// New Jersey, tax year 1999: dollars a pay period, by rate letter and frequency. Rate A alone is reached.
 
-namespace tallyfin::newjersey {
+namespace TALLYFIN_FIGURES::newjersey {
 
 using enum Test;
 
@@ -159,10 +158,10 @@ inline constexpr Band rateEMonthly[] = {
     {above, 8333, 8333, 0.065, 364.18},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> rateA{rateAWeekly, rateATwiceAMonth, rateAEveryTwoWeeks, rateAMonthly};
-inline constexpr PerFrequency<Bands> rateB{rateBWeekly, rateBTwiceAMonth, rateBEveryTwoWeeks, rateBMonthly};
-inline constexpr PerFrequency<Bands> rateC{rateCWeekly, rateCTwiceAMonth, rateCEveryTwoWeeks, rateCMonthly};
-inline constexpr PerFrequency<Bands> rateD{rateDWeekly, rateDTwiceAMonth, rateDEveryTwoWeeks, rateDMonthly};
-inline constexpr PerFrequency<Bands> rateE{rateEWeekly, rateETwiceAMonth, rateEEveryTwoWeeks, rateEMonthly};
+inline constexpr PerFrequency<Bands> rateA{rateAWeekly, rateATwiceAMonth, rateAEveryTwoWeeks, rateAMonthly, "New Jersey, Rate A"};
+inline constexpr PerFrequency<Bands> rateB{rateBWeekly, rateBTwiceAMonth, rateBEveryTwoWeeks, rateBMonthly, "New Jersey, Rate B"};
+inline constexpr PerFrequency<Bands> rateC{rateCWeekly, rateCTwiceAMonth, rateCEveryTwoWeeks, rateCMonthly, "New Jersey, Rate C"};
+inline constexpr PerFrequency<Bands> rateD{rateDWeekly, rateDTwiceAMonth, rateDEveryTwoWeeks, rateDMonthly, "New Jersey, Rate D"};
+inline constexpr PerFrequency<Bands> rateE{rateEWeekly, rateETwiceAMonth, rateEEveryTwoWeeks, rateEMonthly, "New Jersey, Rate E"};
 
-}  // namespace tallyfin::newjersey
+}  // namespace TALLYFIN_FIGURES::newjersey

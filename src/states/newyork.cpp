@@ -2,15 +2,16 @@
 
 /// New York, the one routine in which a failed statement skips all that follows.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
 /// New York, 1999: dollars a pay period.
 namespace newyork {
-constexpr PerFrequency<PerHead> perExemption{real(19.25), real(41.65), real(38.5), real(83.3)};
-constexpr PerFrequency<Dollars> marriedDeduction{143.75, 311.45, 287.5, 622.9};
-constexpr PerFrequency<Dollars> singleDeduction{134.15, 290.6, 268.3, 581.25};
+constexpr PerFrequency<PerHead> perExemption{real(19.25), real(41.65), real(38.5), real(83.3),
+                                             "allowance for each exemption"};
+constexpr PerFrequency<Dollars> marriedDeduction{143.75, 311.45, 287.5, 622.9, "standard deduction"};
+constexpr PerFrequency<Dollars> singleDeduction{134.15, 290.6, 268.3, 581.25, "standard deduction"};
 
 // clang-format off
 // The top rate lies below the rate under it, in all four tables.
@@ -55,7 +56,7 @@ constexpr Band monthly[] = {
     {atLeast, 12500, 12500, 0.0735, 883.67},
 };
 // clang-format on
-constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly};
+constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "New York"};
 }  // namespace newyork
 
 /// New York, 1999. It overwrites `staDeps` with the worksheet's count; the field of exemptions isn't touched. Married
@@ -66,26 +67,27 @@ constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly}
 /// `stateStdDed`, `exemptionsText`. Writes `state401k`, `stateTax`, `staDeps`, `stateDepsDed`, `statePreTax`,
 /// `stateWage`, `stateStdDed`.
 void NewYork() {
+  using namespace newyork;
   Worksheet& work = worksheet();
-  step("New York tax, given up as a whole where a part of it fails", [&] {
-    part("Number of exemptions", payData.staDeps, [&] { return toInt16(work.exemptionsText()); });
-    if (frequencyKnown()) {
-      part("Allowance for the exemptions", work.stateStdDed,
-           [] { return payData.staDeps * newyork::perExemption.now(); });
-      part("Standard deduction of the status", payData.stateDepsDed, []() -> std::optional<Money> {
-        if (payData.maritalStat == status::married) return newyork::marriedDeduction.now().amount;
-        if (payData.maritalStat == status::single) return newyork::singleDeduction.now().amount;
-        return std::nullopt;
-      });
-    }
-    StateBase();
-    part("Gross pay less the untaxed amounts, the allowance and the standard deduction", work.stateWage,
-         [&] { return stateGross() - (work.stateStdDed + payData.stateDepsDed); });
-    if (frequencyKnown()) {
-      part("Tax by the table of the pay period", payData.stateTax, [] { return taxBy(newyork::bands.now()); });
-    }
-    finish();
-  });
+  step(
+      "New York tax",
+      [&] {
+        part("Exemptions", payData.staDeps, [&] { return toInt16(work.exemptionsText()); });
+        if (frequencyKnown()) {
+          part("Allowance for the exemptions", work.stateStdDed, [] { return payData.staDeps * perExemption.now(); });
+          part("Standard deduction", payData.stateDepsDed, []() -> std::optional<Amount> {
+            if (payData.maritalStat == status::married) return marriedDeduction.now();
+            if (payData.maritalStat == status::single) return singleDeduction.now();
+            return keep("the state has deductions for Married and for Single only");
+          });
+        }
+        StateBase();
+        part("Wage less the allowance and the standard deduction", work.stateWage,
+             [&] { return stateGross() - (work.stateStdDed + payData.stateDepsDed); });
+        if (frequencyKnown()) part("Tax by the table", payData.stateTax, [] { return taxBy(bands.now()); });
+        finish();
+      },
+      payData.stateTax);
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,20 +1,22 @@
 #include "states/northcarolinatables.h"
 #include "states/states.h"
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace northcarolina {
 /// Dollars a pay period: below the income test of the status the higher amount, from it on the lower one.
-constexpr PerFrequency<PerHead> higherAmount{real(48.08), real(104.17), real(96.15), real(208.33)};
-constexpr PerFrequency<PerHead> lowerAmount{real(38.46), real(83.33), real(76.92), real(166.67)};
+constexpr PerFrequency<PerHead> higherAmount{real(48.08), real(104.17), real(96.15), real(208.33),
+                                             "allowance for each dependent"};
+constexpr PerFrequency<PerHead> lowerAmount{real(38.46), real(83.33), real(76.92), real(166.67),
+                                             "allowance for each dependent"};
 
 struct Status {
   PerFrequency<Dollars> incomeTest;
   PerFrequency<Bands> bands;
 };
-constexpr Status singleStatus{{1153.85, 2500, 2307.69, 5000}, single};
-constexpr Status marriedStatus{{961.54, 2083.33, 1923.08, 4166.67}, married};
-constexpr Status headOfFamilyStatus{{1538.46, 3333.33, 3076.92, 6666.67}, headOfFamily};
+constexpr Status singleStatus{{1153.85, 2500, 2307.69, 5000, "income test"}, single};
+constexpr Status marriedStatus{{961.54, 2083.33, 1923.08, 4166.67, "income test"}, married};
+constexpr Status headOfFamilyStatus{{1538.46, 3333.33, 3076.92, 6666.67, "income test"}, headOfFamily};
 
 /// By `staMarried`; there is none for a value that isn't offered.
 static const Status* chosenStatus() {
@@ -33,20 +35,23 @@ static const Status* chosenStatus() {
 /// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`.
 /// Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.
 void NCarolina() {
+  using namespace northcarolina;
   Worksheet& work = worksheet();
-  const northcarolina::Status* status = northcarolina::chosenStatus();
   StateBase();
-  step("The pay period's wage that the state taxes", work.stateWage, stateGross);
-  step("Allowance for the dependents, by the income test of the status", payData.stateDepsDed,
-       [&]() -> std::optional<Money> {
-         if (!status) return std::nullopt;
-         const bool below = work.stateWage < status->incomeTest.now().amount;
-         return payData.staDeps * (below ? northcarolina::higherAmount : northcarolina::lowerAmount).now();
-       });
-  step("Less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
-  step("Tax by the table of filing status and pay period", payData.stateTax,
-       [&] { return status ? std::optional(taxBy(status->bands.now())) : std::nullopt; });
+  step("Wage that the state taxes", work.stateWage, stateGross);
+  step("Allowance for the dependents", payData.stateDepsDed, [&]() -> std::optional<Amount> {
+    const Status* status = chosenStatus();
+    if (!status) return keep("the state has no allowance for the filing status chosen");
+    const bool below = work.stateWage < status->incomeTest.now();
+    return payData.staDeps * (below ? higherAmount : lowerAmount).now();
+  });
+  step("Wage less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
+    const Status* status = chosenStatus();
+    if (!status) return keep(noTable);
+    return taxBy(status->bands.now());
+  });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "engine/figures.h"
 
 /// North Carolina, tax year 1999: dollars a pay period, by `staMarried` and frequency. The rows have no Lower, but an
 /// amount that comes off.
 
-namespace tallyfin::northcarolina {
+namespace TALLYFIN_FIGURES::northcarolina {
 
 using enum Test;
 
@@ -84,9 +83,8 @@ inline constexpr Band headOfFamilyMonthly[] = {
     {above, 7033.33, 0, 0.0775, -92.58},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
-inline constexpr PerFrequency<Bands> headOfFamily{headOfFamilyWeekly, headOfFamilyTwiceAMonth,
-                                                  headOfFamilyEveryTwoWeeks, headOfFamilyMonthly};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "North Carolina, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "North Carolina, Married"};
+inline constexpr PerFrequency<Bands> headOfFamily{headOfFamilyWeekly, headOfFamilyTwiceAMonth, headOfFamilyEveryTwoWeeks, headOfFamilyMonthly, "North Carolina, Head of Family"};
 
-}  // namespace tallyfin::northcarolina
+}  // namespace TALLYFIN_FIGURES::northcarolina

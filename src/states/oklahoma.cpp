@@ -1,17 +1,15 @@
-#include <algorithm>
-
 #include "states/states.h"
 
 /// Oklahoma splits the year's wage at a ceiling: bands below, a flat rate above.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
 /// Oklahoma, 1999: dollars a year.
 namespace oklahoma {
 // clang-format off
-constexpr Band single[] = {
+constexpr Band singleRows[] = {
     {atMost, 1000, 0, 0.005},
     {atMost, 2500, 1000, 0.01, 5},
     {atMost, 3750, 2500, 0.02, 20},
@@ -24,7 +22,7 @@ constexpr Band single[] = {
     {atMost, 16000, 12500, 0.09, 552.5},
     {above, 16000, 16000, 0.1, 867.5},
 };
-constexpr Band married[] = {
+constexpr Band marriedRows[] = {
     {atMost, 2000, 0, 0.005},
     {atMost, 5000, 2000, 0.01, 10},
     {atMost, 7500, 5000, 0.02, 40},
@@ -37,7 +35,7 @@ constexpr Band married[] = {
     {above, 18000, 18000, 0.09, 709.5},
 };
 // The rates of Single times 1.16.
-constexpr Band spouseEmployed[] = {
+constexpr Band spouseEmployedRows[] = {
     {atMost, 1000, 0, 0.0058},
     {atMost, 2500, 1000, 0.0116, 5.8},
     {atMost, 3750, 2500, 0.0232, 23.2},
@@ -51,6 +49,48 @@ constexpr Band spouseEmployed[] = {
     {above, 16000, 16000, 0.116, 1006.3},
 };
 // clang-format on
+constexpr Table single{"Oklahoma, Single", singleRows};
+constexpr Table married{"Oklahoma, Married", marriedRows};
+constexpr Table spouseEmployed{"Oklahoma, Married with an employed spouse", spouseEmployedRows};
+
+constexpr FixedAmount ceiling{"ceiling of the bands", 22560};
+constexpr FixedRate rateOverCeiling{"rate over the ceiling", 0.065};
+constexpr FixedRate deductionRate{"rate of the standard deduction", 0.15};
+constexpr FixedAmount leastDeduction{"least standard deduction", 1000};
+constexpr FixedAmount mostDeduction{"most standard deduction", 2000};
+constexpr FixedCount perDependent{"exemption for each dependent", 1000};
+
+/// The estimate of the federal tax.
+constexpr FixedRate federalRate{"rate of the estimated federal tax", 0.15};
+constexpr FixedCount federalExemption{"federal exemption for each dependent", 2750};
+constexpr FixedAmount lowerFederalDeduction{"federal standard deduction", 4300};
+constexpr FixedAmount higherFederalDeduction{"federal standard deduction", 7200};
+constexpr const char* noRule = "the state has no rule for the filing status chosen";
+
+/// The wage whose federal tax is estimated; none for a status that isn't offered.
+static std::optional<Amount> federalBase(const Amount& wage, const Count& dependents) {
+  switch (payData.staMarried.value()) {
+    // The dependents come off before the multiplication, so that the estimate is some 412.5 times the wage.
+    case stateStatus::single: {
+      const Amount less = line("Ceiling wage less the number of dependents", wage - dependents);
+      return line("That wage for the federal exemption", less * federalExemption) - lowerFederalDeduction;
+    }
+    case stateStatus::married:
+      return wage - line("Federal exemptions", dependents * federalExemption) - higherFederalDeduction;
+    case stateStatus::spouseEmployed:
+      return wage - line("Federal exemptions", dependents * federalExemption) - lowerFederalDeduction;
+    default: return keep(noRule);
+  }
+}
+
+static std::optional<Amount> bandTax() {
+  switch (payData.staMarried.value()) {
+    case stateStatus::single: return taxBy(single);
+    case stateStatus::married: return taxBy(married);
+    case stateStatus::spouseEmployed: return taxBy(spouseEmployed);
+    default: return keep(noRule);
+  }
+}
 }  // namespace oklahoma
 
 /// Oklahoma, 1999. `staMarried` chooses: 0 Single, 3 Married, 8 Married with an employed spouse. For any other value,
@@ -60,50 +100,38 @@ constexpr Band spouseEmployed[] = {
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `stateTax`, `staDeps`, `staMarried`, `staAdd`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `stateWage`, `stateStdDed`.
 void Oklahoma() {
+  using namespace oklahoma;
   Worksheet& work = worksheet();
-  Money overCap;
+  Amount overCeiling;
   StateBase();
-  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
+  step("Year's wage", work.stateWage, yearsWage);
   step(
-      "The wage up to the ceiling of 22,560, and what is over it",
+      "Year's wage up to the ceiling, and what is over it",
       [&] {
-        if (work.stateWage <= 22560) return;
-        overCap = work.stateWage - 22560;
-        work.stateWage = 22560;
+        if (work.stateWage <= ceiling) return;
+        overCeiling = line("Year's wage over the ceiling", work.stateWage - ceiling);
+        work.stateWage = line("Year's wage up to the ceiling", least(work.stateWage, ceiling));
       },
-      work.stateWage, overCap);
-  step("Standard deduction, 15% of it", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * 0.15); });
-  step("Standard deduction of at least 1,000 and at most 2,000", work.stateStdDed,
-       [&] { return std::clamp<Money>(work.stateStdDed, 1000, 2000); });
-  // The rule asks again for the ceiling. It has been applied, so the wage always passes.
-  const bool withinCeiling = work.stateWage <= 22560;
-  step("Less standard deduction, 1,000 for each dependent and the estimated federal tax", work.stateWage,
-       [&]() -> std::optional<Money> {
-         if (!withinCeiling) return std::nullopt;
-         Money base;
-         switch (payData.staMarried.value()) {
-           // Single: the dependents come off before the multiplication, so that the estimate is some 412.5 times the
-           // wage.
-           case stateStatus::single: base = (work.stateWage - payData.staDeps) * 2750 - 4300; break;
-           case stateStatus::married: base = work.stateWage - payData.staDeps * 2750 - 7200; break;
-           case stateStatus::spouseEmployed: base = work.stateWage - payData.staDeps * 2750 - 4300; break;
-           default: return std::nullopt;
-         }
-         const Money federalEstimate = fromReal(toReal(base) * 0.15);
-         return work.stateWage - work.stateStdDed - payData.staDeps * 1000 - federalEstimate;
-       });
-  step("The year's tax by the table of the filing status", payData.stateTax, [&]() -> std::optional<Money> {
-    if (!withinCeiling) return std::nullopt;
-    if (payData.staMarried == stateStatus::single) return taxBy(oklahoma::single);
-    if (payData.staMarried == stateStatus::married) return taxBy(oklahoma::married);
-    if (payData.staMarried == stateStatus::spouseEmployed) return taxBy(oklahoma::spouseEmployed);
-    return std::nullopt;
+      work.stateWage, overCeiling);
+  step("Standard deduction", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * deductionRate); });
+  step("Standard deduction within its limits", work.stateStdDed,
+       [&] { return within(work.stateStdDed, leastDeduction, mostDeduction); });
+  // The rule asks again for the ceiling here. It has been applied, so the wage always passes.
+  step("Wage less deduction, exemptions and estimated federal tax", work.stateWage, [&]() -> std::optional<Amount> {
+    const std::optional<Amount> base = federalBase(work.stateWage, payData.staDeps);
+    if (!base) return std::nullopt;
+    const Amount estimate =
+        line("Estimated federal tax", fromReal(toReal(line("Wage for the federal estimate", *base)) * federalRate));
+    return work.stateWage - work.stateStdDed - line("Exemptions for the dependents", payData.staDeps * perDependent) -
+           estimate;
   });
-  step("Plus 6.5% of what is over the ceiling", payData.stateTax,
-       [&] { return payData.stateTax + fromReal(toReal(overCap) * 0.065); });
-  step("The pay period's share", payData.stateTax, [] { return perPeriod(payData.stateTax); });
-  step("To whole dollars", payData.stateTax, [] { return roundedToDollars(payData.stateTax); });
+  step("Year's tax by the table", payData.stateTax, bandTax);
+  step("Year's tax with that on what is over the ceiling", payData.stateTax, [&] {
+    return payData.stateTax + line("Tax on what is over the ceiling", fromReal(toReal(overCeiling) * rateOverCeiling));
+  });
+  step("Pay period's tax", payData.stateTax, [] { return perPeriod(payData.stateTax); });
+  step("Pay period's tax in whole dollars", payData.stateTax, [] { return roundedToDollars(payData.stateTax); });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,19 +1,26 @@
-#include <algorithm>
-
 #include "states/oregontables.h"
 #include "states/states.h"
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace oregon {
 /// The most of the federal tax that is allowed, dollars a pay period.
-constexpr PerFrequency<int> federalCap{58, 125, 115, 250};
+constexpr PerFrequency<Dollars> federalCap{58, 125, 115, 250, "most federal tax"};
 
 /// The tables of the status; a Single employee with 3 exemptions or more has those with the bounds of Married.
 static const PerFrequency<CreditedBands>* chosenTables() {
   if (payData.maritalStat == status::married) return &married;
   if (payData.maritalStat == status::single) return worksheet().exemptions < 3 ? &singleBelowThree : &singleThreeOrMore;
   return nullptr;
+}
+
+/// Less a credit for each exemption, in one real step.
+static Amount taxOf(RowsOf<CreditedBand> table, const Amount& x, const Count& exemptions) {
+  const CreditedBand& band = bandOf(table, x);
+  const Rate credit = named("credit for each exemption", band.credit) * toReal(exemptions);
+  const Amount lower = named("lower bound of the row", band.lower.amount);
+  return fromReal(toReal(x - lower) * named("rate of the row", band.rate) + named("tax at the lower bound", band.plus) -
+                  credit);
 }
 }  // namespace oregon
 
@@ -22,28 +29,24 @@ static const PerFrequency<CreditedBands>* chosenTables() {
 /// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `fedTax`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
 /// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
 void Oregon() {
+  using namespace oregon;
   Worksheet& work = worksheet();
   parseExemptions();
-  step("Federal tax allowed, up to its cap", payData.stateDepsDed,
-       [] { return std::min<Money>(payData.fedTax, oregon::federalCap.now()); });
+  step("Federal tax that is allowed", payData.stateDepsDed, [] { return least(payData.fedTax, federalCap.now()); });
   // Monthly has no such step: its allowance is the capped tax once, however many exemptions.
-  step("That for each exemption, but for Monthly", payData.stateDepsDed, [&] {
-    const bool each = frequencyKnown() && payData.frequency != frequency::monthly;
-    return each ? payData.stateDepsDed * work.exemptions : payData.stateDepsDed;
+  step("Federal tax allowed for each exemption", payData.stateDepsDed, [&] {
+    if (frequencyKnown() && payData.frequency != frequency::monthly) return payData.stateDepsDed * work.exemptions;
+    note("Paid monthly, the federal tax is allowed once, however many the exemptions.");
+    return payData.stateDepsDed;
   });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of status and pay period", payData.stateTax, [&]() -> std::optional<Money> {
-    const auto* tables = oregon::chosenTables();
-    if (!tables) return std::nullopt;
-    const oregon::CreditedBand& band = bandOf(tables->now(), work.stateWage);
-    const double credit = band.credit * toReal(work.exemptions);
-    const Money tax = fromReal(toReal(work.stateWage - band.lower.amount) * band.rate + band.plus - credit);
-    rowApplied({band.test, band.bound.amount, band.lower.amount, band.rate, band.plus, work.stateWage, credit});
-    return tax;
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [&]() -> std::optional<Amount> {
+    const PerFrequency<CreditedBands>* tables = chosenTables();
+    if (!tables) return keep("the state has tables for Married and for Single only");
+    return taxOf(tables->now(), work.stateWage, work.exemptions);
   });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "engine/figures.h"
 
 /// Oregon, tax year 1999: dollars a pay period, by status, exemptions and frequency.
 
-namespace tallyfin::oregon {
+namespace TALLYFIN_FIGURES::oregon {
 
 using enum Test;
 
@@ -18,7 +17,7 @@ struct CreditedBand {
   double plus;    ///< Dollars.
   double credit;  ///< Dollars for each exemption.
 };
-using CreditedBands = std::span<const CreditedBand>;
+using CreditedBands = Rows<CreditedBand>;
 
 // clang-format off
 inline constexpr CreditedBand marriedWeekly[] = {
@@ -82,11 +81,8 @@ inline constexpr CreditedBand singleThreeOrMoreMonthly[] = {
     {above, 1083, 1083, 0.09, 59, 7.5},
 };
 // clang-format on
-inline constexpr PerFrequency<CreditedBands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks,
-                                                     marriedMonthly};
-inline constexpr PerFrequency<CreditedBands> singleBelowThree{singleBelowThreeWeekly, singleBelowThreeTwiceAMonth,
-                                                              singleBelowThreeEveryTwoWeeks, singleBelowThreeMonthly};
-inline constexpr PerFrequency<CreditedBands> singleThreeOrMore{
-    singleThreeOrMoreWeekly, singleThreeOrMoreTwiceAMonth, singleThreeOrMoreEveryTwoWeeks, singleThreeOrMoreMonthly};
+inline constexpr PerFrequency<CreditedBands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Oregon, Married"};
+inline constexpr PerFrequency<CreditedBands> singleBelowThree{singleBelowThreeWeekly, singleBelowThreeTwiceAMonth, singleBelowThreeEveryTwoWeeks, singleBelowThreeMonthly, "Oregon, Single with fewer than three exemptions"};
+inline constexpr PerFrequency<CreditedBands> singleThreeOrMore{ singleThreeOrMoreWeekly, singleThreeOrMoreTwiceAMonth, singleThreeOrMoreEveryTwoWeeks, singleThreeOrMoreMonthly, "Oregon, Single with three exemptions or more"};
 
-}  // namespace tallyfin::oregon
+}  // namespace TALLYFIN_FIGURES::oregon

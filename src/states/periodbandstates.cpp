@@ -4,11 +4,11 @@
 /// The period's wage, less an allowance of the period, through a band table by status and frequency. A status without a
 /// table assigns nothing: the finish then adds `staAdd` to the last `stateTax`.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace colorado {
 /// Dollars a pay period.
-constexpr PerFrequency<PerHead> perExemption{real(45.19), real(97.92), real(90.38), real(195.83)};
+constexpr PerFrequency<PerHead> perExemption{real(45.19), real(97.92), real(90.38), real(195.83), "allowance for each exemption"};
 
 // clang-format off
 constexpr Band weekly[] = {
@@ -28,7 +28,7 @@ constexpr Band monthly[] = {
     {above, 321, 321, 0.05},
 };
 // clang-format on
-constexpr PerFrequency<Bands> married{weekly, twiceAMonth, everyTwoWeeks, monthly};
+constexpr PerFrequency<Bands> married{weekly, twiceAMonth, everyTwoWeeks, monthly, "Colorado, Married"};
 }  // namespace colorado
 
 /// Colorado, 1999. Only Married has a table. `stateDepsDed`: dollars a pay period.
@@ -41,16 +41,16 @@ void Colorado() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * colorado::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax of Married by the table of the pay period; no other status has one", payData.stateTax, [] {
-    return payData.maritalStat == status::married ? std::optional(taxBy(colorado::married.now())) : std::nullopt;
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
+    if (payData.maritalStat == status::married) return taxBy(colorado::married.now());
+    return keep("the state has a table for Married only");
   });
   finish();
 }
 
 namespace districtofcolumbia {
-constexpr PerFrequency<PerHead> perExemption{real(26.35), real(57.08), real(52.69), real(114.17)};
+constexpr PerFrequency<PerHead> perExemption{real(26.35), real(57.08), real(52.69), real(114.17), "allowance for each exemption"};
 }
 
 /// District of Columbia, 1999. `staMarried` chooses: 0 Single, 3 Married, 6 Married Filing Separately.
@@ -64,21 +64,20 @@ void DCTax() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * districtofcolumbia::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
     switch (payData.staMarried.value()) {
       case stateStatus::single:
       case stateStatus::married: return taxBy(districtofcolumbia::singleOrMarried.now());
       case stateStatus::separately: return taxBy(districtofcolumbia::separately.now());
-      default: return std::nullopt;
+      default: return keep(noTable);
     }
   });
   finish();
 }
 
 namespace hawaii {
-constexpr PerFrequency<PerHead> perDependent{int16(20), real(43.35), int16(40), real(86.65)};
+constexpr PerFrequency<PerHead> perDependent{int16(20), real(43.35), int16(40), real(86.65), "allowance for each dependent"};
 }
 
 /// Hawaii, 1999. `staDeps` counts, not the exemptions. `staMarried` chooses: 0 Single, 9 Head of Family, 3 Married.
@@ -91,21 +90,20 @@ void HawaiiTax() {
   step("Allowance for the dependents", payData.stateDepsDed,
        [] { return payData.staDeps * hawaii::perDependent.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of filing status and pay period", payData.stateTax, []() -> std::optional<Money> {
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
     switch (payData.staMarried.value()) {
       case stateStatus::single:
       case stateStatus::headOfFamily: return taxBy(hawaii::singleOrHead.now());
       case stateStatus::married: return taxBy(hawaii::married.now());
-      default: return std::nullopt;
+      default: return keep(noTable);
     }
   });
   finish();
 }
 
 namespace kansas {
-constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33)};
+constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33), "allowance for each exemption"};
 }
 
 /// Kansas, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -118,11 +116,9 @@ void Kansas() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * kansas::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of status and pay period", payData.stateTax,
-       [] { return taxByStatus(kansas::married, kansas::single); });
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [] { return taxByStatus(kansas::married, kansas::single); });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

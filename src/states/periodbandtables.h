@@ -1,11 +1,10 @@
 #pragma once
 
-#include "engine/bands.h"
-#include "engine/frequency.h"
+#include "engine/figures.h"
 
 /// The tables of periodbandstates.cpp, tax year 1999: dollars a pay period, by status and frequency.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
@@ -63,10 +62,8 @@ inline constexpr Band separatelyMonthly[] = {
     {above, 1666.67, 1666.67, 0.095, 111.67},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> singleOrMarried{singleOrMarriedWeekly, singleOrMarriedTwiceAMonth,
-                                                     singleOrMarriedEveryTwoWeeks, singleOrMarriedMonthly};
-inline constexpr PerFrequency<Bands> separately{separatelyWeekly, separatelyTwiceAMonth, separatelyEveryTwoWeeks,
-                                                separatelyMonthly};
+inline constexpr PerFrequency<Bands> singleOrMarried{singleOrMarriedWeekly, singleOrMarriedTwiceAMonth, singleOrMarriedEveryTwoWeeks, singleOrMarriedMonthly, "District of Columbia, Single or Married"};
+inline constexpr PerFrequency<Bands> separately{separatelyWeekly, separatelyTwiceAMonth, separatelyEveryTwoWeeks, separatelyMonthly, "District of Columbia, Married Filing Separately"};
 }  // namespace districtofcolumbia
 
 /// Hawaii.
@@ -138,9 +135,8 @@ inline constexpr Band marriedMonthly[] = {
     {above, 2667, 2667, 0.078, 161.7},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> singleOrHead{singleOrHeadWeekly, singleOrHeadTwiceAMonth,
-                                                  singleOrHeadEveryTwoWeeks, singleOrHeadMonthly};
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
+inline constexpr PerFrequency<Bands> singleOrHead{singleOrHeadWeekly, singleOrHeadTwiceAMonth, singleOrHeadEveryTwoWeeks, singleOrHeadMonthly, "Hawaii, Single or Head of Family"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Hawaii, Married"};
 }  // namespace hawaii
 
 /// Kansas.
@@ -196,8 +192,8 @@ inline constexpr Band singleMonthly[] = {
     {above, 2750, 2750, 0.0515, 115.63},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Kansas, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Kansas, Single"};
 }  // namespace kansas
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -3,10 +3,10 @@
 
 /// An amount for each exemption, then a table of six or seven rows by status and frequency.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 namespace rhodeisland {
-constexpr PerFrequency<PerHead> perExemption{real(52.88), real(114.58), real(105.77), real(229.17)};
+constexpr PerFrequency<PerHead> perExemption{real(52.88), real(114.58), real(105.77), real(229.17), "allowance for each exemption"};
 }
 
 /// Rhode Island, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -19,15 +19,13 @@ void RhodeIsland() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * rhodeisland::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of status and pay period", payData.stateTax,
-       [] { return taxByStatus(rhodeisland::married, rhodeisland::single); });
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [] { return taxByStatus(rhodeisland::married, rhodeisland::single); });
   finish();
 }
 
 namespace vermont {
-constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225)};
+constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225), "allowance for each exemption"};
 }
 
 /// Vermont, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -40,15 +38,13 @@ void Vermont() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * vermont::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of status and pay period", payData.stateTax,
-       [] { return taxByStatus(vermont::married, vermont::single); });
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [] { return taxByStatus(vermont::married, vermont::single); });
   finish();
 }
 
 namespace utah {
-constexpr PerFrequency<PerHead> perExemption{int16(38), int16(83), int16(76), int16(166)};
+constexpr PerFrequency<PerHead> perExemption{int16(38), int16(83), int16(76), int16(166), "allowance for each exemption"};
 }
 
 /// Utah, 1999. Married Claiming Single has no table. The tax is rounded to whole dollars before `staAdd`.
@@ -62,12 +58,10 @@ void Utah() {
   step("Allowance for the exemptions", payData.stateDepsDed,
        [&] { return work.exemptions * utah::perExemption.now(); });
   StateBase();
-  step("Gross pay less the untaxed amounts and the allowance", work.stateWage,
-       [] { return stateGross() - payData.stateDepsDed; });
-  step("Tax by the table of status and pay period", payData.stateTax,
-       [] { return taxByStatus(utah::married, utah::single); });
-  step("To whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
+  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Tax by the table", payData.stateTax, [] { return taxByStatus(utah::married, utah::single); });
+  step("Tax in whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

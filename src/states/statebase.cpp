@@ -2,40 +2,48 @@
 
 #include "engine/settings.h"
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 void StateBase() {
-  step("401(k) that the state leaves untaxed", payData.state401k,
-       [] { return settings::sta401.text() == "Y" ? payData.amt401k : Money{}; });
-  step("Pre-tax amount that the state leaves untaxed", payData.statePreTax,
-       [] { return settings::staPreTax.text() == "Y" ? payData.preTax : Money{}; });
+  step("401(k) contribution that the state leaves untaxed", payData.state401k, [] {
+    if (settings::sta401.text() == "Y") return payData.amt401k;
+    noteIfAny(payData.amt401k, "The state taxes the 401(k) contribution too: its options don't deduct it.");
+    return Amount(0);
+  });
+  step("Pre-tax amount that the state leaves untaxed", payData.statePreTax, [] {
+    if (settings::staPreTax.text() == "Y") return payData.preTax;
+    noteIfAny(payData.preTax, "The state taxes the pre-tax amount too: its options don't deduct it.");
+    return Amount(0);
+  });
 }
 
-Money stateGross() { return payData.grossPay - (payData.statePreTax + payData.state401k); }
+Amount stateGross() { return payData.grossPay - (payData.statePreTax + payData.state401k); }
+
+Amount yearsWage() { return stateGross() * payData.payPeriods; }
 
 bool frequencyKnown() { return payData.frequency >= 0 && payData.frequency <= 3; }
 
 void parseExemptions() {
-  step("Number of exemptions", worksheet().exemptions, [] { return toInt16(worksheet().exemptionsText()); });
+  step("Exemptions", worksheet().exemptions, [] { return toInt16(worksheet().exemptionsText()); });
 }
 
-Money taxBy(Bands table) { return taxOf(table, worksheet().stateWage); }
+Amount taxBy(TaxTable table) { return taxOf(table, worksheet().stateWage); }
 
-std::optional<Money> taxByStatus(const PerFrequency<Bands>& married, const PerFrequency<Bands>& single) {
+std::optional<Amount> taxByStatus(const PerFrequency<Bands>& married, const PerFrequency<Bands>& single) {
   if (payData.maritalStat == status::married) return taxBy(married.now());
   if (payData.maritalStat == status::single) return taxBy(single.now());
-  return std::nullopt;
+  return keep("the state has tables for Married and for Single only");
 }
 
-Money perPeriod(Money annual) { return fromReal(toReal(annual) / toReal(payData.payPeriods)); }
+Amount perPeriod(Amount annual) { return fromReal(toReal(annual) / toReal(payData.payPeriods)); }
 
 void finish() {
-  step("Plus the additional amount asked for, and at least 0", payData.stateTax,
+  step("State tax with the additional amount", payData.stateTax,
        [] { return atLeastZero(payData.stateTax + payData.staAdd); });
 }
 
 void floorAtZero() {
-  step("At least 0", payData.stateTax, [] { return atLeastZero(payData.stateTax); });
+  step("State tax", payData.stateTax, [] { return atLeastZero(payData.stateTax); });
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

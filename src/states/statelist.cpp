@@ -2,7 +2,7 @@
 
 #include "states/states.h"
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 /// The catalogue of the states, with the source in which each routine stands. Its tables stand there too, or in the
 /// header of the same name: oregontables.h beside oregon.cpp, eightbandtables.h beside eightbandstates.cpp.
@@ -51,4 +51,4 @@ const std::array<State, 42> stateList{{
     {"Wisconsin", Wisconsin, "wisconsin.cpp"},
 }};
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

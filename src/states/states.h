@@ -5,7 +5,7 @@
 /// One routine for each entry of the state list after "No State", tax year 1999, in list order. No arguments, no
 /// result: each reads the record and the worksheet and writes `stateTax`, and what its own comment adds.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 void Alabama();
 void Arizona();
@@ -49,4 +49,4 @@ void Virginia();
 void WestVirginia();
 void Wisconsin();
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -2,7 +2,7 @@
 
 /// Wisconsin taxes the year's whole wage; exemptions are a credit against the annual tax.
 
-namespace tallyfin {
+namespace TALLYFIN_FIGURES {
 
 using enum Test;
 
@@ -10,7 +10,7 @@ using enum Test;
 namespace wisconsin {
 // clang-format off
 // The first rate holds without exemptions only. The bands do not join, and the tax falls at 14,000.
-constexpr Band married[] = {
+constexpr Band marriedRows[] = {
     {below, 5100, 0, 0.0255},
     {below, 10000, 5100, 0.049},
     {below, 12000, 10000, 0.049, 250},
@@ -26,7 +26,7 @@ constexpr Band married[] = {
     {atLeast, 35500, 35500, 0.0693, 2279},
 };
 // The first rate holds without exemptions only. The bands do not join.
-constexpr Band single[] = {
+constexpr Band singleRows[] = {
     {below, 3900, 0, 0.0255},
     {below, 7500, 3900, 0.049},
     {below, 11000, 7500, 0.049, 187},
@@ -46,10 +46,15 @@ constexpr Band single[] = {
 };
 // clang-format on
 
+constexpr Table married{"Wisconsin, Married", marriedRows};
+constexpr Table single{"Wisconsin, Single", singleRows};
+constexpr FixedCount perExemption{"credit for each exemption", 20};
+
 /// In the lowest band the tax is charged only to someone without exemptions.
-static Money taxBy(Bands table) {
+static Amount taxBy(TaxTable table) {
   const Worksheet& work = worksheet();
-  if (work.stateWage < table.front().bound.amount && work.exemptions != 0) return 0;
+  const Amount lowest = named("upper bound of the lowest row", Rows<Band>(table).front().bound.amount);
+  if (work.stateWage < lowest && work.exemptions != 0) return 0;
   return taxOf(table, work.stateWage);
 }
 }  // namespace wisconsin
@@ -59,25 +64,21 @@ static Money taxBy(Bands table) {
 /// Reads `preTax`, `amt401k`, `maritalStat`, `payPeriods`, `grossPay`, `stateTax`, `staAdd`, `exemptionsText`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `exemptions`, `stateWage`.
 void Wisconsin() {
+  using namespace wisconsin;
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step("The year's wage", work.stateWage, [] { return stateGross() * payData.payPeriods; });
-  step("The year's tax by the table of the status; its lowest row only without exemptions", payData.stateTax,
-       []() -> std::optional<Money> {
-         if (payData.maritalStat == status::married) return wisconsin::taxBy(wisconsin::married);
-         if (payData.maritalStat == status::single) return wisconsin::taxBy(wisconsin::single);
-         return std::nullopt;
-       });
-  Money afterCredit;
-  step(
-      "The pay period's share, after a credit of 20 for each exemption",
-      [&] {
-        afterCredit = payData.stateTax - work.exemptions * 20;
-        payData.stateTax = perPeriod(afterCredit);
-      },
-      afterCredit, payData.stateTax);
+  step("Year's wage", work.stateWage, yearsWage);
+  step("Year's tax", payData.stateTax, []() -> std::optional<Amount> {
+    if (payData.maritalStat == status::married) return wisconsin::taxBy(married);
+    if (payData.maritalStat == status::single) return wisconsin::taxBy(single);
+    return keep("the state has tables for Married and for Single only");
+  });
+  step("Pay period's tax", payData.stateTax, [&] {
+    const Amount credit = line("Credit for the exemptions", work.exemptions * perExemption);
+    return perPeriod(line("Year's tax less the credit", payData.stateTax - credit));
+  });
   finish();
 }
 
-}  // namespace tallyfin
+}  // namespace TALLYFIN_FIGURES

@@ -5,9 +5,9 @@
 #include "engine/entries.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
+#include "engine/recorder.h"
 #include "engine/settings.h"
 #include "engine/statelist.h"
-#include "engine/trace.h"
 #include "stateoptions/frmState.h"
 #include "stateoptions/shapes.h"
 #include "ui/frmPrint.h"
@@ -81,7 +81,7 @@ void frmMain::Load() {
   step([&] { exemptions = toInt16(cboExemptions.text()); });
   // Selecting runs the click, which replaces the hours by those of the frequency.
   step([&] { lstFrequency.setEntry(payData.frequency.value()); });
-  takeAllowance(exemptions);
+  recordAllowance(exemptions);
   if (payData.maritalStat >= 0 && payData.maritalStat <= 2) optStatus[payData.maritalStat.value()].select();
   desk.close<frmState>();  // its closing brings the saved state options into the record
 }
@@ -131,10 +131,12 @@ void frmMain::cmdToolBar_Click(int index) {
 }
 
 void frmMain::calculateCommand() {
-  Recorder recording;
-  step([&] { recording.trace().allowance = fromReal(allowancePerExemption()); });
-  step([&] { recording.trace().exemptions = toInt16(cboExemptions.text()); });
-  calculatePaycheck();
+  const OptionButton* chosen = nullptr;
+  for (const OptionButton& option : optStatus) {
+    if (option.value()) chosen = &option;
+  }
+  Recorder recording(chosen ? chosen->caption() : "");
+  Recorder::calculatePaycheck();
   cmdAdditional[raise].visible = true;
   saveEntries();
   dbgDisplay.removeAll();
@@ -185,7 +187,7 @@ RowKind kindOf(const ResultRow& row) {
 void frmMain::GridPrint() {
   dbgDisplay.setFieldDelimiter('!');
   dbgDisplay.setFieldSeparator(',');
-  makeTotals();
+  Recorder::makeTotals();
   for (const ResultRow& row : resultRows) {
     dbgDisplay.addRow("!" + std::string(row.title) + "!," + toText(payData.*row.amount), kindOf(row));
   }

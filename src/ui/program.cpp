@@ -1,7 +1,7 @@
 #include "ui/program.h"
 
 #include "engine/paydata.h"
-#include "engine/trace.h"
+#include "engine/recorder.h"
 #include "ui/MDIOpen.h"
 #include "ui/frmMain.h"
 

@@ -11,8 +11,10 @@
 #include "engine/failure.h"
 #include "engine/numbertext.h"
 #include "engine/settingsstore.h"
-#include "engine/trace.h"
+#include "engine/recorder.h"
 #include "explain/explain.h"
+#include "explain/figuretexts.h"
+#include "explain/shares.h"
 #include "platform/platform.h"
 #include "script/session.h"
 #include "script/words.h"
@@ -152,7 +154,7 @@ std::string explained() {
   std::vector<std::vector<std::string>> figures;
   for (const Explanation& explanation : explain(*trace)) {
     std::vector<std::string> figure{explanation.title, amountText(explanation.amount)};
-    for (const ExplanationLine& line : explanation.lines) figure.push_back(line.text());
+    for (const ExplanationLine& line : explanation.lines) figure.push_back(line.print());
     figures.push_back(figure);
   }
   return "{\"shares\":" + script::json(shares) + ",\"sentence\":" + script::json(sharesText(*trace)) +

@@ -1,3 +1,4 @@
+#include "engine/calculate.h"
 #include "engine/entries.h"
 
 #include <array>

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "engine/numbertext.h"
-#include "engine/step.h"
+#include "engine/figures.h"
 
 namespace tallyfin {
 namespace {

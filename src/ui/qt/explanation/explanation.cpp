@@ -34,13 +34,13 @@ QString htmlOf(const Explanation& explanation) {
   for (const ExplanationLine& line : explanation.lines) {
     html += QStringLiteral("<tr bgcolor='%1'>")
                 .arg(look::onWhite().color(darker ? QPalette::AlternateBase : QPalette::Base).name());
-    html += line.sum.empty() ? QStringLiteral("<td colspan='2'>%1</td>").arg(text(line.text()).toHtmlEscaped())
-                             : QStringLiteral("<td width='42%'>%1</td><td>%2</td>")
-                                   .arg(text(line.what).toHtmlEscaped(), text(line.sum).toHtmlEscaped());
+    const QString number = line.number == 0 ? QString() : QString::number(line.number) + QStringLiteral(". ");
+    html += QStringLiteral("<td>%1</td><td align='right'>%2</td>")
+                .arg((number + text(line.text())).toHtmlEscaped(), text(line.figure).toHtmlEscaped());
     html += QStringLiteral("</tr>");
     darker = !darker;
   }
-  return html + QStringLiteral("<tr><td><b>%1</b></td><td><b>%2</b></td></tr></table>")
+  return html + QStringLiteral("<tr><td><b>%1</b></td><td align='right'><b>%2</b></td></tr></table>")
                     .arg(title, text(amountText(explanation.amount)));
 }
 
@@ -203,7 +203,7 @@ void ExplanationWindow::tell() {
 QString ExplanationWindow::chosenText() const {
   const Explanation& chosen = explanations_.at(static_cast<std::size_t>(figures_->currentRow()));
   QString all = QString::fromLatin1(chosen.title) + QLatin1Char('\n');
-  for (const ExplanationLine& line : chosen.lines) all += text(line.text()) + QLatin1Char('\n');
+  for (const ExplanationLine& line : chosen.lines) all += text(line.print()) + QLatin1Char('\n');
   return all + text(amountText(chosen.amount));
 }
 

@@ -4,6 +4,8 @@
 #include <QString>
 
 #include "explain/explain.h"
+#include "explain/figuretexts.h"
+#include "explain/shares.h"
 
 class QLabel;
 class QTableWidget;

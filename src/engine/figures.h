@@ -1,0 +1,80 @@
+#pragma once
+
+/// The kinds of figures with which the rules work.
+///
+/// Each source of rules is compiled once for each kind, in a namespace of its own: `tallyfin::plain`, whose figures are
+/// bare numbers, and `tallyfin::told`, whose figures know how they came about. A source of rules includes this header,
+/// stands in namespace TALLYFIN_FIGURES and names its figures Amount, Count, Rate and Single. Both kinds carry out the
+/// same operations in the same order, so that the figures agree to the last bit.
+
+#include <concepts>
+
+#include "engine/bands.h"
+#include "engine/choices.h"
+#include "engine/paydata.h"
+#include "engine/worksheet.h"
+
+#ifdef TALLYFIN_TOLD
+#include "engine/told.h"
+#define TALLYFIN_FIGURES tallyfin::told
+#else
+#include "engine/plain.h"
+#define TALLYFIN_FIGURES tallyfin::plain
+#endif
+
+namespace TALLYFIN_FIGURES {
+
+/// A constant for each pay frequency, tax year 1999, in the order of the list box, and its name; of tables, those of one
+/// status or letter.
+template <class T>
+struct PerFrequency {
+  T weekly;
+  T twiceAMonth;
+  T everyTwoWeeks;
+  T monthly;
+  const char* name;
+
+  /// The one for the record's `frequency`. Where none is chosen, the statement fails.
+  decltype(auto) now() const {
+    switch (payData.frequency.value()) {
+      case frequency::weekly: return figureOf(name, weekly, "Weekly");
+      case frequency::twiceAMonth: return figureOf(name, twiceAMonth, "Twice A Month");
+      case frequency::everyTwoWeeks: return figureOf(name, everyTwoWeeks, "Every Two Weeks");
+      case frequency::monthly: return figureOf(name, monthly, "Monthly");
+      default: throw FailedStatement{"no pay frequency is chosen"};
+    }
+  }
+};
+
+/// Pay periods a year.
+inline constexpr PerFrequency<int> periodsPerYear{52, 24, 26, 12, "pay periods a year"};
+
+/// A constant of the rules with its name: dollars, dollars of the 16-bit arithmetic, a fraction.
+struct FixedAmount {
+  const char* name;
+  Dollars dollars;
+
+  operator Amount() const { return named(name, dollars.amount); }  // NOLINT(google-explicit-constructor): it is one
+};
+struct FixedCount {
+  const char* name;
+  int dollars;
+
+  operator Count() const { return dollars16(name, dollars); }  // NOLINT(google-explicit-constructor): likewise
+};
+struct FixedRate {
+  const char* name;
+  double fraction;
+
+  operator Rate() const { return named(name, fraction); }  // NOLINT(google-explicit-constructor): likewise
+};
+
+/// The tax on x by the row of a table: the subtraction in amounts, the rest in one real step.
+inline Amount taxOf(TaxTable table, Amount x) {
+  const Band& band = bandOf(table, x);
+  const Amount lower = named("lower bound of the row", band.lower.amount);
+  const Rate rate = named("rate of the row", band.rate);
+  return fromReal(toReal(x - lower) * rate + named("tax at the lower bound", band.plus));
+}
+
+}  // namespace TALLYFIN_FIGURES

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "engine/bands.h"
+#include "engine/int16.h"
+#include "engine/money.h"
+
+/// Where the figures of a recorded calculation come from, as plain data.
+
+namespace tallyfin {
+
+enum class Op {
+  constant,  ///< A constant of the rules.
+  entry,     ///< What the user entered.
+  left,      ///< What stood in a field before the calculation.
+  titled,    ///< A figure with a title, of a statement or within one; with a second operand, one that is shown though
+             ///< it is another one again.
+  add,
+  subtract,
+  multiply,
+  divide,
+  toReal,
+  fromReal,
+  toInt16,
+  roundCents,
+  roundDollars,
+  least,
+  greatest
+};
+
+using Value = std::variant<Money, Int16, double, float>;
+
+/// A figure by its number on the tape.
+using NodeId = int;
+inline constexpr NodeId noNode = -1;
+
+/// A figure: a leaf, or an operation on one or two others.
+struct Node {
+  Op op = Op::constant;
+  Value value;
+  NodeId a = noNode;
+  NodeId b = noNode;
+  const char* name = "";    ///< Of a constant; the address of an entry, the name of a field, the title.
+  bool inDollars = false;   ///< Of a constant of the 16-bit arithmetic.
+  int circumstances = -1;   ///< Of a titled figure, by their number on the tape.
+};
+
+/// Something that was asked before a figure was worked out, and the answer.
+struct Asked {
+  enum class How { equal, below, atMost, above, atLeast, from };
+  How how;
+  NodeId a;
+  NodeId b = noNode;
+  NodeId c = noNode;  ///< The upper end of `from`.
+  bool held = true;
+};
+
+/// The row of a table that was applied.
+struct AppliedRow {
+  std::string table;  ///< Its name, with the pay frequency where the table goes by it.
+  Test test = Test::atMost;
+  Money bound;
+  Money lower{};
+  double rate = 0;
+  double plus = 0;
+  NodeId x = noNode;
+  std::optional<std::pair<Test, Money>> above;  ///< Test and bound of the row before it.
+  Bands rows;                                   ///< All rows of a band table.
+  std::size_t number = 0;                       ///< Of the row, from 0.
+};
+
+/// What an explanation says beside the formula of a titled figure.
+struct Circumstances {
+  std::vector<Asked> asked;
+  std::vector<std::string> notes;
+  std::optional<AppliedRow> row;
+};
+
+/// All figures of a calculation, in the order in which they came about.
+struct Tape {
+  std::vector<Node> nodes;
+  std::vector<Circumstances> circumstances;
+};
+
+}  // namespace tallyfin

@@ -1,0 +1,280 @@
+#pragma once
+
+#include <array>
+#include <concepts>
+#include <optional>
+#include <span>
+#include <type_traits>
+
+#include "engine/failure.h"
+#include "engine/numbertext.h"
+#include "engine/paydata.h"
+#include "engine/settings.h"
+#include "engine/tape.h"
+#include "engine/title.h"
+#include "engine/worksheet.h"
+
+/// The kind of figures that know how they came about: each holds a number and its place on the tape of the recorded
+/// calculation. Whatever the plain kind has for the rules is here under the same name.
+
+namespace tallyfin::told {
+
+using ::tallyfin::FailedStatement;
+using ::tallyfin::Title;
+
+/// Write to the tape of the running calculation. They are out of line to keep the routines small.
+NodeId made(Op op, Value value, NodeId a = noNode, NodeId b = noNode, const char* name = "", bool inDollars = false);
+bool asked(Asked asked);
+
+template <class T>
+class Told {
+ public:
+  constexpr Told() = default;
+  constexpr Told(T value) : value_(value) {}  // NOLINT(google-explicit-constructor): a number is a figure
+  template <std::integral Number>
+  constexpr Told(Number value)  // NOLINT(google-explicit-constructor): likewise
+      : value_(static_cast<T>(value)) {}
+  template <std::same_as<Int16> C>
+  requires std::same_as<T, Money>
+  Told(const Told<C>& count)  // NOLINT(google-explicit-constructor): likewise
+      : value_(count.plain()), node_(count.node()) {}
+  Told(T value, NodeId node) : value_(value), node_(node) {}
+
+  const T& plain() const { return value_; }
+  /// Where it stands on the tape. A number without an origin is a constant.
+  NodeId node() const {
+    if (node_ == noNode) node_ = made(Op::constant, value_);
+    return node_;
+  }
+
+  /// The number, to choose by it.
+  int value() const requires std::same_as<T, Int16> {
+    asked({Asked::How::equal, node()});
+    return value_.value();
+  }
+
+  friend Told operator+(const Told& a, const Told& b) { return a.with(Op::add, b, a.value_ + b.value_); }
+  friend Told operator-(const Told& a, const Told& b) { return a.with(Op::subtract, b, a.value_ - b.value_); }
+  friend Told operator*(const Told& a, const Told& b) requires(!std::same_as<T, Money>) {
+    return a.with(Op::multiply, b, a.value_ * b.value_);
+  }
+  friend Told operator*(const Told& a, const Told<Int16>& b) requires std::same_as<T, Money> {
+    return a.with(Op::multiply, b, a.value_ * b.plain());
+  }
+  friend Told operator/(const Told& a, const Told& b) requires std::same_as<T, double> {
+    return a.with(Op::divide, b, a.value_ / b.value_);
+  }
+
+  friend bool operator==(const Told& a, const Told& b) { return a.ask(Asked::How::equal, b, a.value_ == b.value_); }
+  friend bool operator<(const Told& a, const Told& b) { return a.ask(Asked::How::below, b, a.value_ < b.value_); }
+  friend bool operator<=(const Told& a, const Told& b) { return a.ask(Asked::How::atMost, b, a.value_ <= b.value_); }
+  friend bool operator>(const Told& a, const Told& b) { return a.ask(Asked::How::above, b, a.value_ > b.value_); }
+  friend bool operator>=(const Told& a, const Told& b) { return a.ask(Asked::How::atLeast, b, a.value_ >= b.value_); }
+
+  /// The result of an operation on this figure and another.
+  template <class Other, class Result>
+  Told<Result> with(Op op, const Told<Other>& other, Result result) const {
+    const NodeId a = node();
+    return {result, made(op, result, a, other.node())};
+  }
+  template <class Result>
+  Told<Result> as(Op op, Result result) const {
+    return {result, made(op, result, node())};
+  }
+
+ private:
+  bool ask(Asked::How how, const Told& other, bool held) const {
+    const NodeId a = node();
+    return asked({how, a, other.node(), noNode, held});
+  }
+
+  T value_{};
+  mutable NodeId node_ = noNode;
+};
+
+using Amount = Told<Money>;
+using Count = Told<Int16>;
+using Rate = Told<double>;
+using Single = Told<float>;
+template <class Row>
+using RowsOf = TableOf<Row>;
+using TaxTable = RowsOf<Band>;
+
+template <class T>
+Told<T> named(const char* name, T value) {
+  return {value, made(Op::constant, value, noNode, noNode, name)};
+}
+inline Count dollars16(const char* name, int dollars) {
+  return {dollars, made(Op::constant, Int16(dollars), noNode, noNode, name, true)};
+}
+inline Count figureOf(const char* name, int value, const char* /*period*/) { return named(name, Int16(value)); }
+inline Rate figureOf(const char* name, double value, const char* /*period*/) { return named(name, value); }
+inline Amount figureOf(const char* name, const Dollars& value, const char* /*period*/) {
+  return named(name, value.amount);
+}
+template <class Row>
+TableOf<Row> figureOf(const char* name, const Rows<Row>& rows, const char* period) {
+  return {name, rows, period};
+}
+
+inline Rate toReal(const Amount& x) { return x.as(Op::toReal, tallyfin::toReal(x.plain())); }
+inline Rate toReal(const Count& x) { return x.as(Op::toReal, tallyfin::toReal(x.plain())); }
+inline Amount fromReal(const Rate& x) { return x.as(Op::fromReal, tallyfin::fromReal(x.plain())); }
+inline Amount roundCents(const Amount& x) { return x.as(Op::roundCents, tallyfin::roundCents(x.plain())); }
+inline Amount roundedToDollars(const Amount& x) { return x.as(Op::roundDollars, tallyfin::roundedToDollars(x.plain())); }
+inline Count integerRounded(const Amount& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
+inline Count integerRounded(const Rate& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
+inline Money roundedForDisplay(const Amount& x) { return tallyfin::roundedForDisplay(x.plain()); }
+inline Rate asRate(const Single& x) { return {static_cast<double>(x.plain()), x.node()}; }
+
+template <class T>
+Told<T> least(const Told<T>& a, const std::type_identity_t<Told<T>>& b) {
+  return a.with(Op::least, b, b.plain() < a.plain() ? b.plain() : a.plain());
+}
+template <class T>
+Told<T> greatest(const Told<T>& a, const std::type_identity_t<Told<T>>& b) {
+  return a.with(Op::greatest, b, a.plain() < b.plain() ? b.plain() : a.plain());
+}
+inline Amount within(const Amount& x, const Amount& low, const Amount& high) { return least(greatest(x, low), high); }
+inline Amount atLeastZero(const Amount& x) { return greatest(x, 0); }
+inline bool isFrom(const Count& low, const Count& x, const Count& high) {
+  const bool held = low.plain() <= x.plain() && x.plain() <= high.plain();
+  return asked({Asked::How::from, x.node(), low.node(), high.node(), held});
+}
+
+/// A text that the user entered: the address of its control, and the text.
+struct Entry {
+  const char* where;
+  const std::string& text;
+  bool empty() const { return text.empty(); }
+};
+Amount toMoney(const Entry& entry);
+Rate realOf(const Entry& entry);
+Count toInt16(const Entry& entry);
+
+/// The record and the working fields in figures of this kind. A Recorder takes them over from the plain ones, and each
+/// statement hands back what it assigned.
+using PayData = PayDataOf<Amount, Count, Rate>;
+struct Worksheet : WorksheetFieldsOf<Amount, Count> {
+  static Entry incomeText() { return {"frmMain.txtIncome", tallyfin::worksheet().incomeText()}; }
+  static Entry rate401kText() { return {"frmMain.txt401k", tallyfin::worksheet().rate401kText()}; }
+  static Entry preTaxText() { return {"frmMain.txtPreTax", tallyfin::worksheet().preTaxText()}; }
+  static Entry preFicaText() { return {"frmMain.txtPreFICA", tallyfin::worksheet().preFicaText()}; }
+  static Entry exemptionsText() { return {"frmMain.cboExemptions", tallyfin::worksheet().exemptionsText()}; }
+  static int stateIndex() { return tallyfin::worksheet().stateIndex(); }
+  static bool selfEmployed() { return tallyfin::worksheet().selfEmployed(); }
+  static void showFigure(int label, Money figure) { tallyfin::worksheet().showFigure(label, figure); }
+};
+inline constinit thread_local PayData payData;
+inline constinit thread_local Worksheet theWorksheet;
+inline Worksheet& worksheet() { return theWorksheet; }
+
+/// A figure within a statement that an explanation shows in a line of its own, with what was asked for it so far.
+NodeId titled(const char* title, Value value, NodeId node);
+template <class T>
+Told<T> line(const char* title, const Told<T>& figure) {
+  return {figure.plain(), titled(title, figure.plain(), figure.node())};
+}
+
+/// The same for a figure that is another one again under its own title.
+NodeId asMuch(const char* title, Value value, NodeId node);
+template <class T>
+Told<T> asMuch(const char* title, const Told<T>& figure) {
+  return {figure.plain(), asMuch(title, figure.plain(), figure.node())};
+}
+
+std::nullopt_t keep(const char* why);
+inline bool keepAll(const char* why) { return keep(why), false; }
+void note(const char* remark);
+inline void noteIfAny(const Amount& amount, const char* remark) {
+  if (amount.plain() != 0) note(remark);
+}
+NodeId noted(Value value, NodeId node, const char* remark);
+template <class T>
+void noteOn(Told<T>& field, const char* remark) {
+  field = {field.plain(), noted(field.plain(), field.node(), remark)};
+}
+
+void applied(AppliedRow row);
+template <class Row>
+const Row& bandOf(const TableOf<Row>& table, const Amount& x) {
+  const Row& row = rowFor(table.rows, x.plain());
+  AppliedRow told;
+  told.table = table.name;
+  told.test = row.test;
+  told.bound = row.bound.amount;
+  told.x = x.node();
+  if (*table.period != '\0') told.table += std::string(", ") + table.period;
+  told.number = static_cast<std::size_t>(&row - table.rows.data());
+  if (told.number > 0) told.above = {(&row)[-1].test, (&row)[-1].bound.amount};
+  if constexpr (requires { row.lower; }) {
+    told.lower = row.lower.amount;
+    told.rate = row.rate;
+    told.plus = row.plus;
+  }
+  if constexpr (requires { row.amount; }) told.plus = tallyfin::toReal(row.amount.amount);
+  if constexpr (requires { row.fraction; }) told.rate = static_cast<double>(row.fraction);
+  if constexpr (std::same_as<Row, Band>) told.rows = table.rows;
+  applied(std::move(told));
+  return row;
+}
+
+/// What a statement may assign.
+using Target = std::variant<Amount*, Count*, Rate*, Single*>;
+
+/// What becomes of a failure: the statement is skipped, or the statement around it fails too.
+enum class OnFailure { skip, passOn };
+
+/// Runs a statement, which returns true if it assigned something, and records it.
+void runStatement(OnFailure onFailure, const char* title, std::span<const Target> targets, bool (*run)(void*),
+                  void* statement);
+
+namespace detail {
+
+template <class T, class Value>
+bool assign(T& target, const std::optional<Value>& value) {
+  if (value) target = *value;
+  return value.has_value();
+}
+template <class T, class Value>
+bool assign(T& target, const Value& value) {
+  target = value;
+  return true;
+}
+
+template <class Statement>
+bool carriedOut(Statement& statement) {
+  if constexpr (std::same_as<std::invoke_result_t<Statement&>, bool>) {
+    return statement();
+  } else {
+    statement();
+    return true;
+  }
+}
+
+template <class Statement, class... Targets>
+void run(OnFailure onFailure, const char* title, Statement& statement, Targets&... targets) {
+  const std::array<Target, sizeof...(Targets)> all{&targets...};
+  runStatement(
+      onFailure, title, all, [](void* it) { return carriedOut(*static_cast<Statement*>(it)); }, &statement);
+}
+
+}  // namespace detail
+
+template <class Statement, class... Targets>
+requires std::invocable<Statement&>
+void step(Title title, Statement&& statement, Targets&... targets) {
+  detail::run(OnFailure::skip, title.words(), statement, targets...);
+}
+template <class T, class Value>
+requires(std::invocable<Value&> && !std::invocable<T&>) void step(Title title, T& target, Value&& value) {
+  step(
+      title, [&target, &value] { return detail::assign(target, value()); }, target);
+}
+template <class T, class Value>
+void part(Title title, T& target, Value&& value) {
+  auto whole = [&target, &value] { return detail::assign(target, value()); };
+  detail::run(OnFailure::passOn, title.words(), whole, target);
+}
+
+}  // namespace tallyfin::told

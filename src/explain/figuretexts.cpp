@@ -1,0 +1,99 @@
+#include "explain/figuretexts.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "engine/doubletext.h"
+#include "engine/numbertext.h"
+
+namespace tallyfin {
+
+namespace {
+
+/// The digits of a finite number without sign and point, the first of which isn't 0, and the power of ten of that one.
+struct Digits {
+  std::string digits;
+  int power = 0;
+};
+
+/// The fewest digits that read back as the same number.
+template <class Real>
+Digits shortestDigits(Real value) {
+  std::array<char, 40> buffer{};
+  int digits = 0;
+  const auto same = [&] {
+    if constexpr (std::is_same_v<Real, float>) return std::strtof(buffer.data(), nullptr) == value;
+    return std::strtod(buffer.data(), nullptr) == static_cast<double>(value);
+  };
+  do {
+    std::snprintf(buffer.data(), buffer.size(), "%.*e", digits++, static_cast<double>(value));
+  } while (!same());
+  const std::string text = buffer.data();
+  const auto e = text.find('e');
+  Digits result{{}, std::atoi(text.c_str() + e + 1)};
+  for (const char c : text.substr(0, e)) {
+    if (c >= '0' && c <= '9') result.digits += c;
+  }
+  return result;
+}
+
+/// The number times ten to a power, without an exponent.
+template <class Real>
+std::string decimalText(Real value, int shift) {
+  if (value == 0) return "0";
+  auto [digits, power] = shortestDigits(value);
+  power += shift;
+  const auto size = static_cast<int>(digits.size());
+  if (power < 0) {
+    digits = "0." + std::string(static_cast<std::size_t>(-power - 1), '0') + digits;
+  } else if (power + 1 >= size) {
+    digits += std::string(static_cast<std::size_t>(power + 1 - size), '0');
+  } else {
+    digits.insert(static_cast<std::size_t>(power) + 1, 1, '.');
+  }
+  return (value < 0 ? "-" : "") + digits;
+}
+
+}  // namespace
+
+std::string amountText(Money amount) {
+  const bool negative = amount < 0;
+  const auto units = amount.units();
+  std::string text = currency(Money::ofUnits(units - units % 100));
+  if (negative) text = text.front() == '(' ? text.substr(1, text.size() - 2) : text;
+  if (const auto rest = std::abs(units % 100); rest != 0) {
+    text += static_cast<char>('0' + rest / 10);
+    if (rest % 10 != 0) text += static_cast<char>('0' + rest % 10);
+  }
+  return negative ? "(" + text + ")" : text;
+}
+
+std::string rateText(double fraction) { return decimalText(fraction, 2) + "%"; }
+
+std::string numberText(double value) { return decimalText(value, 0); }
+
+std::string plainText(const Value& value) {
+  if (const auto* amount = std::get_if<Money>(&value)) return toText(*amount);
+  if (const auto* count = std::get_if<Int16>(&value)) return toText(*count);
+  if (const auto* rate = std::get_if<double>(&value)) return decimalText(*rate, 0);
+  return decimalText(std::get<float>(value), 0);
+}
+
+std::string textOf(const Value& value, As as) {
+  if (const auto* amount = std::get_if<Money>(&value)) return amountText(*amount);
+  if (const auto* count = std::get_if<Int16>(&value)) return as == As::dollars ? amountText(*count) : toText(*count);
+  const auto* single = std::get_if<float>(&value);
+  if (as == As::percent) return single ? decimalText(*single, 2) + "%" : rateText(std::get<double>(value));
+  if (as == As::dollars) {
+    try {
+      const double rate = single ? static_cast<double>(*single) : std::get<double>(value);
+      if (toReal(fromReal(rate)) == rate) return amountText(fromReal(rate));
+    } catch (const FailedStatement&) {  // it is beyond every amount
+    }
+  }
+  return plainText(value);
+}
+
+}  // namespace tallyfin

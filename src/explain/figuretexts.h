@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "engine/tape.h"
+
+/// Figures as people write them, and as programs read them.
+
+namespace tallyfin {
+
+/// An amount as currency, with two decimals or as many more as it has: $1,000.00, $172.4936, ($5.00).
+std::string amountText(Money amount);
+
+/// A rate as percent, with as many decimals as it has: 7.65%.
+std::string rateText(double fraction);
+
+/// A real number, without an exponent: the fewest digits that read back as the same double.
+std::string numberText(double value);
+
+/// A figure as plain text: an amount with up to four decimals, a count, the shortest text of a rate in its precision.
+std::string plainText(const Value& value);
+
+/// How a figure is written: a rate as dollars, as percent or as a bare number, a count as dollars or as a number.
+enum class As { dollars, percent, number };
+std::string textOf(const Value& value, As as);
+
+}  // namespace tallyfin

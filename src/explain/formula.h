@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/tape.h"
+
+/// The tape of a calculation as one row of the results sees it: which figures have a line, which stand within a formula,
+/// and which came and went without effect.
+
+namespace tallyfin {
+
+/// Where an operand stands in a formula.
+enum class Place {
+  own,     ///< It is the formula of a line.
+  term,    ///< Of a sum.
+  factor,  ///< Of a product.
+  bounded, ///< That which has a floor or a ceiling.
+  alone    ///< Anywhere else: it has a line of its own unless it is a constant.
+};
+
+class Formula {
+ public:
+  using Notes = std::vector<std::string>;
+
+  /// `rows` are the figures that belong to other rows of the results, by their titles.
+  Formula(const Tape& tape, std::map<NodeId, const char*> rows) : tape_(tape), rows_(std::move(rows)) {}
+
+  const Node& at(NodeId id) const { return tape_.nodes[static_cast<std::size_t>(id)]; }
+  /// Of a titled figure.
+  const Circumstances& circumstances(NodeId id) const;
+
+  /// The title of the row to which the figure belongs, or null.
+  const char* rowOf(NodeId id) const;
+  bool isLeaf(NodeId id) const;
+
+  /// The figure that this one repeats: steps that came and went without effect are left out. Collects what was noted on
+  /// the way.
+  NodeId resolved(NodeId id, Notes* notes = nullptr) const;
+
+  /// Whether a resolved figure stands within the formula around it, and not in a line of its own.
+  bool inlined(NodeId id, Place place) const;
+
+  /// Calls visit(operand, place) for the operands of an inlined figure.
+  void eachOperand(NodeId id, Place place, const std::function<void(NodeId, Place)>& visit) const;
+
+  /// A wage less a bound, of which a product takes a part: "the amount of line 7 over $525.00".
+  bool isExcess(NodeId id) const;
+  /// A whole number that is dollars.
+  bool isDollars(NodeId id) const;
+
+ private:
+  std::optional<NodeId> sameAs(NodeId id, Notes* notes) const;
+  void noteOf(NodeId id, Notes* notes) const;
+  void drop(NodeId id, Notes* notes) const;
+
+  const Tape& tape_;
+  std::map<NodeId, const char*> rows_;
+};
+
+bool isReal(const Value& value);
+/// Equal as numbers.
+bool sameValue(const Value& a, const Value& b);
+bool isZero(const Value& value);
+
+}  // namespace tallyfin

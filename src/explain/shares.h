@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/recorder.h"
+
+/// Where the gross pay goes.
+
+namespace tallyfin {
+
+/// A part of the gross pay.
+struct Share {
+  const char* name;
+  Money amount;
+  double fraction;  ///< Of the gross pay.
+};
+
+/// Where the gross pay of the calculation goes: 401(k), federal, state and local tax, FICA, and the check. None where
+/// there is no gross pay to share out, or a part is negative.
+std::vector<Share> sharesOf(const Trace& trace);
+
+/// A part by its name and its percentage, which is rounded to a tenth: federal tax 17.2%.
+std::string shareText(const Share& share);
+
+/// All shares in one sentence, or why there are none.
+std::string sharesText(const Trace& trace);
+
+}  // namespace tallyfin
