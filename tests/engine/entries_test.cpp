@@ -1,7 +1,8 @@
-#include "engine/calculate.h"
 #include "engine/entries.h"
 
 #include <array>
+
+#include "engine/calculate.h"
 
 #include "support/paycheck.h"
 
