@@ -98,7 +98,8 @@ constexpr FixedRate selfEmployedMedicareRate{"Medicare rate of the self-employed
 /// FICA, or one of its two parts, at a rate. Each is worked out from the same base, so that the total can differ from
 /// the sum of the parts in the last decimal. There is no wage limit and no floor.
 [[gnu::always_inline]] inline void share(Title title, Amount& part, Rate rate) {
-  step(title, part, [rate] { return fromReal(toReal(line("Pay subject to FICA", payData.grossPay - payData.preFica)) * rate); });
+  step(title, part,
+       [rate] { return fromReal(toReal(line("Pay subject to FICA", payData.grossPay - payData.preFica)) * rate); });
 }
 
 void fica() {

@@ -8,4 +8,4 @@ namespace TALLYFIN_FIGURES {
 /// screen. Works on `fedBase`, `frequency` and `maritalStat`; where these choose no table, `fedTax` keeps its value.
 void FedTax();
 
-}  // namespace
+}  // namespace TALLYFIN_FIGURES

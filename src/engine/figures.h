@@ -24,8 +24,8 @@
 
 namespace TALLYFIN_FIGURES {
 
-/// A constant for each pay frequency, tax year 1999, in the order of the list box, and its name; of tables, those of one
-/// status or letter.
+/// A constant for each pay frequency, tax year 1999, in the order of the list box, and its name; of tables, those of
+/// one status or letter.
 template <class T>
 struct PerFrequency {
   T weekly;

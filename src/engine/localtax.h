@@ -8,4 +8,4 @@ namespace TALLYFIN_FIGURES {
 /// floor or cap. An `applyTo` outside 1 to 5 leaves `localTax` as it was.
 void LocalTaxCalc();
 
-}  // namespace
+}  // namespace TALLYFIN_FIGURES

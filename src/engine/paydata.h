@@ -16,41 +16,41 @@ template <class Amount, class Count, class Rate>
 struct PayDataOf {
   Amount depsDed;          ///< Federal allowance deduction; set by Load of the main screen and nowhere else.
   Amount totalDed;         ///< Total of deductions; set by GridPrint.
-  Rate rate401k = 0;    ///< 401(k) rate.
+  Rate rate401k = 0;       ///< 401(k) rate.
   Amount preFica;          ///< Amount exempt from FICA.
   Amount preTax;           ///< Amount not taxed.
   Amount amt401k;          ///< 401(k) contribution.
   Amount state401k;        ///< What the state leaves untaxed of `amt401k`: all of it or 0.
   Amount taxableWage;      ///< Income on entry to Calculate, then income less 401(k), pre-FICA and pre-tax.
   Amount fedBase;          ///< `taxableWage` less `depsDed`; may be negative.
-  Count incomeSource;     ///< 0: Calculate reads the income box; 1: it takes `taxableWage`.
-  Count maritalStat;      ///< 0 Married, 1 Single, 2 Married Claiming Single.
-  Count payPeriods;       ///< Pay periods a year: 52, 24, 26 or 12; 0 until the first Calculate of the toolbar.
+  Count incomeSource;      ///< 0: Calculate reads the income box; 1: it takes `taxableWage`.
+  Count maritalStat;       ///< 0 Married, 1 Single, 2 Married Claiming Single.
+  Count payPeriods;        ///< Pay periods a year: 52, 24, 26 or 12; 0 until the first Calculate of the toolbar.
   Amount grossPay;         ///< The income as calculated last.
   Amount fedTax;           ///< Federal withholding, whole cents.
   Amount stateTax;         ///< State withholding.
   Amount fica;             ///< FICA total.
   Amount socSec;           ///< Social Security part, worked out from the base, not from `fica`.
   Amount medicare;         ///< Medicare part, likewise.
-  Count frequency;        ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 before the first choice.
+  Count frequency;         ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 before the first choice.
   Amount multiCheckTotal;  ///< Monthly total of the several-checks worksheet, dollars a month.
-  Count w4Allowances;     ///< Allowances carried between the W-4 worksheets.
-  Count w4TableMode;      ///< 1 or 2: the table that the Two-Earner worksheet asked for.
-  Count w4TableValue;     ///< Line 1 less line 2 of that worksheet, from the choice in Table 1.
+  Count w4Allowances;      ///< Allowances carried between the W-4 worksheets.
+  Count w4TableMode;       ///< 1 or 2: the table that the Two-Earner worksheet asked for.
+  Count w4TableValue;      ///< Line 1 less line 2 of that worksheet, from the choice in Table 1.
   Amount w4TwoEarnerAmt;   ///< Line 9 of that worksheet, dollars a paycheck.
-  Rate localRate = 0;   ///< Local tax rate.
+  Rate localRate = 0;      ///< Local tax rate.
   Amount localTax;         ///< Local tax.
-  Count applyTo;          ///< Base of the local tax, 1 to 5.
-  Count staExmp;          ///< State exemption selection: a percentage or a count, by state.
-  Count staDeps;          ///< State dependents.
-  Count staMarried;       ///< State marital or filing selection, 0 to 9.
+  Count applyTo;           ///< Base of the local tax, 1 to 5.
+  Count staExmp;           ///< State exemption selection: a percentage or a count, by state.
+  Count staDeps;           ///< State dependents.
+  Count staMarried;        ///< State marital or filing selection, 0 to 9.
   Amount staAdd;           ///< Additional state withholding.
-  Count mMethod;          ///< Michigan special exemptions or Maryland local rate number.
+  Count mMethod;           ///< Michigan special exemptions or Maryland local rate number.
   Amount stateDepsDed;     ///< The state's own allowance deduction as the last state routine left it.
   Amount statePreTax;      ///< What the state leaves untaxed of `preTax`: all of it or 0.
   Amount checkAmt;         ///< Net check; set by GridPrint.
-  Count illDeps;          ///< Illinois second allowance count.
-  Count dontShow;         ///< 0: the program starts with Personal Information; 1: with the main screen.
+  Count illDeps;           ///< Illinois second allowance count.
+  Count dontShow;          ///< 0: the program starts with Personal Information; 1: with the main screen.
 
   bool operator==(const PayDataOf&) const = default;
 };

@@ -78,6 +78,8 @@ template <class T>
 constexpr void noteOn(const T& /*field*/, const char* /*remark*/) {}
 constexpr void noteIfAny(Amount /*amount*/, const char* /*remark*/) {}
 
+constexpr void stateIs(const char* /*caption*/) {}
+
 namespace detail {
 
 template <class T, class Value>

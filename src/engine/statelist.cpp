@@ -1,9 +1,5 @@
 #include "engine/statelist.h"
 
-#ifdef TALLYFIN_TOLD
-#include "engine/recorder.h"
-#endif
-
 namespace TALLYFIN_FIGURES {
 
 void callStateRoutine() {
@@ -13,9 +9,7 @@ void callStateRoutine() {
     return;
   }
   const State& state = stateList[static_cast<std::size_t>(routine) + 1];
-#ifdef TALLYFIN_TOLD
-  Recorder::stateIs(state.caption);
-#endif
+  stateIs(state.caption);
   state.routine();
 }
 

@@ -44,9 +44,9 @@ struct Node {
   Value value;
   NodeId a = noNode;
   NodeId b = noNode;
-  const char* name = "";    ///< Of a constant; the address of an entry, the name of a field, the title.
-  bool inDollars = false;   ///< Of a constant of the 16-bit arithmetic.
-  int circumstances = -1;   ///< Of a titled figure, by their number on the tape.
+  const char* name = "";   ///< Of a constant; the address of an entry, the name of a field, the title.
+  bool inDollars = false;  ///< Of a constant of the 16-bit arithmetic.
+  int circumstances = -1;  ///< Of a titled figure, by their number on the tape.
 };
 
 /// Something that was asked before a figure was worked out, and the answer.

@@ -2,36 +2,11 @@
 
 #include <utility>
 
-#include "engine/calculate.h"
-#include "engine/entries.h"
-#include "engine/recorder.h"
+#include "engine/recording.h"
 
-namespace tallyfin {
-
-namespace told {
+namespace tallyfin::told {
 
 namespace {
-
-/// What was asked, noted and applied since the running statement began, or since its last line.
-struct Recording {
-  Tape tape;
-  Circumstances since;
-  std::optional<AppliedRow> row;  ///< Of the running statement.
-  const char* whyKept = "";
-  Trace* trace = nullptr;  ///< Null while the main screen takes the federal allowance.
-  bool within = false;     ///< A statement is running.
-};
-thread_local Recording now;
-
-/// The federal allowance as the main screen took it when it was loaded.
-struct TakenAllowance {
-  Tape tape;
-  Amount amount;
-  Int16 frequency;
-};
-thread_local std::optional<TakenAllowance> taken;
-
-thread_local std::optional<Trace> last;
 
 NodeId withCircumstances(Value value, NodeId node, const char* title, Circumstances circumstances) {
   const NodeId made = told::made(Op::titled, value, node, noNode, title);
@@ -44,27 +19,17 @@ NodeId withCircumstances(Value value, NodeId node, const char* title, Circumstan
 template <class Visit>
 void eachField(Visit&& visit) {
   const auto pairs = [&](auto& told, auto& plain) {
+    std::vector<void*> numbers;
+    forEachField(plain, [&](const char* /*name*/, auto& number) { numbers.push_back(&number); });
+    auto next = numbers.begin();
     forEachField(told, [&](const char* name, auto& figure) {
-      forEachField(plain, [&](const char* other, auto& number) {
-        if constexpr (std::same_as<std::remove_cvref_t<decltype(figure)>,
-                                   Told<std::remove_cvref_t<decltype(number)>>>) {
-          if (std::string_view(name) == other) visit(name, figure, number);
-        }
-      });
+      using Number = std::remove_cvref_t<decltype(figure.plain())>;
+      visit(name, figure, *static_cast<Number*>(*next++));
     });
   };
   pairs(payData, tallyfin::payData);
   pairs(static_cast<WorksheetFieldsOf<Amount, Count>&>(theWorksheet),
         static_cast<WorksheetFields&>(tallyfin::worksheet()));
-}
-
-/// Begins a tape: each field is what was left in it.
-void takeOver(Tape tape) {
-  now.tape = std::move(tape);
-  now.since = {};
-  eachField([](const char* name, auto& figure, const auto& number) {
-    figure = {number, made(Op::left, number, noNode, noNode, name)};
-  });
 }
 
 void handBack() {
@@ -112,6 +77,16 @@ void settle(const char* title, std::span<const Target> targets, const std::vecto
 std::string quoted(const char* title) { return std::string("\"") + title + "\""; }
 
 }  // namespace
+
+thread_local Recording now;
+
+void takeOver(Tape tape) {
+  now.tape = std::move(tape);
+  now.since = {};
+  eachField([](const char* name, auto& figure, const auto& number) {
+    figure = {number, made(Op::left, number, noNode, noNode, name)};
+  });
+}
 
 NodeId made(Op op, Value value, NodeId a, NodeId b, const char* name, bool inDollars) {
   now.tape.nodes.push_back({op, value, a, b, name, inDollars});
@@ -190,51 +165,6 @@ void runStatement(OnFailure onFailure, const char* title, std::span<const Target
   }
 }
 
-}  // namespace told
+void stateIs(const char* caption) { now.trace->state = caption; }
 
-Recorder::Recorder(std::string statusChosen) {
-  told::last.emplace();
-  told::last->statusChosen = std::move(statusChosen);
-  told::takeOver(told::taken ? told::taken->tape : Tape{});
-  told::now.trace = &*told::last;
-  if (told::taken && told::taken->amount.plain() == payData.depsDed) {
-    told::payData.depsDed = told::taken->amount;
-    if (told::taken->frequency != payData.frequency) {
-      told::noteOn(told::payData.depsDed,
-                   "The federal allowance goes by the pay frequency and the exemptions that stood when the main screen "
-                   "was loaded.");
-    }
-  }
-}
-
-Recorder::~Recorder() {
-  Trace& trace = *told::last;
-  std::size_t i = 0;
-  for (const auto& row : resultRowsOf<told::PayData>) trace.results.at(i++) = (told::payData.*row.amount).node();
-  trace.after = payData;
-  trace.tape = std::exchange(told::now.tape, {});
-  told::now.trace = nullptr;
-}
-
-void Recorder::calculatePaycheck() { told::calculatePaycheck(); }
-void Recorder::makeTotals() { told::makeTotals(); }
-
-void recordAllowance(Int16 exemptions) {
-  told::takeOver({});
-  told::taken.reset();
-  const NodeId before = told::payData.depsDed.node();
-  told::takeAllowance({exemptions, told::made(Op::entry, exemptions, noNode, noNode, "frmMain.cboExemptions")});
-  if (told::now.tape.nodes[static_cast<std::size_t>(told::payData.depsDed.node())].a == before) return;
-  told::taken = {std::exchange(told::now.tape, {}), told::payData.depsDed, payData.frequency};
-}
-
-void Recorder::stateIs(const char* caption) { told::last->state = caption; }
-
-const Trace* lastTrace() { return told::last ? &*told::last : nullptr; }
-
-void forgetTraces() {
-  told::last.reset();
-  told::taken.reset();
-}
-
-}  // namespace tallyfin
+}  // namespace tallyfin::told

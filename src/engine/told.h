@@ -35,8 +35,7 @@ class Told {
   constexpr Told(Number value)  // NOLINT(google-explicit-constructor): likewise
       : value_(static_cast<T>(value)) {}
   template <std::same_as<Int16> C>
-  requires std::same_as<T, Money>
-  Told(const Told<C>& count)  // NOLINT(google-explicit-constructor): likewise
+  requires std::same_as<T, Money> Told(const Told<C>& count)  // NOLINT(google-explicit-constructor): likewise
       : value_(count.plain()), node_(count.node()) {}
   Told(T value, NodeId node) : value_(value), node_(node) {}
 
@@ -121,7 +120,9 @@ inline Rate toReal(const Amount& x) { return x.as(Op::toReal, tallyfin::toReal(x
 inline Rate toReal(const Count& x) { return x.as(Op::toReal, tallyfin::toReal(x.plain())); }
 inline Amount fromReal(const Rate& x) { return x.as(Op::fromReal, tallyfin::fromReal(x.plain())); }
 inline Amount roundCents(const Amount& x) { return x.as(Op::roundCents, tallyfin::roundCents(x.plain())); }
-inline Amount roundedToDollars(const Amount& x) { return x.as(Op::roundDollars, tallyfin::roundedToDollars(x.plain())); }
+inline Amount roundedToDollars(const Amount& x) {
+  return x.as(Op::roundDollars, tallyfin::roundedToDollars(x.plain()));
+}
 inline Count integerRounded(const Amount& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
 inline Count integerRounded(const Rate& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
 inline Money roundedForDisplay(const Amount& x) { return tallyfin::roundedForDisplay(x.plain()); }
@@ -194,6 +195,9 @@ template <class T>
 void noteOn(Told<T>& field, const char* remark) {
   field = {field.plain(), noted(field.plain(), field.node(), remark)};
 }
+
+/// The state whose routine is called.
+void stateIs(const char* caption);
 
 void applied(AppliedRow row);
 template <class Row>

@@ -12,10 +12,10 @@ namespace tallyfin {
 /// between calculations: that they outlive a routine is part of the behaviour.
 template <class Amount, class Count>
 struct WorksheetFieldsOf {
-  Count exemptions;   ///< The count of exemptions as last parsed.
+  Count exemptions;    ///< The count of exemptions as last parsed.
   Amount stateWage;    ///< The base that a state routine works on, a period's or a year's.
   Amount stateStdDed;  ///< A second state deduction.
-  Count staRate;      ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
+  Count staRate;       ///< Letter of the rate schedules of Connecticut and New Jersey. Nothing assigns it: it is 0.
 
   bool operator==(const WorksheetFieldsOf&) const = default;
 };

@@ -199,8 +199,8 @@ class Writer {
   std::vector<ExplanationLine> lines_;
 };
 
-/// The figures of the other rows; one that two rows share is the first one's. Where a row repeats an entry or the figure
-/// of another statement, that stands for the row too.
+/// The figures of the other rows; one that two rows share is the first one's. Where a row repeats an entry or the
+/// figure of another statement, that stands for the row too.
 std::map<NodeId, const char*> rowsBut(std::size_t own, const Trace& trace) {
   std::map<NodeId, const char*> rows;
   const Formula formula(trace.tape, {});

@@ -49,10 +49,8 @@ constexpr Words fields[] = {
 };
 
 constexpr Words entries[] = {
-    {"frmMain.txtIncome", "Income", "as entered"},
-    {"frmMain.txt401k", "401(k) rate", "as entered"},
-    {"frmMain.txtPreTax", "Pre-tax amount", "as entered"},
-    {"frmMain.txtPreFICA", "Pre-FICA amount", "as entered"},
+    {"frmMain.txtIncome", "Income", "as entered"},         {"frmMain.txt401k", "401(k) rate", "as entered"},
+    {"frmMain.txtPreTax", "Pre-tax amount", "as entered"}, {"frmMain.txtPreFICA", "Pre-FICA amount", "as entered"},
     {"frmMain.cboExemptions", "Exemptions", "as chosen"},
 };
 
@@ -76,7 +74,9 @@ constexpr const char* filing[] = {"Single",
                                   "Married, spouse employed",
                                   "Head of Family"};
 constexpr const char* letters[] = {"A", "B", "C", "D", "E"};
-constexpr const char* bases[] = {"none", "gross pay", "gross pay less the 401(k) contribution",
+constexpr const char* bases[] = {"none",
+                                 "gross pay",
+                                 "gross pay less the 401(k) contribution",
                                  "gross pay less the pre-tax amount",
                                  "gross pay less the 401(k) contribution and the pre-tax amount",
                                  "gross pay less the deduction of the state"};
@@ -87,10 +87,8 @@ struct Choice {
   std::span<const char* const> names;
 };
 constexpr Choice choices[] = {
-    {"maritalStat", "Marital status", statuses},
-    {"frequency", "Pay frequency", frequencies},
-    {"staMarried", "Filing status for the state", filing},
-    {"staRate", "Rate letter", letters},
+    {"maritalStat", "Marital status", statuses},           {"frequency", "Pay frequency", frequencies},
+    {"staMarried", "Filing status for the state", filing}, {"staRate", "Rate letter", letters},
     {"applyTo", "Base of the local tax", bases},
 };
 

@@ -8,18 +8,18 @@
 
 #include "engine/tape.h"
 
-/// The tape of a calculation as one row of the results sees it: which figures have a line, which stand within a formula,
-/// and which came and went without effect.
+/// The tape of a calculation as one row of the results sees it: which figures have a line, which stand within a
+/// formula, and which came and went without effect.
 
 namespace tallyfin {
 
 /// Where an operand stands in a formula.
 enum class Place {
-  own,     ///< It is the formula of a line.
-  term,    ///< Of a sum.
-  factor,  ///< Of a product.
-  bounded, ///< That which has a floor or a ceiling.
-  alone    ///< Anywhere else: it has a line of its own unless it is a constant.
+  own,      ///< It is the formula of a line.
+  term,     ///< Of a sum.
+  factor,   ///< Of a product.
+  bounded,  ///< That which has a floor or a ceiling.
+  alone     ///< Anywhere else: it has a line of its own unless it is a constant.
 };
 
 class Formula {

@@ -38,8 +38,8 @@ std::string listed(const std::vector<Phrase>& phrases, const char* between) {
   return others.empty() ? words : words + between + others;
 }
 
-/// How a real number compares with the amount or count to which it was rounded: -1, 0 or 1. What differs by no more than
-/// doubles do doesn't count.
+/// How a real number compares with the amount or count to which it was rounded: -1, 0 or 1. What differs by no more
+/// than doubles do doesn't count.
 int roundedWhere(double exact, double rounded, double unit) {
   const double off = (rounded - exact) / unit;
   const double noise = 1e-6 + std::abs(exact / unit) * 1e-14;
@@ -132,8 +132,10 @@ Operand Phrases::addTerms(NodeId id, bool less, As as, std::vector<Term>& terms)
     if (node.op == Op::constant && realOf(node.value) < 0) {
       // The words have it without its sign.
       term.less = !less;
-      term.phrase.words = textOf(std::holds_alternative<Money>(node.value) ? Value(Money() - std::get<Money>(node.value))
-                                                                           : Value(-realOf(node.value)), as);
+      term.phrase.words =
+          textOf(std::holds_alternative<Money>(node.value) ? Value(Money() - std::get<Money>(node.value))
+                                                           : Value(-realOf(node.value)),
+                 as);
     }
     return operand;
   }
@@ -162,8 +164,8 @@ Phrase Phrases::sum(NodeId id, Place place, As as) const {
   // Products come last, so that nobody takes what follows for a part of them.
   std::stable_partition(plus.begin(), plus.end(), [](const Phrase& p) { return p.operand.name != "*"; });
   std::string words = listed(plus, " plus ");
-  if (words.starts_with("lines ")) words = plus.size() == 2 ? listed({plus[0]}, "") + " plus " + listed({plus[1]}, "")
-                                                            : "the sum of " + words;
+  if (words.starts_with("lines "))
+    words = plus.size() == 2 ? listed({plus[0]}, "") + " plus " + listed({plus[1]}, "") : "the sum of " + words;
   if (words.empty()) words = "nothing";
   if (!less.empty()) words += (products ? ", less " : " less ") + listed(less, ", less ");
   return {words, result(node.op == Op::add ? "+" : "-", {std::move(operand), std::move(other)}), false};
@@ -173,7 +175,8 @@ Phrase Phrases::product(NodeId id) const {
   const Node& node = formula_.at(id);
   const auto isAmount = [&](NodeId factor) {
     const Node& its = formula_.at(factor);
-    return std::holds_alternative<Money>(its.value) || (its.op == Op::toReal && std::holds_alternative<Money>(formula_.at(its.a).value));
+    return std::holds_alternative<Money>(its.value) ||
+           (its.op == Op::toReal && std::holds_alternative<Money>(formula_.at(its.a).value));
   };
   const auto isConstant = [&](NodeId factor) { return formula_.at(formula_.resolved(factor)).op == Op::constant; };
   const auto asBeside = [&](NodeId other) {

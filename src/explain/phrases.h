@@ -3,9 +3,9 @@
 #include <map>
 #include <string>
 
-#include "explain/explain.h"
 #include "explain/figuretexts.h"
 #include "explain/formula.h"
+#include "explain/operand.h"
 
 /// Formulas in words: "$71.10 plus 28% of the amount of line 7 over $525.00".
 

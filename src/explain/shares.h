@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/recorder.h"
+#include "engine/trace.h"
 
 /// Where the gross pay goes.
 

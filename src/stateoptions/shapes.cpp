@@ -29,7 +29,7 @@ constexpr SpecialList marylandList{"Maryland Local Tax Rates", marylandEntries, 
 constexpr const char* michiganEntries[] = {"0", "1", "2", "3", "4", "5"};
 constexpr SpecialList michiganList{"Special Exemptions", michiganEntries, "0"};
 
-}  // namespace TALLYFIN_FIGURES
+}  // namespace
 
 const std::array<Shape, 42> shapes{{
     /* No State */ {},

@@ -125,7 +125,8 @@ void Arkansas() {
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });
   step("Credit for the exemptions", credit, [&] { return work.exemptions * perExemption; });
   step("Year's tax less the credit", payData.stateTax, [&] {
-    noteIfAny(work.stateStdDed, "The deduction that the state calculated before has left is taken off this state's tax.");
+    noteIfAny(work.stateStdDed,
+              "The deduction that the state calculated before has left is taken off this state's tax.");
     return payData.stateTax - (work.stateStdDed + credit);
   });
   step("Pay period's tax with the additional amount", payData.stateTax,

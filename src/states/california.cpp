@@ -29,10 +29,11 @@ static bool endsAtGate() {
 static void applyGroup() {
   Worksheet& work = worksheet();
   // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
-  step("No tax up to the low-income amount, which the table overrides", payData.stateTax, []() -> std::optional<Amount> {
-    if (withinGate(*chosenGroup())) return 0;
-    return keep("the wage is over the low-income amount");
-  });
+  step("No tax up to the low-income amount, which the table overrides", payData.stateTax,
+       []() -> std::optional<Amount> {
+         if (withinGate(*chosenGroup())) return 0;
+         return keep("the wage is over the low-income amount");
+       });
   step("Wage less the standard deduction", work.stateWage,
        [&] { return work.stateWage - chosenGroup()->deduction.now(); });
   step("Tax by the table", payData.stateTax, [] { return taxBy(chosenGroup()->bands.now()); });

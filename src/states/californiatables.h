@@ -106,9 +106,12 @@ inline constexpr Band groupCMonthly[] = {
     {above, 3819, 3819, 0.093, 139.54},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> groupA{groupAWeekly, groupATwiceAMonth, groupAEveryTwoWeeks, groupAMonthly, "California, Single or Married with an employed spouse"};
-inline constexpr PerFrequency<Bands> groupB{groupBWeekly, groupBTwiceAMonth, groupBEveryTwoWeeks, groupBMonthly, "California, Married"};
-inline constexpr PerFrequency<Bands> groupC{groupCWeekly, groupCTwiceAMonth, groupCEveryTwoWeeks, groupCMonthly, "California, Head of Family"};
+inline constexpr PerFrequency<Bands> groupA{groupAWeekly, groupATwiceAMonth, groupAEveryTwoWeeks, groupAMonthly,
+                                            "California, Single or Married with an employed spouse"};
+inline constexpr PerFrequency<Bands> groupB{groupBWeekly, groupBTwiceAMonth, groupBEveryTwoWeeks, groupBMonthly,
+                                            "California, Married"};
+inline constexpr PerFrequency<Bands> groupC{groupCWeekly, groupCTwiceAMonth, groupCEveryTwoWeeks, groupCMonthly,
+                                            "California, Head of Family"};
 
 // clang-format off
 /// Estimated deduction for `staExmp` 0 to 10.

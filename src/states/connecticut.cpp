@@ -68,7 +68,8 @@ void Connecticut() {
     return named("credit", bandOf(schedule->credits, annualBase).fraction);
   });
   step("Year's tax less the credit", payData.stateTax, [&] {
-    return fromReal(toReal(payData.stateTax) * line("Part of the tax that remains", named("whole", 1.0) - asRate(creditFraction)));
+    return fromReal(toReal(payData.stateTax) *
+                    line("Part of the tax that remains", named("whole", 1.0) - asRate(creditFraction)));
   });
   step("Pay period's tax with the additional amount", payData.stateTax,
        [] { return line("Pay period's tax", perPeriod(payData.stateTax)) + payData.staAdd; });

@@ -7,7 +7,8 @@
 namespace TALLYFIN_FIGURES {
 
 namespace nebraska {
-constexpr PerFrequency<PerHead> perExemption{real(28.6), real(62.08), real(57.31), real(124.17), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(28.6), real(62.08), real(57.31), real(124.17),
+                                             "allowance for each exemption"};
 }
 
 /// Nebraska, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -26,7 +27,8 @@ void NebraskaTax() {
 }
 
 namespace newmexico {
-constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225),
+                                             "allowance for each exemption"};
 }
 
 /// New Mexico, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.

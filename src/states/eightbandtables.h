@@ -92,8 +92,10 @@ inline constexpr Band singleMonthly[] = {
     {above, 6258, 6258, 0.0736, 375.65},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Nebraska, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Nebraska, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Nebraska, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "Nebraska, Single"};
 }  // namespace nebraska
 
 /// New Mexico.
@@ -181,8 +183,10 @@ inline constexpr Band singleMonthly[] = {
     {above, 5546, 5546, 0.085, 338.13},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "New Mexico, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "New Mexico, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "New Mexico, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "New Mexico, Single"};
 }  // namespace newmexico
 
 }  // namespace TALLYFIN_FIGURES

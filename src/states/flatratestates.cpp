@@ -156,9 +156,8 @@ void Massachusetts() {
   if (payData.staMarried != stateStatus::headOfFamily) {
     step("No credit for any but a Head of Family", credit, [] { return 0; });
   }
-  step("Massachusetts tax less the credit", payData.stateTax, [&] {
-    return line("Massachusetts tax", fromReal(toReal(work.stateWage) * rate)) - credit;
-  });
+  step("Massachusetts tax less the credit", payData.stateTax,
+       [&] { return line("Massachusetts tax", fromReal(toReal(work.stateWage) * rate)) - credit; });
   finish();
 }
 

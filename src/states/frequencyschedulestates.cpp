@@ -8,7 +8,8 @@ using enum Test;
 
 /// West Virginia, 1999: dollars a pay period.
 namespace westvirginia {
-constexpr PerFrequency<PerHead> perExemption{real(38.46), real(83.33), real(76.92), real(166.67), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(38.46), real(83.33), real(76.92), real(166.67),
+                                             "allowance for each exemption"};
 
 // clang-format off
 constexpr Band weekly[] = {
@@ -61,7 +62,8 @@ void WestVirginia() {
 
 /// Ohio, 1999: dollars a pay period.
 namespace ohio {
-constexpr PerFrequency<PerHead> perExemption{real(12.5), real(27.08), int16(25), real(54.17), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(12.5), real(27.08), int16(25), real(54.17),
+                                             "allowance for each exemption"};
 
 // clang-format off
 // The last Lower is 1,623, not its bound: the tax jumps by 24.225 there.

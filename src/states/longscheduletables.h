@@ -108,9 +108,13 @@ inline constexpr Band marriedClaimingSingleMonthly[] = {
     {atLeast, 416.75, 416.75, 0.06, 14.17},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Georgia, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Georgia, Single"};
-inline constexpr PerFrequency<Bands> marriedClaimingSingle{ marriedClaimingSingleWeekly, marriedClaimingSingleTwiceAMonth, marriedClaimingSingleEveryTwoWeeks, marriedClaimingSingleMonthly, "Georgia, Married Claiming Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Georgia, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "Georgia, Single"};
+inline constexpr PerFrequency<Bands> marriedClaimingSingle{
+    marriedClaimingSingleWeekly, marriedClaimingSingleTwiceAMonth, marriedClaimingSingleEveryTwoWeeks,
+    marriedClaimingSingleMonthly, "Georgia, Married Claiming Single"};
 }  // namespace georgia
 
 /// Idaho.
@@ -205,8 +209,10 @@ inline constexpr Band singleMonthly[] = {
     {above, 1792, 1792, 0.082, 115.61},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Idaho, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Idaho, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Idaho, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "Idaho, Single"};
 }  // namespace idaho
 
 }  // namespace TALLYFIN_FIGURES

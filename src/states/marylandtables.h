@@ -180,11 +180,17 @@ inline constexpr Band rate60Monthly[] = {
 };
 // clang-format on
 inline constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "Maryland"};
-inline constexpr PerFrequency<Bands> rate48{rate48Weekly, rate48TwiceAMonth, rate48EveryTwoWeeks, rate48Monthly, "Maryland, local rate 48"};
-inline constexpr PerFrequency<Bands> rate50{rate50Weekly, rate50TwiceAMonth, rate50EveryTwoWeeks, rate50Monthly, "Maryland, local rate 50"};
-inline constexpr PerFrequency<Bands> rate55{rate55Weekly, rate55TwiceAMonth, rate55EveryTwoWeeks, rate55Monthly, "Maryland, local rate 55"};
-inline constexpr PerFrequency<Bands> rate56{rate56Weekly, rate56TwiceAMonth, rate56EveryTwoWeeks, rate56Monthly, "Maryland, local rate 56"};
-inline constexpr PerFrequency<Bands> rate58{rate58Weekly, rate58TwiceAMonth, rate58EveryTwoWeeks, rate58Monthly, "Maryland, local rate 58"};
-inline constexpr PerFrequency<Bands> rate60{rate60Weekly, rate60TwiceAMonth, rate60EveryTwoWeeks, rate60Monthly, "Maryland, local rate 60"};
+inline constexpr PerFrequency<Bands> rate48{rate48Weekly, rate48TwiceAMonth, rate48EveryTwoWeeks, rate48Monthly,
+                                            "Maryland, local rate 48"};
+inline constexpr PerFrequency<Bands> rate50{rate50Weekly, rate50TwiceAMonth, rate50EveryTwoWeeks, rate50Monthly,
+                                            "Maryland, local rate 50"};
+inline constexpr PerFrequency<Bands> rate55{rate55Weekly, rate55TwiceAMonth, rate55EveryTwoWeeks, rate55Monthly,
+                                            "Maryland, local rate 55"};
+inline constexpr PerFrequency<Bands> rate56{rate56Weekly, rate56TwiceAMonth, rate56EveryTwoWeeks, rate56Monthly,
+                                            "Maryland, local rate 56"};
+inline constexpr PerFrequency<Bands> rate58{rate58Weekly, rate58TwiceAMonth, rate58EveryTwoWeeks, rate58Monthly,
+                                            "Maryland, local rate 58"};
+inline constexpr PerFrequency<Bands> rate60{rate60Weekly, rate60TwiceAMonth, rate60EveryTwoWeeks, rate60Monthly,
+                                            "Maryland, local rate 60"};
 
 }  // namespace TALLYFIN_FIGURES::maryland

@@ -89,7 +89,8 @@ void Missouri() {
         }
         const bool married = payData.maritalStat == status::married;
         work.stateStdDed = line("Standard deduction", Amount(married ? marriedDeduction : singleDeduction));
-        federalDeduction = line("Federal tax that is deducted", least(federalDeduction, married ? marriedCap : singleCap));
+        federalDeduction =
+            line("Federal tax that is deducted", least(federalDeduction, married ? marriedCap : singleCap));
         if (isFrom(0, work.exemptions, 15)) {
           payData.stateDepsDed = line("Personal exemptions", work.exemptions * perExemption);
         }

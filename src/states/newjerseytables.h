@@ -158,10 +158,15 @@ inline constexpr Band rateEMonthly[] = {
     {above, 8333, 8333, 0.065, 364.18},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> rateA{rateAWeekly, rateATwiceAMonth, rateAEveryTwoWeeks, rateAMonthly, "New Jersey, Rate A"};
-inline constexpr PerFrequency<Bands> rateB{rateBWeekly, rateBTwiceAMonth, rateBEveryTwoWeeks, rateBMonthly, "New Jersey, Rate B"};
-inline constexpr PerFrequency<Bands> rateC{rateCWeekly, rateCTwiceAMonth, rateCEveryTwoWeeks, rateCMonthly, "New Jersey, Rate C"};
-inline constexpr PerFrequency<Bands> rateD{rateDWeekly, rateDTwiceAMonth, rateDEveryTwoWeeks, rateDMonthly, "New Jersey, Rate D"};
-inline constexpr PerFrequency<Bands> rateE{rateEWeekly, rateETwiceAMonth, rateEEveryTwoWeeks, rateEMonthly, "New Jersey, Rate E"};
+inline constexpr PerFrequency<Bands> rateA{rateAWeekly, rateATwiceAMonth, rateAEveryTwoWeeks, rateAMonthly,
+                                           "New Jersey, Rate A"};
+inline constexpr PerFrequency<Bands> rateB{rateBWeekly, rateBTwiceAMonth, rateBEveryTwoWeeks, rateBMonthly,
+                                           "New Jersey, Rate B"};
+inline constexpr PerFrequency<Bands> rateC{rateCWeekly, rateCTwiceAMonth, rateCEveryTwoWeeks, rateCMonthly,
+                                           "New Jersey, Rate C"};
+inline constexpr PerFrequency<Bands> rateD{rateDWeekly, rateDTwiceAMonth, rateDEveryTwoWeeks, rateDMonthly,
+                                           "New Jersey, Rate D"};
+inline constexpr PerFrequency<Bands> rateE{rateEWeekly, rateETwiceAMonth, rateEEveryTwoWeeks, rateEMonthly,
+                                           "New Jersey, Rate E"};
 
 }  // namespace TALLYFIN_FIGURES::newjersey

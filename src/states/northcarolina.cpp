@@ -8,7 +8,7 @@ namespace northcarolina {
 constexpr PerFrequency<PerHead> higherAmount{real(48.08), real(104.17), real(96.15), real(208.33),
                                              "allowance for each dependent"};
 constexpr PerFrequency<PerHead> lowerAmount{real(38.46), real(83.33), real(76.92), real(166.67),
-                                             "allowance for each dependent"};
+                                            "allowance for each dependent"};
 
 struct Status {
   PerFrequency<Dollars> incomeTest;

@@ -83,8 +83,12 @@ inline constexpr Band headOfFamilyMonthly[] = {
     {above, 7033.33, 0, 0.0775, -92.58},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "North Carolina, Single"};
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "North Carolina, Married"};
-inline constexpr PerFrequency<Bands> headOfFamily{headOfFamilyWeekly, headOfFamilyTwiceAMonth, headOfFamilyEveryTwoWeeks, headOfFamilyMonthly, "North Carolina, Head of Family"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "North Carolina, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "North Carolina, Married"};
+inline constexpr PerFrequency<Bands> headOfFamily{headOfFamilyWeekly, headOfFamilyTwiceAMonth,
+                                                  headOfFamilyEveryTwoWeeks, headOfFamilyMonthly,
+                                                  "North Carolina, Head of Family"};
 
 }  // namespace TALLYFIN_FIGURES::northcarolina

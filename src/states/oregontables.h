@@ -81,8 +81,13 @@ inline constexpr CreditedBand singleThreeOrMoreMonthly[] = {
     {above, 1083, 1083, 0.09, 59, 7.5},
 };
 // clang-format on
-inline constexpr PerFrequency<CreditedBands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Oregon, Married"};
-inline constexpr PerFrequency<CreditedBands> singleBelowThree{singleBelowThreeWeekly, singleBelowThreeTwiceAMonth, singleBelowThreeEveryTwoWeeks, singleBelowThreeMonthly, "Oregon, Single with fewer than three exemptions"};
-inline constexpr PerFrequency<CreditedBands> singleThreeOrMore{ singleThreeOrMoreWeekly, singleThreeOrMoreTwiceAMonth, singleThreeOrMoreEveryTwoWeeks, singleThreeOrMoreMonthly, "Oregon, Single with three exemptions or more"};
+inline constexpr PerFrequency<CreditedBands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks,
+                                                     marriedMonthly, "Oregon, Married"};
+inline constexpr PerFrequency<CreditedBands> singleBelowThree{singleBelowThreeWeekly, singleBelowThreeTwiceAMonth,
+                                                              singleBelowThreeEveryTwoWeeks, singleBelowThreeMonthly,
+                                                              "Oregon, Single with fewer than three exemptions"};
+inline constexpr PerFrequency<CreditedBands> singleThreeOrMore{singleThreeOrMoreWeekly, singleThreeOrMoreTwiceAMonth,
+                                                               singleThreeOrMoreEveryTwoWeeks, singleThreeOrMoreMonthly,
+                                                               "Oregon, Single with three exemptions or more"};
 
 }  // namespace TALLYFIN_FIGURES::oregon

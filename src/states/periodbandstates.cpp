@@ -8,7 +8,8 @@ namespace TALLYFIN_FIGURES {
 
 namespace colorado {
 /// Dollars a pay period.
-constexpr PerFrequency<PerHead> perExemption{real(45.19), real(97.92), real(90.38), real(195.83), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(45.19), real(97.92), real(90.38), real(195.83),
+                                             "allowance for each exemption"};
 
 // clang-format off
 constexpr Band weekly[] = {
@@ -50,7 +51,8 @@ void Colorado() {
 }
 
 namespace districtofcolumbia {
-constexpr PerFrequency<PerHead> perExemption{real(26.35), real(57.08), real(52.69), real(114.17), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(26.35), real(57.08), real(52.69), real(114.17),
+                                             "allowance for each exemption"};
 }
 
 /// District of Columbia, 1999. `staMarried` chooses: 0 Single, 3 Married, 6 Married Filing Separately.
@@ -77,7 +79,8 @@ void DCTax() {
 }
 
 namespace hawaii {
-constexpr PerFrequency<PerHead> perDependent{int16(20), real(43.35), int16(40), real(86.65), "allowance for each dependent"};
+constexpr PerFrequency<PerHead> perDependent{int16(20), real(43.35), int16(40), real(86.65),
+                                             "allowance for each dependent"};
 }
 
 /// Hawaii, 1999. `staDeps` counts, not the exemptions. `staMarried` chooses: 0 Single, 9 Head of Family, 3 Married.
@@ -103,7 +106,8 @@ void HawaiiTax() {
 }
 
 namespace kansas {
-constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(48.08), real(104.17), real(96.15), real(208.33),
+                                             "allowance for each exemption"};
 }
 
 /// Kansas, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.

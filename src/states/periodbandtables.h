@@ -62,8 +62,11 @@ inline constexpr Band separatelyMonthly[] = {
     {above, 1666.67, 1666.67, 0.095, 111.67},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> singleOrMarried{singleOrMarriedWeekly, singleOrMarriedTwiceAMonth, singleOrMarriedEveryTwoWeeks, singleOrMarriedMonthly, "District of Columbia, Single or Married"};
-inline constexpr PerFrequency<Bands> separately{separatelyWeekly, separatelyTwiceAMonth, separatelyEveryTwoWeeks, separatelyMonthly, "District of Columbia, Married Filing Separately"};
+inline constexpr PerFrequency<Bands> singleOrMarried{singleOrMarriedWeekly, singleOrMarriedTwiceAMonth,
+                                                     singleOrMarriedEveryTwoWeeks, singleOrMarriedMonthly,
+                                                     "District of Columbia, Single or Married"};
+inline constexpr PerFrequency<Bands> separately{separatelyWeekly, separatelyTwiceAMonth, separatelyEveryTwoWeeks,
+                                                separatelyMonthly, "District of Columbia, Married Filing Separately"};
 }  // namespace districtofcolumbia
 
 /// Hawaii.
@@ -135,8 +138,11 @@ inline constexpr Band marriedMonthly[] = {
     {above, 2667, 2667, 0.078, 161.7},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> singleOrHead{singleOrHeadWeekly, singleOrHeadTwiceAMonth, singleOrHeadEveryTwoWeeks, singleOrHeadMonthly, "Hawaii, Single or Head of Family"};
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Hawaii, Married"};
+inline constexpr PerFrequency<Bands> singleOrHead{singleOrHeadWeekly, singleOrHeadTwiceAMonth,
+                                                  singleOrHeadEveryTwoWeeks, singleOrHeadMonthly,
+                                                  "Hawaii, Single or Head of Family"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Hawaii, Married"};
 }  // namespace hawaii
 
 /// Kansas.
@@ -192,8 +198,10 @@ inline constexpr Band singleMonthly[] = {
     {above, 2750, 2750, 0.0515, 115.63},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Kansas, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Kansas, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Kansas, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "Kansas, Single"};
 }  // namespace kansas
 
 }  // namespace TALLYFIN_FIGURES

@@ -6,7 +6,8 @@
 namespace TALLYFIN_FIGURES {
 
 namespace rhodeisland {
-constexpr PerFrequency<PerHead> perExemption{real(52.88), real(114.58), real(105.77), real(229.17), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(52.88), real(114.58), real(105.77), real(229.17),
+                                             "allowance for each exemption"};
 }
 
 /// Rhode Island, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -25,7 +26,8 @@ void RhodeIsland() {
 }
 
 namespace vermont {
-constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{real(51.92), real(112.5), real(103.85), int16(225),
+                                             "allowance for each exemption"};
 }
 
 /// Vermont, 1999. Married Claiming Single has no table. `stateDepsDed`: dollars a pay period.
@@ -44,7 +46,8 @@ void Vermont() {
 }
 
 namespace utah {
-constexpr PerFrequency<PerHead> perExemption{int16(38), int16(83), int16(76), int16(166), "allowance for each exemption"};
+constexpr PerFrequency<PerHead> perExemption{int16(38), int16(83), int16(76), int16(166),
+                                             "allowance for each exemption"};
 }
 
 /// Utah, 1999. Married Claiming Single has no table. The tax is rounded to whole dollars before `staAdd`.

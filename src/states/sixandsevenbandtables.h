@@ -77,8 +77,10 @@ inline constexpr Band singleMonthly[] = {
     {above, 23725, 23725, 0.105, 1991.93},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Rhode Island, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Rhode Island, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Rhode Island, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "Rhode Island, Single"};
 }  // namespace rhodeisland
 
 /// Vermont. Two of the Single tables have rows that don't join.
@@ -151,8 +153,10 @@ inline constexpr Band singleMonthly[] = {
     {above, 23333, 23333, 0.065, 1847.86},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Vermont, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Vermont, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Vermont, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "Vermont, Single"};
 }  // namespace vermont
 
 /// Utah. Some rows have no Plus, so that the tax steps at their bounds.
@@ -231,8 +235,10 @@ inline constexpr Band singleMonthly[] = {
     {atLeast, 438, 438, 0.065, 12},
 };
 // clang-format on
-inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly, "Utah, Married"};
-inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly, "Utah, Single"};
+inline constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
+                                             "Utah, Married"};
+inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEveryTwoWeeks, singleMonthly,
+                                            "Utah, Single"};
 }  // namespace utah
 
 }  // namespace TALLYFIN_FIGURES

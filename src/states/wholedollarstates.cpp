@@ -48,12 +48,14 @@ void IowaTax() {
     if (isFrom(2, work.exemptions, 15)) return higherDeduction;
     return keep("the state has deductions for up to 15 exemptions only");
   });
-  step("Year's wage less the standard deduction", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
+  step("Year's wage less the standard deduction", work.stateWage,
+       [&] { return work.stateWage - payData.stateDepsDed; });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });
   step("Credit for the exemptions", credit, [&]() -> std::optional<Count> {
     if (isFrom(0, work.exemptions, 2)) return work.exemptions * firstCredit;
     if (isFrom(3, work.exemptions, 15)) {
-      const Count further = line("Exemptions beyond the first two", work.exemptions - named("first exemptions", Int16(2)));
+      const Count further =
+          line("Exemptions beyond the first two", work.exemptions - named("first exemptions", Int16(2)));
       return line("Credit for these", further * furtherCredit) + creditOfTwo;
     }
     return keep("the state has credits for up to 15 exemptions only");
@@ -214,7 +216,9 @@ void Mississippi() {
   step("Year's wage", work.stateWage, yearsWage);
   step("Exemption for the dependents", payData.stateDepsDed, [] { return payData.staDeps * perDependent; });
   step("Year's wage less deduction and exemptions", work.stateWage, [&] {
-    noteIfAny(payData.staAdd, "The additional amount is the personal exemption of the year here, and is added to the tax all the same.");
+    noteIfAny(
+        payData.staAdd,
+        "The additional amount is the personal exemption of the year here, and is added to the tax all the same.");
     return work.stateWage - (work.stateStdDed + payData.stateDepsDed + payData.staAdd);
   });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });

@@ -3,7 +3,6 @@
 #include <array>
 
 #include "engine/calculate.h"
-
 #include "support/paycheck.h"
 
 namespace tallyfin {

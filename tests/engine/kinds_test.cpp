@@ -63,7 +63,7 @@ class KindsTest : public PaycheckTest {
 };
 
 TEST_F(KindsTest, AgreeToTheLastBitOnAnyRecord) {
-  for (int round = 0; round < 5000; ++round) {
+  for (int round = 0; round < 2000; ++round) {
     chooseAnything();
     const PayData record = payData;
     const WorksheetFields fields = sheet;

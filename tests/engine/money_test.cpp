@@ -5,8 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "engine/numbertext.h"
 #include "engine/figures.h"
+#include "engine/numbertext.h"
 
 namespace tallyfin {
 namespace {

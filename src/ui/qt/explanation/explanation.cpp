@@ -12,6 +12,7 @@
 #include <QTextBrowser>
 #include <QTextDocument>
 
+#include "engine/recorder.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/frame/notice.h"
 #include "ui/qt/paper/printer.h"
