@@ -11,7 +11,7 @@
 #include "engine/paydata.h"
 #include "engine/recorder.h"
 #include "explain/explain.h"
-#include "explain/figuretexts.h"
+#include "explain/json.h"
 #include "script/properties.h"
 #include "script/words.h"
 #include "ui/screens.h"
@@ -73,11 +73,8 @@ std::string written(const Change::Figure& figure) {
   return json(std::visit([](const auto& number) { return toText(number); }, figure));
 }
 
-constexpr std::array testNames{"at most", "below", "above", "at least"};
-std::string written(Test test) { return json(testNames.at(static_cast<std::size_t>(test))); }
-
 std::string written(const AppliedRow& row) {
-  return "{\"test\":" + written(row.test) + ",\"bound\":" + json(toText(row.bound)) +
+  return "{\"test\":" + json(nameOf(row.test)) + ",\"bound\":" + json(toText(row.bound)) +
          ",\"lower\":" + json(toText(row.lower)) + ",\"rate\":" + json(toText(row.rate)) +
          ",\"plus\":" + json(toText(row.plus)) + "}";
 }
@@ -90,44 +87,6 @@ std::string written(const TracedStatement& statement) {
   }
   return "{\"step\":" + json(statement.title) + ",\"done\":" + (statement.done ? "true" : "false") + ",\"changes\":[" +
          changes + "]" + (statement.row ? ",\"row\":" + written(*statement.row) : "") + "}";
-}
-
-/// A value, and its kind where it isn't an amount.
-std::string written(const Value& value) {
-  constexpr std::array kinds{"", ",\"kind\":\"count\"", ",\"kind\":\"rate\"", ",\"kind\":\"single\""};
-  return "\"value\":" + json(plainText(value)) + kinds.at(value.index());
-}
-
-std::string written(const Operand& operand) {
-  switch (operand.origin) {
-    case Operand::Origin::line: return "{\"line\":" + std::to_string(operand.line) + "}";
-    case Operand::Origin::row: return "{\"row\":" + json(operand.name) + "}";
-    case Operand::Origin::entry: return "{\"entry\":" + json(operand.name) + "," + written(operand.value) + "}";
-    case Operand::Origin::constant: return "{\"constant\":" + json(operand.name) + "," + written(operand.value) + "}";
-    case Operand::Origin::left: return "{\"left\":" + json(operand.name) + "," + written(operand.value) + "}";
-    default: break;
-  }
-  std::string list = "[" + json(operand.name);
-  for (const Operand& each : operand.of) list += "," + written(each);
-  return list + "]";
-}
-
-std::string written(const UsedRow& used) {
-  const auto bounded = [](Test test, Money bound) {
-    return "\"test\":" + written(test) + ",\"bound\":" + json(toText(bound));
-  };
-  std::string above;
-  if (used.row.above) above = ",\"above\":{" + bounded(used.row.above->first, used.row.above->second) + "}";
-  return "{\"name\":" + json(used.row.table) + "," + bounded(used.row.test, used.row.bound) +
-         ",\"x\":" + written(used.x) + above + "}";
-}
-
-std::string written(const ExplanationLine& line) {
-  const std::string title = line.title.empty() ? "" : "\"title\":" + json(line.title) + ",";
-  if (line.number == 0) return "{" + title + "\"words\":" + json(line.words) + "}";
-  return "{\"line\":" + std::to_string(line.number) + "," + title + "\"words\":" + json(line.words) + "," +
-         written(line.value) + ",\"from\":" + written(line.from) +
-         (line.table ? ",\"table\":" + written(*line.table) : "") + "}";
 }
 
 template <class... Screens>
@@ -473,13 +432,7 @@ std::string Session::explain(const Words& /*words*/) {
   if (!desk.running()) return notRunning;
   const Trace* trace = lastTrace();
   if (trace == nullptr) return value("null");
-  std::string rows;
-  for (const Explanation& row : tallyfin::explain(*trace)) {
-    std::string lines;
-    for (const ExplanationLine& line : row.lines) lines += (lines.empty() ? "" : ",") + written(line);
-    rows += (rows.empty() ? "{" : ",") + json(row.title) + ":[" + lines + "]";
-  }
-  return value(rows + "}");
+  return value(jsonOf(tallyfin::explain(*trace)));
 }
 
 std::string Session::printed(const Words& /*words*/) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "library/explanationtext.h"
+#include "explain/json.h"
 #include "library/paycheck.h"
 
 /// The C interface: checks what it is given, and turns what is thrown into what it returns.
@@ -116,7 +116,7 @@ const char* tallyfin99_problem(const tallyfin99_paycheck* paycheck) {
 const char* tallyfin99_explanation(tallyfin99_paycheck* paycheck) {
   if (paycheck == nullptr) return nullptr;
   return unlessNoMemory<const char*>(nullptr, [&] {
-    paycheck->explanation = tallyfin::library::textOf(paycheck->paycheck.explain());
+    paycheck->explanation = tallyfin::jsonOf(paycheck->paycheck.explain());
     return paycheck->explanation.c_str();
   });
 }
