@@ -87,8 +87,8 @@ TEST(CInterface, ExplainsEachResult) {
   set(paycheck, "income", "1000");
   set(paycheck, "frequency", "Weekly");
   const std::string text = tallyfin99_explanation(paycheck.get());
-  EXPECT_TRUE(text.starts_with("{\"Gross Pay\":[\"")) << text;
-  EXPECT_NE(text.find("],\"Check Amt\":[\""), std::string::npos) << text;
+  EXPECT_TRUE(text.starts_with("{\"Gross Pay\":[{")) << text;
+  EXPECT_NE(text.find("],\"Check Amt\":[{"), std::string::npos) << text;
   EXPECT_TRUE(text.ends_with("]}")) << text;
   set(paycheck, "income", "\xFF");  // no UTF-8
   EXPECT_NE(std::string(tallyfin99_explanation(paycheck.get())), "");
