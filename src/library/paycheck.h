@@ -12,6 +12,7 @@
 #include "engine/settingsstore.h"
 #include "engine/worksheet.h"
 #include "explain/explain.h"
+#include "explain/json.h"
 #include "library/columns.h"
 
 /// A paycheck as a row: what other programs work paychecks by. The batch program, the C library and the other languages
@@ -59,6 +60,8 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
 
   /// The explanation of each result, in their order; none where there are no results. Works the paycheck once more.
   std::vector<Explanation> explain();
+  /// The same as a JSON object of the titles; "null" where there are none.
+  std::string explainAsJson() { return jsonOf(explain()); }
 
  private:
   /// What the state routines read of the stored options.

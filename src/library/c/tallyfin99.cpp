@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "explain/json.h"
 #include "library/paycheck.h"
 
 /// The C interface: checks what it is given, and turns what is thrown into what it returns.
@@ -116,7 +115,7 @@ const char* tallyfin99_problem(const tallyfin99_paycheck* paycheck) {
 const char* tallyfin99_explanation(tallyfin99_paycheck* paycheck) {
   if (paycheck == nullptr) return nullptr;
   return unlessNoMemory<const char*>(nullptr, [&] {
-    paycheck->explanation = tallyfin::jsonOf(paycheck->paycheck.explain());
+    paycheck->explanation = paycheck->paycheck.explainAsJson();
     return paycheck->explanation.c_str();
   });
 }
