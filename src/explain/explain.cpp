@@ -224,6 +224,12 @@ std::string ExplanationLine::print() const {
   return std::to_string(number) + ". " + text() + " = " + figure;
 }
 
+std::vector<std::string> Explanation::printed() const {
+  std::vector<std::string> all;
+  for (const ExplanationLine& line : lines) all.push_back(line.print());
+  return all;
+}
+
 std::vector<Explanation> explain(const Trace& trace) {
   std::vector<Explanation> all;
   for (std::size_t row = 0; row < resultRows.size(); ++row) {

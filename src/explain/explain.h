@@ -38,6 +38,8 @@ struct Explanation {
   const char* title;  ///< That of the row of the results.
   Money amount;
   std::vector<ExplanationLine> lines;
+
+  std::vector<std::string> printed() const;
 };
 
 /// One explanation for each of the twelve rows of the results, in their order.

@@ -86,7 +86,7 @@ std::vector<std::pair<std::string, std::vector<std::string>>> explain(
   }
   std::vector<std::pair<std::string, std::vector<std::string>>> titles;
   for (const Explanation& explanation : paycheck.explain()) {
-    titles.emplace_back(explanation.title, explanation.sentences());
+    titles.emplace_back(explanation.title, explanation.printed());
   }
   return titles;
 }

@@ -154,7 +154,7 @@ std::string explained() {
   std::vector<std::vector<std::string>> figures;
   for (const Explanation& explanation : explain(*trace)) {
     std::vector<std::string> figure{explanation.title, amountText(explanation.amount)};
-    for (const ExplanationLine& line : explanation.lines) figure.push_back(line.print());
+    for (const std::string& line : explanation.printed()) figure.push_back(line);
     figures.push_back(figure);
   }
   return "{\"shares\":" + script::json(shares) + ",\"sentence\":" + script::json(sharesText(*trace)) +
