@@ -26,19 +26,12 @@ std::vector<Named> allStates() {
   return all;
 }
 
-/// The captions of the lists, and the names that payroll programs and data frames have for their entries.
+/// The lists by what they hold.
 struct Lists {
-  Names frequencies{{{"Weekly", 0},
-                     {"Twice A Month", 1},
-                     {"Semi-monthly", 1},
-                     {"Semimonthly", 1},
-                     {"Every Two Weeks", 2},
-                     {"Biweekly", 2},
-                     {"Bi-weekly", 2},
-                     {"Monthly", 3}}};
-  Names statuses{{{"Married", 0}, {"Single", 1}, {"Married Claiming Single", 2}}};
-  Names states{allStates()};
-  Names flags{{{"N", 0}, {"No", 0}, {"False", 0}, {"Y", 1}, {"Yes", 1}, {"True", 1}}};
+  Names frequencies{namesOf(Column::frequency)};
+  Names statuses{namesOf(Column::status)};
+  Names states{namesOf(Column::state)};
+  Names flags{namesOf(Column::selfEmployed)};
 };
 
 std::optional<int> entryNamed(Column column, std::string_view text) {
@@ -66,6 +59,20 @@ std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
 }
 
 }  // namespace
+
+std::vector<Named> namesOf(Column column) {
+  switch (column) {
+    case Column::frequency:
+      return {{"Weekly", 0},          {"Twice A Month", 1}, {"Semi-monthly", 1}, {"Semimonthly", 1},
+              {"Every Two Weeks", 2}, {"Biweekly", 2},      {"Bi-weekly", 2},    {"Monthly", 3}};
+    case Column::status: return {{"Married", 0}, {"Single", 1}, {"Married Claiming Single", 2}};
+    case Column::state: return allStates();
+    case Column::selfEmployed:
+    case Column::state401k:
+    case Column::statePreTax: return {{"N", 0}, {"No", 0}, {"False", 0}, {"Y", 1}, {"Yes", 1}, {"True", 1}};
+    default: return {};
+  }
+}
 
 std::optional<int> entryOf(Column column, std::string_view text) {
   text = trimmed(text);

@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "library/columns.h"
+#include "library/names.h"
 
 /// What the text of a column chooses, as people and other programs write it.
 
@@ -16,6 +18,10 @@ std::optional<int> entryOf(Column column, std::string_view text);
 
 /// The same by number.
 std::optional<int> entryOf(Column column, std::int64_t number);
+
+/// The names of a column's entries, with their numbers: the captions of the list, and those that payroll programs and
+/// data frames have for them. None where a column has numbers only.
+std::vector<Named> namesOf(Column column);
 
 /// A 16-bit number; none where the text isn't a number or is beyond its range.
 std::optional<int> countOf(std::string_view text);

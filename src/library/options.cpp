@@ -22,8 +22,8 @@ int numberOf(const char* entry) {
   return number;
 }
 
-/// The special list of a state, for one of its two columns: only Maryland and Michigan have their choice in state_method
-/// too.
+/// The special list of a state, for one of its two columns: only Maryland and Michigan have their choice in
+/// state_method too.
 const SpecialList* listOf(int state, Column column) {
   const bool kept = column == Column::stateExemptions || state == state::maryland || state == state::michigan;
   return kept ? shapeOf(state).special : nullptr;
@@ -105,11 +105,13 @@ std::vector<StateValue> stateValues() {
       listing.add(Column::state401k, "Y or N", "Deduct from Taxable State Amount? 401k");
       listing.add(Column::statePreTax, "Y or N", "Deduct from Taxable State Amount? Pre-Tax Amt");
     }
-    for (const Column column : {Column::stateDependents, Column::illinoisDependents, Column::stateExemptions, Column::stateMarital}) {
+    for (const Column column :
+         {Column::stateDependents, Column::illinoisDependents, Column::stateExemptions, Column::stateMarital}) {
       listing.addOption(column);
     }
     // Each marital option of Mississippi has an amount of its own.
-    if (shapeOf(state).opens && state != state::mississippi) listing.add(Column::stateAdditional, "an amount", additionalCaption);
+    if (shapeOf(state).opens && state != state::mississippi)
+      listing.add(Column::stateAdditional, "an amount", additionalCaption);
   }
   return values;
 }
@@ -128,7 +130,8 @@ bool isOffered(int state, Column column, int number) {
   }
   const SpecialList* const list = listOf(state, column);
   if (list == nullptr) return nothing;
-  return std::any_of(list->entries.begin(), list->entries.end(), [&](const char* entry) { return numberOf(entry) == number; });
+  return std::any_of(list->entries.begin(), list->entries.end(),
+                     [&](const char* entry) { return numberOf(entry) == number; });
 }
 
 bool mustBeChosen(int state, Column column) { return reads(state, column) && !isOffered(state, column, 0); }

@@ -20,8 +20,8 @@ struct StateValue {
   std::string meaning;  ///< The captions of the screen.
 };
 
-/// All values of all states, by state and column. A state's options that its routine doesn't read, or that aren't handed
-/// over without opening their screen, are left out.
+/// All values of all states, by state and column. A state's options that its routine doesn't read, or that aren't
+/// handed over without opening their screen, are left out.
 std::vector<StateValue> stateValues();
 
 /// Whether the options screen of a state offers a number for a column. Where it offers none, 0 stands for nothing.

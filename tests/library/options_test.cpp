@@ -79,25 +79,23 @@ std::vector<std::string> linesOf(std::string_view state) {
 }
 
 TEST(Options, TellEachValueAndItsMeaning) {
-  EXPECT_THAT(linesOf("Illinois"),
-              ElementsAre("IL,state_401k,Y or N,Deduct from Taxable State Amount? 401k",
-                          "IL,state_pre_tax,Y or N,Deduct from Taxable State Amount? Pre-Tax Amt",
-                          "IL,state_dependents,0 to 15,Dependents (State)",
-                          "IL,illinois_dependents,0 to 15,For Use in Computing Illinois Tax",
-                          "IL,state_additional,an amount,Additional Withholding Amount (State)"));
-  EXPECT_THAT(linesOf("Arizona"),
-              ElementsAre("AZ,state_exemptions,10,Select Withholding Percentage",
-                          "AZ,state_exemptions,20,Select Withholding Percentage",
-                          "AZ,state_exemptions,22,Select Withholding Percentage",
-                          "AZ,state_exemptions,28,Select Withholding Percentage",
-                          "AZ,state_exemptions,32,Select Withholding Percentage",
-                          "AZ,state_additional,an amount,Additional Withholding Amount (State)"));
+  EXPECT_THAT(linesOf("Illinois"), ElementsAre("IL,state_401k,Y or N,Deduct from Taxable State Amount? 401k",
+                                               "IL,state_pre_tax,Y or N,Deduct from Taxable State Amount? Pre-Tax Amt",
+                                               "IL,state_dependents,0 to 15,Dependents (State)",
+                                               "IL,illinois_dependents,0 to 15,For Use in Computing Illinois Tax",
+                                               "IL,state_additional,an amount,Additional Withholding Amount (State)"));
+  EXPECT_THAT(linesOf("Arizona"), ElementsAre("AZ,state_exemptions,10,Select Withholding Percentage",
+                                              "AZ,state_exemptions,20,Select Withholding Percentage",
+                                              "AZ,state_exemptions,22,Select Withholding Percentage",
+                                              "AZ,state_exemptions,28,Select Withholding Percentage",
+                                              "AZ,state_exemptions,32,Select Withholding Percentage",
+                                              "AZ,state_additional,an amount,Additional Withholding Amount (State)"));
   EXPECT_THAT(linesOf("Michigan"), testing::Contains("MI,state_marital,9,Claimed as Dependent by Another"));
-  EXPECT_THAT(linesOf("Mississippi"),
-              ElementsAre(testing::_, testing::_, "MS,state_dependents,0 to 15,Dependents (State)",
-                          "MS,state_marital,0,Single", "MS,state_marital,7,Married. Spouse NOT employed",
-                          "MS,state_marital,8,Married. Spouse IS employed.",
-                          "MS,state_marital,9,Head of Family (Household)"));
+  EXPECT_THAT(
+      linesOf("Mississippi"),
+      ElementsAre(testing::_, testing::_, "MS,state_dependents,0 to 15,Dependents (State)", "MS,state_marital,0,Single",
+                  "MS,state_marital,7,Married. Spouse NOT employed", "MS,state_marital,8,Married. Spouse IS employed.",
+                  "MS,state_marital,9,Head of Family (Household)"));
   EXPECT_THAT(linesOf("No State"), ElementsAre());
 }
 
@@ -132,7 +130,8 @@ TEST(Options, ReportANumberThatTheStateDoesNotOffer) {
 }
 
 TEST(Options, ReportWhatMustBeChosen) {
-  EXPECT_EQ(problemOf("Alabama", Column::stateMarital, ""), "state_marital: none is chosen where Alabama offers 1 to 5");
+  EXPECT_EQ(problemOf("Alabama", Column::stateMarital, ""),
+            "state_marital: none is chosen where Alabama offers 1 to 5");
   EXPECT_EQ(problemOf("Alabama", Column::stateMarital, "0"), "state_marital: Alabama offers 1 to 5");
   EXPECT_EQ(problemOf("Alabama", Column::stateMarital, "5"), "");
   EXPECT_EQ(problemOf("AZ", Column::stateMarital, ""),
