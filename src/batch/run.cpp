@@ -256,7 +256,8 @@ Account run(const Streams& streams, const Choices& choices) {
 }
 
 void appendCell(std::string& out, std::string_view text, char delimiter) {
-  if (text.find_first_of("\"\r\n") == std::string_view::npos && text.find(delimiter) == std::string_view::npos) {
+  const auto plain = [=](char c) { return c != '"' && c != '\r' && c != '\n' && c != delimiter; };
+  if (std::all_of(text.begin(), text.end(), plain)) {
     out += text;
     return;
   }

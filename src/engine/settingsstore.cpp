@@ -7,17 +7,22 @@
 namespace tallyfin {
 
 std::string SettingsStore::get(std::string_view section, std::string_view key, std::string_view defaultText) {
-  std::pair<std::string, std::string> name(section, key);
-  std::string text(defaultText);
   bool known = false;
+  std::string text;
   unlessItFails([&] {
-    text = read(section, key).value_or(text);
+    std::optional<std::string> stored = read(section, key);
     known = true;
+    if (stored) {
+      text = *std::move(stored);
+    } else {
+      text = defaultText;
+    }
   });
-  if (known) {
-    unread_.erase(name);
-  } else {
-    unread_.insert_or_assign(std::move(name), text);
+  if (!known) {
+    text = defaultText;
+    unread_.insert_or_assign({std::string(section), std::string(key)}, text);
+  } else if (!unread_.empty()) {
+    unread_.erase({std::string(section), std::string(key)});
   }
   return text;
 }

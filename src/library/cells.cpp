@@ -49,7 +49,11 @@ std::optional<int> entryNamed(Column column, std::string_view text) {
 
 /// A whole number, behind which a point and zeros may stand.
 std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
   if (text.empty() || (lowered(text.front()) >= 'a' && lowered(text.front()) <= 'z')) return std::nullopt;
+  // Most are of one digit or two.
+  if (text.size() == 1 && isDigit(text[0])) return text[0] - '0';
+  if (text.size() == 2 && isDigit(text[0]) && isDigit(text[1])) return 10 * (text[0] - '0') + (text[1] - '0');
   std::int64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc{}) return std::nullopt;

@@ -2,16 +2,21 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdint>
 
 namespace tallyfin::library {
 
 namespace {
 
-std::uint32_t hashOf(std::string_view name) {
-  std::uint32_t hash = 0;
-  for (const char c : name) hash = hash * 31 + static_cast<unsigned char>(lowered(c));
-  return hash ^ (hash >> 15U);
+/// Of the length and four of the letters: enough to tell the names of a list apart, mostly.
+std::size_t hashOf(std::string_view name) {
+  if (name.empty()) return 0;
+  const auto letter = [&](std::size_t place) {
+    return static_cast<std::size_t>(static_cast<unsigned char>(lowered(name[place])));
+  };
+  const std::size_t last = name.size() - 1;
+  std::size_t hash = name.size();
+  for (const std::size_t place : {std::size_t{0}, last / 2, last - last / 4, last}) hash = hash * 31 + letter(place);
+  return hash ^ (hash >> 9U);
 }
 
 }  // namespace
@@ -40,7 +45,7 @@ std::optional<int> Names::find(std::string_view name) const {
   for (std::size_t slot = hashOf(name);; ++slot) {
     const Named& entry = slots_[slot & (slots_.size() - 1)];
     if (entry.name.empty()) return std::nullopt;
-    if (sameName(entry.name, name)) return entry.number;
+    if (entry.name == name || sameName(entry.name, name)) return entry.number;
   }
 }
 

@@ -134,8 +134,6 @@ bool isOffered(int state, Column column, int number) {
                      [&](const char* entry) { return numberOf(entry) == number; });
 }
 
-bool mustBeChosen(int state, Column column) { return reads(state, column) && !isOffered(state, column, 0); }
-
 std::string offeredText(int state, Column column) {
   const std::vector<int> numbers = offered(state, column);
   if (numbers.empty()) return "none";
@@ -144,6 +142,24 @@ std::string offeredText(int state, Column column) {
   std::string text;
   for (const int number : numbers) text += (text.empty() ? "" : " ") + std::to_string(number);
   return text;
+}
+
+const std::array<OptionReports, optionColumns.size()>& optionReports(int state) {
+  static const auto all = [] {
+    std::array<std::array<OptionReports, optionColumns.size()>, stateList.size()> reports;
+    for (std::size_t i = 0; i < reports.size(); ++i) {
+      for (std::size_t k = 0; k < optionColumns.size(); ++k) {
+        const int entry = static_cast<int>(i);
+        const Column column = optionColumns[k];
+        const std::string offers = stateList[i].caption + (" offers " + offeredText(entry, column));
+        reports[i][k].notOffered = offers;
+        if (reads(entry, column) && !isOffered(entry, column, 0))
+          reports[i][k].notChosen = "none is chosen where " + offers;
+      }
+    }
+    return reports;
+  }();
+  return all[static_cast<std::size_t>(state)];
 }
 
 }  // namespace tallyfin::library

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,10 +28,19 @@ std::vector<StateValue> stateValues();
 /// Whether the options screen of a state offers a number for a column. Where it offers none, 0 stands for nothing.
 bool isOffered(int state, Column column, int number);
 
-/// Whether a state reads a column for which 0, its default, isn't offered: nobody can mean the tax without it.
-bool mustBeChosen(int state, Column column);
-
 /// What a state offers for a column, in words: "0 3 8 9", "0 to 15", "none".
 std::string offeredText(int state, Column column);
+
+/// The columns with numbers that a state may offer.
+inline constexpr std::array optionColumns{Column::stateDependents, Column::illinoisDependents, Column::stateExemptions,
+                                          Column::stateMarital, Column::stateMethod};
+
+/// What is reported where a number isn't offered ...
+struct OptionReports {
+  std::string notOffered;
+  std::string notChosen;  ///< ... and where the state reads the column and 0, its default, isn't. Else empty.
+};
+/// Those of a state, in the order of `optionColumns`.
+const std::array<OptionReports, optionColumns.size()>& optionReports(int state);
 
 }  // namespace tallyfin::library

@@ -12,7 +12,6 @@
 #include "engine/recorder.h"
 #include "engine/services.h"
 #include "engine/settings.h"
-#include "engine/statelist.h"
 #include "library/cells.h"
 #include "library/options.h"
 #include "stateoptions/handover.h"
@@ -79,10 +78,18 @@ void Paycheck::setReal(Column column, double number) {
   set(column, std::isnan(number) ? std::string() : shortestTextOf(number));
 }
 
+const std::string& Paycheck::exemptionsText() const {
+  static const auto texts = [] {
+    std::array<std::string, columnRules[indexOf(Column::exemptions)].last + 1> all;
+    for (std::size_t i = 0; i < all.size(); ++i) all[i] = std::to_string(i);
+    return all;
+  }();
+  return texts[static_cast<std::size_t>(number(Column::exemptions))];
+}
+
 void Paycheck::setNumber(Column column, std::optional<int> number) {
   unusable_[indexOf(column)] = !number;
   numbers_[indexOf(column)] = number.value_or(0);
-  if (column == Column::exemptions) exemptionsText_ = std::to_string(number.value_or(0));
 }
 
 // --- The work --------------------------------------------------------------------------------------------------------
@@ -207,30 +214,30 @@ void Paycheck::reportWhatCannotBeMeant() {
 
 /// Reports numbers that the state doesn't offer on its options screen.
 void Paycheck::reportOptions() {
-  static constexpr std::array columns{Column::stateDependents, Column::illinoisDependents, Column::stateExemptions,
-                                      Column::stateMarital, Column::stateMethod};
-  const std::string_view state = stateList[static_cast<std::size_t>(stateIndex())].caption;
-  for (const Column column : columns) {
-    const bool empty = isEmpty(column);
-    const bool fine = empty ? !mustBeChosen(stateIndex(), column) : isOffered(stateIndex(), column, number(column));
-    if (fine) continue;
-    report(column, (empty ? "none is chosen where " : "") + std::string(state) + " offers " +
-                       offeredText(stateIndex(), column));
+  const auto& reports = optionReports(stateIndex());
+  for (std::size_t i = 0; i < optionColumns.size(); ++i) {
+    const Column column = optionColumns[i];
+    if (!isEmpty(column)) {
+      if (!isOffered(stateIndex(), column, number(column))) report(column, reports[i].notOffered);
+    } else if (!reports[i].notChosen.empty()) {
+      report(column, reports[i].notChosen);
+    }
   }
 }
 
+/// Keeps the reports in the order of the columns.
 void Paycheck::report(Column column, std::string_view why) {
-  reports_.push_back({column, std::string(ruleOf(column).name) + ": " + std::string(why)});
+  auto place = reports_.end();
+  while (place != reports_.begin() && column < (place - 1)->column) --place;
+  reports_.insert(place, {column, why});
 }
 
 void Paycheck::makeProblem() {
   problem_.clear();
   if (reports_.empty()) return;
-  std::stable_sort(reports_.begin(), reports_.end(),
-                   [](const Report& a, const Report& b) { return a.column < b.column; });
   for (const Report& report : reports_) {
     if (!problem_.empty()) problem_ += "; ";
-    problem_ += report.text;
+    ((problem_ += ruleOf(report.column).name) += ": ") += report.why;
   }
 }
 

@@ -77,7 +77,7 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   const std::string& rate401kText() const override { return text(Column::rate401k); }
   const std::string& preTaxText() const override { return text(Column::preTax); }
   const std::string& preFicaText() const override { return text(Column::preFica); }
-  const std::string& exemptionsText() const override { return exemptionsText_; }
+  const std::string& exemptionsText() const override;
   int stateIndex() const override { return number(Column::state); }
   bool selfEmployed() const override { return number(Column::selfEmployed) != 0; }
   void showFigure(int /*label*/, Money /*figure*/) override {}
@@ -106,7 +106,7 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   /// What is wrong with a column.
   struct Report {
     Column column;
-    std::string text;
+    std::string_view why;  ///< A text that stands for good.
   };
 
   Options options_;
@@ -119,7 +119,6 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   const std::string* income_ = nullptr;      ///< What is in the income box: the column's text, or that.
   std::string exemption_;                    ///< Mississippi's exemption.
   const std::string* additional_ = nullptr;  ///< The additional amount used: the column's text, or that.
-  std::string exemptionsText_;
   std::array<Money, resultCount> results_{};
   std::vector<Report> reports_;
   std::string problem_;

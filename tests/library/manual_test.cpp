@@ -73,7 +73,8 @@ Lines stateLines() {
   for (const StateValue& entry : stateValues()) {
     if (entry.state != state) lines.push_back(std::string(entry.state) + ", " + std::string(entry.postal));
     state = entry.state;
-    lines.push_back("  " + padded(std::string(ruleOf(entry.column).name), 21) + padded(entry.value, 10) + entry.meaning);
+    lines.push_back("  " + padded(std::string(ruleOf(entry.column).name), 21) + padded(entry.value, 10) +
+                    entry.meaning);
   }
   return lines;
 }
