@@ -21,9 +21,12 @@ function call(name, text) {
   }
 }
 
+/** The answer to a line as it is. */
+export const line = (text) => call('answer', text);
+
 /** Carries a command out. Returns the answer's first word: "ok", or why not. Texts are quoted by `quoted`. */
 export function tell(...words) {
-  const answer = call('answer', words.join(' '));
+  const answer = line(words.join(' '));
   return answer === 'ok' ? 'ok' : answer.split(' ')[1];
 }
 
@@ -31,7 +34,7 @@ export const quoted = JSON.stringify;
 
 /** The answer of a command that asks, read as JSON; undefined where it was refused. */
 export function ask(...words) {
-  const answer = call('answer', words.join(' '));
+  const answer = line(words.join(' '));
   return answer.startsWith('= ') ? JSON.parse(answer.slice(2)) : undefined;
 }
 
