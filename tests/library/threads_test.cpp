@@ -17,7 +17,7 @@ namespace {
 constexpr int threadCount = 8;
 constexpr int paycheckCount = 400;
 
-/// The results of a paycheck of its own for each number, with every state.
+/// The results of a paycheck of its own for each number, with every state, and now and then the explanation.
 std::string worked(Paycheck& paycheck, int number) {
   paycheck.setInteger(Column::income, 300 + 7 * number);
   paycheck.setInteger(Column::frequency, number % 4);
@@ -30,7 +30,13 @@ std::string worked(Paycheck& paycheck, int number) {
   paycheck.work();
   std::string text;
   for (std::size_t row = 0; row < resultCount; ++row) text += toText(paycheck.result(row)) + ",";
-  return text + paycheck.problem();
+  text += paycheck.problem();
+  if (number % 20 == 0) {
+    for (const Explanation& explanation : paycheck.explain()) {
+      for (const std::string& line : explanation.printed()) text += line;
+    }
+  }
+  return text;
 }
 
 TEST(Threads, WorkDifferentPaychecksAtOnce) {
