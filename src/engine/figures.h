@@ -17,6 +17,9 @@
 #ifdef TALLYFIN_TOLD
 #include "engine/told.h"
 #define TALLYFIN_FIGURES tallyfin::told
+#elif defined TALLYFIN_ALONG
+#include "engine/along.h"
+#define TALLYFIN_FIGURES tallyfin::along
 #else
 #include "engine/plain.h"
 #define TALLYFIN_FIGURES tallyfin::plain

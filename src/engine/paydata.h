@@ -60,47 +60,58 @@ using PayData = PayDataOf<Money, Int16, double>;
 /// several.
 extern constinit thread_local PayData payData;
 
-/// Calls visit(name, field) for each field of a record, in declaration order.
-template <class Record, class Visit>
-requires requires(Record& r) { r.multiCheckTotal; }
-void forEachField(Record& record, Visit&& visit) {
-  visit("depsDed", record.depsDed);
-  visit("totalDed", record.totalDed);
-  visit("rate401k", record.rate401k);
-  visit("preFica", record.preFica);
-  visit("preTax", record.preTax);
-  visit("amt401k", record.amt401k);
-  visit("state401k", record.state401k);
-  visit("taxableWage", record.taxableWage);
-  visit("fedBase", record.fedBase);
-  visit("incomeSource", record.incomeSource);
-  visit("maritalStat", record.maritalStat);
-  visit("payPeriods", record.payPeriods);
-  visit("grossPay", record.grossPay);
-  visit("fedTax", record.fedTax);
-  visit("stateTax", record.stateTax);
-  visit("fica", record.fica);
-  visit("socSec", record.socSec);
-  visit("medicare", record.medicare);
-  visit("frequency", record.frequency);
-  visit("multiCheckTotal", record.multiCheckTotal);
-  visit("w4Allowances", record.w4Allowances);
-  visit("w4TableMode", record.w4TableMode);
-  visit("w4TableValue", record.w4TableValue);
-  visit("w4TwoEarnerAmt", record.w4TwoEarnerAmt);
-  visit("localRate", record.localRate);
-  visit("localTax", record.localTax);
-  visit("applyTo", record.applyTo);
-  visit("staExmp", record.staExmp);
-  visit("staDeps", record.staDeps);
-  visit("staMarried", record.staMarried);
-  visit("staAdd", record.staAdd);
-  visit("mMethod", record.mMethod);
-  visit("stateDepsDed", record.stateDepsDed);
-  visit("statePreTax", record.statePreTax);
-  visit("checkAmt", record.checkAmt);
-  visit("illDeps", record.illDeps);
-  visit("dontShow", record.dontShow);
+/// A record, in figures of any kind.
+template <class T>
+concept IsPayData = requires(T& one) {
+  one.multiCheckTotal;
+};
+
+/// Calls visit(name, field...) for each field, in declaration order; of several, for those of one name together.
+template <class Visit, IsPayData... All>
+void forFieldsOf(Visit&& visit, All&... all) {
+  visit("depsDed", all.depsDed...);
+  visit("totalDed", all.totalDed...);
+  visit("rate401k", all.rate401k...);
+  visit("preFica", all.preFica...);
+  visit("preTax", all.preTax...);
+  visit("amt401k", all.amt401k...);
+  visit("state401k", all.state401k...);
+  visit("taxableWage", all.taxableWage...);
+  visit("fedBase", all.fedBase...);
+  visit("incomeSource", all.incomeSource...);
+  visit("maritalStat", all.maritalStat...);
+  visit("payPeriods", all.payPeriods...);
+  visit("grossPay", all.grossPay...);
+  visit("fedTax", all.fedTax...);
+  visit("stateTax", all.stateTax...);
+  visit("fica", all.fica...);
+  visit("socSec", all.socSec...);
+  visit("medicare", all.medicare...);
+  visit("frequency", all.frequency...);
+  visit("multiCheckTotal", all.multiCheckTotal...);
+  visit("w4Allowances", all.w4Allowances...);
+  visit("w4TableMode", all.w4TableMode...);
+  visit("w4TableValue", all.w4TableValue...);
+  visit("w4TwoEarnerAmt", all.w4TwoEarnerAmt...);
+  visit("localRate", all.localRate...);
+  visit("localTax", all.localTax...);
+  visit("applyTo", all.applyTo...);
+  visit("staExmp", all.staExmp...);
+  visit("staDeps", all.staDeps...);
+  visit("staMarried", all.staMarried...);
+  visit("staAdd", all.staAdd...);
+  visit("mMethod", all.mMethod...);
+  visit("stateDepsDed", all.stateDepsDed...);
+  visit("statePreTax", all.statePreTax...);
+  visit("checkAmt", all.checkAmt...);
+  visit("illDeps", all.illDeps...);
+  visit("dontShow", all.dontShow...);
+}
+
+/// The same for one alone.
+template <IsPayData One, class Visit>
+void forEachField(One& one, Visit&& visit) {
+  forFieldsOf(visit, one);
 }
 
 }  // namespace tallyfin

@@ -18,18 +18,9 @@ NodeId withCircumstances(Value value, NodeId node, const char* title, Circumstan
 /// Calls visit(name, field, plain field) for each field of the record and each working field.
 template <class Visit>
 void eachField(Visit&& visit) {
-  const auto pairs = [&](auto& told, auto& plain) {
-    std::vector<void*> numbers;
-    forEachField(plain, [&](const char* /*name*/, auto& number) { numbers.push_back(&number); });
-    auto next = numbers.begin();
-    forEachField(told, [&](const char* name, auto& figure) {
-      using Number = std::remove_cvref_t<decltype(figure.plain())>;
-      visit(name, figure, *static_cast<Number*>(*next++));
-    });
-  };
-  pairs(payData, tallyfin::payData);
-  pairs(static_cast<WorksheetFieldsOf<Amount, Count>&>(theWorksheet),
-        static_cast<WorksheetFields&>(tallyfin::worksheet()));
+  forFieldsOf(visit, payData, tallyfin::payData);
+  forFieldsOf(visit, static_cast<WorksheetFieldsOf<Amount, Count>&>(theWorksheet),
+              static_cast<WorksheetFields&>(tallyfin::worksheet()));
 }
 
 void handBack() {

@@ -21,14 +21,25 @@ struct WorksheetFieldsOf {
 };
 using WorksheetFields = WorksheetFieldsOf<Money, Int16>;
 
-/// Calls visit(name, field) for each working field.
-template <class Fields, class Visit>
-requires requires(Fields& f) { f.stateStdDed; }
-void forEachField(Fields& fields, Visit&& visit) {
-  visit("exemptions", fields.exemptions);
-  visit("stateWage", fields.stateWage);
-  visit("stateStdDed", fields.stateStdDed);
-  visit("staRate", fields.staRate);
+/// Working fields, in figures of any kind.
+template <class T>
+concept HasWorkingFields = requires(T& one) {
+  one.stateStdDed;
+};
+
+/// Calls visit(name, field...) for each field, in declaration order; of several, for those of one name together.
+template <class Visit, HasWorkingFields... All>
+void forFieldsOf(Visit&& visit, All&... all) {
+  visit("exemptions", all.exemptions...);
+  visit("stateWage", all.stateWage...);
+  visit("stateStdDed", all.stateStdDed...);
+  visit("staRate", all.staRate...);
+}
+
+/// The same for one alone.
+template <HasWorkingFields One, class Visit>
+void forEachField(One& one, Visit&& visit) {
+  forFieldsOf(visit, one);
 }
 
 /// What a calculation needs of the main screen. The main screen is one; so is a test's stand-in.

@@ -7,6 +7,7 @@
 
 #include "engine/calculate.h"
 #include "engine/doubletext.h"
+#include "engine/incomesearch.h"
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/recorder.h"
@@ -141,11 +142,9 @@ void Paycheck::takeIncome() {
   if (!can([&] { wanted = toMoney(text(Column::net)); })) return report(Column::net, "not a number");
   if (wanted <= 0) return report(Column::net, "not above 0");
   if (wanted.units() % unitsPerCent != 0) return report(Column::net, "not of whole cents");
-  const auto found = smallestIncomeFor(wanted);
-  if (!found) {
-    income_ = &text(Column::income);
-    return report(Column::net, "no income up to 1000000.00 gives that check");
-  }
+  takeChoices();
+  const auto found = smallestIncomeFor(wanted, largestIncome);
+  if (!found) return report(Column::net, "no income up to 1000000.00 gives that check");
   found_ = toText(*found);
   income_ = &found_;
 }

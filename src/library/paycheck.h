@@ -91,11 +91,6 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   void takeIncome();
   void takeChoices();
   void takeOptions();
-  /// The smallest income in whole cents, up to the largest, whose check is at least the amount wanted: the one that
-  /// trying cent after cent from 0.01 finds first.
-  std::optional<Money> smallestIncomeFor(Money wanted);
-  /// The check of an income, by working it.
-  Money checkOf(Money income);
   void reportUnusable();
   void reportUnread();
   void reportWhatCannotBeMeant();
