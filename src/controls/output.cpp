@@ -1,7 +1,7 @@
 #include "controls/output.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <charconv>
 
 #include "engine/numbertext.h"
 
@@ -77,7 +77,9 @@ void PrintEngine::addTable(std::string table, const std::vector<std::string>& to
   std::vector<std::string> rows = splitAt(table_, ';');
   rows.pop_back();  // every row ends in the divider
   for (const std::string& column : splitAt(rows.front(), '|')) {
-    columns_.push_back({column.front() == '>', std::atoi(column.c_str() + 1)});
+    int width = 0;
+    std::from_chars(column.data() + 1, column.data() + column.size(), width);
+    columns_.push_back({column.front() == '>', width});
   }
   for (std::size_t row = 1; row < rows.size(); ++row) {
     cells_.push_back(splitAt(rows[row], '|'));

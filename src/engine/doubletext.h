@@ -1,5 +1,7 @@
 #pragma once
 
+#include <locale.h>
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -11,7 +13,7 @@
 #include <system_error>
 
 /// Doubles to and from plain texts, whatever the system's locale. A standard library without the functions of
-/// <charconv> for doubles gets the C library's, which give the same where the locale has a point for the decimals.
+/// <charconv> for doubles gets the C library's, which are kept from the locale.
 
 namespace tallyfin {
 
@@ -20,28 +22,49 @@ inline constexpr int significantDigits = 15;
 
 namespace clibrary {
 
+/// Gives this thread the locale "C" for as long as it lives.
+class PlainLocale {
+ public:
+  PlainLocale() : before_(::uselocale(plain())) {}
+  ~PlainLocale() { ::uselocale(before_); }
+  PlainLocale(const PlainLocale&) = delete;
+  PlainLocale& operator=(const PlainLocale&) = delete;
+
+ private:
+  static locale_t plain() {
+    static const locale_t made = ::newlocale(LC_ALL_MASK, "C", locale_t{});
+    return made;
+  }
+
+  locale_t before_;
+};
+
 /// The nearest double to a text such as -1.5e-7; none where the text is beyond every double, zero where it is too
 /// small.
 inline std::optional<double> doubleOf(const std::string& plain) {
+  const PlainLocale within;
   const double value = std::strtod(plain.c_str(), nullptr);
   return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 /// Up to 15 significant digits, in exponent form from 1e+15 up and below 0.0001.
 inline std::string shortTextOf(double value) {
+  const PlainLocale within;
   std::array<char, 32> buffer{};
   const int length = std::snprintf(buffer.data(), buffer.size(), "%.*g", significantDigits, value);
   return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
 /// The number by the fewest digits that read back as it.
-inline std::string shortestTextOf(double value) {
+template <class Real>
+std::string shortestTextOf(Real value) {
+  const PlainLocale within;
   std::array<char, 32> buffer{};
   int length = 0;
   int digits = 0;
   do {
-    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", ++digits, value);
-  } while (std::strtod(buffer.data(), nullptr) != value);
+    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", ++digits, static_cast<double>(value));
+  } while (static_cast<Real>(std::strtod(buffer.data(), nullptr)) != value);
   return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
@@ -63,7 +86,8 @@ inline std::string shortTextOf(double value) {
   return {buffer.data(), result.ptr};
 }
 
-inline std::string shortestTextOf(double value) {
+template <class Real>
+std::string shortestTextOf(Real value) {
   std::array<char, 32> buffer{};
   return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
 }
@@ -75,16 +99,5 @@ using clibrary::shortestTextOf;
 using clibrary::shortTextOf;
 
 #endif
-
-/// A finite number rounded to the fewest digits that still tell it from every other of single precision.
-inline std::string shortestTextOf(float value) {
-  std::array<char, 32> buffer{};
-  int length = 0;
-  int digits = 0;
-  do {
-    length = std::snprintf(buffer.data(), buffer.size(), "%.*g", ++digits, static_cast<double>(value));
-  } while (std::strtof(buffer.data(), nullptr) != value);
-  return {buffer.data(), static_cast<std::size_t>(length)};
-}
 
 }  // namespace tallyfin

@@ -1,7 +1,6 @@
 #include "script/properties.h"
 
-#include <array>
-#include <cstdio>
+#include <algorithm>
 
 #include "controls/buttons.h"
 #include "controls/calendar.h"
@@ -25,10 +24,12 @@ std::string written(const OwnColour& colour) {
 }
 
 std::string written(std::chrono::year_month_day date) {
-  std::array<char, 24> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02u-%02u", int{date.year()}, unsigned{date.month()},
-                unsigned{date.day()});
-  return json(text.data());
+  const auto digits = [](std::size_t count, unsigned number) {
+    const std::string text = std::to_string(number);
+    return std::string(count - std::min(count, text.size()), '0') + text;
+  };
+  return json(digits(4, static_cast<unsigned>(int{date.year()})) + "-" + digits(2, unsigned{date.month()}) + "-" +
+              digits(2, unsigned{date.day()}));
 }
 
 // One function for each kind of control: its own properties by name.

@@ -1,7 +1,6 @@
 #include "w4/frmW4.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "controls/desk.h"
 #include "engine/numbertext.h"
@@ -15,7 +14,8 @@ namespace {
 
 /// Selects or clears a button as a stored text says: `true` or any number but 0, `false` or 0. Anything else leaves it.
 void setAs(OptionButton& button, std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
   step([&] {
     const bool set = text == "true" || (text != "false" && realOf(text) != 0);
     set ? button.select() : button.deselect();

@@ -4,6 +4,7 @@
 #include <rapidcheck/gtest.h>
 
 #include <bit>
+#include <clocale>
 #include <cmath>
 #include <cstdint>
 
@@ -11,6 +12,9 @@
 
 namespace tallyfin {
 namespace {
+
+/// The user's locale, as the desktop has it: in some a number has a comma, or digits of more than a byte.
+[[maybe_unused]] const char* const usersLocale = std::setlocale(LC_ALL, "");
 
 double anyDouble() { return std::bit_cast<double>(*rc::gen::arbitrary<std::uint64_t>()); }
 

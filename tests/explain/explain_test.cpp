@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <clocale>
+
 #include "engine/recorder.h"
 #include "explain/figuretexts.h"
 #include "explain/shares.h"
@@ -15,6 +17,9 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+
+/// The user's locale, as the desktop has it: in some a number has a comma, or digits of more than a byte.
+[[maybe_unused]] const char* const usersLocale = std::setlocale(LC_ALL, "");
 
 using Lines = std::vector<std::string>;
 
