@@ -7,6 +7,7 @@
 #include "batch/commandline.h"
 #include "batch/run.h"
 #include "batch/streams.h"
+#include "process/process.h"
 
 /// tallyfin99-batch [OPTION...] [FILE]: one paycheck a row, CSV in, CSV out.
 
@@ -14,7 +15,7 @@ namespace {
 
 using namespace tallyfin::batch;
 
-void say(const std::string& words) { std::fprintf(stderr, "tallyfin99-batch: %s\n", words.c_str()); }
+void say(const std::string& words) { std::fputs(("tallyfin99-batch: " + words + "\n").c_str(), stderr); }
 
 Account work(const CommandLine& line) {
   Input input(line.file);
@@ -53,10 +54,14 @@ int main(int argc, char** argv) {
   // A failed write reports these instead.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  tallyfin::hideMemory();
+  tallyfin::awaitEndings();
   try {
     return start(argc, argv);
   } catch (const Gone&) {
     return 0;
+  } catch (const Ended&) {
+    tallyfin::endBySignal();
   } catch (const std::bad_alloc&) {
     std::fputs("tallyfin99-batch: there is not enough memory\n", stderr);
   } catch (const std::exception& trouble) {

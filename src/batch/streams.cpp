@@ -4,10 +4,16 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <climits>
+#include <cmath>
+#include <cstdio>
 #include <cstring>
 
 #include "batch/run.h"
+#include "process/process.h"
 
 namespace tallyfin::batch {
 
@@ -32,6 +38,9 @@ Input::Input(const std::optional<std::string>& file)
 
 std::size_t Input::read(char* place, std::size_t size) {
   while (true) {
+    std::array<pollfd, 2> waited{{{descriptor_, POLLIN, 0}, {endingDescriptor(), POLLIN, 0}}};
+    ::poll(waited.data(), waited.size(), -1);
+    if (endingSignal() != 0) throw Ended{};
     const ssize_t count = ::read(descriptor_, place, size);
     if (count >= 0) {
       done_ += static_cast<std::uint64_t>(count);
@@ -56,8 +65,15 @@ void Output::refuse(const Input& input) const {
 }
 
 void Output::write(std::string_view text) {
+  struct stat about {};
+  fstat(STDOUT_FILENO, &about);
+  // A pipe that is ready takes so much without blocking, so that a signal is seen where nobody reads any longer.
+  const std::size_t most = S_ISREG(about.st_mode) ? text.size() : PIPE_BUF;
   while (!text.empty()) {
-    const ssize_t count = ::write(STDOUT_FILENO, text.data(), text.size());
+    std::array<pollfd, 2> waited{{{STDOUT_FILENO, POLLOUT, 0}, {endingDescriptor(), POLLIN, 0}}};
+    ::poll(waited.data(), waited.size(), -1);
+    if (waited[0].revents == 0 && endingSignal() != 0) throw Ended{};
+    const ssize_t count = ::write(STDOUT_FILENO, text.data(), std::min(text.size(), most));
     if (count >= 0) {
       text.remove_prefix(static_cast<std::size_t>(count));
     } else if (errno == EPIPE) {
@@ -82,10 +98,10 @@ void Progress::show(std::uint64_t rows) {
   if (now - last_ < std::chrono::seconds(1)) return;
   last_ = now;
   const double seconds = std::chrono::duration<double>(now - start_).count();
-  std::fprintf(stderr, "\r%llu rows, %.0f a second", static_cast<unsigned long long>(rows),
-               static_cast<double>(rows) / seconds);
-  if (const auto share = input_.share()) std::fprintf(stderr, ", %.0f %%", 100 * *share);
-  std::fputs("\033[K", stderr);
+  std::string line = "\r" + std::to_string(rows) + " rows, " +
+                     std::to_string(std::llround(static_cast<double>(rows) / seconds)) + " a second";
+  if (const auto share = input_.share()) line += ", " + std::to_string(std::llround(100 * *share)) + " %";
+  std::fputs((line + "\033[K").c_str(), stderr);
   std::fflush(stderr);
   shown_ = true;
 }

@@ -17,6 +17,8 @@ namespace tallyfin::batch {
 
 /// Thrown when the reader of the output has gone away.
 struct Gone {};
+/// Thrown when a signal has come that ends the program.
+struct Ended {};
 
 bool isTerminal(std::FILE* stream);
 

@@ -1,11 +1,16 @@
 #include <sys/stat.h>
 
-#include <iostream>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 
+#include "process/process.h"
 #include "script/session.h"
+#include "script/streams.h"
 #include "store/store.h"
 
 /// tallyfin99-script [STORE-FILE]: one command a line on standard input, one answer a line on standard output. With
@@ -13,42 +18,91 @@
 
 namespace {
 
+using namespace tallyfin;
+using namespace tallyfin::script;
+
 constexpr const char* usage = "usage: tallyfin99-script [STORE-FILE]\n";
 
-void help() {
-  std::cout
-      << usage
-      << "Drives the screens of Tallyfin 99: one command a line on standard input, one answer a line on standard\n"
-         "output. STORE-FILE is the file of settings; without one they end with the process.\n"
-         "\n"
-         "  --help     show this and end\n"
-         "  --version  show the version and end\n"
-         "\n"
-         "Commands, told in tallyfin99-script(1):";
-  for (const std::string_view command : tallyfin::script::Session::commandNames()) std::cout << ' ' << command;
-  std::cout << '\n';
+constexpr const char* noMemory = "! memory\n";
+
+std::string help() {
+  std::string text = usage;
+  text +=
+      "Drives the screens of Tallyfin 99: one command a line on standard input, one answer a line on standard\n"
+      "output. STORE-FILE is the file of settings; without one they end with the process.\n"
+      "\n"
+      "  --help     show this and end\n"
+      "  --version  show the version and end\n"
+      "\n"
+      "Commands, told in tallyfin99-script(1):";
+  for (const std::string_view command : Session::commandNames()) (text += ' ') += command;
+  return text + '\n';
+}
+
+std::unique_ptr<SettingsStore> storeAt(const std::string& name) {
+  if (name.empty()) throw Trouble("the store's file has no name");
+  std::error_code failed;
+  const auto path = std::filesystem::absolute(name, failed);
+  if (failed) throw Trouble(name + ": " + failed.message());
+  return std::make_unique<FileStore>(path);
+}
+
+/// The answer to a line. What no memory is left for has failed as a whole; what it had stored stays.
+std::optional<std::string> answerTo(Session& session, Lines::Outcome outcome, const std::string& line) {
+  try {
+    if (outcome == Lines::Outcome::tooLong) return noMemory;
+    auto answer = session.answer(line);
+    if (answer) *answer += '\n';
+    return answer;
+  } catch (const std::bad_alloc&) {
+    return noMemory;
+  }
+}
+
+void work(SettingsStore& store) {
+  Session session(store);
+  Lines lines;
+  std::string line;
+  while (true) {
+    const Lines::Outcome outcome = lines.next(line);
+    if (outcome == Lines::Outcome::end) return;
+    if (const auto answer = answerTo(session, outcome, line)) writeOut(*answer);
+  }
+}
+
+int start(int argc, char** argv) {
+  const std::string_view argument = argc == 2 ? argv[1] : "";
+  if (argument == "--help") return writeOut(help()), 0;
+  if (argument == "--version") return writeOut("tallyfin99-script " TALLYFIN_VERSION "\n"), 0;
+  if (argc > 2 || argument.starts_with("--")) {
+    std::fputs(usage, stderr);
+    return 2;
+  }
+  const auto store = argc == 2 ? storeAt(argv[1]) : std::make_unique<MemoryStore>();
+  work(*store);
+  return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  umask(S_IRWXG | S_IRWXO);  // whatever the program writes is the user's alone
-  const std::string_view argument = argc == 2 ? argv[1] : "";
-  if (argument == "--help") return help(), 0;
-  if (argument == "--version") {
-    std::cout << "tallyfin99-script " TALLYFIN_VERSION "\n";
-    return 0;
-  }
-  if (argc > 2 || argument.starts_with("--")) {
-    std::cerr << usage;
+  umask(S_IRWXG | S_IRWXO);       // whatever the program writes is the user's alone
+  std::signal(SIGPIPE, SIG_IGN);  // a failed write reports it instead
+  std::signal(SIGXFSZ, SIG_IGN);
+  hideMemory();
+  if (!fillStandardStreams()) {
+    std::fputs("tallyfin99-script: standard input or output is closed\n", stderr);
     return 2;
   }
-  std::unique_ptr<tallyfin::SettingsStore> store = std::make_unique<tallyfin::MemoryStore>();
-  if (argc == 2) store = std::make_unique<tallyfin::FileStore>(argv[1]);
-  tallyfin::script::Session session(*store);
-  std::string line;
-  while (std::getline(std::cin, line)) {
-    if (const auto answer = session.answer(line)) std::cout << *answer << '\n' << std::flush;
+  awaitEndings();
+  int status = 2;
+  try {
+    status = start(argc, argv);
+  } catch (const std::bad_alloc&) {
+    std::fputs("tallyfin99-script: there is not enough memory\n", stderr);
+  } catch (const Trouble& trouble) {
+    std::fputs((std::string("tallyfin99-script: ") + trouble.what() + "\n").c_str(), stderr);
   }
-  return 0;
+  if (endingSignal() != 0) endBySignal();
+  return status;
 }

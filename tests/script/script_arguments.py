@@ -7,7 +7,7 @@ import subprocess
 import sys
 import tempfile
 
-program = sys.argv[1]
+program = os.path.abspath(sys.argv[1])
 
 
 def run(*arguments, text=b"store\n"):
@@ -59,3 +59,25 @@ with tempfile.TemporaryDirectory() as name:
     lines = [line.strip(b" \t\r") for line in noise.split(b"\n")]
     assert answers.returncode == 0
     assert answers.stdout.count(b"\n") == sum(1 for line in lines if line and not line.startswith(b"#"))
+
+# Output that can't be written, and no file, are one line and 2.
+def refused(command, **options):
+    done = subprocess.run(["sh", "-c", command, program], input=b"store\n", stderr=subprocess.PIPE, timeout=60, **options)
+    assert done.returncode == 2 and done.stderr.count(b"\n") == 1, done
+    return done.stderr
+
+
+assert b"standard output: No space left" in refused('"$0" >/dev/full')
+assert b"closed" in refused('"$0" >&-')
+assert b"closed" in refused('"$0" <&-')
+assert b"no name" in refused('"$0" ""')
+assert b"No such file" in refused('cd "$(mktemp -d)" && rmdir "$PWD" && "$0" store')
+broken = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+broken.stdout.close()
+assert b"Broken pipe" in broken.communicate(b"store\n", timeout=60)[1] and broken.returncode == 2
+
+# A line for which there is no memory is answered, and the next one is read.
+if b"asan" not in subprocess.run(["ldd", program], capture_output=True).stdout:  # which reserves more than that
+    limited = subprocess.run(["sh", "-c", 'ulimit -v 200000; exec "$0"', program], capture_output=True, timeout=60,
+                             input=b'store put User UName "' + b"x" * 300_000_000 + b'"\nstore\n')
+    assert (limited.returncode, limited.stdout) == (0, b"! memory\n= {}\n"), limited.stderr[:200]

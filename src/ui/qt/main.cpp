@@ -1,12 +1,14 @@
 #include <sys/stat.h>
 
 #include <QApplication>
-#include <QFile>
 #include <QPixmap>
+#include <QSocketNotifier>
 #include <QSplashScreen>
-#include <QStandardPaths>
 #include <QTimer>
+#include <clocale>
 
+#include "process/process.h"
+#include "store/location.h"
 #include "store/store.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame/dialogs.h"
@@ -14,7 +16,11 @@
 
 int main(int argc, char** argv) {
   umask(S_IRWXG | S_IRWXO);  // whatever the program writes is the user's alone
+  tallyfin::hideMemory();
+  tallyfin::fillStandardStreams();
+  tallyfin::awaitEndings();
   QApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");  // which it has set to the user's, where a number may have a comma
   QApplication::setApplicationName(QStringLiteral("Tallyfin99"));
   QApplication::setDesktopFileName(QStringLiteral("tallyfin99"));
   tallyfin::qt::look::apply(application);
@@ -25,10 +31,11 @@ int main(int argc, char** argv) {
   splash->setAttribute(Qt::WA_DeleteOnClose);
   splash->show();
 
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  tallyfin::FileStore store(QFile::encodeName(folder + QStringLiteral("/Tallyfin99/Tallyfin99.sqlite")).toStdString());
+  tallyfin::FileStore store(tallyfin::usersStore());
   tallyfin::qt::SystemDialogs dialogs;
   tallyfin::qt::Desktop desktop(store, dialogs);
+  const QSocketNotifier ending(tallyfin::endingDescriptor(), QSocketNotifier::Read);
+  QObject::connect(&ending, &QSocketNotifier::activated, &application, &QApplication::quit);
   desktop.start();
   // Waiting for the frame to be seen would keep it waiting itself.
   QTimer::singleShot(0, splash, &QWidget::close);

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+/// Standard input by lines, and standard output, of the headless program. What can't be read or written throws Trouble.
+
+namespace tallyfin::script {
+
+/// What went wrong, in words for the user.
+struct Trouble : std::runtime_error {
+  using runtime_error::runtime_error;
+};
+
+/// The lines of standard input, until a signal comes that ends the program.
+class Lines {
+ public:
+  enum class Outcome {
+    line,
+    tooLong,  ///< There was no memory for it; the next line follows.
+    end
+  };
+
+  Outcome next(std::string& line);
+
+ private:
+  bool fill();
+
+  std::array<char, 65'536> buffer_{};
+  std::string_view unread_;
+};
+
+/// Writes all of a text.
+void writeOut(std::string_view text);
+
+}  // namespace tallyfin::script
