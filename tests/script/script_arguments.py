@@ -78,6 +78,6 @@ assert b"Broken pipe" in broken.communicate(b"store\n", timeout=60)[1] and broke
 
 # A line for which there is no memory is answered, and the next one is read.
 if b"asan" not in subprocess.run(["ldd", program], capture_output=True).stdout:  # which reserves more than that
-    limited = subprocess.run(["sh", "-c", 'ulimit -v 200000; exec "$0"', program], capture_output=True, timeout=60,
-                             input=b'store put User UName "' + b"x" * 300_000_000 + b'"\nstore\n')
+    limited = subprocess.run(["sh", "-c", 'ulimit -v 100000; exec "$0"', program], capture_output=True, timeout=60,
+                             input=b'store put User UName "' + b"x" * 100_000_000 + b'"\nstore\n')
     assert (limited.returncode, limited.stdout) == (0, b"! memory\n= {}\n"), limited.stderr[:200]
