@@ -1,9 +1,7 @@
 #include "explain/figuretexts.h"
 
-#include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 #include "engine/doubletext.h"
 #include "engine/numbertext.h"
@@ -21,21 +19,25 @@ struct Digits {
 /// The fewest digits that read back as the same number.
 template <class Real>
 Digits shortestDigits(Real value) {
-  std::array<char, 40> buffer{};
-  int digits = 0;
-  const auto same = [&] {
-    if constexpr (std::is_same_v<Real, float>) return std::strtof(buffer.data(), nullptr) == value;
-    return std::strtod(buffer.data(), nullptr) == static_cast<double>(value);
-  };
-  do {
-    std::snprintf(buffer.data(), buffer.size(), "%.*e", digits++, static_cast<double>(value));
-  } while (!same());
-  const std::string text = buffer.data();
+  const std::string text = shortestTextOf(value);
   const auto e = text.find('e');
-  Digits result{{}, std::atoi(text.c_str() + e + 1)};
+  Digits result{{}, -1};
+  bool fraction = false;
   for (const char c : text.substr(0, e)) {
-    if (c >= '0' && c <= '9') result.digits += c;
+    if (c == '.') {
+      fraction = true;
+    } else if (c == '0' && result.digits.empty()) {
+      result.power -= fraction ? 1 : 0;
+    } else if (c != '-') {
+      result.digits += c;
+      result.power += fraction ? 0 : 1;
+    }
   }
+  result.digits.erase(result.digits.find_last_not_of('0') + 1);
+  if (e == std::string::npos) return result;
+  int exponent = 0;
+  std::from_chars(text.data() + e + 2, text.data() + text.size(), exponent);  // behind its sign
+  result.power += text[e + 1] == '-' ? -exponent : exponent;
   return result;
 }
 

@@ -4,8 +4,8 @@
 
 namespace tallyfin {
 
-/// Keeps what is in memory, such as a Social Security number, out of core dumps and away from other programs of the user;
-/// not in a debug build, whose makers want them.
+/// Keeps what is in memory, such as a Social Security number, out of core dumps and away from other programs of the
+/// user; not in a debug build, whose makers want them.
 void hideMemory();
 
 /// Gives each of the three standard streams that is closed a file to nothing, so that no other file takes its number.
