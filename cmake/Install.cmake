@@ -30,6 +30,7 @@ tallyfin_compress(packaging/tallyfin99.3 tallyfin99.3)
 include(cmake/InstallLibrary.cmake)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
 tallyfin_install_compressed(packaging/changelog ${documents} changelog)
+include(cmake/InstallBindings.cmake)
 install(FILES LICENSE DESTINATION ${documents} RENAME copyright)
 install(FILES packaging/README DESTINATION ${documents})
 # The page for a web server, where tools/web --build has made it.
