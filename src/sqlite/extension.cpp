@@ -1,5 +1,6 @@
 #include <sqlite3ext.h>
 
+#include "sqlite/explanationtable.h"
 #include "sqlite/paychecktable.h"
 #include "sqlite/statetable.h"
 #include "sqlite/table.h"
@@ -11,6 +12,8 @@ extern "C" [[gnu::visibility("default")]] int sqlite3_tallyfinsqlite_init(sqlite
                                                                           const sqlite3_api_routines* api) {
   SQLITE_EXTENSION_INIT2(api)
   using namespace tallyfin::sqlite;
-  const int code = Table<PaycheckCursor>::add(connection, "paycheck");
-  return code != SQLITE_OK ? code : Table<StateCursor>::add(connection, "paycheck_state");
+  int code = Table<PaycheckCursor>::add(connection, "paycheck");
+  if (code == SQLITE_OK) code = Table<ExplanationCursor>::add(connection, "paycheck_explanation");
+  if (code == SQLITE_OK) code = Table<StateCursor>::add(connection, "paycheck_state");
+  return code;
 }

@@ -31,7 +31,7 @@ TEST(SqlDocumentation, GivesWhatItShows) {
       ++shown;
     }
   }
-  EXPECT_EQ(shown, 8);
+  EXPECT_EQ(shown, 9);
 }
 
 }  // namespace
