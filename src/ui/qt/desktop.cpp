@@ -4,11 +4,11 @@
 #include <QDialog>
 #include <QScrollArea>
 #include <QSettings>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "ui/MDIOpen.h"
 #include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/binding/afterevent.h"
 #include "ui/qt/binding/binding.h"
 #include "ui/qt/frame/document.h"
 #include "ui/qt/frame/focusring.h"
@@ -75,7 +75,7 @@ void Desktop::arrange() {
   if (active == views_.end()) return;
   if (said_ != active->second) frame_->announce(QString::fromStdString(active->first->title()));
   said_ = active->second;
-  QTimer::singleShot(0, this, &Desktop::giveKeyboard);
+  afterThisEvent(*this, [this] { giveKeyboard(); });
 }
 
 void Desktop::giveKeyboard() {
@@ -171,7 +171,7 @@ void Desktop::discarded(Screen& screen) {
   }
   // A button may be closing its own screen, so its widgets go when its event is over.
   if (holder != nullptr) holder->deleteLater();
-  QTimer::singleShot(0, this, &Desktop::arrange);  // once the next document is the active one
+  afterThisEvent(*this, [this] { arrange(); });  // once the next document is the active one
 }
 
 void Desktop::focusMoved() {

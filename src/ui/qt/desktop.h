@@ -7,6 +7,7 @@
 
 #include "controls/desk.h"
 #include "ui/program.h"
+#include "ui/qt/binding/inputorder.h"
 #include "ui/qt/help/helpviewer.h"
 #include "ui/qt/paper/screenprinter.h"
 #include "ui/qt/platform.h"
@@ -45,6 +46,7 @@ class Desktop final : public QObject, private DeskWatcher {
   QWidget* focusedWidget() const;
   void dropFocus(const QWidget* now);
 
+  InputOrder order_;
   Dialogs& dialogs_;
   std::unique_ptr<Frame> frame_;
   std::map<const Screen*, QPointer<View>> views_;

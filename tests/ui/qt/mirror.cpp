@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QTableWidget>
+#include <utility>
 
 #include "controls/buttons.h"
 #include "controls/calendar.h"
@@ -190,7 +191,8 @@ void Mirror::compareContent(const Control& control, QWidget& widget) {
     QStringList entries;
     for (int i = 0; i < combo.count(); ++i) entries << combo.itemText(i);
     same("entries", joined(dropDown->entries()), entries.join(QLatin1Char('|')));
-    same("index", dropDown->index(), combo.currentIndex());
+    // A text that is being typed leaves the widget's own index, which nobody sees.
+    if (!combo.isEditable() || dropDown->index() >= 0) same("index", dropDown->index(), combo.currentIndex());
     same("text", dropDown->text(), combo.currentText());
   } else if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
     const auto& rows = dynamic_cast<QListWidget&>(widget);
@@ -297,7 +299,8 @@ void Mirror::compareFocus(const Desktop& desktop) {
   // What a box selects when it gets the focus is selected in its widget; from then on the user selects.
   const auto* box = dynamic_cast<const TextBox*>(held);
   const auto* edit = qobject_cast<const QLineEdit*>(widget);
-  if (held != focused_ && box != nullptr && edit != nullptr && shown == held && box->selLength() > 0) {
+  if (!std::exchange(userSelects_, false) && held != focused_ && box != nullptr && edit != nullptr && shown == held &&
+      box->selLength() > 0) {
     same("selection", text(box->text()).mid(box->selStart(), box->selLength()), edit->selectedText());
   }
   focused_ = held;

@@ -23,6 +23,8 @@ class Mirror {
   void look(const Desktop& desktop);
   const std::string& differences() const { return differences_; }
   const std::string& held() const { return held_; }
+  /// The user's own act selects a part of a box: what the box selects by itself isn't compared at the next look.
+  void userSelects() { userSelects_ = true; }
   /// The control that a widget shows, or the one around it; none where the widget is the desktop's own.
   Control* controlOf(const QWidget* widget) const;
 
@@ -57,6 +59,7 @@ class Mirror {
   std::map<QString, QColor> own_;  ///< The view's colours of widgets whose controls have none, by name and role.
   QString address_;
   const Control* focused_ = nullptr;
+  bool userSelects_ = false;
   std::string differences_;
   std::string held_;
 };

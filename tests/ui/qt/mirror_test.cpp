@@ -201,6 +201,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     std::string words = "double click " + named(widget);
     pointAt(widget, point);
     noteRefusal(widget);
+    mirror_.userSelects();  // the word that is clicked
     QTest::mouseDClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
     return words;
   }

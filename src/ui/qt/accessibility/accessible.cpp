@@ -7,6 +7,7 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "ui/qt/binding/afterevent.h"
 namespace tallyfin::qt {
 
 namespace {
@@ -65,8 +66,11 @@ class ButtonFace : public QAccessibleWidget {
 
   void doAction(const QString& action) override {
     if (action != pressAction() && action != toggleAction()) return QAccessibleWidget::doAction(action);
-    if (button_.focusPolicy() & Qt::ClickFocus) button_.setFocus(Qt::MouseFocusReason);
-    button_.click();
+    // The press may open a dialog: assistive technology is answered first.
+    afterThisEvent(button_, [&button = button_] {
+      if (button.focusPolicy() & Qt::ClickFocus) button.setFocus(Qt::MouseFocusReason);
+      button.click();
+    });
   }
 
   QStringList keyBindingsForAction(const QString& action) const override {
@@ -98,8 +102,10 @@ class SwitchFace : public QAccessibleWidget {
   QStringList actionNames() const override { return QStringList(toggleAction()) + QAccessibleWidget::actionNames(); }
   void doAction(const QString& action) override {
     if (action != toggleAction()) return QAccessibleWidget::doAction(action);
-    widget()->setFocus(Qt::MouseFocusReason);
-    lever_.turn();
+    afterThisEvent(*widget(), [widget = widget(), &lever = lever_] {
+      widget->setFocus(Qt::MouseFocusReason);
+      lever.turn();
+    });
   }
 
  private:

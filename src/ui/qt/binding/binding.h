@@ -10,7 +10,6 @@
 #include "controls/desk.h"
 
 class QCheckBox;
-class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -33,6 +32,8 @@ class UpDown;
 }  // namespace tallyfin
 
 namespace tallyfin::qt {
+
+class DropDownBox;
 
 /// Ties a widget to a control: what the control holds is shown, what the user does becomes an act of the control. It
 /// decides nothing and remembers nothing. The widget takes the control's address as its object name, and its tooltip.
@@ -84,15 +85,18 @@ void hideQuietly(QWidget& widget);
 /// How a row of a list is chosen by keyboard: as the marker moves, or by Enter and Space.
 enum class Choose { byMoving, byEnter };
 
+/// What a box takes: any text, or an amount.
+enum class Pasted { text, amount };
+
 // One function for each kind of widget.
-Binding& bind(QLineEdit& edit, TextBox& box);
+Binding& bind(QLineEdit& edit, TextBox& box, Pasted pasted = Pasted::text);
 Binding& bind(QLabel& widget, Label& label);
 Binding& bind(QAbstractButton& widget, CommandButton& button);
 Binding& bind(QRadioButton& widget, OptionButton& option, QButtonGroup& group);
 Binding& bind(QCheckBox& widget, CheckBox& box);
 Binding& bind(QListWidget& widget, ListBox& list, Choose choose);
-Binding& bind(QComboBox& widget, DropDown& dropDown);
-Binding& bind(QComboBox& widget, EditableDropDown& dropDown);
+Binding& bind(DropDownBox& widget, DropDown& dropDown);
+Binding& bind(DropDownBox& widget, EditableDropDown& dropDown);
 /// Turned by a step it picks at once, typed into when the number is complete.
 Binding& bind(QSpinBox& widget, UpDown& upDown);
 /// A widget that only shows.

@@ -112,7 +112,10 @@ class ExemptLine : public PaddedLabel, public Switch {
   }
 
   bool on() const override { return screen_.Label27.visible; }
-  void turn() override { on() ? screen_.Label20.userClick() : screen_.Label20.userDblClick(); }
+  void turn() override {
+    if (static_cast<const View*>(parentWidget())->screen() == nullptr) return;  // closed before its turn came
+    on() ? screen_.Label20.userClick() : screen_.Label20.userDblClick();
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {

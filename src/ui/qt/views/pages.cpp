@@ -2,12 +2,12 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "controls/texts.h"
 #include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/binding/afterevent.h"
 #include "ui/qt/frame/frame.h"
 
 namespace tallyfin::qt {
@@ -17,7 +17,7 @@ namespace {
 /// Lets the pointer leave a widget that has moved away under it: the toolkit waits until the pointer itself moves.
 void leaveBehind(QWidget& widget) {
   if (!widget.underMouse()) return;
-  QTimer::singleShot(0, &widget, [&widget] {
+  afterThisEvent(widget, [&widget] {
     if (widget.rect().contains(widget.mapFromGlobal(QCursor::pos()))) return;
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&widget, &leave);

@@ -16,6 +16,7 @@
 #include "controls/lists.h"
 #include "controls/texts.h"
 #include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/binding/dropdowns.h"
 #include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
@@ -138,13 +139,13 @@ QLabel* View::figure(Label& control) {
   return widget;
 }
 
-QLineEdit* View::box(TextBox& control) {
+QLineEdit* View::box(TextBox& control, Pasted pasted) {
   auto* widget = new QLineEdit(this);
-  return tied(widget, bind(*widget, control));
+  return tied(widget, bind(*widget, control, pasted));
 }
 
 QLineEdit* View::amountBox(TextBox& control) {
-  QLineEdit* widget = box(control);
+  QLineEdit* widget = box(control, Pasted::amount);
   widget->setFont(look::figures());
   widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   return widget;
@@ -223,14 +224,14 @@ QListWidget* View::list(ListBox& control, Choose choose) {
 }
 
 QComboBox* View::dropDown(DropDown& control) {
-  auto* widget = new QComboBox(this);
+  auto* widget = new DropDownBox(this);
   tied(widget, bind(*widget, control));
   colour(widget, look::lightFace());
   return widget;
 }
 
 QComboBox* View::dropDown(EditableDropDown& control) {
-  auto* widget = new QComboBox(this);
+  auto* widget = new DropDownBox(this);
   tied(widget, bind(*widget, control));
   colour(widget, look::lightFace());
   return widget;

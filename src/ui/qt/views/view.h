@@ -10,6 +10,7 @@
 #include "ui/qt/binding/binding.h"
 
 class QButtonGroup;
+class QComboBox;
 class QFrame;
 class QGridLayout;
 class QPushButton;
@@ -50,7 +51,7 @@ class View : public QWidget {
   QLabel* paragraph(Label& control);
   /// A label for a figure: right-aligned, digits of one width; who makes it names it.
   QLabel* figure(Label& control);
-  QLineEdit* box(TextBox& control);
+  QLineEdit* box(TextBox& control, Pasted pasted = Pasted::text);
   /// A box for an amount: right-aligned.
   QLineEdit* amountBox(TextBox& control);
   QPushButton* button(CommandButton& control);

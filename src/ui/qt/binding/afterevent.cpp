@@ -1,0 +1,39 @@
+#include "ui/qt/binding/afterevent.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QTimer>
+#include <deque>
+#include <utility>
+
+namespace tallyfin::qt {
+
+namespace {
+
+struct Deferred {
+  QPointer<QObject> context;
+  std::function<void()> work;
+};
+
+std::deque<Deferred>& queue() {
+  static std::deque<Deferred> deferred;
+  return deferred;
+}
+
+}  // namespace
+
+void afterThisEvent(QObject& context, std::function<void()> work) {
+  queue().push_back({&context, std::move(work)});
+  QTimer::singleShot(0, QCoreApplication::instance(), runDeferred);
+}
+
+/// Work may open a dialog, whose own event loop then runs the rest.
+void runDeferred() {
+  while (!queue().empty()) {
+    const Deferred next = std::exchange(queue().front(), {});
+    queue().pop_front();
+    if (next.context != nullptr) next.work();
+  }
+}
+
+}  // namespace tallyfin::qt
