@@ -1,9 +1,13 @@
 #include "ui/qt/paper/printer.h"
 
+#include <unistd.h>
+
+#include <QBuffer>
 #include <QLibrary>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QSaveFile>
+#include <cerrno>
 
 #include "ui/qt/frame/dialogs.h"
 
@@ -25,12 +29,28 @@ QString printTrouble(const QPrinter& printer) {
   return QString::fromUtf8(words());
 }
 
+/// Puts a whole file in the place of another one, or leaves that as it is. The last bytes may be refused only when they
+/// are flushed to the disk, before the new file has its name. Returns what went wrong, empty if nothing did.
+QString replaceFile(QSaveFile& opened, const QByteArray& content) {
+  if (opened.write(content) != content.size() || !opened.flush()) return opened.errorString();
+  if (fsync(opened.handle()) != 0 && errno != EINVAL) return qt_error_string(errno);  // EINVAL: it can't be flushed
+  return opened.commit() ? QString() : opened.errorString();
+}
+
 }  // namespace
 
 Outcome Paper::print(Dialogs& dialogs, QWidget& asking) const {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(title);
   if (!dialogs.choosePrinter(asking, printer, somePages)) return std::nullopt;
+  if (printer.outputFormat() == QPrinter::PdfFormat) {
+    // Into a file that the user has named in the dialog. Qt would destroy it where the disk is full, and report
+    // nothing.
+    const QString path = printer.outputFileName();
+    const QString trouble = write(path, &printer);
+    return trouble.isEmpty() ? QString()
+                             : QStringLiteral("The %1 couldn't be printed. %2: %3").arg(name, path, trouble);
+  }
   const bool taken = draw(printer) && printer.printerState() != QPrinter::Error;
   const QString trouble = taken ? printTrouble(printer) : printer.printerName();
   return trouble.isEmpty() ? QString() : QStringLiteral("The %1 couldn't be printed. %2").arg(name, trouble);
@@ -47,15 +67,21 @@ Outcome Paper::printOrSave(Dialogs& dialogs, QWidget& asking) const {
   return dialogs.hasPrinter() ? print(dialogs, asking) : save(dialogs, asking);
 }
 
-QString Paper::write(const QString& path) const {
+QString Paper::write(const QString& path, const QPrinter* setUp) const {
   QSaveFile saved(path);
   if (!saved.open(QIODevice::WriteOnly)) return saved.errorString();
-  QPdfWriter writer(&saved);
+  QBuffer content;
+  content.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&content);
   writer.setPageSize(QPageSize(QPageSize::Letter));
+  if (setUp != nullptr) {
+    writer.setPageLayout(setUp->pageLayout());
+    writer.setPageRanges(setUp->pageRanges());
+  }
   writer.setTitle(title);
   writer.setCreator(QStringLiteral("Tallyfin 99"));
   if (!draw(writer)) return QStringLiteral("There is nothing to save.");
-  return saved.commit() ? QString() : saved.errorString();
+  return replaceFile(saved, content.data());
 }
 
 }  // namespace tallyfin::qt

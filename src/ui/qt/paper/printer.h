@@ -5,6 +5,7 @@
 #include <optional>
 
 class QPagedPaintDevice;
+class QPrinter;
 class QWidget;
 
 namespace tallyfin::qt {
@@ -31,9 +32,9 @@ struct Paper {
   /// Prints it, or saves it where there is no printer.
   Outcome printOrSave(Dialogs& dialogs, QWidget& asking) const;
 
-  /// Writes a PDF file on Letter paper. Returns what went wrong, empty if nothing did. A file that stood there before
-  /// is replaced only by a whole one.
-  QString write(const QString& path) const;
+  /// Writes a PDF file on Letter paper, or as a printer is set up. Returns what went wrong, empty if nothing did. A
+  /// file that stood there before is replaced only by a whole one.
+  QString write(const QString& path, const QPrinter* setUp = nullptr) const;
 };
 
 }  // namespace tallyfin::qt
