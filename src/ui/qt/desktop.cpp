@@ -147,6 +147,8 @@ void Desktop::showBox(Screen& screen) {
     if (Screen* closed = view->screen()) desk.userClose(*closed);
   });
   box->setModal(desk.blocked(MDIOpen::screenName));
+  frame_->lendKeys(*box, {QKeySequence(Qt::CTRL | Qt::Key_Q)});
+  if (box->isModal()) help_.serveBox(*box);
   box->show();
 }
 
@@ -163,6 +165,7 @@ void Desktop::discarded(Screen& screen) {
   QWidget* holder = view;
   if (const auto box = boxes_.find(&screen); box != boxes_.end()) {
     holder = box->second;
+    help_.leave(*holder);
     boxes_.erase(box);
   } else if (view != nullptr) {
     while (holder->parentWidget() != nullptr && holder->parentWidget() != &frame_->area()) {

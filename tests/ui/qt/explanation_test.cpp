@@ -5,9 +5,12 @@
 #include <QClipboard>
 #include <QPrinter>
 #include <QProcess>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTextBrowser>
+#include <QWindow>
 
+#include "controls/desk.h"
 #include "desktoptest.h"
 #include "paints.h"
 
@@ -124,6 +127,68 @@ TEST_F(ExplanationOfTheResults, ComesToTheFrontAgain) {
   doubleClick(0);
   EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window(); }));
   EXPECT_THAT(told(), StartsWith("Gross Pay\n"));
+}
+
+TEST_F(ExplanationOfTheResults, F9InItCalculatesAsInTheFrame) {
+  doubleClick(5);
+  frame().activateWindow();
+  type("frmMain", "txtIncome", "2000");
+  window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  QTest::keyClick(window()->windowHandle(), Qt::Key_F9);
+  settle();
+  EXPECT_THAT(told(), HasSubstr("of $2,000.00 it is $56.00."));
+}
+
+TEST_F(ExplanationOfTheResults, CtrlWClosesItAndCtrlQEndsTheProgram) {
+  doubleClick(5);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  QTest::keyClick(window()->windowHandle(), Qt::Key_W, Qt::ControlModifier);
+  settle();
+  EXPECT_FALSE(window()->isVisible());
+  EXPECT_TRUE(shown("frmMain"));
+  doubleClick(5);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  QTest::keyClick(window()->windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+  settle();
+  EXPECT_FALSE(desk.running());
+}
+
+TEST_F(ExplanationOfTheResults, F1OpensItsOwnTopic) {
+  doubleClick(5);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+  QTest::keyClick(window()->windowHandle(), Qt::Key_F1);
+  settle();
+  const auto* help = frame().findChild<QDialog*>("help");
+  ASSERT_NE(help, nullptr);
+  EXPECT_EQ(help->findChild<QTextBrowser*>("page")->source().path().toStdString(), "/Tallyfin.hlp/explained");
+}
+
+TEST_F(ExplanationOfTheResults, CtrlCCopiesTheRowWithItsAmountOrWhatIsSelected) {
+  doubleClick(5);
+  const auto copied = [](QWidget& widget) {
+    QTest::keyClick(&widget, Qt::Key_C, Qt::ControlModifier);
+    settle();
+    return QGuiApplication::clipboard()->text().toStdString();
+  };
+  EXPECT_EQ(copied(part<QTableWidget>("figures")), "State Tax\t$28.00");
+  auto& page = part<QTextBrowser>("page");
+  EXPECT_EQ(copied(page), "State Tax\t$28.00");
+  QTextCursor first(page.document());
+  first.select(QTextCursor::WordUnderCursor);
+  page.setTextCursor(first);
+  EXPECT_EQ(copied(page), "State");
+}
+
+TEST_F(ExplanationOfTheResults, StandsBesideTheFrameWhereTheScreenHasRoom) {
+  const QRect room = frame().QWidget::screen()->availableGeometry();
+  frame().move(room.topLeft());
+  doubleClick(5);
+  const QRect beside = window()->geometry();
+  if (room.width() >= frame().width() + beside.width()) {
+    EXPECT_FALSE(beside.intersects(frame().geometry()));
+  }
+  EXPECT_TRUE(room.contains(beside.topLeft()));
 }
 
 TEST_F(ExplanationOfTheResults, TheKeyboardChoosesAnotherFigure) {

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -112,6 +113,33 @@ class SwitchFace : public QAccessibleWidget {
   Switch& lever_;
 };
 
+/// A page that may be out of view.
+class TurnableFace : public QAccessibleWidget {
+ public:
+  TurnableFace(QWidget& widget, const Turnable& page)
+      : QAccessibleWidget(&widget, QAccessible::Grouping), page_(page) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    if (!shows()) state.invisible = state.offscreen = 1;
+    return state;
+  }
+  int childCount() const override { return shows() ? QAccessibleWidget::childCount() : 0; }
+  QAccessibleInterface* child(int index) const override { return shows() ? QAccessibleWidget::child(index) : nullptr; }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    return shows() ? QAccessibleWidget::indexOfChild(child) : -1;
+  }
+  QAccessibleInterface* focusChild() const override { return shows() ? QAccessibleWidget::focusChild() : nullptr; }
+
+ private:
+  bool shows() const {
+    const QWidget* focused = QApplication::focusWidget();
+    return page_.inView() || (focused != nullptr && widget()->isAncestorOf(focused));
+  }
+
+  const Turnable& page_;
+};
+
 /// A text that is read: as a value, and by characters, words and lines.
 class ReadableFace : public QAccessibleWidget, public QAccessibleTextInterface {
  public:
@@ -164,6 +192,7 @@ QAccessibleInterface* faceOf(const QString& /*className*/, QObject* object) {
   if (const auto* readable = dynamic_cast<const Readable*>(object)) {
     return new ReadableFace(*widget, roleOf(*widget, QAccessible::StaticText), *readable);
   }
+  if (const auto* page = dynamic_cast<const Turnable*>(object)) return new TurnableFace(*widget, *page);
   if (auto* lever = dynamic_cast<Switch*>(object)) return new SwitchFace(*widget, *lever);
   auto* button = qobject_cast<QAbstractButton*>(object);
   if (button != nullptr && qobject_cast<QToolButton*>(object) == nullptr) return new ButtonFace(*button);

@@ -33,6 +33,17 @@ class Switch {
   virtual void turn() = 0;
 };
 
+/// A part of a page that may be out of view. Assistive technology isn't told then that it is showing, nor of what is on
+/// it, unless that has the keyboard.
+class Turnable {
+ public:
+  Turnable() = default;
+  Turnable(const Turnable&) = delete;
+  Turnable& operator=(const Turnable&) = delete;
+  virtual ~Turnable() = default;
+  virtual bool inView() const = 0;
+};
+
 /// A checkable button that opens what stands below it.
 class Expander {
  public:

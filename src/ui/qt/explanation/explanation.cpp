@@ -4,13 +4,17 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <algorithm>
 
 #include "engine/recorder.h"
 #include "ui/qt/frame/frame.h"
@@ -145,8 +149,40 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   add("print", "&Print", [this] { print(); });
   add("close", "C&lose", [this] { close(); });
   layout->addLayout(buttons);
+  for (QWidget* part :
+       {static_cast<QWidget*>(figures_), static_cast<QWidget*>(page_), static_cast<QWidget*>(shares_)}) {
+    part->installEventFilter(this);
+  }
+  frame.lendKeys(*this, {QKeySequence(Qt::Key_F9), QKeySequence(Qt::CTRL | Qt::Key_Q)});
+  connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this, &QWidget::close);
   figures_->setFocus();
   resize(look::scaled(640), look::scaled(430));
+  standBesideFrame();
+}
+
+/// At the right of the frame, or at its left; where neither side has the room, over the edge of the screen's wider
+/// side.
+void ExplanationWindow::standBesideFrame() {
+  const QRect room = frame_.QWidget::screen()->availableGeometry();
+  const QRect beside = frame_.frameGeometry();
+  const bool right = room.right() - beside.right() >= std::min(width(), beside.left() - room.left());
+  const int x = right ? std::min(beside.right() + 1, room.right() + 1 - width()) : beside.left() - width();
+  move(std::max(x, room.left()), std::clamp(beside.top(), room.top(), std::max(room.top(), room.bottom() - height())));
+}
+
+bool ExplanationWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) return false;
+  const bool selected =
+      (watched == page_ && page_->textCursor().hasSelection()) || (watched == shares_ && shares_->hasSelectedText());
+  if (!selected) copyRow();
+  return !selected;
+}
+
+void ExplanationWindow::copyRow() const {
+  const int row = figures_->currentRow();
+  if (row < 0) return;
+  QGuiApplication::clipboard()->setText(figures_->item(row, 0)->text() + QLatin1Char('\t') +
+                                        figures_->item(row, 1)->text());
 }
 
 ExplanationWindow* ExplanationWindow::of(const Frame& frame) {

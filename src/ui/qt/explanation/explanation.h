@@ -47,7 +47,13 @@ class ExplanationWindow : public QDialog {
   /// The chosen explanation as text, its title first.
   QString chosenText() const;
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
+  void standBesideFrame();
+  /// Copies the chosen row with its amount.
+  void copyRow() const;
   static ExplanationWindow* of(const Frame& frame);
   void refresh();
   void choose(const QString& title);

@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "controls/desk.h"
@@ -78,6 +79,19 @@ void Frame::keys() {
     }
     if (View* page = area_->active()) page->takeKeyboard();
   });
+}
+
+void Frame::lendKeys(QWidget& window, std::initializer_list<QKeySequence> keys) {
+  for (const QKeySequence& key : keys) {
+    auto* lent = new QShortcut(key, &window);
+    connect(lent, &QShortcut::activated, this, [this, key] {
+      for (QShortcut* own : findChildren<QShortcut*>()) {
+        if (own->key() == key && own->isEnabled() && dynamic_cast<View*>(own->parent()) != nullptr) {
+          return Q_EMIT own->activated();
+        }
+      }
+    });
+  }
 }
 
 QWidget* Frame::listBar(MDIOpen& screen) {
@@ -168,12 +182,14 @@ bool Frame::focusNextPrevChild(bool next) {
     const auto* option = qobject_cast<const QRadioButton*>(w);
     return option == nullptr ? nullptr : option->group();
   };
+  const View* page = area_->active();
   for (QWidget* widget = step(from); widget != from; widget = step(widget)) {
     if (!widget->isEnabled() || !widget->isVisible() || widget->focusProxy() != nullptr) continue;
     // Which option of a group Tab may enter, the toolkit would decide by the one that has had the keyboard last.
     const QButtonGroup* group = groupOf(widget);
     if (group == nullptr ? !(widget->focusPolicy() & Qt::TabFocus) : group == groupOf(from)) continue;
     if (widget->window() != this || area_->covers(*widget)) continue;
+    if (page != nullptr && page->isAncestorOf(widget) && !page->inSight(*widget)) continue;
     enteredAt(*widget).setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
   }

@@ -28,6 +28,8 @@ class Frame : public View {
   DocumentArea& area() const { return *area_; }
   /// Says in a line below the documents what the user must know; no words take the line away.
   void tell(const QString& words);
+  /// Lets keys act in another window as they do in the frame.
+  void lendKeys(QWidget& window, std::initializer_list<QKeySequence> keys);
   /// Says aloud what has happened, to who can't see it.
   void announce(const QString& words);
 

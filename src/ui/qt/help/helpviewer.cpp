@@ -340,17 +340,35 @@ void DesktopHelp::serve(Frame& frame) {
   QObject::connect(key, &QShortcut::activated, &frame, [this] { openForActiveDocument(); });
 }
 
+void DesktopHelp::serveBox(QWidget& box) {
+  auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &box);
+  QObject::connect(key, &QShortcut::activated, &box, [this] { openForActiveDocument(); });
+}
+
+void DesktopHelp::leave(const QWidget& box) {
+  if (window_ == nullptr || window_->parentWidget() != &box) return;
+  const bool open = window_->isVisible();
+  window_->setParent(frame_, window_->windowFlags());
+  window_->setVisible(open);
+}
+
 void DesktopHelp::open(const std::string& file, int context) {
   openTopic(QString::fromStdString(file), QString::number(context));
 }
 
 void DesktopHelp::openTopic(const QString& file, const QString& id) {
-  if (window_ == nullptr) window_ = new HelpWindow(shelf_, frame_);
+  if (window_ == nullptr) {
+    window_ = new HelpWindow(shelf_, frame_);
+    frame_->lendKeys(*window_, {QKeySequence(Qt::CTRL | Qt::Key_Q)});
+  }
   const bool missing = shelf_.book(file) == nullptr;
   if (missing && !window_->isVisible()) return frame_->tell(shelf_.missing(file));
   frame_->tell({});
   window_->showTopic(file, id);
   if (missing) return;
+  // A box that must be answered first lets nobody work another window but those above itself.
+  QWidget* above = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : frame_.data();
+  if (window_->parentWidget() != above) window_->setParent(above, window_->windowFlags());
   window_->show();
   window_->raise();
   window_->activateWindow();
@@ -359,7 +377,10 @@ void DesktopHelp::openTopic(const QString& file, const QString& id) {
 void DesktopHelp::openForActiveDocument() {
   const Screen* screen = desk.activeDocument();
   if (const Screen* box = desk.find("frmAbt"); box != nullptr && QApplication::activeWindow() != frame_) screen = box;
-  const QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
+  const QWidget* front = QApplication::activeWindow();
+  QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
+  if (front != nullptr && front->objectName() == QLatin1String("explanation")) id = QStringLiteral("explained");
+  if (desk.blocked("MDIOpen")) id = QStringLiteral("frmAnalysis");  // the warning that there is nothing to analyse
   const auto& files = HelpShelf::files;
   const auto file = std::find_if(files.begin(), files.end(), [&](const QString& candidate) {
     const HelpBook* book = shelf_.book(candidate);

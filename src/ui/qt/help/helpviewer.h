@@ -97,6 +97,10 @@ class DesktopHelp : public HelpViewer {
 
   /// Shows its window above this one from now on, and makes F1 open the help of the active document.
   void serve(Frame& frame);
+  /// Makes F1 act in a box that must be answered before the frame.
+  void serveBox(QWidget& box);
+  /// A box is about to go: the help that it has opened stays.
+  void leave(const QWidget& box);
   void open(const std::string& file, int context) override;
   void openTopic(const QString& file, const QString& id);
   /// The topic that bears the name of the active document, in whichever file it is.

@@ -4,6 +4,7 @@
 #include <QCursor>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "controls/texts.h"
 #include "ui/qt/accessibility/accessible.h"
@@ -26,13 +27,27 @@ void leaveBehind(QWidget& widget) {
 
 }  // namespace
 
+class PagedView::Part : public QWidget, public Turnable {
+ public:
+  using QWidget::QWidget;
+
+  bool inView() const override { return inView_; }
+  void setInView(bool inView) {
+    if (inView == std::exchange(inView_, inView)) return;
+    QAccessibleEvent event(this, inView ? QAccessible::ObjectShow : QAccessible::ObjectHide);
+    QAccessible::updateAccessibility(&event);
+  }
+
+ private:
+  bool inView_ = true;
+};
+
 PagedView::PagedView(Screen& screen) : View(screen), pages_(new QVBoxLayout) {}
 
 QVBoxLayout* PagedView::page(Panel& panel, const QString& name) {
-  auto* widget = new QWidget(this);
+  auto* widget = new Part(this);
   auto* column = new QVBoxLayout(widget);
   column->setContentsMargins({});
-  presentAs(*widget, QAccessible::Grouping);
   widget->setAccessibleName(name);
   Binding& binding = bindPlain(*widget, panel);
   all_.push_back({widget, &panel, name});
@@ -50,8 +65,9 @@ void PagedView::levelPages(int width) {
 /// Who can't see that a page is out of sight is told it with the name of whatever has the focus.
 void PagedView::place(const Page& page) {
   if (screen() == nullptr) return;
-  QWidget& widget = *page.widget;
+  Part& widget = *page.widget;
   const bool inSight = page.panel->inSight();
+  widget.setInView(inSight);
   if (!inSight) {
     pages_->removeWidget(&widget);
     const int width = std::max(room_.width(), widget.minimumSizeHint().width());

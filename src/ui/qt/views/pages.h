@@ -26,8 +26,9 @@ class PagedView : public View {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  class Part;
   struct Page {
-    QWidget* widget;
+    Part* widget;
     const Panel* panel;
     QString name;
   };

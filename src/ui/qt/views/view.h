@@ -35,6 +35,8 @@ class View : public QWidget {
   void release();
   /// The widget of a control; none if the view has none for it.
   QWidget* widgetOf(const Control& control) const;
+  /// Whether the user sees a widget of this page and can act on it.
+  bool inSight(const QWidget& widget) const;
   /// Takes the keyboard as if the user had moved there: the control that had it last, or else the first one.
   void takeKeyboard();
   /// Remembers which widget of this page has the keyboard.
@@ -103,8 +105,6 @@ class View : public QWidget {
 
  private:
   Binding* bindingOf(const QWidget* widget) const;
-  /// Whether the user sees a widget of this page and can act on it.
-  bool inSight(const QWidget& widget) const;
   QButtonGroup* newGroup();
   QRadioButton* option(OptionButton& control, QButtonGroup& group);
 
