@@ -9,7 +9,12 @@ install(FILES help/Tallyfin.hlp help/W4.hlp DESTINATION ${CMAKE_INSTALL_DATADIR}
 install(FILES packaging/tallyfin99.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/tallyfin99.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME io.github.tallyfin.Tallyfin99.metainfo.xml)
-install(FILES src/ui/qt/pictures/tallyfin99.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES src/ui/qt/pictures/tallyfin99.svg DESTINATION ${icons}/scalable/apps)
+foreach(side 48 128)
+  install(FILES packaging/icons/tallyfin99-${side}.png DESTINATION ${icons}/${side}x${side}/apps RENAME tallyfin99.png)
+endforeach()
+
 # tallyfin_compress(FILE NAME): makes compressed/NAME.gz of FILE, the same bytes at each build.
 function(tallyfin_compress file name)
   set(compressed ${PROJECT_BINARY_DIR}/compressed/${name}.gz)
@@ -33,6 +38,14 @@ tallyfin_install_compressed(packaging/changelog ${documents} changelog)
 include(cmake/InstallBindings.cmake)
 install(FILES LICENSE DESTINATION ${documents} RENAME copyright)
 install(FILES packaging/README DESTINATION ${documents})
+
+# The tour of the screens as a page for the browser.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/tour.md)
+execute_process(COMMAND cmark ${PROJECT_SOURCE_DIR}/docs/tour.md OUTPUT_VARIABLE tour COMMAND_ERROR_IS_FATAL ANY)
+configure_file(packaging/index.html.in ${PROJECT_BINARY_DIR}/index.html @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/index.html DESTINATION ${documents})
+install(DIRECTORY docs/pictures DESTINATION ${documents})
+
 # The page for a web server, where tools/web --build has made it.
 install(DIRECTORY build/web DESTINATION ${CMAKE_INSTALL_DATADIR}/tallyfin99 OPTIONAL)
 
