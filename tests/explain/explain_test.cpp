@@ -60,10 +60,34 @@ TEST_F(ExplainTest, SharesAWholeDollarOutAndNothingOfNothing) {
   main().txtIncome.setText("1");
   calculate();
   EXPECT_EQ(sharesOf(*lastTrace()).size(), 6U);
-  EXPECT_EQ(sharesText(*lastTrace()), "Of the gross pay of $1.00: state tax 2.8%, FICA 7.7%, check 89.6%.");
+  EXPECT_EQ(sharesText(*lastTrace()), "Of the gross pay of $1.00: state tax 2.8%, FICA 7.7%, check 89.5%.");
   main().txtIncome.setText("0");
   calculate();
   EXPECT_TRUE(sharesOf(*lastTrace()).empty());
+}
+
+TEST_F(ExplainTest, SharesAddUpToAHundredPercent) {
+  startSample();
+  for (int cents = 100; cents < 3000; cents += 7) {
+    main().txtIncome.setText(toText(cents / 100.0));
+    calculate();
+    int tenths = 0;
+    for (const Share& share : sharesOf(*lastTrace())) {
+      tenths += share.tenths;
+      EXPECT_NEAR(share.tenths, share.fraction * 1000, 1) << share.name;
+    }
+    EXPECT_EQ(tenths, 1000) << cents;
+  }
+}
+
+TEST_F(ExplainTest, SharesNothingOutWhereThePartsAreNotTheWhole) {
+  startSample();
+  calculate();
+  Trace trace;
+  trace.after = lastTrace()->after;
+  EXPECT_FALSE(sharesOf(trace).empty());
+  trace.after.checkAmt = dollars("1000");
+  EXPECT_TRUE(sharesOf(trace).empty());
 }
 
 TEST_F(ExplainTest, SharesTheGrossPayOut) {
@@ -79,7 +103,7 @@ TEST_F(ExplainTest, SharesTheGrossPayOut) {
   calculate();
   EXPECT_TRUE(sharesOf(*lastTrace()).empty());
   EXPECT_EQ(sharesText(*lastTrace()),
-            "The gross pay is $1,000.00; a part of it is negative, so the parts make no bar.");
+            "The gross pay is $1,000.00; a part of it is negative or out of range, so the parts make no bar.");
   main().txtIncome.setText("0");
   calculate();
   EXPECT_TRUE(sharesOf(*lastTrace()).empty());
