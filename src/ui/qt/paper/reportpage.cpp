@@ -91,16 +91,38 @@ QRect ReportPages::tableArea() const {
 
 int ReportPages::rowsOfPage() const { return std::max(1, tableArea().height() / rowHeight() - 1); }
 
-int ReportPages::count() const {
-  if (engine_.pages() == 0) return 0;
-  const auto rows = std::max(1, static_cast<int>(engine_.cells().size()) - 1);
-  return (rows + rowsOfPage() - 1) / rowsOfPage();
+namespace {
+
+/// Whether a row is the heading of those below it: words without an amount.
+bool headsOthers(const PrintEngine::Cells& cells) {
+  return !cells.front().empty() && std::all_of(cells.begin() + 1, cells.end(), [](const auto& c) { return c.empty(); });
 }
+
+}  // namespace
+
+/// A page ends a row earlier where the last one would be a heading without its rows.
+std::vector<std::size_t> ReportPages::starts() const {
+  const auto& cells = engine_.cells();
+  std::vector<std::size_t> starts{1};
+  while (cells.size() > starts.back() + static_cast<std::size_t>(rowsOfPage())) {
+    std::size_t next = starts.back() + static_cast<std::size_t>(rowsOfPage());
+    if (next > starts.back() + 1 && headsOthers(cells[next - 1])) --next;
+    starts.push_back(next);
+  }
+  return starts;
+}
+
+ReportPages::Rows ReportPages::rowsOf(int page) const {
+  const auto all = starts();
+  const auto index = static_cast<std::size_t>(page);
+  return {all.at(index), index + 1 < all.size() ? all[index + 1] : engine_.cells().size()};
+}
+
+int ReportPages::count() const { return engine_.pages() == 0 ? 0 : static_cast<int>(starts().size()); }
 
 QString ReportPages::readable(int page) const {
   if (page < 0 || page >= count()) return {};
-  const auto perPage = static_cast<std::size_t>(rowsOfPage());
-  const std::size_t first = 1 + static_cast<std::size_t>(page) * perPage;
+  const Rows rows = rowsOf(page);
   QStringList lines{text(engine_.header()).trimmed()};
   const auto addRow = [&](const PrintEngine::Cells& cells) {
     QStringList words;
@@ -108,9 +130,7 @@ QString ReportPages::readable(int page) const {
     lines << words.join(QLatin1Char('\t'));
   };
   if (!engine_.cells().empty()) addRow(engine_.cells().front());
-  for (std::size_t row = first; row < std::min(first + perPage, engine_.cells().size()); ++row) {
-    addRow(engine_.cells()[row]);
-  }
+  for (std::size_t row = rows.first; row < rows.end; ++row) addRow(engine_.cells()[row]);
   lines << text(engine_.footer()).trimmed();
   return lines.join(QLatin1Char('\n'));
 }
@@ -142,11 +162,9 @@ void ReportPages::drawFooter(QPainter& painter) const {
 
 void ReportPages::drawTable(QPainter& painter, int page) const {
   if (engine_.cells().empty()) return;
-  const auto perPage = static_cast<std::size_t>(rowsOfPage());
-  const std::size_t first = 1 + static_cast<std::size_t>(page) * perPage;
-  const std::size_t end = std::min(first + perPage, engine_.cells().size());
+  const Rows rows = rowsOf(page);
   int top = drawRow(painter, 0, tableArea().top());
-  for (std::size_t row = first; row < end; ++row) top = drawRow(painter, row, top);
+  for (std::size_t row = rows.first; row < rows.end; ++row) top = drawRow(painter, row, top);
 }
 
 int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {

@@ -3,6 +3,7 @@
 #include <QPageSize>
 #include <QSize>
 #include <QString>
+#include <vector>
 
 class QPagedPaintDevice;
 class QPainter;
@@ -35,6 +36,14 @@ class ReportPages {
   int rowHeight() const;
   /// Rows of a page, the heading row aside.
   int rowsOfPage() const;
+  /// The first row of each page.
+  std::vector<std::size_t> starts() const;
+  /// The rows of a page, the last one excluded.
+  struct Rows {
+    std::size_t first;
+    std::size_t end;
+  };
+  Rows rowsOf(int page) const;
   QRect tableArea() const;
   void drawHeader(QPainter& painter) const;
   void drawFooter(QPainter& painter) const;
