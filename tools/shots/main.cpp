@@ -17,10 +17,11 @@
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/widgets/look.h"
 
-/// tallyfin99-screenshots FOLDER SHOTS-FILE: saves pictures of the screens. The file holds lines of the script protocol
-/// and five more: `fresh` begins with an empty store and no run, `group NAME` opens a group of the list bar, `how ROW`
-/// opens the explanation of that row of the results, `shot NAME` saves what the frame shows as NAME.png, and a box
-/// above it as NAME-box.png, `drawn FILE` saves an SVG picture for both densities of screens.
+/// tallyfin99-screenshots FOLDER SHOTS-FILE [POINTS]: saves pictures of the screens, for a desktop with a font of this
+/// size. The file holds lines of the script protocol and six more: `fresh` begins with an empty store and no run,
+/// `group NAME` opens a group of the list bar, `how ROW` opens the explanation of that row of the results, `shot NAME`
+/// saves what the frame shows as NAME.png, and a box above it as NAME-box.png, `drawn FILE` saves an SVG picture for
+/// both densities of screens, `icon FILE` as icons of the sizes that the package has.
 
 namespace {
 
@@ -39,7 +40,10 @@ void save(const QWidget& widget, const QString& path) {
 }
 
 void shoot(const Stage& stage, const QDir& folder, const QString& name) {
-  for (int i = 0; i < 5; ++i) QApplication::processEvents();
+  for (int i = 0; i < 5; ++i) {
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // a box that has been closed
+  }
   if (const qt::Frame* frame = stage.desktop->frame()) save(*frame, folder.filePath(name + ".png"));
   for (const QWidget* widget : QApplication::topLevelWidgets()) {
     if (qobject_cast<const QDialog*>(widget) != nullptr && widget->isVisible()) {
@@ -48,15 +52,27 @@ void shoot(const Stage& stage, const QDir& folder, const QString& name) {
   }
 }
 
-void draw(const QString& file, const QDir& folder) {
+void draw(QSvgRenderer& picture, QSize size, QImage::Format format, const QString& path) {
+  QImage image(size, format);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  picture.render(&painter);
+  painter.end();
+  if (!image.save(path)) std::fprintf(stderr, "%s can't be written\n", qPrintable(path));
+}
+
+void drawSplash(const QString& file, const QDir& folder) {
   QSvgRenderer picture(file);
-  for (const int density : {1, 2}) {
-    QImage image(picture.defaultSize() * density, QImage::Format_RGB32);
-    QPainter painter(&image);
-    picture.render(&painter);
-    painter.end();
-    const QString name = QFileInfo(file).baseName() + (density == 1 ? ".png" : "@2x.png");
-    if (!image.save(folder.filePath(name))) std::fprintf(stderr, "%s can't be written\n", qPrintable(name));
+  const QString name = folder.filePath(QFileInfo(file).baseName());
+  draw(picture, picture.defaultSize(), QImage::Format_RGB32, name + ".png");
+  draw(picture, picture.defaultSize() * 2, QImage::Format_RGB32, name + "@2x.png");
+}
+
+void drawIcons(const QString& file, const QDir& folder) {
+  QSvgRenderer picture(file);
+  for (const int side : {48, 128}) {
+    const QString name = QStringLiteral("%1-%2.png").arg(QFileInfo(file).baseName()).arg(side);
+    draw(picture, {side, side}, QImage::Format_ARGB32, folder.filePath(name));
   }
 }
 
@@ -66,10 +82,11 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   qt::look::apply(application);
   QApplication::setQuitOnLastWindowClosed(false);
-  if (argc != 3) {
-    std::fprintf(stderr, "tallyfin99-screenshots FOLDER SHOTS-FILE\n");
+  if (argc != 3 && argc != 4) {
+    std::fprintf(stderr, "tallyfin99-screenshots FOLDER SHOTS-FILE [POINTS]\n");
     return 2;
   }
+  if (argc == 4) qt::look::applyFont(application, QString::fromLocal8Bit(argv[3]).toDouble());
   const QDir folder(QString::fromLocal8Bit(argv[1]));
   folder.mkpath(".");
   QFile shots(QString::fromLocal8Bit(argv[2]));
@@ -91,7 +108,9 @@ int main(int argc, char** argv) {
     } else if (line.startsWith("how ")) {
       qt::ExplanationWindow::open(*stage->desktop->frame(), line.mid(4));
     } else if (line.startsWith("drawn ")) {
-      draw(QFileInfo(shots).dir().filePath(line.mid(6)), folder);
+      drawSplash(QFileInfo(shots).dir().filePath(line.mid(6)), folder);
+    } else if (line.startsWith("icon ")) {
+      drawIcons(QFileInfo(shots).dir().filePath(line.mid(5)), folder);
     } else if (line.startsWith("shot ")) {
       shoot(*stage, folder, line.mid(5));
     } else if (const auto answer = stage->session.answer(line.toStdString()); answer && answer->front() == '!') {

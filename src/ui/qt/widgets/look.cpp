@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QFrame>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QProxyStyle>
@@ -55,6 +56,16 @@ class Style : public QProxyStyle {
  public:
   Style() : QProxyStyle(QStringLiteral("Fusion")) {}
 
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returned) const override {
+    switch (hint) {
+      // A drop-down opens a list of some rows with an edge, not one as high as the screen.
+      case SH_ComboBox_Popup: return 0;
+      case SH_ComboBox_PopupFrameStyle: return static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain);
+      default: return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+  }
+
   QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override {
     if (mode != QIcon::Disabled) return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
     QPixmap faded(pixmap.size());
@@ -75,20 +86,32 @@ int scaled(int pixels) {
 
 void apply(QApplication& application) {
   application.setStyle(new Style);
-  // Desktops come with sizes up to 11 points; whoever has set more wants larger letters here too.
-  const QFontInfo system(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
-  QFont font(system.family());
-  font.setPointSizeF(normalPoints * std::max(1.0, system.pointSizeF() / 11.0));
-  application.setFont(font);
+  applyFont(application, QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).pointSizeF());
   application.setPalette(onWhite());  // for the toolkit's own dialogs; every window of the program sets its ground
-  QToolTip::setFont(font);
   QToolTip::setPalette(onPaper());
   // The toolkit would keep what it has drawn by a name that counts palettes. The widgets of a screen take new palettes
   // each time they are made, so nothing would be found again, and the names would never be let go.
   QPixmapCache::setCacheLimit(0);
 }
 
+void applyFont(QApplication& application, double systemPoints) {
+  // Desktops come with sizes up to 11 points; whoever has set more wants larger letters here too.
+  QFont font(QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family());
+  font.setPointSizeF(normalPoints * std::max(1.0, systemPoints / 11.0));
+  application.setFont(font);
+  QToolTip::setFont(font);
+}
+
 QPalette onDeep() { return paletteOf(deep, light, deepLighter, light); }
+
+QPalette onDeeper() { return paletteOf(deeper, light, deepLighter, light); }
+
+QPalette mainAction() {
+  QPalette palette;
+  palette.setColor(QPalette::Button, lightYellow);
+  palette.setColor(QPalette::ButtonText, ink);
+  return palette;
+}
 
 QPalette choicesOnDeep() {
   QPalette palette = onDeep();

@@ -17,6 +17,7 @@ class QWidget;
 namespace tallyfin::qt::look {
 
 inline const QColor deep{38, 70, 83};          ///< Ground of the frame, the main screen and the tools.
+inline const QColor deeper{26, 53, 65};        ///< Ground of the state options, on which their red stands out.
 inline const QColor deepLighter{52, 89, 103};  ///< Ground of the open group's items.
 inline const QColor deepLine{78, 114, 127};    ///< Hairlines on it.
 inline const QColor light{252, 252, 240};      ///< Text on it, and the ground of boxes, lists and grid.
@@ -40,13 +41,20 @@ int scaled(int pixels);
 /// Sets style, font and palette of the whole program, and that the toolkit keeps no drawn pixmaps.
 void apply(QApplication& application);
 
+/// Sets the font of the whole program for a desktop whose own has so many points.
+void applyFont(QApplication& application, double systemPoints);
+
 /// Palettes for the three grounds.
 QPalette onDeep();
+QPalette onDeeper();
 QPalette onPaper();
 QPalette onWhite();
 
 /// On the deep ground, with option texts in light yellow.
 QPalette choicesOnDeep();
+
+/// A button that stands out from the others: the main action of a screen.
+QPalette mainAction();
 
 /// Over any ground: a drop-down or button with a face as light as the boxes.
 QPalette lightFace();
