@@ -26,6 +26,7 @@ Desktop::Desktop(SettingsStore& store, Dialogs& dialogs)
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     dropFocus(now);
     moveMark(now);
+    if (frame_ != nullptr && now != nullptr) frame_->confirm({});
   });
   // The toolkit's own dialogs would keep a file of settings beside the store. There is no folder below a file.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
@@ -71,6 +72,7 @@ void Desktop::showDocument(Screen& screen) {
 void Desktop::arrange() {
   if (frame_ == nullptr) return;
   frame_->area().arrange();
+  frame_->markPage();
   const auto active = views_.find(desk.activeDocument());
   if (active == views_.end()) return;
   if (said_ != active->second) frame_->announce(QString::fromStdString(active->first->title()));

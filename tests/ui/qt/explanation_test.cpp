@@ -293,7 +293,7 @@ TEST_F(ExplanationOfTheResults, SaysInWordsWhyThereIsNoBar) {
   calculate();
   EXPECT_FALSE(part<QWidget>("bar").isVisible());
   EXPECT_EQ(part<QLabel>("shares").text(),
-            "The gross pay is $1,000.00; a part of it is negative, so the parts make no bar.");
+            "The gross pay is $1,000.00; a part of it is negative or out of range, so the parts make no bar.");
 }
 
 TEST_F(ExplanationOfTheResults, CutsNothingOffAtALargerFont) {

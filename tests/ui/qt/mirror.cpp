@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -42,6 +43,12 @@ QString joined(const std::vector<std::string>& texts) {
   QStringList list;
   for (const std::string& one : texts) list << text(one);
   return list.join(QLatin1Char('|'));
+}
+
+/// A tooltip without the key that it names at its end.
+QString withoutKey(QString tooltip) {
+  static const QRegularExpression key(QStringLiteral(" \\((F\\d+|(Ctrl|Alt|Shift)\\+[^)]+)\\)$"));
+  return tooltip.remove(key);
 }
 
 QString date(const std::chrono::year_month_day& day) {
@@ -127,7 +134,7 @@ void Mirror::compareScreen(View& view, const Screen& screen) {
     while (dynamic_cast<const Document*>(document) == nullptr) document = document->parentWidget();
     QStringList titles;
     for (const auto* label : document->findChildren<QLabel*>(QString(), Qt::FindChildrenRecursively)) {
-      if (!view.isAncestorOf(label)) titles << label->text();
+      if (!view.isAncestorOf(label) && label->objectName() != QLatin1String("confirmed")) titles << label->text();
     }
     same("title", screen.title(), titles.join(QLatin1Char('|')));
     const QWidget* area = document->parentWidget();
@@ -151,7 +158,7 @@ void Mirror::compare(const Tie& tie, const View& view) {
     // The list bar shows the items of one group at a time: an item stands in its group, in sight or not.
     same("visible", control.visible ? 1 : 0, widget.isHidden() ? 0 : 1);
     same("enabled", control.enabled ? 1 : 0, widget.isEnabled() ? 1 : 0);
-    if (!control.tooltip.empty()) same("tooltip", control.tooltip, widget.toolTip());
+    if (!control.tooltip.empty()) same("tooltip", control.tooltip, withoutKey(widget.toolTip()));
     compareContent(control, widget);
     return compareNames(control, widget);
   }
@@ -159,7 +166,7 @@ void Mirror::compare(const Tie& tie, const View& view) {
       widget.isVisibleTo(const_cast<View*>(&view)) && widget.mapTo(&view, widget.rect().topRight()).x() >= 0;
   same("visible", inSight ? 1 : 0, there ? 1 : 0);
   same("enabled", control.enabled ? 1 : 0, widget.isEnabledTo(const_cast<View*>(&view)) ? 1 : 0);
-  if (!control.tooltip.empty()) same("tooltip", control.tooltip, widget.toolTip());
+  if (!control.tooltip.empty()) same("tooltip", control.tooltip, withoutKey(widget.toolTip()));
   compareContent(control, widget);
   compareColours(control, widget);
   compareNames(control, widget);
@@ -177,7 +184,8 @@ void Mirror::compareContent(const Control& control, QWidget& widget) {
     same("caption", item->caption(), button.text());
     same("highlighted", item->highlighted() ? 1 : 0, button.highlighted ? 1 : 0);
   } else if (const auto* command = dynamic_cast<const CommandButton*>(&control)) {
-    same("caption", command->caption(), unmarked(dynamic_cast<QAbstractButton&>(widget).text()));
+    const QString shown = unmarked(dynamic_cast<QAbstractButton&>(widget).text());
+    if (!command->caption().empty()) same("caption", command->caption(), shown);  // else the view has a word for it
   } else if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
     const auto& button = dynamic_cast<QRadioButton&>(widget);
     same("caption", option->caption(), unmarked(button.text()));

@@ -74,7 +74,10 @@ void Binding::applyColours() {
     palette.setColor(QPalette::Window, dark ? look::light : look::lightEdge);
   }
   if (const OwnColour& fore = control_->foreColour) {
+    // The mark of an option or check box has the colour Text and stands on a light ground of its own.
+    const bool marked = widget_.inherits("QRadioButton") || widget_.inherits("QCheckBox");
     for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+      if (marked && role == QPalette::Text) continue;
       palette.setColor(QPalette::Active, role, look::colour(*fore));
       palette.setColor(QPalette::Inactive, role, look::colour(*fore));
     }

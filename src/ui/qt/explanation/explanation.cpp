@@ -19,6 +19,7 @@
 #include "engine/recorder.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/frame/notice.h"
+#include "ui/qt/frame/placement.h"
 #include "ui/qt/paper/printer.h"
 #include "ui/qt/widgets/look.h"
 
@@ -73,8 +74,7 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
   double from = 0;
   for (std::size_t i = 0; i < shares_.size(); ++i) {
     const double to = from + shares_[i].fraction;
-    const QRect place(QPoint(static_cast<int>(from * width()), 0),
-                      QPoint(static_cast<int>(to * width()) - 1, height() - 1));
+    const QRect place(QPoint(qRound(from * width()), 0), QPoint(qRound(to * width()) - 1, height() - 1));
     from = to;
     const QColor& ground = grounds[i];
     painter.fillRect(place, ground);
@@ -157,17 +157,6 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this, &QWidget::close);
   figures_->setFocus();
   resize(look::scaled(640), look::scaled(430));
-  standBesideFrame();
-}
-
-/// At the right of the frame, or at its left; where neither side has the room, over the edge of the screen's wider
-/// side.
-void ExplanationWindow::standBesideFrame() {
-  const QRect room = frame_.QWidget::screen()->availableGeometry();
-  const QRect beside = frame_.frameGeometry();
-  const bool right = room.right() - beside.right() >= std::min(width(), beside.left() - room.left());
-  const int x = right ? std::min(beside.right() + 1, room.right() + 1 - width()) : beside.left() - width();
-  move(std::max(x, room.left()), std::clamp(beside.top(), room.top(), std::max(room.top(), room.bottom() - height())));
 }
 
 bool ExplanationWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -178,11 +167,12 @@ bool ExplanationWindow::eventFilter(QObject* watched, QEvent* event) {
   return !selected;
 }
 
-void ExplanationWindow::copyRow() const {
+void ExplanationWindow::copyRow() {
   const int row = figures_->currentRow();
   if (row < 0) return;
   QGuiApplication::clipboard()->setText(figures_->item(row, 0)->text() + QLatin1Char('\t') +
                                         figures_->item(row, 1)->text());
+  tellUser(QStringLiteral("Copied"));
 }
 
 ExplanationWindow* ExplanationWindow::of(const Frame& frame) {
@@ -195,6 +185,7 @@ void ExplanationWindow::open(Frame& frame, const QString& title) {
   if (window == nullptr) window = new ExplanationWindow(frame);
   window->refresh();
   window->choose(title);
+  if (!window->isVisible()) placeBeside(*window, frame);
   window->QDialog::show();
   window->raise();
   window->activateWindow();
@@ -244,7 +235,15 @@ QString ExplanationWindow::chosenText() const {
   return all + text(amountText(chosen.amount));
 }
 
-void ExplanationWindow::copy() const { QGuiApplication::clipboard()->setText(chosenText()); }
+void ExplanationWindow::copy() {
+  QGuiApplication::clipboard()->setText(chosenText());
+  tellUser(QStringLiteral("Copied"));
+}
+
+void ExplanationWindow::tellUser(const QString& words) {
+  notice_->tell(words);
+  if (!words.isEmpty()) frame_.announce(words);
+}
 
 void ExplanationWindow::print() {
   const auto draw = [this](QPagedPaintDevice& device) {
@@ -261,9 +260,7 @@ void ExplanationWindow::print() {
                     .somePages = true,
                     .draw = draw};
   const Outcome outcome = paper.printOrSave(frame_.dialogs(), *this);
-  if (!outcome) return;
-  notice_->tell(*outcome);
-  if (!outcome->isEmpty()) frame_.announce(*outcome);
+  if (outcome) tellUser(outcome->words);
 }
 
 }  // namespace tallyfin::qt

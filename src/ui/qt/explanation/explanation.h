@@ -51,14 +51,15 @@ class ExplanationWindow : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void standBesideFrame();
   /// Copies the chosen row with its amount.
-  void copyRow() const;
+  void copyRow();
   static ExplanationWindow* of(const Frame& frame);
   void refresh();
   void choose(const QString& title);
   void tell();
-  void copy() const;
+  void copy();
+  /// Says in a line of this window what the user must know; no words take the line away.
+  void tellUser(const QString& words);
   void print();
 
   Frame& frame_;

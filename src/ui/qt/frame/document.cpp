@@ -30,6 +30,8 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
   strip_->setAutoFillBackground(true);
   strip_->setFixedHeight(titleHeight());
   title_ = new QLabel(strip_);
+  confirmed_ = new QLabel(strip_);
+  confirmed_->setObjectName(QStringLiteral("confirmed"));
   auto* close = new QToolButton(strip_);
   close->setText(QStringLiteral("×"));
   close->setAutoRaise(true);
@@ -39,6 +41,7 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
   auto* strip = new QHBoxLayout(strip_);
   strip->setContentsMargins(look::row, 0, 2, 0);
   strip->addWidget(title_, 1);
+  strip->addWidget(confirmed_);
   strip->addWidget(close);
 
   scroll_ = new QScrollArea(this);
@@ -62,6 +65,8 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
 void Document::close() {
   if (Screen* screen = view_.screen()) desk.userClose(*screen);
 }
+
+void Document::confirm(const QString& words) { confirmed_->setText(words); }
 
 void Document::showTitle() {
   const Screen* screen = view_.screen();
@@ -148,6 +153,13 @@ View* DocumentArea::active() const {
     return d != nullptr && d->view().screen() != nullptr && d->view().screen() == desk.activeDocument();
   });
   return front == documents_.end() ? nullptr : &(*front)->view();
+}
+
+void DocumentArea::confirm(const QString& words) {
+  for (const auto& document : documents_) {
+    if (document == nullptr || document->view().screen() == nullptr) continue;
+    document->confirm(document->view().screen() == desk.activeDocument() ? words : QString());
+  }
 }
 
 bool DocumentArea::covers(const QWidget& widget) const {

@@ -20,6 +20,8 @@ class Document : public QWidget {
   View& view() const { return view_; }
   /// Takes the place that the screen's state asks for: the whole area, or its own size in the middle of it.
   void place(const QSize& area);
+  /// Words in the title strip, that something went well.
+  void confirm(const QString& words);
   /// The active document's title strip is the lighter one, and it hears its keys.
   void setActive(bool active);
 
@@ -34,6 +36,7 @@ class Document : public QWidget {
   View& view_;
   QWidget* strip_;
   QLabel* title_;
+  QLabel* confirmed_;
   QScrollArea* scroll_;
   QShortcut* escape_;  ///< Closes a page that lies over another.
 };
@@ -48,6 +51,8 @@ class DocumentArea : public QWidget {
   void arrange();
   /// The view of the active document; none without one.
   View* active() const;
+  /// Words in the title strip of the active document; the others have none.
+  void confirm(const QString& words);
   /// Whether a widget belongs to a document that isn't the active one.
   bool covers(const QWidget& widget) const;
 

@@ -24,6 +24,23 @@ namespace {
 /// Room for what a window manager puts around a window.
 constexpr QMargins windowEdges{4, 32, 4, 4};
 
+/// The item of the list bar that leads to a screen, or to the one from which it opens.
+constexpr std::pair<std::string_view, const char*> itemOfScreen[] = {{"frmMain", "Calc"},
+                                                                     {"frmMisc", "Calc"},
+                                                                     {"frmPrint", "Calc"},
+                                                                     {"frmMultiCheck", "Multi"},
+                                                                     {"frmAnalysis", "Analysis"},
+                                                                     {"frmState", "StateInfo"},
+                                                                     {"frmName", "Personal"},
+                                                                     {"frmPersWkSht", "Pers"},
+                                                                     {"frmDednAdj", "Ded"},
+                                                                     {"frm2Workers", "TwoWork"},
+                                                                     {"frmTableOne", "TwoWork"},
+                                                                     {"frmCalendar", "TwoWork"},
+                                                                     {"frmW4", "W4"}};
+
+QString itemName(const char* key) { return QStringLiteral("SSListBar1(%1)").arg(QLatin1String(key)); }
+
 }  // namespace
 
 Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs) {
@@ -31,9 +48,10 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
                  Qt::WindowCloseButtonHint);
   setWindowIcon(look::picture(QStringLiteral("tallyfin99")));
   look::setGround(*this, look::onDeep());
-  // On a screen without the room for it the pages scroll.
+  // It grows with the letters. On a screen without the room for it the pages scroll.
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(windowEdges);
-  setFixedSize(QSize(pixels(MDIOpen::width), pixels(MDIOpen::height)).boundedTo(room.size()));
+  const QSize wanted(look::scaled(pixels(MDIOpen::width)), look::scaled(pixels(MDIOpen::height)));
+  setFixedSize(wanted.boundedTo(room.size()));
   screen.watch([this, &screen] { setWindowTitle(QString::fromStdString(screen.title())); });
 
   presentAs(*this, QAccessible::Window);
@@ -63,7 +81,7 @@ void Frame::keys() {
       {"Help", "Ctrl+F1"},   {"About", "Ctrl+0"},
   };
   for (const auto& [key, sequence] : items) {
-    auto* item = findChild<QAbstractButton*>(QStringLiteral("SSListBar1(%1)").arg(QLatin1String(key)));
+    auto* item = findChild<QAbstractButton*>(itemName(key));
     const QKeySequence keys(QString::fromLatin1(sequence));
     item->setToolTip(QStringLiteral("%1 (%2)").arg(item->text(), keys.toString(QKeySequence::NativeText)));
     onKey(keys, item->text(), [item] { item->click(); });
@@ -155,6 +173,28 @@ void Frame::openGroup(std::size_t group) {
 void Frame::tell(const QString& words) {
   notice_->tell(words);
   if (!words.isEmpty()) announce(words);
+}
+
+void Frame::confirm(const QString& words) {
+  area_->confirm(words);
+  if (!words.isEmpty()) announce(words);
+}
+
+void Frame::markPage() {
+  const Screen* front = desk.activeDocument();
+  QString here;
+  for (const auto& [screen, key] : itemOfScreen) {
+    if (front != nullptr && front->name() == screen) here = itemName(key);
+  }
+  for (const Group& group : groups_) {
+    bool inGroup = false;
+    for (auto* button : group.items->widget()->findChildren<QAbstractButton*>()) {
+      const bool current = button->objectName() == here;
+      static_cast<ListBarButton*>(button)->setCurrent(current);
+      inGroup = inGroup || current;
+    }
+    group.header->setHere(inGroup);
+  }
 }
 
 void Frame::announce(const QString& words) { announcer_->say(words); }

@@ -28,6 +28,10 @@ class Frame : public View {
   DocumentArea& area() const { return *area_; }
   /// Says in a line below the documents what the user must know; no words take the line away.
   void tell(const QString& words);
+  /// Says in the title strip of the page in front that something went well, until the focus moves on.
+  void confirm(const QString& words);
+  /// Marks the item of the list bar that leads to the page in front.
+  void markPage();
   /// Lets keys act in another window as they do in the frame.
   void lendKeys(QWidget& window, std::initializer_list<QKeySequence> keys);
   /// Says aloud what has happened, to who can't see it.

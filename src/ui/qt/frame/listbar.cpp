@@ -17,10 +17,25 @@ void BarButton::keyPressEvent(QKeyEvent* event) {
   QAbstractButton::keyPressEvent(event);
 }
 
+namespace {
+
+/// The mark at the left end of what leads to where the user is.
+void drawHere(QPainter& painter, const QRect& place) {
+  constexpr int thickness = 3;
+  painter.fillRect(QRect(place.topLeft(), QSize(thickness, place.height())), look::lightYellow);
+}
+
+}  // namespace
+
 GroupHeader::GroupHeader(const QString& caption, QWidget* parent) : BarButton(parent) {
   setText(caption);
   setObjectName(QStringLiteral("group ") + caption);
   setCheckable(true);
+}
+
+void GroupHeader::setHere(bool here) {
+  here_ = here;
+  update();
 }
 
 QSize GroupHeader::sizeHint() const { return {listBarWidth(), std::max(22, fontMetrics().height() + 8)}; }
@@ -30,6 +45,7 @@ void GroupHeader::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), isChecked() || underMouse() ? look::deepLighter : look::deep);
   painter.setPen(look::deepLine);
   painter.drawLine(rect().topLeft(), rect().topRight());
+  if (here_ && !isChecked()) drawHere(painter, rect().adjusted(0, 1, 0, 0));
   if (hasFocus()) {
     painter.setPen(look::lightYellow);
     painter.drawRect(rect().adjusted(2, 2, -3, -3));
@@ -60,6 +76,12 @@ ListBarButton::ListBarButton(QWidget* parent, const QString& pictureName) : BarB
 
 QSize ListBarButton::sizeHint() const { return {listBarWidth(), heightForWidth(listBarWidth())}; }
 
+void ListBarButton::setCurrent(bool current) {
+  current_ = current;
+  setAccessibleDescription(current ? QStringLiteral("The page in front") : QString());
+  update();
+}
+
 int ListBarButton::heightForWidth(int width) const {
   const QRect words =
       fontMetrics().boundingRect(QRect(0, 0, width - 8, 200), Qt::AlignHCenter | Qt::TextWordWrap, text());
@@ -68,7 +90,8 @@ int ListBarButton::heightForWidth(int width) const {
 
 void ListBarButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QRect inside = rect().adjusted(3, 1, -3, -1);
+  const QRect inside = rect().adjusted(4, 1, -4, -1);
+  if (current_) drawHere(painter, rect().adjusted(0, 1, 0, -1));
   if (highlighted || isDown()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(look::lightBlue);
@@ -91,7 +114,7 @@ void ListBarButton::paintEvent(QPaintEvent* /*event*/) {
   } else {
     icon().paint(&painter, pictureRect);
   }
-  painter.setPen(highlighted || isDown() ? look::deep : look::light);
+  painter.setPen(highlighted || isDown() ? look::deep : current_ ? look::lightYellow : look::light);
   painter.drawText(QRect(4, pictureRect.bottom() + 3, width() - 8, height() - pictureRect.bottom() - 3),
                    Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text());
 }

@@ -29,8 +29,14 @@ class GroupHeader : public BarButton, public Expander {
   GroupHeader(const QString& caption, QWidget* parent);
   QSize sizeHint() const override;
 
+  /// Marks the group that holds the item of the screen in front.
+  void setHere(bool here);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool here_ = false;
 };
 
 /// One item of the list bar: a picture above its caption, highlighted while the pointer is over it.
@@ -41,9 +47,15 @@ class ListBarButton : public BarButton {
   int heightForWidth(int width) const override;
 
   bool highlighted = false;
+  /// Marks the item whose screen is in front, for assistive technology too.
+  void setCurrent(bool current);
+  bool current() const { return current_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool current_ = false;
 };
 
 /// Binds an item's button; an item is no command button but clicks like one.

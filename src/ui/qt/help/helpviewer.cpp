@@ -21,6 +21,7 @@
 #include "controls/desk.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/frame/notice.h"
+#include "ui/qt/frame/placement.h"
 #include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
@@ -368,7 +369,9 @@ void DesktopHelp::openTopic(const QString& file, const QString& id) {
   if (missing) return;
   // A box that must be answered first lets nobody work another window but those above itself.
   QWidget* above = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : frame_.data();
+  const bool opens = !window_->isVisible();
   if (window_->parentWidget() != above) window_->setParent(above, window_->windowFlags());
+  if (opens) placeBeside(*window_, *frame_);
   window_->show();
   window_->raise();
   window_->activateWindow();

@@ -6,6 +6,7 @@
 #include <QLibrary>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QSaveFile>
 #include <cerrno>
 
@@ -15,7 +16,8 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// Why the job that has just gone to a printer wasn't taken, in the words of the print server; empty if it was.
+/// Why the job that has just gone to a printer wasn't taken; in the words of the print server where the printer is
+/// still there. Empty if it was taken.
 QString printTrouble(const QPrinter& printer) {
   if (printer.outputFormat() != QPrinter::NativeFormat) return {};
   // The toolkit hands the job to the print server and keeps its answer to itself. The server's library has it still.
@@ -26,7 +28,9 @@ QString printTrouble(const QPrinter& printer) {
   const auto words = reinterpret_cast<Words>(cups.resolve("cupsLastErrorString"));
   constexpr int firstError = 0x0400;  // those below are kinds of success
   if (status == nullptr || words == nullptr || status() < firstError) return {};
-  return QString::fromUtf8(words());
+  const QString answer = QString::fromUtf8(words());  // before the server is asked for its printers
+  if (QPrinterInfo::availablePrinterNames().contains(printer.printerName())) return answer;
+  return QStringLiteral("The printer %1 is gone.").arg(printer.printerName());
 }
 
 /// Puts a whole file in the place of another one, or leaves that as it is. The last bytes may be refused only when they
@@ -48,19 +52,22 @@ Outcome Paper::print(Dialogs& dialogs, QWidget& asking) const {
     // nothing.
     const QString path = printer.outputFileName();
     const QString trouble = write(path, &printer);
-    return trouble.isEmpty() ? QString()
-                             : QStringLiteral("The %1 couldn't be printed. %2: %3").arg(name, path, trouble);
+    if (trouble.isEmpty()) return Printed{true, QStringLiteral("Saved as %1").arg(path)};
+    return Printed{false, QStringLiteral("The %1 couldn't be printed. %2: %3").arg(name, path, trouble)};
   }
   const bool taken = draw(printer) && printer.printerState() != QPrinter::Error;
-  const QString trouble = taken ? printTrouble(printer) : printer.printerName();
-  return trouble.isEmpty() ? QString() : QStringLiteral("The %1 couldn't be printed. %2").arg(name, trouble);
+  QString trouble = printTrouble(printer);
+  if (!taken && trouble.isEmpty()) trouble = printer.printerName();
+  if (trouble.isEmpty()) return Printed{true, {}};
+  return Printed{false, QStringLiteral("The %1 couldn't be printed. %2").arg(name, trouble)};
 }
 
 Outcome Paper::save(Dialogs& dialogs, QWidget& asking) const {
   const QString path = dialogs.choosePdf(asking, file);
   if (path.isEmpty()) return std::nullopt;
   const QString trouble = write(path);
-  return trouble.isEmpty() ? QString() : QStringLiteral("The %1 couldn't be saved. %2: %3").arg(name, path, trouble);
+  if (trouble.isEmpty()) return Printed{true, QStringLiteral("Saved as %1").arg(path)};
+  return Printed{false, QStringLiteral("The %1 couldn't be saved. %2: %3").arg(name, path, trouble)};
 }
 
 Outcome Paper::printOrSave(Dialogs& dialogs, QWidget& asking) const {

@@ -12,9 +12,13 @@ namespace tallyfin::qt {
 
 class Dialogs;
 
-/// What the user must be told when something has been printed or saved, empty where that went well. None if he didn't
-/// want to after all.
-using Outcome = std::optional<QString>;
+/// Whether something has been printed or saved, and what the user must know of it. None if they didn't want to after
+/// all.
+struct Printed {
+  bool done;
+  QString words;
+};
+using Outcome = std::optional<Printed>;
 
 /// Something for paper or a PDF file.
 struct Paper {

@@ -55,8 +55,8 @@ int ScreenPrinter::printScreen(Screen& screen) {
                    .draw = [view](QPagedPaintDevice& device) { return drawWidget(*view, device); }};
   Frame& frame = static_cast<Frame&>(*view->window());
   const Outcome outcome = form.printOrSave(frame.dialogs(), frame);
-  if (outcome) frame.tell(*outcome);
-  return outcome && outcome->isEmpty() ? 1 : 0;
+  if (outcome) frame.tell(outcome->words);
+  return outcome && outcome->done ? 1 : 0;
 }
 
 }  // namespace tallyfin::qt

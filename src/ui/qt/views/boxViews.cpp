@@ -6,6 +6,7 @@
 
 #include "ui/MsgBox.h"
 #include "ui/frmAbt.h"
+#include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
 
@@ -22,11 +23,25 @@ class MsgBoxView : public View {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);
     layout->setSpacing(look::group);
-    layout->addWidget(heading(screen.Title));
-    layout->addWidget(label(screen.Text));
+    auto* words = new QVBoxLayout;
+    words->setSpacing(look::row);
+    words->addWidget(heading(screen.Title));
+    words->addWidget(label(screen.Text));
+    auto* sign = new QSvgWidget(QStringLiteral(":/pictures/warning.svg"), this);
+    sign->setFixedSize(look::scaled(signSide), look::scaled(signSide));
+    presentAs(*sign, QAccessible::Graphic);
+    sign->setAccessibleName(QStringLiteral("Warning"));
+    auto* top = new QHBoxLayout;
+    top->setSpacing(look::group);
+    top->addWidget(sign, 0, Qt::AlignTop);
+    top->addLayout(words);
+    layout->addLayout(top);
     QPushButton* ok = button(screen.OK);
     layout->addWidget(ok, 0, Qt::AlignRight);
   }
+
+ private:
+  static constexpr int signSide = 36;
 };
 
 class frmAbtView : public View {
@@ -35,6 +50,7 @@ class frmAbtView : public View {
     look::setGround(*this, look::onDeep());
     auto* picture = new QSvgWidget(QStringLiteral(":/pictures/about-box.svg"), this);
     picture->setAccessibleName(QStringLiteral("Tallyfin 99"));
+    picture->setAccessibleDescription(QStringLiteral("Version " TALLYFIN_VERSION));
     tied(picture, bindPlain(*picture, screen.imgAbout));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);

@@ -29,8 +29,8 @@ class frm2WorkersView : public WorksheetView {
     line(sheet, line2, result(screen_.lbl2WkerT1, whole(screen_.lblItem2, screen_.cmdTable1Show[0], screen_.lblTwo2)));
     comesOut(sheet, screen_.lblTwo3, screen_.lbl2Wker3);
     line(sheet, caption(screen_.lblTwoNote2));
-    foot(sheet, {footButton(screen_.cmdPersWrkCalc[2], "formw4-dark", "Form W4"),
-                 footButton(screen_.cmdW4Back[0], "forward", "Page 2")});
+    foot(sheet, {wordButton(screen_.cmdPersWrkCalc[2], "formw4-dark", "Form W4"),
+                 wordButton(screen_.cmdW4Back[0], "forward", "Page 2")});
   }
 
   void secondPage() {
@@ -44,10 +44,10 @@ class frm2WorkersView : public WorksheetView {
     enter(sheet, screen_.lbl2WkerLine8, screen_.lblMultiply8);
     enter(sheet, screen_.lbl2WkerLine9, screen_.lblDollarAmt);
     enter(sheet, screen_.lblNoPaydays, screen_.txtNumPayDays);
-    foot(sheet, {footButton(screen_.cmdW4Back[2], "calendar-dark", "Calendar"),
-                 footButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"),
-                 footButton(screen_.cmdPersWrkCalc[1], "formw4-dark", "Form W4"),
-                 footButton(screen_.cmdW4Back[1], "back", "Page 1")});
+    foot(sheet, {wordButton(screen_.cmdW4Back[2], "calendar-dark", "Calendar"),
+                 wordButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"),
+                 wordButton(screen_.cmdPersWrkCalc[1], "formw4-dark", "Form W4"),
+                 wordButton(screen_.cmdW4Back[1], "back", "Page 1")});
   }
 
   /// The sentence as it reads with its button in the gap.

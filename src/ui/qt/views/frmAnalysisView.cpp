@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 
+#include "ui/qt/frame/frame.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
 #include "whatif/frmAnalysis.h"
@@ -41,6 +42,7 @@ class frmAnalysisView : public View {
       std::string rows;
       for (int i = 0; i < 10; ++i) rows += screen.lblAnalysis[i].caption() + '\t' + screen.lblOne[i].caption() + '\n';
       QGuiApplication::clipboard()->setText(QString::fromStdString(rows));
+      static_cast<Frame&>(*window()).confirm(QStringLiteral("Copied"));
     });
     addAction(copy);
     setContextMenuPolicy(Qt::ActionsContextMenu);

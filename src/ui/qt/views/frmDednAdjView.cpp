@@ -26,7 +26,7 @@ class frmDednAdjView : public WorksheetView {
     comesOut(sheet, screen_.lblItem2, screen_.lblGetPersDed);
     optionLines(sheet, screen_.optDedCategory);
     comesOut(sheet, screen_.lblItem3, screen_.lblSubTotal);
-    foot(sheet, {footButton(screen_.cmdW4Back[0], "forward", "Page 2")});
+    foot(sheet, {wordButton(screen_.cmdW4Back[0], "forward", "Page 2")});
   }
 
   void secondPage() {
@@ -38,8 +38,8 @@ class frmDednAdjView : public WorksheetView {
     comesOut(sheet, screen_.lblDnJ8, screen_.lblDivide);
     comesOut(sheet, screen_.lblDnJ9, screen_.lblPersWrkShtDeps);
     comesOut(sheet, screen_.lblDnJ10, screen_.lblTotal10);
-    foot(sheet, {footButton(screen_.cmdPersWrkCalc, "calculate-dark", "Calculate"),
-                 footButton(screen_.cmdW4Back[1], "back", "Page 1")});
+    foot(sheet, {wordButton(screen_.cmdPersWrkCalc, "calculate-dark", "Calculate"),
+                 wordButton(screen_.cmdW4Back[1], "back", "Page 1")});
   }
 
   frmDednAdj& screen_;

@@ -30,7 +30,7 @@ class frmMainView : public View {
   explicit frmMainView(frmMain& screen) : View(screen), screen_(screen) {
     look::setGround(*this, look::onDeep());
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(look::edge, look::row, look::edge, look::row);
+    layout->setContentsMargins(look::edge, 6, look::edge, 6);
     layout->setSpacing(look::group);
     layout->addLayout(inputs());
     layout->addLayout(results(), 1);
@@ -93,9 +93,9 @@ class frmMainView : public View {
   }
 
   QListWidget* frequency() {
-    QListWidget* widget = list(screen_.lstFrequency);
+    FramedList* widget = list(screen_.lstFrequency);
     widget->setAccessibleName(QStringLiteral("Pay frequency"));
-    widget->setFixedHeight(heightOfRows(*widget, 4));
+    widget->setRows(widget->count());
     return widget;
   }
 
@@ -136,28 +136,58 @@ class frmMainView : public View {
 
   QLayout* results() {
     auto* column = new QVBoxLayout;
-    column->setSpacing(look::row);
+    column->setSpacing(look::tight);
     column->addLayout(toolbar());
+    column->addSpacing(2);
     column->addWidget(grid());
+    column->addWidget(remark());
     column->addStretch();
     column->addLayout(strip());
     return column;
   }
 
+  /// The five buttons in their order, in two rows: every one has its word, and Calculate, the main action, stands out.
   QLayout* toolbar() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(look::tight);
-    const auto add = [&](int index, const char* picture, const char* name) {
-      row->addWidget(pictureButton(screen_.cmdToolBar[index], picture, name, {30, 26}));
+    auto* rows = new QVBoxLayout;
+    rows->setSpacing(look::tight);
+    auto* first = new QHBoxLayout;
+    auto* second = new QHBoxLayout;
+    const auto add = [this](QHBoxLayout* row, int index, const char* picture, const char* word, int stretch) {
+      QPushButton* widget = wordButton(screen_.cmdToolBar[index], picture, word);
+      widget->setFixedHeight(look::scaled(toolHeight));
+      row->addWidget(widget, stretch);
+      return widget;
     };
-    add(frmMain::clear, "clear", "Clear");
-    add(frmMain::calculate, "calculate", "Calculate");
-    add(frmMain::print, "print", "Print");
-    add(frmMain::exit, "exit", "Exit");
-    row->addStretch();
-    row->addWidget(button(screen_.cmdToolBar[frmMain::sponsorInfo]));
-    return row;
+    for (QHBoxLayout* row : {first, second}) {
+      row->setSpacing(look::tight);
+      rows->addLayout(row);
+    }
+    add(first, frmMain::clear, "clear", "Clear", 0);
+    QPushButton* calculate = add(first, frmMain::calculate, "calculate-dark", "Calculate", 1);
+    QFont bold = calculate->font();
+    bold.setBold(true);
+    calculate->setFont(bold);
+    colour(calculate, look::mainAction());
+    add(second, frmMain::print, "print", "Print", 0);
+    add(second, frmMain::exit, "exit", "Exit", 0);
+    QPushButton* sponsors = button(screen_.cmdToolBar[frmMain::sponsorInfo]);
+    sponsors->setFixedHeight(look::scaled(toolHeight));
+    second->addWidget(sponsors, 1);
+    return rows;
   }
+
+  /// Why the federal tax of the results is zero where no pay frequency is chosen.
+  QLabel* remark() {
+    remark_ = new QLabel(QStringLiteral("Federal tax needs a pay frequency."), this);
+    remark_->setObjectName(QStringLiteral("remark"));
+    QPalette yellow = look::onDeep();
+    yellow.setColor(QPalette::WindowText, look::lightYellow);
+    remark_->setPalette(yellow);
+    remark_->setVisible(lacksFrequency());
+    return remark_;
+  }
+
+  bool lacksFrequency() const { return holdsResults() && screen_.lstFrequency.index() < 0; }
 
   QTableWidget* grid() {
     auto* table = new QTableWidget(0, 2, this);
@@ -171,7 +201,7 @@ class frmMainView : public View {
     header->setPalette(look::lightFace());
     header->setSectionResizeMode(0, QHeaderView::Stretch);
     header->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    const int rowHeight = fontMetrics().height() + 6;
+    const int rowHeight = fontMetrics().height() + look::tight;
     header->setFixedHeight(rowHeight);
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(rowHeight);
@@ -197,7 +227,7 @@ class frmMainView : public View {
       const auto* title = table.item(table.currentRow(), 0);
       if (title != nullptr && holdsResults()) ExplanationWindow::open(frame(), title->text());
     };
-    const auto copyRows = [&table] {
+    const auto copyRows = [this, &table] {
       QString rows;
       const QItemSelectionModel& selected = *table.selectionModel();
       for (int row = 0; row < table.rowCount(); ++row) {
@@ -205,6 +235,7 @@ class frmMainView : public View {
         rows += table.item(row, 0)->text() + '\t' + table.item(row, 1)->text() + '\n';
       }
       QGuiApplication::clipboard()->setText(rows);
+      frame().confirm(QStringLiteral("Copied"));
     };
     auto* how = new QAction(QStringLiteral("&How this was worked out"), &table);
     how->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
@@ -250,23 +281,28 @@ class frmMainView : public View {
       table.setItem(row, 0, title);
       table.setItem(row, 1, value);
     }
+    if (remark_ != nullptr) remark_->setVisible(lacksFrequency());
     if (!holdsResults()) return;
     ExplanationWindow::follow(frame());
     const int last = table.rowCount() - 1;
-    frame().announce(table.item(last, 0)->text() + ' ' + table.item(last, 1)->text());
+    const QString check = table.item(last, 0)->text() + ' ' + table.item(last, 1)->text();
+    frame().announce(lacksFrequency() ? check + QStringLiteral(". ") + remark_->text() : check);
   }
 
   /// The eight figures with their names, so that a raise can be seen.
   QLayout* strip() {
     auto* grid = new QGridLayout;
     grid->setVerticalSpacing(1);
+    grid->setHorizontalSpacing(look::tight);
+    grid->setColumnMinimumWidth(2, look::row);
     const auto add = [&](int place, const char* title, Label& control) {
+      const int column = place / 4 * 3;
       auto* name = new QLabel(QString::fromLatin1(title), this);
       QLabel* value = figure(control);
       value->setAccessibleName(name->text());
       name->setBuddy(value);
-      grid->addWidget(name, place % 4, place / 4 * 2);
-      grid->addWidget(value, place % 4, place / 4 * 2 + 1);
+      grid->addWidget(name, place % 4, column);
+      grid->addWidget(value, place % 4, column + 1);
     };
     add(0, "Federal", screen_.lbl1);
     add(1, "State", screen_.lbl2);
@@ -276,11 +312,14 @@ class frmMainView : public View {
     add(5, "Pre-FICA", screen_.lbl5);
     add(6, "Soc. Sec.", screen_.lbl6);
     add(7, "Medicare", screen_.lbl7);
-    for (const int column : {1, 3}) grid->setColumnStretch(column, 1);
+    for (const int column : {1, 4}) grid->setColumnStretch(column, 1);
     return grid;
   }
 
+  static constexpr int toolHeight = 24;
+
   frmMain& screen_;
+  QLabel* remark_ = nullptr;
 };
 
 }  // namespace

@@ -64,9 +64,9 @@ class frmMiscView : public PagedView {
     row->addWidget(rate);
     layout.addLayout(row);
     layout.addWidget(paragraph(screen_.lblInstruct));
-    QListWidget* bases = list(screen_.lstGrossPay);
+    FramedList* bases = list(screen_.lstGrossPay);
     bases->setAccessibleName(QStringLiteral("What the local tax is taken from"));
-    bases->setFixedHeight(heightOfRows(*bases, bases->count()));
+    bases->setRows(bases->count());
     layout.addWidget(bases);
     layout.addStretch();
     layout.addWidget(command(button(screen_.cmdExit[0])), 0, Qt::AlignRight);
@@ -96,8 +96,8 @@ class frmMiscView : public PagedView {
     auto* foot = new QHBoxLayout;
     foot->setSpacing(look::row);
     foot->addStretch();
-    foot->addWidget(command(pictureButton(screen_.cmdExit[1], "raise-dark", "Work out the raise", commandSize(), 20)));
-    foot->addWidget(command(pictureButton(screen_.cmdExit[2], "exit-dark", "Close", commandSize(), 20)));
+    foot->addWidget(command(wordButton(screen_.cmdExit[1], "raise-dark", "Raise")));
+    foot->addWidget(command(wordButton(screen_.cmdExit[2], "exit-dark", "Close")));
     layout.addLayout(foot);
   }
 

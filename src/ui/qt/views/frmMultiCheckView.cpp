@@ -141,10 +141,10 @@ class frmMultiCheckView : public View {
     auto* row = new QHBoxLayout;
     row->addStretch();
     const auto add = [&](CommandButton& control, const char* picture, const char* name) {
-      row->addWidget(pictureButton(control, picture, name, {48, 30}, 20));
+      row->addWidget(wordButton(control, picture, name));
     };
     add(screen_.cmdCalc, "calculate-dark", "Calculate");
-    add(screen_.cmdGoBack, "back", "Go To Main Worksheet");
+    add(screen_.cmdGoBack, "back", "Main Worksheet");
     return row;
   }
 

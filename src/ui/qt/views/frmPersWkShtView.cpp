@@ -38,7 +38,7 @@ class frmPersWkShtView : public WorksheetView {
     explained(sheet, screen_.chkPersWkShtA[2], {&screen_.lblItem3});
     enter(sheet, screen_.lblPersWrkNoDeps, screen_.txtPersWkEnterDeps);
     explained(sheet, screen_.chkPersWkShtA[4], {});
-    foot(sheet, {footButton(screen_.cmdW4Back[0], "forward", "Page 2")});
+    foot(sheet, {wordButton(screen_.cmdW4Back[0], "forward", "Page 2")});
   }
 
   void secondPage() {
@@ -55,8 +55,8 @@ class frmPersWkShtView : public WorksheetView {
     auto* last = new QHBoxLayout;
     last->setSpacing(look::tight);
     last->addWidget(instruction(2), 1);
-    last->addWidget(footButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"));
-    last->addWidget(footButton(screen_.cmdW4Back[1], "back", "Page 1"));
+    last->addWidget(wordButton(screen_.cmdPersWrkCalc[0], "calculate-dark", "Calculate"));
+    last->addWidget(wordButton(screen_.cmdW4Back[1], "back", "Page 1"));
     sheet->addLayout(last);
     sheet->addStretch();
   }

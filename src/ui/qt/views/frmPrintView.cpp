@@ -35,7 +35,7 @@ class frmPrintView : public View {
   }
 
   /// The model doesn't maximise this screen; it takes the frame's whole document area all the same.
-  QSize sizeHint() const override { return QSize(468, 372).expandedTo(minimumSizeHint()); }
+  QSize sizeHint() const override { return QSize(look::scaled(468), look::scaled(372)).expandedTo(minimumSizeHint()); }
 
  protected:
   QWidget* firstControl() const override { return preview_; }
@@ -43,25 +43,30 @@ class frmPrintView : public View {
  private:
   QLayout* toolbar(frmPrint& screen) {
     auto* row = new QHBoxLayout;
-    const auto add = [row](QPushButton* widget, const char* picture, const char* name) {
-      showPicture(*widget, picture, name, {34, 28}, 20);
+    row->setSpacing(look::tight);
+    const auto add = [row](QPushButton* widget, const char* picture, const char* name, const char* word = nullptr) {
+      showPicture(*widget, picture, name, {look::scaled(toolWidth), look::scaled(toolHeight)}, 20);
+      if (word != nullptr) {
+        widget->setMaximumWidth(QWIDGETSIZE_MAX);
+        showWord(*widget, picture, word);
+      }
       widget->setToolTip(widget->accessibleName());
       row->addWidget(widget);
       return widget;
     };
+    const auto own = [this, add](const char* picture, const char* name, const char* word, auto press) {
+      return add(ownButton(picture, press), picture, name, word);
+    };
+    auto* page = own("fitpage", "Fit page", "Fit", [this] { zoom_->setValue(preview_->fitting(true)); });
+    auto* width = own("fitwidth", "Fit width", nullptr, [this] { zoom_->setValue(preview_->fitting(false)); });
+    previous_ = own("previous", "Previous page", nullptr, [this] { turnTo(preview_->page() - 1); });
+    next_ = own("next", "Next page", nullptr, [this] { turnTo(preview_->page() + 1); });
+    row->addSpacing(look::tight);
+    print_ = own("print", "Print", "Print", [this] { print(); });
+    save_ = own("savepdf", "Save as PDF", "PDF", [this] { savePdf(); });
+    row->addSpacing(look::tight);
     add(button(screen.cmdPrintMenu[0]), "report", "Make the report again");
     add(button(screen.cmdPrintMenu[1]), "close", "Close");
-    row->addSpacing(look::row);
-    const auto own = [this, add](const char* picture, const char* name, auto press) {
-      return add(ownButton(picture, press), picture, name);
-    };
-    print_ = own("print", "Print", [this] { print(); });
-    save_ = own("savepdf", "Save as PDF", [this] { savePdf(); });
-    row->addSpacing(look::row);
-    previous_ = own("previous", "Previous page", [this] { turnTo(preview_->page() - 1); });
-    next_ = own("next", "Next page", [this] { turnTo(preview_->page() + 1); });
-    auto* width = own("fitwidth", "Fit width", [this] { zoom_->setValue(preview_->fitting(false)); });
-    auto* page = own("fitpage", "Fit page", [this] { zoom_->setValue(preview_->fitting(true)); });
     pressOn(Qt::ALT | Qt::Key_W, width);
     pressOn(Qt::ALT | Qt::Key_A, page);
     pressOn(QKeySequence::Print, print_);
@@ -141,11 +146,11 @@ class frmPrintView : public View {
           QStringLiteral("No printer is set up on this computer. You can save the report as a PDF file and "
                          "print that elsewhere."));
     }
-    if (const Outcome outcome = paper_.print(frame().dialogs(), *this)) tell(*outcome);
+    if (const Outcome outcome = paper_.print(frame().dialogs(), *this)) tell(outcome->words);
   }
 
   void savePdf() {
-    if (const Outcome outcome = paper_.save(frame().dialogs(), *this)) tell(*outcome);
+    if (const Outcome outcome = paper_.save(frame().dialogs(), *this)) tell(outcome->words);
   }
 
   /// Says in a line of this screen what the user must know; no words take the line away.
@@ -153,6 +158,9 @@ class frmPrintView : public View {
     notice_->tell(words);
     if (!words.isEmpty()) frame().announce(words);
   }
+
+  static constexpr int toolWidth = 30;
+  static constexpr int toolHeight = 28;
 
   PrintEngine& engine_;
   Paper paper_{.name = QStringLiteral("report"),

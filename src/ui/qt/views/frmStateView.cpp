@@ -22,11 +22,12 @@ namespace tallyfin::qt {
 namespace {
 
 constexpr int explanationLines = 4;
+constexpr int acceptHeight = 32;
 
 class frmStateView : public View {
  public:
   explicit frmStateView(frmState& screen) : View(screen), screen_(screen) {
-    look::setGround(*this, look::onDeep());
+    look::setGround(*this, look::onDeeper());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, look::row, 6, look::row);  // the captions need the width
     layout->setSpacing(0);
@@ -119,7 +120,9 @@ class frmStateView : public View {
     name(title, edit, 'W');
     row->addWidget(edit, 1, Qt::AlignTop);
     row->addWidget(exempt());
-    row->addWidget(pictureButton(screen_.cmdAccept, "accept", "Accept", {44, 36}, 24), 0, Qt::AlignBottom);
+    QPushButton* accept = wordButton(screen_.cmdAccept, "accept", "Accept");
+    accept->setFixedHeight(look::scaled(acceptHeight));
+    row->addWidget(accept, 0, Qt::AlignBottom);
     column->addLayout(row);
     return column;
   }

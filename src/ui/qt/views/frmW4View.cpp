@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -90,16 +91,50 @@ class FormTick : public Button {
   }
 };
 
-/// A box without a frame: the form's own rules are around it.
-class FormBox : public QLineEdit {
+/// A box without a frame: the form's own rules are around it. On paper its text is whole: in smaller letters where it
+/// is too long, in more than one line where these would be too small to read.
+class FormBox : public Box {
  public:
-  explicit FormBox(QWidget* parent) : QLineEdit(parent) { setFrame(false); }
+  explicit FormBox(QWidget* parent) : Box(parent) { setFrame(false); }
 
  protected:
   void paintEvent(QPaintEvent* event) override {
-    QLineEdit::paintEvent(event);
+    {
+      QPainter painter(this);
+      if (painter.paintEngine()->type() == QPaintEngine::Picture) return drawOnPaper(painter);  // what is printed
+    }
+    Box::paintEvent(event);
     QPainter painter(this);
     showFocus(painter, *this);
+  }
+
+ private:
+  static constexpr double leastPoints = 7 / 1.5;  ///< The form is half as large again on paper.
+  static constexpr double step = 0.25;
+
+  void drawOnPaper(QPainter& painter) const {
+    const QRectF room = QRectF(rect().marginsRemoved(textMargins())).adjusted(2, 0, -2, 0);
+    const double allowed = 0.98 * room.width();  // letters are a little wider on paper
+    constexpr int lines = static_cast<int>(Qt::AlignLeft) | Qt::TextWordWrap | Qt::TextWrapAnywhere;
+    const auto inLines = [&](const QFont& letters) {
+      return QFontMetricsF(letters).boundingRect(QRectF(0, 0, allowed, 10 * room.height()), lines, text()).height();
+    };
+    QFont letters = font();
+    const auto shrinkWhile = [&](const auto& tooLarge, double least) {
+      for (double points = font().pointSizeF(); tooLarge() && points - step >= least;) {
+        letters.setPointSizeF(points -= step);
+      }
+    };
+    const auto tooWide = [&] { return QFontMetricsF(letters).horizontalAdvance(text()) > allowed; };
+    shrinkWhile(tooWide, leastPoints);
+    const bool oneLine = !tooWide();
+    if (!oneLine) {
+      letters = font();
+      shrinkWhile([&] { return inLines(letters) > room.height(); }, step);
+    }
+    painter.setFont(letters);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | (oneLine ? Qt::TextSingleLine : lines), text());
   }
 };
 
@@ -292,7 +327,8 @@ class frmW4View : public View {
     auto* row = new QHBoxLayout;
     row->setContentsMargins(0, space, 0, 0);
     QLabel* hint = label(screen_.lblPrint);
-    QPushButton* exit = pictureButton(screen_.cmdW4Exit, "exit-dark", "Close the form", {34, 22});
+    QPushButton* exit = wordButton(screen_.cmdW4Exit, "exit-dark", "Close");
+    exit->setFixedHeight(look::scaled(22));
     row->addWidget(hint, 1);
     row->addWidget(exit);
     return row;

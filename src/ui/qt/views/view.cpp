@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
@@ -79,7 +78,18 @@ void View::onKey(const QKeySequence& key, const QString& words, std::function<vo
   keys_.push_back(shortcut);
 }
 
+namespace {
+
+/// Names a widget's key in its tooltip, behind what it is where it has none.
+void tellKey(QWidget& widget, const QKeySequence& key, const QString& name) {
+  const QString words = widget.toolTip().isEmpty() ? name : widget.toolTip();
+  widget.setToolTip(QStringLiteral("%1 (%2)").arg(words, key.toString(QKeySequence::NativeText)));
+}
+
+}  // namespace
+
 void View::pressOn(const QKeySequence& key, QAbstractButton* button) {
+  tellKey(*button, key, nameOf(*button));
   onKey(key, nameOf(*button), [this, button] {
     if (inSight(*button)) button->click();
   });
@@ -97,6 +107,7 @@ void View::lineKeys(std::initializer_list<std::pair<char, Control*>> lines) {
 }
 
 void View::goOn(const QKeySequence& key, QWidget* widget) {
+  tellKey(*widget, key, widget->accessibleName());
   onKey(key, widget->accessibleName(), [this, widget] {
     if (inSight(*widget)) enteredAt(*widget).setFocus(Qt::ShortcutFocusReason);
   });
@@ -140,7 +151,7 @@ QLabel* View::figure(Label& control) {
 }
 
 QLineEdit* View::box(TextBox& control, Pasted pasted) {
-  auto* widget = new QLineEdit(this);
+  auto* widget = new Box(this);
   return tied(widget, bind(*widget, control, pasted));
 }
 
@@ -161,6 +172,20 @@ QPushButton* View::pictureButton(CommandButton& control, const char* picture, co
   QPushButton* widget = button(control);
   showPicture(*widget, picture, name, size, side);
   return widget;
+}
+
+QPushButton* View::wordButton(CommandButton& control, const char* picture, const char* word) {
+  QPushButton* widget = button(control);
+  showWord(*widget, picture, word);
+  return widget;
+}
+
+void View::showWord(QPushButton& button, const char* picture, const char* word) {
+  constexpr int side = 16;
+  button.setIcon(look::picture(QString::fromLatin1(picture)));
+  button.setIconSize({side, side});
+  button.setText(QString::fromLatin1(word));
+  button.setMinimumWidth(side + button.fontMetrics().horizontalAdvance(button.text()) + 2 * look::row);
 }
 
 void View::showPicture(QPushButton& button, const char* picture, const char* name, QSize size, int side) {
@@ -189,44 +214,22 @@ QCheckBox* View::check(CheckBox& control) {
   return tied(widget, bind(*widget, control));
 }
 
-namespace {
-
-constexpr int offEdge = 2;
-
-/// A list whose rows keep off its edge, which they would cover between whole pixels.
-class FramedList : public QListWidget {
- public:
-  explicit FramedList(QWidget* parent) : QListWidget(parent) {
-    setFrameShape(QFrame::NoFrame);
-    setViewportMargins(offEdge, offEdge, offEdge, offEdge);
-    setBackgroundRole(QPalette::Base);
-    setAutoFillBackground(true);
-  }
-
- protected:
-  bool event(QEvent* event) override {
-    const bool done = QListWidget::event(event);
-    if (event->type() == QEvent::Paint) {
-      QPainter painter(this);
-      look::drawEdge(painter, rect(), palette().color(QPalette::WindowText));
-    }
-    return done;
-  }
-};
-
-}  // namespace
-
-int View::heightOfRows(const QListWidget& list, int rows) { return rows * list.sizeHintForRow(0) + 2 * offEdge; }
-
-QListWidget* View::list(ListBox& control, Choose choose) {
+FramedList* View::list(ListBox& control, Choose choose) {
   auto* widget = new FramedList(this);
   return tied(widget, bind(*widget, control, choose));
 }
+
+namespace {
+
+constexpr int visibleEntries = 12;  ///< Of an open list; the others are scrolled to.
+
+}  // namespace
 
 QComboBox* View::dropDown(DropDown& control) {
   auto* widget = new DropDownBox(this);
   tied(widget, bind(*widget, control));
   colour(widget, look::lightFace());
+  widget->setMaxVisibleItems(visibleEntries);
   return widget;
 }
 
@@ -234,6 +237,7 @@ QComboBox* View::dropDown(EditableDropDown& control) {
   auto* widget = new DropDownBox(this);
   tied(widget, bind(*widget, control));
   colour(widget, look::lightFace());
+  widget->setMaxVisibleItems(visibleEntries);
   return widget;
 }
 

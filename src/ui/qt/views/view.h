@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "ui/qt/binding/binding.h"
+#include "ui/qt/widgets/fields.h"
 
 class QButtonGroup;
 class QComboBox;
-class QFrame;
 class QGridLayout;
 class QPushButton;
 class QShortcut;
@@ -59,16 +59,17 @@ class View : public QWidget {
   QPushButton* button(CommandButton& control);
   /// A button that shows a picture, of a side in pixels, instead of a caption.
   QPushButton* pictureButton(CommandButton& control, const char* picture, const char* name, QSize size, int side = 18);
-  /// The same for a button of the view's own.
+  /// A button that shows a picture and a word, which the control has none of.
+  QPushButton* wordButton(CommandButton& control, const char* picture, const char* word);
+  /// The same for buttons of the view's own.
+  static void showWord(QPushButton& button, const char* picture, const char* word);
   static void showPicture(QPushButton& button, const char* picture, const char* name, QSize size, int side);
   /// Options that exclude one another, in one group of the keyboard.
   std::vector<QRadioButton*> options(std::initializer_list<OptionButton*> controls);
   template <int count>
   std::vector<QRadioButton*> options(ControlArray<OptionButton, count>& controls);
   QCheckBox* check(CheckBox& control);
-  QListWidget* list(ListBox& control, Choose choose = Choose::byMoving);
-  /// The height of a list that shows so many rows.
-  static int heightOfRows(const QListWidget& list, int rows);
+  FramedList* list(ListBox& control, Choose choose = Choose::byMoving);
   QComboBox* dropDown(DropDown& control);
   QComboBox* dropDown(EditableDropDown& control);
 
@@ -91,7 +92,7 @@ class View : public QWidget {
   static void letter(QAbstractButton* button, char letter);
   /// A key that acts while this page is the active one, whatever has the keyboard; the words tell what it does.
   void onKey(const QKeySequence& key, const QString& words, std::function<void()> act);
-  /// A key that presses a button, or goes to a widget, if it is in sight.
+  /// A key that presses a button, or goes to a widget, if it is in sight. The tooltip names it.
   void pressOn(const QKeySequence& key, QAbstractButton* button);
   void pressOn(const QKeySequence& key, const CommandButton& control);
   void goOn(const QKeySequence& key, QWidget* widget);

@@ -49,9 +49,6 @@ class WorksheetView : public PagedView {
   void comesOut(QBoxLayout* page, Label& words, Label& figure) {
     line(page, caption(words), result(figure, wordsOf(words)));
   }
-  QPushButton* footButton(CommandButton& control, const char* picture, const char* name) {
-    return pictureButton(control, picture, name, {34, 26});
-  }
   /// A line whose words surround a button.
   QWidget* sentence(Label& first, CommandButton& button, Label& second);
 

@@ -1,0 +1,340 @@
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QClipboard>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <QSvgRenderer>
+#include <QToolTip>
+
+#include "contrast.h"
+#include "desktoptest.h"
+#include "ui/qt/frame/document.h"
+#include "ui/qt/frame/listbar.h"
+#include "ui/qt/frame/placement.h"
+#include "ui/qt/widgets/look.h"
+
+/// What a person sees of texts, lists, marks and notices, whatever the size of the font and the screen.
+
+namespace tallyfin::qt {
+
+namespace {
+
+class Legibility : public DesktopTest {
+ protected:
+  ~Legibility() override { QApplication::setFont(normal_); }
+
+  /// As on a desktop whose font has 15 points.
+  static void enlargeFont() { look::applyFont(*qApp, 15); }
+  static const Document& documentOf(const QWidget& view) {
+    const QWidget* part = &view;
+    while (dynamic_cast<const Document*>(part) == nullptr) part = part->parentWidget();
+    return static_cast<const Document&>(*part);
+  }
+  std::string confirmed(const char* screen) const {
+    return documentOf(view(screen)).findChild<QLabel*>("confirmed")->text().toStdString();
+  }
+  static std::string tooltipOf(QWidget& widget) {
+    QHelpEvent event(QEvent::ToolTip, widget.rect().center(), widget.mapToGlobal(widget.rect().center()));
+    QApplication::sendEvent(&widget, &event);
+    const std::string words = QToolTip::text().toStdString();
+    QToolTip::hideText();
+    return words;
+  }
+  static void expectAllRowsInView(const QListWidget& list) {
+    EXPECT_EQ(list.verticalScrollBar()->maximum(), 0);
+    for (int row = 0; row < list.count(); ++row) {
+      const QRect place = list.visualItemRect(list.item(row));
+      EXPECT_TRUE(list.viewport()->rect().contains(QRect(place.topLeft(), QSize(1, place.height())))) << row;
+    }
+  }
+
+ private:
+  QFont normal_ = QApplication::font();
+};
+
+const std::string longAddress = "17 North Second Street, Apartment 3, care of the harbor master";
+
+// --- Texts that are longer than their box
+
+TEST_F(Legibility, ABoxWithoutTheFocusShowsTheBeginningOfItsText) {
+  stored(section::user, "UAdd", longAddress);
+  startOnMain();
+  clickItem("W4");
+  auto& box = find<QLineEdit>("frmW4", "txtAddress");
+  EXPECT_EQ(box.cursorPosition(), 0);
+  EXPECT_EQ(tooltipOf(box), longAddress);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Value).toStdString(), longAddress);
+  click(box);
+  QTest::keyClick(&box, Qt::Key_End);
+  EXPECT_EQ(box.cursorPosition(), static_cast<int>(longAddress.size()));
+  click("frmW4", "txtCity");
+  EXPECT_EQ(box.cursorPosition(), 0);
+}
+
+TEST_F(Legibility, ABoxThatShowsItsWholeTextNeedsNoTooltip) {
+  stored(section::user, "UAdd", "1 Elm St");
+  startOnMain();
+  clickItem("W4");
+  EXPECT_EQ(tooltipOf(find("frmW4", "txtAddress")), "");
+}
+
+// --- Lists
+
+TEST_F(Legibility, TheFrequencyListShowsItsFourRowsWhateverIsChosen) {
+  startOnMain();
+  const auto& list = find<QListWidget>("frmMain", "lstFrequency");
+  for (const char* entry : {"Monthly", "Weekly", "Every Two Weeks"}) {
+    choose("frmMain", "lstFrequency", entry);
+    expectAllRowsInView(list);
+  }
+}
+
+TEST_F(Legibility, TheBasesOfTheLocalTaxNeedNoScrolling) {
+  enlargeFont();
+  startOnMain();
+  click("frmMain", "cmdAdditional(0)");
+  choose("frmMisc", "lstGrossPay", "Gross pay less Deps Deduction");
+  expectAllRowsInView(find<QListWidget>("frmMisc", "lstGrossPay"));
+}
+
+TEST_F(Legibility, AnOpenListShowsTwelveRowsWithAnEdge) {
+  startOnMain();
+  auto& box = find<QComboBox>("frmMain", "cboState");
+  box.showPopup();
+  settle();
+  QWidget& popup = *box.view()->window();
+  const int row = box.view()->sizeHintForRow(0);
+  EXPECT_GE(box.view()->height(), 12 * row);
+  EXPECT_LT(box.view()->height(), 13 * row);
+  const QImage picture = popup.grab().toImage();
+  const QColor inside = box.palette().color(QPalette::Base);
+  for (const QPoint& place : {QPoint(0, picture.height() / 2), QPoint(picture.width() / 2, 0),
+                              QPoint(picture.width() / 2, picture.height() - 1)}) {
+    EXPECT_GE(contrast(inside, picture.pixelColor(place)), 3) << place.x() << ", " << place.y();
+  }
+  box.hidePopup();
+}
+
+// --- Larger letters
+
+TEST_F(Legibility, TheFrameGrowsWithTheLettersAndTheResultsAreWhole) {
+  enlargeFont();
+  startOnMain();
+  choose("frmMain", "lstFrequency", "Weekly");
+  click("frmMain", "cmdToolBar(0)");
+  const QSize room = QGuiApplication::primaryScreen()->availableGeometry().size();
+  EXPECT_EQ(frame().width(), std::min(look::scaled(586), room.width() - 8));
+  EXPECT_GT(frame().width(), 586);
+  auto& table = find<QTableWidget>("frmMain", "dbgDisplay");
+  EXPECT_EQ(table.visibleRegion().boundingRect(), table.rect());
+  for (int row = 0; row < table.rowCount(); ++row) {
+    const QRect place = table.visualItemRect(table.item(row, 1));
+    EXPECT_TRUE(table.viewport()->rect().contains(place)) << row;
+    EXPECT_LE(QFontMetrics(table.item(row, 1)->font()).horizontalAdvance(table.item(row, 1)->text()), place.width());
+  }
+  for (const char* figure : {"lbl1", "lbl8"}) {
+    const QWidget& label = find("frmMain", figure);
+    EXPECT_EQ(label.visibleRegion().boundingRect(), label.rect()) << figure;
+  }
+}
+
+// --- Contrast of the state options
+
+TEST_F(Legibility, TheStateOptionsStandOut) {
+  startOnMain();
+  clickItem("StateInfo");
+  choose("frmState", "cboState", "California");
+  click("frmState", "op3Marital(8)");
+  click("frmState", "mskAdditional");
+  const QWidget& option = find("frmState", "op3Marital(8)");
+  const QImage picture = const_cast<QWidget&>(option).grab().toImage();
+  const QColor ground = view("frmState").palette().color(QPalette::Window);
+  EXPECT_EQ(option.palette().color(QPalette::WindowText), QColor(255, 128, 128));
+  EXPECT_GE(contrast(ground, QColor(255, 128, 128)), 4.5);
+  const int middle = option.height() / 2;
+  const QColor dot = picture.pixelColor(8, middle);
+  const QColor around = picture.pixelColor(4, middle);
+  EXPECT_GE(contrast(dot, around), 3) << dot.name().toStdString() << " on " << around.name().toStdString();
+}
+
+// --- The main action, keys in tooltips
+
+TEST_F(Legibility, CalculateIsTheMainActionAndEveryToolHasItsWord) {
+  startOnMain();
+  const std::vector<std::pair<int, std::string>> words{{0, "Calculate"}, {1, "Print"}, {2, "Clear"}, {3, "Exit"}};
+  for (const auto& [index, word] : words) {
+    auto& button = find<QPushButton>("frmMain", QStringLiteral("cmdToolBar(%1)").arg(index));
+    EXPECT_EQ(button.text().toStdString(), word);
+    EXPECT_FALSE(button.icon().isNull()) << word;
+    EXPECT_EQ(button.palette().color(QPalette::Button) == look::lightYellow, word == "Calculate") << word;
+  }
+  EXPECT_EQ(find("frmMain", "cmdToolBar(0)").toolTip(), "Calculate (F9)");
+  EXPECT_EQ(find("frmMain", "cmdToolBar(1)").toolTip(), "Print (Ctrl+P)");
+  EXPECT_EQ(find("frmMain", "cmdToolBar(2)").toolTip(), "Clear (Ctrl+L)");
+  EXPECT_EQ(find("frmMain", "lstFrequency").toolTip(), "Pay frequency (Alt+Y)");
+}
+
+// --- Why the federal tax is zero
+
+TEST_F(Legibility, TheResultsSayThatTheFederalTaxNeedsAPayFrequency) {
+  startOnMain();
+  const QLabel& remark = find<QLabel>("frmMain", "remark");
+  EXPECT_FALSE(remark.isVisible());
+  type("frmMain", "txtIncome", "1000");
+  click("frmMain", "cmdToolBar(0)");
+  EXPECT_TRUE(remark.isVisible());
+  EXPECT_EQ(remark.visibleRegion().boundingRect(), remark.rect());
+  EXPECT_EQ(results().size(), 12U);
+  EXPECT_EQ(results().at(4), "Federal Tax $0.00");
+  EXPECT_FALSE(find("frmMain", "dbgDisplay").geometry().intersects(remark.geometry()));
+  choose("frmMain", "lstFrequency", "Weekly");
+  click("frmMain", "cmdToolBar(0)");
+  EXPECT_FALSE(remark.isVisible());
+}
+
+// --- Where one is
+
+TEST_F(Legibility, TheListBarMarksThePageInFront) {
+  startOnMain();
+  const auto marked = [this] {
+    std::vector<std::string> items;
+    for (const auto* button : frame().findChildren<QAbstractButton*>()) {
+      const auto* item = dynamic_cast<const ListBarButton*>(button);
+      if (item == nullptr || !item->current()) continue;
+      EXPECT_EQ(item->accessibleDescription(), "The page in front");
+      items.push_back(item->objectName().toStdString());
+    }
+    return items;
+  };
+  using ::testing::ElementsAre;
+  using ::testing::IsEmpty;
+  EXPECT_THAT(marked(), ElementsAre("SSListBar1(Calc)"));
+  click("frmMain", "cmdAdditional(0)");  // opens from there
+  EXPECT_THAT(marked(), ElementsAre("SSListBar1(Calc)"));
+  clickItem("Multi");
+  EXPECT_THAT(marked(), ElementsAre("SSListBar1(Multi)"));
+  clickItem("W4");
+  EXPECT_THAT(marked(), ElementsAre("SSListBar1(W4)"));
+  click("frmW4", "cmdW4Exit");
+  clickItem("Personal");
+  EXPECT_THAT(marked(), ElementsAre("SSListBar1(Personal)"));
+  QTest::keyClick(&frame(), Qt::Key_W, Qt::ControlModifier);
+  settle();
+  EXPECT_THAT(marked(), IsEmpty());
+}
+
+TEST_F(Legibility, TheMarkOfThePageInFrontIsSeenOnTheHeadOfAClosedGroup) {
+  startOnMain();
+  auto& header = *frame().findChild<QAbstractButton*>("group Calculations");
+  const auto mark = [&] { return header.grab().toImage().pixelColor(1, header.height() / 2); };
+  EXPECT_NE(mark(), look::lightYellow);
+  click(*frame().findChild<QAbstractButton*>("group Help"));
+  EXPECT_EQ(mark(), look::lightYellow);
+}
+
+// --- What went well, and what didn't
+
+TEST_F(Legibility, WhatIsCopiedIsConfirmedUntilTheFocusMovesOn) {
+  startOnMain();
+  choose("frmMain", "lstFrequency", "Weekly");
+  click("frmMain", "cmdToolBar(0)");
+  auto& table = find<QTableWidget>("frmMain", "dbgDisplay");
+  table.setFocus();
+  QTest::keySequence(&table, QKeySequence::Copy);
+  EXPECT_EQ(confirmed("frmMain"), "Copied");
+  click("frmMain", "txtIncome");
+  EXPECT_EQ(confirmed("frmMain"), "");
+  type("frmMain", "txtIncome", "1000");
+  click("frmMain", "cmdToolBar(0)");
+  clickItem("Analysis");
+  QTest::keySequence(&frame(), QKeySequence::Copy);
+  EXPECT_EQ(confirmed("frmAnalysis"), "Copied");
+}
+
+TEST_F(Legibility, ANoticeWrapsAndPushesNothingOut) {
+  startOnMain();
+  const QSize before = frame().size();
+  const QString path = QStringLiteral("/home/") + QString(300, QLatin1Char('x'));
+  frame().tell(QStringLiteral("Saved as ") + path);
+  settle();
+  auto& notice = *frame().findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
+  EXPECT_EQ(frame().size(), before);
+  EXPECT_TRUE(frame().rect().contains(notice.geometry()));
+  EXPECT_EQ(frame().area().width(), notice.width());
+  EXPECT_GE(notice.height(), 3 * notice.fontMetrics().height());
+  // The last line is drawn in view.
+  const QImage picture = notice.grab().toImage();
+  bool drawn = false;
+  for (int y = picture.height() - notice.fontMetrics().height(); y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) drawn = drawn || picture.pixelColor(x, y).lightness() > 200;
+  }
+  EXPECT_TRUE(drawn);
+}
+
+TEST_F(Legibility, ASavedFormIsConfirmedWithItsPath) {
+  const QTemporaryDir folder;
+  dialogs.path = folder.filePath("form.pdf");
+  startOnMain();
+  clickItem("W4");
+  QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
+  const auto& notice = *frame().findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
+  EXPECT_TRUE(notice.isVisible());
+  EXPECT_EQ(notice.text(), "Saved as " + dialogs.path);
+}
+
+// --- Boxes, windows, icons
+
+TEST_F(Legibility, TheWarningHasItsSign) {
+  startOnMain();
+  clickItem("Analysis");
+  const auto signs = view("MsgBox").findChildren<QWidget*>();
+  const auto sign = std::find_if(signs.begin(), signs.end(),
+                                 [](const QWidget* widget) { return widget->accessibleName() == "Warning"; });
+  ASSERT_NE(sign, signs.end());
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(*sign)->role(), QAccessible::Graphic);
+  EXPECT_EQ((*sign)->grab().toImage().pixelColor((*sign)->rect().center()).lightness() > 128, true);
+}
+
+TEST_F(Legibility, AboutTellsItsVersionToAssistiveTechnology) {
+  startOnMain();
+  clickItem("About");
+  const QString words =
+      QAccessible::queryAccessibleInterface(&find("frmAbt", "imgAbout"))->text(QAccessible::Description);
+  EXPECT_TRUE(words.startsWith("Version 1.")) << words.toStdString();
+}
+
+TEST_F(Legibility, AWindowStandsBesideTheFrameWhereTheScreenHasRoom) {
+  startOnMain();
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  frame().move(room.topLeft());
+  QWidget window;
+  window.resize(room.width() - frame().width() - 20, 200);
+  placeBeside(window, frame());
+  EXPECT_FALSE(window.geometry().intersects(frame().geometry()));
+  window.resize(room.width() - 20, 200);
+  placeBeside(window, frame());
+  EXPECT_FALSE(window.geometry().intersects(frame().geometry()));  // below it
+  window.resize(room.size() * 2);
+  placeBeside(window, frame());
+  EXPECT_EQ(window.pos(), room.topLeft());
+}
+
+TEST(Icons, AreTheDrawing) {
+  QSvgRenderer drawing(QStringLiteral(TESTS_FOLDER "/../src/ui/qt/pictures/tallyfin99.svg"));
+  for (const int side : {48, 128}) {
+    const QImage kept(QStringLiteral(TESTS_FOLDER "/../packaging/icons/tallyfin99-%1.png").arg(side));
+    ASSERT_EQ(kept.size(), QSize(side, side));
+    QImage drawn(side, side, QImage::Format_ARGB32);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    drawing.render(&painter);
+    painter.end();
+    EXPECT_EQ(kept.convertToFormat(QImage::Format_ARGB32), drawn) << side;
+  }
+}
+
+}  // namespace
+
+}  // namespace tallyfin::qt
