@@ -297,7 +297,7 @@ TEST_F(Assistive, WhatCouldntBeSavedIsTold) {
   dialogs.path = folder.filePath("explanation.pdf");
   told.clear();
   act(*window->findChild<QWidget*>("print"), QAccessibleActionInterface::pressAction());
-  EXPECT_THAT(told, Not(Contains(StartsWith("alert"))));
+  EXPECT_THAT(told, Contains("alert Saved as " + dialogs.path.toStdString()));
 }
 
 TEST_F(Assistive, AReportIsToldWhenItHasChanged) {
@@ -368,7 +368,7 @@ TEST_F(Assistive, EveryControlOfTheTreeHasItsNameAndItsValue) {
       const auto* button = qobject_cast<const QAbstractButton*>(widget);
       if (button != nullptr && !button->text().isEmpty() && button->objectName() != QLatin1String("Check4") &&
           button->accessibleName() != QLatin1String("Close")) {
-        EXPECT_EQ(name.toStdString(), plain(button->text()).toStdString()) << described(*face);
+        EXPECT_THAT(name.toStdString(), HasSubstr(plain(button->text()).toStdString())) << described(*face);
       }
       for (const auto* label : frame().findChildren<QLabel*>()) {
         if (label->buddy() != widget) continue;

@@ -153,10 +153,12 @@ TEST_F(Legibility, TheStateOptionsStandOut) {
   const QColor ground = view("frmState").palette().color(QPalette::Window);
   EXPECT_EQ(option.palette().color(QPalette::WindowText), QColor(255, 128, 128));
   EXPECT_GE(contrast(ground, QColor(255, 128, 128)), 4.5);
-  const int middle = option.height() / 2;
-  const QColor dot = picture.pixelColor(8, middle);
-  const QColor around = picture.pixelColor(4, middle);
-  EXPECT_GE(contrast(dot, around), 3) << dot.name().toStdString() << " on " << around.name().toStdString();
+  // The dot in the middle of the mark against the lightest of what is around it.
+  const QPoint centre(7, option.height() / 2);
+  const QColor dot = picture.pixelColor(centre);
+  double best = 1;
+  for (int x = 1; x < 14; ++x) best = std::max(best, contrast(dot, picture.pixelColor(x, centre.y())));
+  EXPECT_GE(best, 3) << dot.name().toStdString();
 }
 
 // --- The main action, keys in tooltips
@@ -213,6 +215,7 @@ TEST_F(Legibility, TheListBarMarksThePageInFront) {
   EXPECT_THAT(marked(), ElementsAre("SSListBar1(Calc)"));
   click("frmMain", "cmdAdditional(0)");  // opens from there
   EXPECT_THAT(marked(), ElementsAre("SSListBar1(Calc)"));
+  click("frmMisc", "imgSeal");
   clickItem("Multi");
   EXPECT_THAT(marked(), ElementsAre("SSListBar1(Multi)"));
   clickItem("W4");
@@ -279,9 +282,10 @@ TEST_F(Legibility, ASavedFormIsConfirmedWithItsPath) {
   startOnMain();
   clickItem("W4");
   QTest::keyClick(&frame(), Qt::Key_P, Qt::ControlModifier);
-  const auto& notice = *frame().findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
-  EXPECT_TRUE(notice.isVisible());
-  EXPECT_EQ(notice.text(), "Saved as " + dialogs.path);
+  const auto& words = *documentOf(view("frmW4")).findChild<QLabel*>("confirmed");
+  EXPECT_TRUE(words.text().startsWith("Saved as ")) << words.text().toStdString();
+  EXPECT_EQ(words.toolTip(), "Saved as " + dialogs.path);
+  EXPECT_EQ(words.visibleRegion().boundingRect(), words.rect());
 }
 
 // --- Boxes, windows, icons

@@ -66,7 +66,11 @@ void Document::close() {
   if (Screen* screen = view_.screen()) desk.userClose(*screen);
 }
 
-void Document::confirm(const QString& words) { confirmed_->setText(words); }
+void Document::confirm(const QString& words) {
+  const int room = strip_->width() - title_->fontMetrics().horizontalAdvance(title_->text()) - 2 * titleHeight();
+  confirmed_->setText(confirmed_->fontMetrics().elidedText(words, Qt::ElideMiddle, std::max(0, room)));
+  confirmed_->setToolTip(words);
+}
 
 void Document::showTitle() {
   const Screen* screen = view_.screen();

@@ -1,12 +1,19 @@
 #include "ui/qt/frame/notice.h"
 
 #include <QPainter>
+#include <QTextLayout>
+#include <algorithm>
+#include <cmath>
 
 namespace tallyfin::qt {
 
 namespace {
 
-constexpr int wrapped = static_cast<int>(Qt::AlignLeft) | Qt::TextWordWrap | Qt::TextWrapAnywhere;
+QTextOption wrapped() {
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  return option;
+}
 
 }  // namespace
 
@@ -29,8 +36,16 @@ QSize Notice::sizeHint() const { return {width(), heightForWidth(width())}; }
 QSize Notice::minimumSizeHint() const { return {0, fontMetrics().height() + 2 * margin()}; }
 
 int Notice::heightForWidth(int width) const {
-  const QRect room(0, 0, std::max(1, width - 2 * margin()), 10000);
-  return fontMetrics().boundingRect(room, wrapped, text()).height() + 2 * margin();
+  QTextLayout layout(text(), font());
+  layout.setTextOption(wrapped());
+  double height = 0;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(std::max(1, width - 2 * margin()));
+    height += line.height();
+  }
+  layout.endLayout();
+  return static_cast<int>(std::ceil(height)) + 2 * margin();
 }
 
 void Notice::resizeEvent(QResizeEvent* /*event*/) { setMinimumHeight(heightForWidth(width())); }
@@ -38,7 +53,7 @@ void Notice::resizeEvent(QResizeEvent* /*event*/) { setMinimumHeight(heightForWi
 void Notice::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setPen(palette().color(foregroundRole()));
-  painter.drawText(rect().adjusted(margin(), margin(), -margin(), -margin()), wrapped, text());
+  painter.drawText(QRectF(rect().adjusted(margin(), margin(), -margin(), -margin())), text(), wrapped());
 }
 
 }  // namespace tallyfin::qt

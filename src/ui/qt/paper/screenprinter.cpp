@@ -55,8 +55,11 @@ int ScreenPrinter::printScreen(Screen& screen) {
                    .draw = [view](QPagedPaintDevice& device) { return drawWidget(*view, device); }};
   Frame& frame = static_cast<Frame&>(*view->window());
   const Outcome outcome = form.printOrSave(frame.dialogs(), frame);
-  if (outcome) frame.tell(outcome->words);
-  return outcome && outcome->done ? 1 : 0;
+  if (!outcome) return 0;
+  // What went well changes nothing on the form, which may be printed again.
+  frame.tell(outcome->done ? QString() : outcome->words);
+  if (outcome->done) frame.confirm(outcome->words);
+  return outcome->done ? 1 : 0;
 }
 
 }  // namespace tallyfin::qt

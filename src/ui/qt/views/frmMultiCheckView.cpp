@@ -144,7 +144,7 @@ class frmMultiCheckView : public View {
       row->addWidget(wordButton(control, picture, name));
     };
     add(screen_.cmdCalc, "calculate-dark", "Calculate");
-    add(screen_.cmdGoBack, "back", "Main Worksheet");
+    add(screen_.cmdGoBack, "back", "Go To Main Worksheet");
     return row;
   }
 

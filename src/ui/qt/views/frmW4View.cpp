@@ -115,10 +115,7 @@ class FormBox : public Box {
   void drawOnPaper(QPainter& painter) const {
     const QRectF room = QRectF(rect().marginsRemoved(textMargins())).adjusted(2, 0, -2, 0);
     const double allowed = 0.98 * room.width();  // letters are a little wider on paper
-    constexpr int lines = static_cast<int>(Qt::AlignLeft) | Qt::TextWordWrap | Qt::TextWrapAnywhere;
-    const auto inLines = [&](const QFont& letters) {
-      return QFontMetricsF(letters).boundingRect(QRectF(0, 0, allowed, 10 * room.height()), lines, text()).height();
-    };
+    constexpr int lines = static_cast<int>(Qt::AlignLeft) | Qt::TextWordWrap;
     QFont letters = font();
     const auto shrinkWhile = [&](const auto& tooLarge, double least) {
       for (double points = font().pointSizeF(); tooLarge() && points - step >= least;) {
@@ -130,7 +127,12 @@ class FormBox : public Box {
     const bool oneLine = !tooWide();
     if (!oneLine) {
       letters = font();
-      shrinkWhile([&] { return inLines(letters) > room.height(); }, step);
+      const auto tooLarge = [&] {
+        const QRectF place(0, 0, allowed, 10 * room.height());
+        const QSizeF size = QFontMetricsF(letters).boundingRect(place, lines, text()).size();
+        return size.height() > room.height() || size.width() > allowed;
+      };
+      shrinkWhile(tooLarge, step);
     }
     painter.setFont(letters);
     painter.setPen(palette().color(QPalette::Text));

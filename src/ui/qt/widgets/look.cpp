@@ -29,7 +29,7 @@ QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& butto
   palette.setColor(QPalette::Text, ink);
   palette.setColor(QPalette::PlaceholderText, QColor(120, 120, 110));
   palette.setColor(QPalette::ButtonText, buttonText);
-  palette.setColor(QPalette::Highlight, QColor(58, 110, 165));
+  palette.setColor(QPalette::Highlight, QColor(50, 98, 150));
   palette.setColor(QPalette::ToolTipBase, paper);
   palette.setColor(QPalette::ToolTipText, ink);
   palette.setColor(QPalette::Link, QColor(30, 80, 160));
