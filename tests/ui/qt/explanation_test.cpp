@@ -137,7 +137,7 @@ TEST_F(ExplanationOfTheResults, F9InItCalculatesAsInTheFrame) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
   QTest::keyClick(window()->windowHandle(), Qt::Key_F9);
   settle();
-  EXPECT_THAT(told(), HasSubstr("of $2,000.00 it is $56.00."));
+  EXPECT_THAT(told(), HasSubstr("Pennsylvania tax: 2.8% of line 1 = $56.00"));
 }
 
 TEST_F(ExplanationOfTheResults, CtrlWClosesItAndCtrlQEndsTheProgram) {

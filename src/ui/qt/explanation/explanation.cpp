@@ -9,12 +9,10 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QTableWidget>
 #include <QTextBrowser>
 #include <QTextDocument>
-#include <algorithm>
 
 #include "engine/recorder.h"
 #include "ui/qt/frame/frame.h"
