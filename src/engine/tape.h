@@ -45,6 +45,7 @@ struct Node {
   NodeId a = noNode;
   NodeId b = noNode;
   const char* name = "";   ///< Of a constant; the address of an entry, the name of a field, the title.
+  const char* title = "";  ///< Of a field, where the rule has a better one than the field.
   bool inDollars = false;  ///< Of a constant of the 16-bit arithmetic.
   int circumstances = -1;  ///< Of a titled figure, by their number on the tape.
 };

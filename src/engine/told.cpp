@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "engine/doubletext.h"
 #include "engine/recording.h"
 
 namespace tallyfin::told {
@@ -52,13 +53,20 @@ NodeId nodeAt(const Target& target) {
 /// Gives each target that was assigned the title, and each that wasn't the reason.
 void settle(const char* title, std::span<const Target> targets, const std::vector<NodeId>& before,
             const std::string& whyNot) {
+  std::optional<std::pair<NodeId, NodeId>> first;  // targets of one figure share its line
   for (std::size_t i = 0; i < targets.size(); ++i) {
     std::visit(
         [&](auto* figure) {
-          const bool kept = figure->node() == before[i];
+          if (first && first->first == figure->node()) {
+            *figure = {figure->plain(), first->second};
+            return;
+          }
+          const NodeId node = figure->node();
+          const bool kept = node == before[i];
           Circumstances its = now.since;
           if (kept && !whyNot.empty()) its.notes.push_back(whyNot);
-          *figure = {figure->plain(), withCircumstances(figure->plain(), figure->node(), title, std::move(its))};
+          *figure = {figure->plain(), withCircumstances(figure->plain(), node, title, std::move(its))};
+          first = {node, figure->node()};
         },
         targets[i]);
   }
@@ -80,7 +88,7 @@ void takeOver(Tape tape) {
 }
 
 NodeId made(Op op, Value value, NodeId a, NodeId b, const char* name, bool inDollars) {
-  now.tape.nodes.push_back({op, value, a, b, name, inDollars});
+  now.tape.nodes.push_back({.op = op, .value = value, .a = a, .b = b, .name = name, .inDollars = inDollars});
   return static_cast<NodeId>(now.tape.nodes.size()) - 1;
 }
 
@@ -97,6 +105,20 @@ NodeId asMuch(const char* title, Value value, NodeId node) {
   const NodeId same = titled(title, value, node);
   now.tape.nodes.back().b = node;
   return same;
+}
+
+Count called(const char* title, const Count& choice) {
+  now.tape.nodes[static_cast<std::size_t>(choice.node())].title = title;
+  return choice;
+}
+
+Rate asRate(const Single& x) {
+  const auto rate = static_cast<double>(x.plain());
+  const std::string written = shortestTextOf(x.plain());
+  if (doubleOf(written) != rate) {
+    now.since.notes.push_back("In single precision " + written + " is " + shortestTextOf(rate) + ".");
+  }
+  return {rate, x.node()};
 }
 
 std::nullopt_t keep(const char* why) {

@@ -126,7 +126,8 @@ inline Amount roundedToDollars(const Amount& x) {
 inline Count integerRounded(const Amount& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
 inline Count integerRounded(const Rate& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
 inline Money roundedForDisplay(const Amount& x) { return tallyfin::roundedForDisplay(x.plain()); }
-inline Rate asRate(const Single& x) { return {static_cast<double>(x.plain()), x.node()}; }
+/// Remarks where single precision isn't the number that was written.
+Rate asRate(const Single& x);
 
 template <class T>
 Told<T> least(const Told<T>& a, const std::type_identity_t<Told<T>>& b) {
@@ -183,6 +184,9 @@ template <class T>
 Told<T> asMuch(const char* title, const Told<T>& figure) {
   return {figure.plain(), asMuch(title, figure.plain(), figure.node())};
 }
+
+/// A choice of the state options by what it means to the rule.
+Count called(const char* title, const Count& choice);
 
 std::nullopt_t keep(const char* why);
 inline bool keepAll(const char* why) { return keep(why), false; }

@@ -22,6 +22,11 @@ template <class T>
 constexpr T asMuch(const char* /*title*/, T value) {
   return value;
 }
+/// A choice of the state options by what it means to the rule.
+template <class T>
+constexpr T called(const char* /*title*/, T choice) {
+  return choice;
+}
 
 /// Says that a statement assigns nothing, and why.
 constexpr std::nullopt_t keep(const char* /*why*/) { return std::nullopt; }

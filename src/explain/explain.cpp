@@ -93,6 +93,11 @@ class Writer {
   bool isMatterOfCourse(const Asked& asked, const std::vector<Asked>& all) const {
     const NodeId a = formula_.resolved(asked.a);
     if (at(a).op == Op::constant || choiceOf(a)) return true;
+    if (asked.how == Asked::How::equal && !asked.held) return true;
+    if (asked.b != noNode && at(asked.b).op == Op::constant && at(asked.b).value == Value(Int16(0)) &&
+        (asked.how == Asked::How::below || asked.how == Asked::How::atLeast)) {
+      return true;
+    }
     const auto exact = [](const Asked& other) {
       return other.held && (other.how == Asked::How::equal || other.how == Asked::How::from);
     };
@@ -155,7 +160,7 @@ class Writer {
     }
     const bool entered = node.op == Op::entry;
     const FieldWords words = entered ? entryWords(node.name) : fieldWords(node.name);
-    line.title = words.title;
+    line.title = *node.title == '\0' ? words.title : node.title;
     line.words = line.figure + ", " + words.origin;
     line.from.origin = entered ? Operand::Origin::entry : Operand::Origin::left;
     line.from.name = node.name;

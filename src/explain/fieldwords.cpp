@@ -104,7 +104,7 @@ std::optional<ChoiceWords> choiceWords(std::string_view field, int number, const
     const bool known = number >= 0 && number < static_cast<int>(choice.names.size());
     std::string name = known ? choice.names[static_cast<std::size_t>(number)] : "none (" + std::to_string(number) + ")";
     if (field == "maritalStat" && !shown.empty() && shown != name) {
-      name += ", since the choice \"" + shown + "\" uses its tables";
+      name += ", by whose tables the choice \"" + shown + "\" is worked out";
     }
     if (field == "staRate") name += ", whatever letter the state options hold: this calculation doesn't read them";
     return ChoiceWords{choice.title, name};

@@ -85,7 +85,12 @@ std::string plainText(const Value& value) {
 
 std::string textOf(const Value& value, As as) {
   if (const auto* amount = std::get_if<Money>(&value)) return amountText(*amount);
-  if (const auto* count = std::get_if<Int16>(&value)) return as == As::dollars ? amountText(*count) : toText(*count);
+  if (const auto* count = std::get_if<Int16>(&value)) {
+    if (as == As::dollars) return amountText(*count);
+    std::string text = toText(*count);
+    if (std::abs(count->value()) >= 1000) text.insert(text.size() - 3, ",");
+    return text;
+  }
   const auto* single = std::get_if<float>(&value);
   if (as == As::percent) return single ? decimalText(*single, 2) + "%" : rateText(std::get<double>(value));
   if (as == As::dollars) {

@@ -204,7 +204,7 @@ std::string Phrases::answer(const Asked& asked) const {
     case Asked::How::atMost: return x.words + (asked.held ? " is not over " : " is over ") + other(asked.b);
     case Asked::How::above: return x.words + (asked.held ? " is over " : " is not over ") + other(asked.b);
     case Asked::How::atLeast: return x.words + (asked.held ? " is not below " : " is below ") + other(asked.b);
-    default: return x.words + (asked.held ? " is " : " is not ") + other(asked.b) + " to " + other(asked.c);
+    default: return x.words + (asked.held ? " is from " : " is not from ") + other(asked.b) + " to " + other(asked.c);
   }
 }
 

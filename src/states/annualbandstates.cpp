@@ -72,8 +72,8 @@ void Alabama() {
       [&] {
         const Option* option = chosen();
         if (!option) return keepAll(noOption);
-        payData.staExmp = least(payData.staExmp, option->cap);
-        payData.stateDepsDed = option->personalExemption;
+        payData.staExmp = line("Standard deduction up to its limit", least(payData.staExmp, option->cap));
+        payData.stateDepsDed = line("Personal exemption", Amount(option->personalExemption));
         return true;
       },
       payData.staExmp, payData.stateDepsDed);

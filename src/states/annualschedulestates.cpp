@@ -80,9 +80,9 @@ void SCarolina() {
           work.stateStdDed = 0;
           return true;
         }
-        if (payData.staDeps < 1) return keepAll("the number of exemptions is negative");
-        payData.stateDepsDed = payData.staDeps * perExemption;
-        work.stateStdDed = least(work.stateStdDed, mostDeduction);
+        if (payData.staDeps < 0) return keepAll("the number of exemptions is negative");
+        payData.stateDepsDed = line("Personal exemptions", payData.staDeps * perExemption);
+        work.stateStdDed = line("Standard deduction up to its limit", least(work.stateStdDed, mostDeduction));
         return true;
       },
       payData.stateDepsDed, work.stateStdDed);

@@ -50,8 +50,9 @@ void CalifTax() {
   Worksheet& work = worksheet();
   StateBase();
   step("Estimated deduction", payData.stateDepsDed, []() -> std::optional<Amount> {
-    if (payData.staExmp > 10) return payData.staExmp * estimatedDeductionAboveTen.now();
-    if (payData.staExmp >= 0) return estimatedDeduction[payData.staExmp.value()].now();
+    const Count count = called("Estimated deductions", payData.staExmp);
+    if (count > 10) return count * estimatedDeductionAboveTen.now();
+    if (count >= 0) return estimatedDeduction[count.value()].now();
     return keep("the number of estimated deductions is negative");
   });
   step("Wage less the estimated deduction", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });

@@ -9,7 +9,8 @@ namespace TALLYFIN_FIGURES {
 /// Reads `fedTax`, `staExmp`, `staAdd`. Writes `stateTax`.
 void Arizona() {
   step("Arizona tax", payData.stateTax, [] {
-    const Rate rate = line("Chosen rate of the federal tax", toReal(payData.staExmp) / named("percent", 100.0));
+    const Rate rate = line("Chosen rate of the federal tax",
+                           toReal(called("Percentage of the federal tax", payData.staExmp)) / named("percent", 100.0));
     return fromReal(toReal(payData.fedTax) * rate);
   });
   finish();
@@ -90,7 +91,7 @@ void MichiganTax() {
   step("Allowance for the exemptions counted last", payData.stateDepsDed,
        [] { return worksheet().exemptions * perExemption.now(); });
   step("Allowance for the special exemptions", specialDeduction,
-       [] { return payData.mMethod * perSpecialExemption.now(); });
+       [] { return called("Special exemptions", payData.mMethod) * perSpecialExemption.now(); });
   step("Allowance of a dependent of somebody else", dependentDeduction, [] { return claimedByAnother.now(); });
   if (payData.staMarried != stateStatus::headOfFamily) {
     step("No such allowance without that claim", dependentDeduction, [] { return 0; });
@@ -184,7 +185,8 @@ void Louisiana() {
   Worksheet& work = worksheet();
   Amount firstTax;
   Amount secondTax;
-  step("Allowance for the exemptions", payData.stateDepsDed, [] { return payData.staExmp * perExemption.now(); });
+  step("Allowance for the exemptions", payData.stateDepsDed,
+       [] { return called("Exemptions for the state", payData.staExmp) * perExemption.now(); });
   step("Allowance for the dependents", work.stateStdDed, [] { return payData.staDeps * perDependent.now(); });
   StateBase();
   step("Wage less the allowances", work.stateWage, [&] {
@@ -192,8 +194,9 @@ void Louisiana() {
   });
   step("First tax", firstTax, [&] { return fromReal(toReal(work.stateWage) * firstRate); });
   step("Pay period's share of the bracket", payData.stateDepsDed, []() -> std::optional<Amount> {
-    if (isFrom(0, payData.staExmp, 1)) return perPeriod(firstBracket);
-    if (payData.staExmp == 2) return perPeriod(secondBracket);
+    const Count exemptions = called("Exemptions for the state", payData.staExmp);
+    if (isFrom(0, exemptions, 1)) return perPeriod(firstBracket);
+    if (exemptions == 2) return perPeriod(secondBracket);
     return keep("the state has brackets for up to two exemptions only");
   });
   step("Second tax", secondTax, [&] {

@@ -21,7 +21,7 @@ static Amount withinLimits(const Amount& deduction) {
 
 /// The tables of the county rate whose number `mMethod` holds; none before one is chosen.
 static const PerFrequency<Bands>* countyRate() {
-  switch (payData.mMethod.value()) {
+  switch (called("County rate", payData.mMethod).value()) {
     case 48: return &rate48;
     case 50: return &rate50;
     case 55: return &rate55;

@@ -1,0 +1,34 @@
+#!/usr/bin/env python3
+"""Finds what would lose an operation where figures know how they came about: std::min, std::max and std::clamp in the
+sources of the rules, which are compiled for both kinds of figures, and numbers of the plain kinds.
+
+    operations.py"""
+import pathlib
+import re
+import sys
+
+src = pathlib.Path(__file__).resolve().parent.parent.parent / "src"
+FORBIDDEN = re.compile(r"std::(min|max|clamp)\b|\b(Money|Int16)\s+\w+\s*[;={]|\bdouble\s+\w+\s*=")
+
+
+def rules():
+    """The sources that stand in the namespace of the kind for which they are compiled."""
+    for file in sorted([*src.glob("engine/*.cpp"), *src.glob("states/*.cpp"), *src.glob("states/*.h")]):
+        text = file.read_text()
+        if "namespace TALLYFIN_FIGURES" in text:
+            yield file.relative_to(src).as_posix(), text
+
+
+def losses(text):
+    code = re.sub(r"//.*", "", text)
+    return [match.group(0) for match in FORBIDDEN.finditer(code)]
+
+
+# A search that finds nothing would pass too.
+assert losses("step([&] { return std::min(a, b); });") and losses("Money wage;") and not losses("Amount wage; // std::min")
+
+found = dict(rules())
+assert len(found) > 30, found.keys()
+wrong = [f"{path}: {loss}" for path, text in found.items() for loss in losses(text)]
+print("\n".join(wrong) or f"{len(found)} sources of rules lose no operation")
+sys.exit(bool(wrong))
