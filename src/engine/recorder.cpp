@@ -26,9 +26,11 @@ thread_local std::optional<Trace> last;
 
 }  // namespace told
 
-Recorder::Recorder(std::string statusChosen) {
+Recorder::Recorder(std::string statusChosen, std::string date) {
   told::last.emplace();
   told::last->statusChosen = std::move(statusChosen);
+  told::last->exemptions = worksheet().exemptionsText();
+  told::last->date = std::move(date);
   told::takeOver(told::taken ? told::taken->tape : Tape{});
   told::now.trace = &*told::last;
   if (told::taken && told::taken->amount.plain() == payData.depsDed) {

@@ -9,7 +9,8 @@ namespace tallyfin {
 /// Records the calculation that it carries out. One at a time.
 class Recorder {
  public:
-  explicit Recorder(std::string statusChosen = {});
+  /// The caption of the status button that is set, and the date, for the explanation.
+  explicit Recorder(std::string statusChosen = {}, std::string date = {});
   ~Recorder();
   Recorder(const Recorder&) = delete;
   Recorder& operator=(const Recorder&) = delete;

@@ -60,18 +60,28 @@ struct Asked {
   bool held = true;
 };
 
-/// The row of a table that was applied.
-struct AppliedRow {
-  std::string table;  ///< Its name, with the pay frequency where the table goes by it.
+/// A row of a table as it is published. What the rows of its kind don't have is 0.
+struct TableRow {
+  enum class Gives { tax, amount, part };  ///< An amount is in `plus`, a part of something in `rate`.
+  Gives gives = Gives::tax;
   Test test = Test::atMost;
-  Money bound;
+  Money bound{};
   Money lower{};
   double rate = 0;
   double plus = 0;
+  double credit = 0;  ///< Dollars for each exemption, off the tax.
+};
+
+/// A table and the row of it that was applied.
+struct AppliedRow {
+  std::string table;  ///< Its name, with the pay frequency where the table goes by it.
+  std::vector<TableRow> rows;
+  std::size_t number = 0;  ///< Of the row, from 0.
   NodeId x = noNode;
-  std::optional<std::pair<Test, Money>> above;  ///< Test and bound of the row before it.
-  Bands rows;                                   ///< All rows of a band table.
-  std::size_t number = 0;                       ///< Of the row, from 0.
+
+  const TableRow& row() const { return rows[number]; }
+  /// The one whose test was tried before; null for the first.
+  const TableRow* before() const { return number == 0 ? nullptr : &rows[number - 1]; }
 };
 
 /// What an explanation says beside the formula of a titled figure.

@@ -203,27 +203,35 @@ void noteOn(Told<T>& field, const char* remark) {
 /// The state whose routine is called.
 void stateIs(const char* caption);
 
+template <class Row>
+TableRow published(const Row& row) {
+  TableRow all{.test = row.test, .bound = row.bound.amount};
+  if constexpr (requires { row.lower; }) {
+    all.lower = row.lower.amount;
+    all.rate = row.rate;
+    all.plus = row.plus;
+  }
+  if constexpr (requires { row.credit; }) all.credit = row.credit;
+  if constexpr (requires { row.amount; }) {
+    all.gives = TableRow::Gives::amount;
+    all.plus = tallyfin::toReal(row.amount.amount);
+  }
+  if constexpr (requires { row.fraction; }) {
+    all.gives = TableRow::Gives::part;
+    all.rate = static_cast<double>(row.fraction);
+  }
+  return all;
+}
+
 void applied(AppliedRow row);
 template <class Row>
 const Row& bandOf(const TableOf<Row>& table, const Amount& x) {
   const Row& row = rowFor(table.rows, x.plain());
-  AppliedRow told;
-  told.table = table.name;
-  told.test = row.test;
-  told.bound = row.bound.amount;
-  told.x = x.node();
-  if (*table.period != '\0') told.table += std::string(", ") + table.period;
-  told.number = static_cast<std::size_t>(&row - table.rows.data());
-  if (told.number > 0) told.above = {(&row)[-1].test, (&row)[-1].bound.amount};
-  if constexpr (requires { row.lower; }) {
-    told.lower = row.lower.amount;
-    told.rate = row.rate;
-    told.plus = row.plus;
-  }
-  if constexpr (requires { row.amount; }) told.plus = tallyfin::toReal(row.amount.amount);
-  if constexpr (requires { row.fraction; }) told.rate = static_cast<double>(row.fraction);
-  if constexpr (std::same_as<Row, Band>) told.rows = table.rows;
-  applied(std::move(told));
+  AppliedRow used{.table = table.name, .rows = {}, .number = 0, .x = x.node()};
+  if (*table.period != '\0') used.table += std::string(", ") + table.period;
+  used.number = static_cast<std::size_t>(&row - table.rows.data());
+  for (const Row& each : table.rows) used.rows.push_back(published(each));
+  applied(std::move(used));
   return row;
 }
 

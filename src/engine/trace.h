@@ -37,6 +37,8 @@ struct Trace {
   PayData after;
   const char* state = "";    ///< The entry of the state list whose routine ran; empty if none did.
   std::string statusChosen;  ///< The caption of the status button that is set.
+  std::string exemptions;    ///< As entered.
+  std::string date;          ///< Of the paycheck, in words.
 };
 
 }  // namespace tallyfin

@@ -96,6 +96,8 @@ constexpr Choice choices[] = {
 
 FieldWords fieldWords(std::string_view field) { return found(fields, field); }
 
+bool isStateOption(std::string_view field) { return fieldWords(field).origin == fromOptions; }
+
 FieldWords entryWords(std::string_view control) { return found(entries, control); }
 
 std::optional<ChoiceWords> choiceWords(std::string_view field, int number, const std::string& shown) {

@@ -17,6 +17,7 @@ struct FieldWords {
 };
 FieldWords fieldWords(std::string_view field);
 FieldWords entryWords(std::string_view control);
+bool isStateOption(std::string_view field);
 
 /// A choice that rules go by, in words: "Pay frequency", "Weekly". None for a field that isn't a choice. `shown` is the
 /// caption of the status button that is set.

@@ -103,4 +103,27 @@ std::string textOf(const Value& value, As as) {
   return plainText(value);
 }
 
+std::string boundsText(const AppliedRow& table, std::size_t row) {
+  const auto from = [](const TableRow& its) {
+    const bool included = its.test == Test::below || its.test == Test::atLeast;
+    return included ? amountText(its.bound) + " or more" : "over " + amountText(its.bound);
+  };
+  const TableRow& its = table.rows[row];
+  if (its.test == Test::above || its.test == Test::atLeast) return from(its);
+  const std::string lower = row == 0 ? "" : from(table.rows[row - 1]) + " but ";
+  return lower + (its.test == Test::atMost ? "not over " : "below ") + amountText(its.bound);
+}
+
+std::string givenText(const TableRow& row) {
+  if (row.gives == TableRow::Gives::amount) return textOf(row.plus, As::dollars);
+  if (row.gives == TableRow::Gives::part) return textOf(static_cast<float>(row.rate), As::percent);
+  if (row.rate == 0) return textOf(row.plus, As::dollars);
+  std::string words = rateText(row.rate) + " of the amount";
+  if (row.lower != 0) words += " over " + amountText(row.lower);
+  if (row.plus > 0) words = textOf(row.plus, As::dollars) + " plus " + words;
+  if (row.plus < 0) words += " less " + textOf(-row.plus, As::dollars);
+  if (row.credit != 0) words += ", less " + textOf(row.credit, As::dollars) + " for each exemption";
+  return words;
+}
+
 }  // namespace tallyfin

@@ -24,4 +24,9 @@ std::string plainText(const Value& value);
 enum class As { dollars, percent, number };
 std::string textOf(const Value& value, As as);
 
+/// Where a row of a table holds: "over $525.00 but not over $1,125.00".
+std::string boundsText(const AppliedRow& table, std::size_t row);
+/// What a row gives: "$71.10 plus 28% of the amount over $525.00".
+std::string givenText(const TableRow& row);
+
 }  // namespace tallyfin

@@ -37,13 +37,13 @@ std::string written(const Operand& operand) {
 }
 
 std::string written(const UsedRow& used) {
-  const auto bounded = [](Test test, Money bound) {
-    return "\"test\":" + json(nameOf(test)) + ",\"bound\":" + json(toText(bound));
+  const auto bounded = [](const TableRow& row) {
+    return "\"test\":" + json(nameOf(row.test)) + ",\"bound\":" + json(toText(row.bound));
   };
-  std::string above;
-  if (used.row.above) above = ",\"above\":{" + bounded(used.row.above->first, used.row.above->second) + "}";
-  return "{\"name\":" + json(used.row.table) + "," + bounded(used.row.test, used.row.bound) +
-         ",\"x\":" + written(used.x) + above + "}";
+  const TableRow* before = used.row.before();
+  const std::string above = before ? ",\"above\":{" + bounded(*before) + "}" : "";
+  return "{\"name\":" + json(used.row.table) + "," + bounded(used.row.row()) + ",\"x\":" + written(used.x) + above +
+         "}";
 }
 
 std::string written(const ExplanationLine& line) {
@@ -54,7 +54,48 @@ std::string written(const ExplanationLine& line) {
          (line.table ? ",\"table\":" + written(*line.table) : "") + "}";
 }
 
+/// A list of what write() makes of each.
+template <class All, class Write>
+std::string list(const All& all, Write&& write) {
+  std::string elements;
+  for (const auto& each : all) elements += (elements.empty() ? "" : ",") + write(each);
+  return "[" + elements + "]";
+}
+
+std::string written(const FormPart& part) {
+  std::string numbers;
+  for (const int line : part.lines) numbers += "," + std::to_string(line);
+  return "[" + json(part.text) + numbers + "]";
+}
+
+std::string written(const FormTable& table) {
+  const auto row = [](const FormTable::Row& its) { return "[" + json(its.where) + "," + json(its.given) + "]"; };
+  return "{\"name\":" + json(table.name) + ",\"of\":" + json(table.of) + ",\"used\":" + std::to_string(table.used) +
+         ",\"rows\":" + list(table.rows, row) + "}";
+}
+
+std::string written(const FormLine& line) {
+  const auto part = [](const FormPart& its) { return written(its); };
+  return "{" + (line.number == 0 ? "" : "\"line\":" + std::to_string(line.number) + ",") +
+         "\"parts\":" + list(line.parts, part) + ",\"figure\":" + json(line.figure) +
+         ",\"spoken\":" + json(line.spoken) + (line.table ? ",\"table\":" + written(*line.table) : "") + "}";
+}
+
+std::string written(const Form& form) {
+  const auto line = [](const FormLine& its) { return written(its); };
+  return "{\"title\":" + json(form.title) + ",\"figure\":" + json(form.figure) +
+         ",\"lines\":" + list(form.lines, line) + "}";
+}
+
 }  // namespace
+
+std::string formsAsJson(const Trace& trace) {
+  const std::vector<Explanation> explanations = explain(trace);
+  const auto entry = [](const auto& its) { return "[" + json(its.first) + "," + json(its.second) + "]"; };
+  const auto form = [](const Form& its) { return written(its); };
+  return "{\"heading\":" + list(headingOf(trace, explanations), entry) +
+         ",\"forms\":" + list(formsOf(explanations), form) + "}";
+}
 
 const char* nameOf(Test test) {
   constexpr std::array names{"at most", "below", "above", "at least"};

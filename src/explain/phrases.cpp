@@ -208,22 +208,15 @@ std::string Phrases::answer(const Asked& asked) const {
   }
 }
 
-std::string Phrases::reach(const AppliedRow& row) const {
-  const auto from = [](Test test, Money bound) {
-    const bool included = test == Test::below || test == Test::atLeast;
-    return included ? amountText(bound) + " or more" : "over " + amountText(bound);
-  };
-  std::string words = "where " + phrase(row.x, Place::alone, As::dollars).words + " is ";
+std::string Phrases::reach(const AppliedRow& used) const {
+  std::string words =
+      "where " + phrase(used.x, Place::alone, As::dollars).words + " is " + boundsText(used, used.number);
+  const TableRow& row = used.row();
   const bool open = row.test == Test::above || row.test == Test::atLeast;
-  if (open) {
-    words += from(row.test, row.bound);
-    if (row.above && row.above->second != row.bound) {
-      words += " and the row before it ends at " + amountText(row.above->second);
-    }
-    return words;
+  if (open && used.before() && used.before()->bound != row.bound) {
+    words += " and the row before it ends at " + amountText(used.before()->bound);
   }
-  if (row.above) words += from(row.above->first, row.above->second) + " but ";
-  return words + (row.test == Test::atMost ? "not over " : "below ") + amountText(row.bound);
+  return words;
 }
 
 }  // namespace tallyfin

@@ -29,7 +29,7 @@ class Phrases {
   std::string answer(const Asked& asked) const;
 
   /// Where the row of a table holds: "where line 7 is over $525.00 but not over $1,125.00".
-  std::string reach(const AppliedRow& row) const;
+  std::string reach(const AppliedRow& used) const;
 
  private:
   struct Term {

@@ -73,7 +73,7 @@ std::string written(const Change::Figure& figure) {
   return json(std::visit([](const auto& number) { return toText(number); }, figure));
 }
 
-std::string written(const AppliedRow& row) {
+std::string written(const TableRow& row) {
   return "{\"test\":" + json(nameOf(row.test)) + ",\"bound\":" + json(toText(row.bound)) +
          ",\"lower\":" + json(toText(row.lower)) + ",\"rate\":" + json(toText(row.rate)) +
          ",\"plus\":" + json(toText(row.plus)) + "}";
@@ -86,7 +86,7 @@ std::string written(const TracedStatement& statement) {
                ",\"from\":" + written(change.from) + ",\"to\":" + written(change.to) + "}";
   }
   return "{\"step\":" + json(statement.title) + ",\"done\":" + (statement.done ? "true" : "false") + ",\"changes\":[" +
-         changes + "]" + (statement.row ? ",\"row\":" + written(*statement.row) : "") + "}";
+         changes + "]" + (statement.row ? ",\"row\":" + written(statement.row->row()) : "") + "}";
 }
 
 template <class... Screens>

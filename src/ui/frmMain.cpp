@@ -8,6 +8,8 @@
 #include "engine/recorder.h"
 #include "engine/settings.h"
 #include "engine/statelist.h"
+#include "platform/dates.h"
+#include "platform/platform.h"
 #include "stateoptions/frmState.h"
 #include "stateoptions/shapes.h"
 #include "ui/frmPrint.h"
@@ -135,7 +137,7 @@ void frmMain::calculateCommand() {
   for (const OptionButton& option : optStatus) {
     if (option.value()) chosen = &option;
   }
-  Recorder recording(chosen ? chosen->caption() : "");
+  Recorder recording(chosen ? chosen->caption() : "", longDate(platform.clock->now()));
   Recorder::calculatePaycheck();
   cmdAdditional[raise].visible = true;
   saveEntries();

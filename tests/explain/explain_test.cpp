@@ -1,49 +1,18 @@
-#include "explain/explain.h"
-
 #include <gmock/gmock.h>
 
 #include <clocale>
 
-#include "engine/recorder.h"
 #include "explain/figuretexts.h"
+#include "explain/sample.h"
 #include "explain/shares.h"
-#include "support/program.h"
 
 /// The explanation of each figure, read as people read it.
 
 namespace tallyfin {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-
 /// The user's locale, as the desktop has it: in some a number has a comma, or digits of more than a byte.
 [[maybe_unused]] const char* const usersLocale = std::setlocale(LC_ALL, "");
-
-using Lines = std::vector<std::string>;
-
-class ExplainTest : public ProgramTest {
- protected:
-  /// The sample: a week, single, one exemption, $1,000.00, 401(k) 6, Pennsylvania.
-  void startSample(int state = 34) {
-    put("Frequency", "0");
-    put("Deps", "1");
-    put("MaritalStat", "1");
-    put("State", std::to_string(state).c_str());
-    put("IncAmt", "1000");
-    put("401k", "6");
-    start();
-  }
-  static Lines linesOf(const std::string& title) {
-    Lines lines;
-    for (const Explanation& explanation : explain(*lastTrace())) {
-      if (explanation.title != title) continue;
-      for (const ExplanationLine& line : explanation.lines) lines.push_back(line.print());
-    }
-    return lines;
-  }
-};
 
 TEST_F(ExplainTest, ThereIsNoneBeforeTheFirstCalculateOfARun) {
   startSample();
