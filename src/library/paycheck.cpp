@@ -47,14 +47,12 @@ constexpr std::int64_t unitsPerCent = Money::unitsPerDollar / 100;
 // --- The columns -----------------------------------------------------------------------------------------------------
 
 void Paycheck::clear() {
-  for (std::size_t column = 0; column < columnCount; ++column) set(static_cast<Column>(column), {});
+  for (std::size_t column = 0; column < columnCount; ++column) change(static_cast<Column>(column), {});
 }
 
-void Paycheck::set(Column column, std::string_view text) {
+void Paycheck::change(Column column, std::string_view text) {
   const std::size_t index = indexOf(column);
   const Kind kind = columnRules[index].kind;
-  // Rows have much in common: what the column holds already isn't looked at anew.
-  if (!text.empty() && given_[index] && text == texts_[index]) return;
   given_[index] = !text.empty();
   const bool isText = kind == Kind::box || kind == Kind::wanted || kind == Kind::count;
   texts_[index] = text.empty() && isText ? std::string_view("0") : text;

@@ -42,7 +42,11 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   void clear();
 
   /// Sets a column to a text; the empty text empties it. What can't be understood is reported by problem(), not here.
-  void set(Column column, std::string_view text);
+  void set(Column column, std::string_view text) {
+    // Rows have much in common: what the column holds already isn't looked at anew.
+    if (!text.empty() && given_[indexOf(column)] && text == texts_[indexOf(column)]) return;
+    change(column, text);
+  }
   /// The same with the text of a number.
   void setInteger(Column column, std::int64_t number);
   /// The same with the shortest text that reads back as the number. One that isn't a number (NaN) empties the column.
@@ -87,6 +91,7 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   int number(Column column) const { return numbers_[indexOf(column)]; }
   bool isEmpty(Column column) const { return !given_[indexOf(column)]; }
 
+  void change(Column column, std::string_view text);
   void setNumber(Column column, std::optional<int> number);
   void takeIncome();
   void takeChoices();
