@@ -101,7 +101,6 @@ void Shared::begin() {
   first_.bytes.pop_back();  // the cutter's sentinel
   const std::size_t taken = row.bytes.size() + row.ending.size();
   lines_ += rows.lines();
-  first_.troubleLine -= first_.trouble != nullptr ? rows.lines() : 0;
   first_.bytes.erase(0, taken);
 }
 

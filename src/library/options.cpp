@@ -137,7 +137,7 @@ bool isOffered(int state, Column column, int number) {
 std::string offeredText(int state, Column column) {
   const std::vector<int> numbers = offered(state, column);
   if (numbers.empty()) return "none";
-  const bool range = numbers.size() > 2 && numbers.back() - numbers.front() + 1 == static_cast<int>(numbers.size());
+  const bool range = numbers.back() - numbers.front() + 1 == static_cast<int>(numbers.size());
   if (range) return std::to_string(numbers.front()) + " to " + std::to_string(numbers.back());
   std::string text;
   for (const int number : numbers) text += (text.empty() ? "" : " ") + std::to_string(number);

@@ -32,6 +32,8 @@ def options():
     expect("--help tells the options", answer.returncode == 0 and not answer.stderr and
            all(option in answer.stdout for option in (b"--header", b"--no-header", b"--quiet", b"--version", b"--jobs",
                                                       b"--delimiter", b"--problems-ok", b"--states")))
+    expect("nothing behind --help counts", run("--help", "--faster").stdout == answer.stdout and
+           run("--states", "--help").stdout == answer.stdout)
     answer = run("--version")
     expect("--version", answer.returncode == 0 and answer.stdout.startswith(b"tallyfin99-batch ") and not answer.stderr)
     plain = run(stdin=header + row)

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <latch>
 #include <random>
 #include <sstream>
 
@@ -265,7 +266,7 @@ TEST(Batch, RefusesAnUnclearHeaderAtOnce) {
     EXPECT_EQ(outcomeOf(in).out, "");
   }
   EXPECT_EQ(outcomeOf("income,a\\\x1B[2J,A\\\x1B[2j\n").trouble, "two columns are named \"a\\\\\\x1b[2j\"");
-  for (const char* in : {"problem\n1\n", "id,Fica\n", "income,check_amount\n"}) {
+  for (const char* in : {"problem\n1\n", "id,Fica\n", "income,check_amount\n", "fica,income,income\n"}) {
     EXPECT_THAT(outcomeOf(in).trouble, StartsWith("a column is named like a result: "));
     EXPECT_EQ(outcomeOf(in).out, "");
   }
@@ -346,6 +347,7 @@ TEST(Batch, QuotesACellThatNeedsIt) {
   EXPECT_EQ(cell("a,b"), "\"a,b\"");
   EXPECT_EQ(cell("a\"b"), "\"a\"\"b\"");
   EXPECT_EQ(cell("a\nb"), "\"a\nb\"");
+  EXPECT_EQ(cell("a\rb"), "\"a\rb\"");
 }
 
 TEST(Batch, TellsTheLineOfTheFirstProblem) {
@@ -418,6 +420,27 @@ TEST(BatchJobs, EndWhereASourceOrASinkFails) {
   }
 }
 
+TEST(BatchJobs, DropWhatComesBehindAFailure) {
+  std::latch nextIsRead(1);
+  int readings = 0;
+  int writings = 0;
+  const std::vector<std::string> lines{"frequency\n", "0\n", "1\n"};
+  const Streams streams{[&](char* place, std::size_t) -> std::size_t {
+                          const auto line = static_cast<std::size_t>(readings++);
+                          if (line >= lines.size()) return 0;
+                          if (line + 1 == lines.size()) nextIsRead.count_down();
+                          return lines[line].copy(place, lines[line].size());
+                        },
+                        [&](std::string_view) {
+                          ++writings;
+                          nextIsRead.wait();
+                          throw Trouble("full");
+                        },
+                        [](std::uint64_t) {}, [](const std::string&) {}};
+  EXPECT_THROW(run(streams, {.writeHeader = false, .jobs = 2}), Trouble);
+  EXPECT_EQ(writings, 1);
+}
+
 // --- Bytes -----------------------------------------------------------------------------------------------------------
 
 TEST(Batch, WritesTheRowsBeforeAQuoteThatDoesNotEnd) {
@@ -425,6 +448,7 @@ TEST(Batch, WritesTheRowsBeforeAQuoteThatDoesNotEnd) {
   EXPECT_EQ(outcome.out,
             "income,note" + results + "\n100,\"a\nb\",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency + "\n");
   EXPECT_EQ(outcome.trouble, "line 4: a quoted cell doesn't end");
+  EXPECT_EQ(outcomeOf("income,\"note\n100,a\n").trouble, "line 1: a quoted cell doesn't end");
 }
 
 TEST(Batch, EndsLinesAsTheInputDoes) {

@@ -44,7 +44,8 @@ TEST(Columns, StateThatTaxesNoWagesIsNoState) {
 }
 
 TEST(Columns, TextThatNamesNoEntryHasNoNumber) {
-  for (const char* name : {"Atlantis", "", " ", "42", "-1", "2.5", "2.0x", "PR", "1e1", "99999999999999999999"}) {
+  for (const char* name : {"Atlantis", "", " ", "42", "-1", "2.5", "2.0x", "PR", "1e1", "99999999999999999999", "{",
+                           ":", "1:", ":1", "/1"}) {
     EXPECT_EQ(entryOf(Column::state, name), std::nullopt) << name;
   }
   EXPECT_EQ(entryOf(Column::exemptions, "few"), std::nullopt);

@@ -209,6 +209,7 @@ TEST(Net, IsReportedWhereItCannotBeMeant) {
   EXPECT_EQ(grossFor("5.001"), "0; net: not of whole cents");
   EXPECT_EQ(grossFor("50", "100"), "100; net: the income is given too and counts");
   EXPECT_EQ(grossFor("x", "100"), "100; net: the income is given too and counts");
+  EXPECT_EQ(grossFor("1000000"), "0; net: no income up to 1000000.00 gives that check");
 }
 
 TEST(Net, IsExplainedWithTheIncomeFound) {
