@@ -1,22 +1,12 @@
 # Where the extension for SQLite and the Python package go: components that only their own packages take.
-function(tallyfin_documents component)
-  set(folder ${CMAKE_INSTALL_DATADIR}/doc/${component})
-  install(FILES LICENSE DESTINATION ${folder} RENAME copyright COMPONENT ${component} EXCLUDE_FROM_ALL)
-  install(FILES ${PROJECT_BINARY_DIR}/compressed/changelog.gz DESTINATION ${folder} COMPONENT ${component}
-    EXCLUDE_FROM_ALL)
-endfunction()
 
 # Not beside the libraries that programs link.
 install(TARGETS sqlite LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/tallyfin99 COMPONENT sqlite3-tallyfin99 EXCLUDE_FROM_ALL)
-tallyfin_documents(sqlite3-tallyfin99)
-set(CPACK_DEBIAN_SQLITE3-TALLYFIN99_PACKAGE_NAME sqlite3-tallyfin99)
-set(CPACK_DEBIAN_SQLITE3-TALLYFIN99_PACKAGE_SECTION libs)
+tallyfin_package(sqlite3-tallyfin99 libs "works out United States paychecks of 1999 in SQLite
+An extension for SQLite: table-valued functions that work out what is
+withheld from United States paychecks in tax year 1999.")
 # It calls SQLite through the table that SQLite hands over, so nothing links it.
 set(CPACK_DEBIAN_SQLITE3-TALLYFIN99_PACKAGE_DEPENDS "libsqlite3-0 (>= 3.31)")
-set(CPACK_DEBIAN_SQLITE3-TALLYFIN99_PACKAGE_RECOMMENDS "")
-set(CPACK_COMPONENT_SQLITE3-TALLYFIN99_DESCRIPTION "works out United States paychecks of 1999 in SQLite
- An extension for SQLite: table-valued functions that work out what is
- withheld from United States paychecks in tax year 1999.")
 
 if(TARGET python)
   # The module is for one version of Python.
@@ -26,13 +16,9 @@ if(TARGET python)
   install(TARGETS python LIBRARY DESTINATION ${python} COMPONENT python3-tallyfin99 EXCLUDE_FROM_ALL)
   install(DIRECTORY src/python/tallyfin99/ DESTINATION ${python} COMPONENT python3-tallyfin99 EXCLUDE_FROM_ALL
     FILES_MATCHING PATTERN "*.py" PATTERN "*.pyi" PATTERN "py.typed")
-  tallyfin_documents(python3-tallyfin99)
-  set(CPACK_DEBIAN_PYTHON3-TALLYFIN99_PACKAGE_NAME python3-tallyfin99)
-  set(CPACK_DEBIAN_PYTHON3-TALLYFIN99_PACKAGE_SECTION python)
+  tallyfin_package(python3-tallyfin99 python "works out United States paychecks of 1999 in Python
+A Python package that works out what is withheld from United States
+paychecks in tax year 1999, for NumPy and pandas, and lazily for Dask.")
   set(CPACK_DEBIAN_PYTHON3-TALLYFIN99_PACKAGE_DEPENDS "${interpreter}, python3-numpy, python3-pandas")
-  set(CPACK_DEBIAN_PYTHON3-TALLYFIN99_PACKAGE_RECOMMENDS "")
   set(CPACK_DEBIAN_PYTHON3-TALLYFIN99_PACKAGE_SUGGESTS "python3-dask")
-  set(CPACK_COMPONENT_PYTHON3-TALLYFIN99_DESCRIPTION "works out United States paychecks of 1999 in Python
- A Python package that works out what is withheld from United States
- paychecks in tax year 1999, for NumPy and pandas, and lazily for Dask.")
 endif()
