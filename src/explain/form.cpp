@@ -29,8 +29,8 @@ std::vector<int> takeNumbers(std::string_view& text, bool several) {
   bool upTo = false;
   for (;;) {
     int number = 0;
-    text.remove_prefix(static_cast<std::size_t>(
-        std::from_chars(text.data(), text.data() + text.size(), number).ptr - text.data()));
+    text.remove_prefix(
+        static_cast<std::size_t>(std::from_chars(text.data(), text.data() + text.size(), number).ptr - text.data()));
     while (upTo && numbers.back() + 1 < number) numbers.push_back(numbers.back() + 1);
     numbers.push_back(number);
     constexpr std::array<std::string_view, 3> separators{" to ", ", ", " and "};

@@ -26,7 +26,8 @@ std::vector<std::string> cut(const std::string& text) {
 
 TEST(Form, CutsATextAtTheLinesThatItNames) {
   EXPECT_THAT(cut("line 1 less line 12"), ElementsAre("line 1|1", " less ", "line 12|12"));
-  EXPECT_THAT(cut("the sum of lines 2 to 5 plus $3.00"), ElementsAre("the sum of ", "lines 2 to 5|2|3|4|5", " plus $3.00"));
+  EXPECT_THAT(cut("the sum of lines 2 to 5 plus $3.00"),
+              ElementsAre("the sum of ", "lines 2 to 5|2|3|4|5", " plus $3.00"));
   EXPECT_THAT(cut("lines 2, 3 and 7"), ElementsAre("lines 2, 3 and 7|2|3|7"));
   EXPECT_THAT(cut("lines 2 and 3, rounded up"), ElementsAre("lines 2 and 3|2|3", ", rounded up"));
   EXPECT_THAT(cut("line 3 is from 0 to 1"), ElementsAre("line 3|3", " is from 0 to 1"));
@@ -55,7 +56,8 @@ class FormTest : public ExplainTest {
   }
   static Lines texts(const std::vector<FormLine>& lines) {
     Lines texts;
-    for (const FormLine& line : lines) texts.push_back(std::to_string(line.number) + " " + line.text() + " " + line.figure);
+    for (const FormLine& line : lines)
+      texts.push_back(std::to_string(line.number) + " " + line.text() + " " + line.figure);
     return texts;
   }
 };
@@ -91,11 +93,12 @@ TEST_F(FormTest, HasTheTableWithTheRowThatWasUsed) {
   EXPECT_EQ(line.table->used, 2U);
   Lines rows;
   for (const FormTable::Row& row : line.table->rows) rows.push_back(row.where + ": " + row.given);
-  EXPECT_THAT(rows, ElementsAre("not over $51.00: $0.00", "over $51.00 but not over $525.00: 15% of the amount over $51.00",
-                                "over $525.00 but not over $1,125.00: $71.10 plus 28% of the amount over $525.00",
-                                "over $1,125.00 but not over $2,535.00: $239.10 plus 31% of the amount over $1,125.00",
-                                "over $2,535.00 but not over $5,475.00: $676.20 plus 36% of the amount over $2,535.00",
-                                "over $5,475.00: $1,734.60 plus 39.6% of the amount over $5,475.00"));
+  EXPECT_THAT(rows,
+              ElementsAre("not over $51.00: $0.00", "over $51.00 but not over $525.00: 15% of the amount over $51.00",
+                          "over $525.00 but not over $1,125.00: $71.10 plus 28% of the amount over $525.00",
+                          "over $1,125.00 but not over $2,535.00: $239.10 plus 31% of the amount over $1,125.00",
+                          "over $2,535.00 but not over $5,475.00: $676.20 plus 36% of the amount over $2,535.00",
+                          "over $5,475.00: $1,734.60 plus 39.6% of the amount over $5,475.00"));
 }
 
 TEST_F(FormTest, BearsNameDateAndEntries) {
@@ -106,14 +109,14 @@ TEST_F(FormTest, BearsNameDateAndEntries) {
   calculate();
   const auto heading = [] {
     Lines entries;
-    for (const auto& [title, words] : headingOf(*lastTrace(), explain(*lastTrace()))) entries.push_back(title + ": " + words);
+    for (const auto& [title, words] : headingOf(*lastTrace(), explain(*lastTrace())))
+      entries.push_back(title + ": " + words);
     return entries;
   };
-  EXPECT_THAT(heading(),
-              ElementsAre("Date: Monday, May 17, 1999", "Tax year: 1999", "Pay frequency: Weekly",
-                          "Marital status: Single", "Exemptions: 1", "State: North Carolina",
-                          "Filing status for the state: Married, claiming for both spouses",
-                          "Dependents for the state: 2", "Additional amount for the state: $5.00"));
+  EXPECT_THAT(heading(), ElementsAre("Date: Monday, May 17, 1999", "Tax year: 1999", "Pay frequency: Weekly",
+                                     "Marital status: Single", "Exemptions: 1", "State: North Carolina",
+                                     "Filing status for the state: Married, claiming for both spouses",
+                                     "Dependents for the state: 2", "Additional amount for the state: $5.00"));
   store.write(section::user, "UName", "Pat Smith");
   EXPECT_EQ(heading().front(), "Name: Pat Smith");
 }
@@ -125,8 +128,10 @@ TEST_F(FormTest, IsHandedOverAsJson) {
   EXPECT_THAT(json, StartsWith(R"({"heading":[["Date","Monday, May 17, 1999"],["Tax year","1999"],)"));
   EXPECT_THAT(json, HasSubstr(R"x("forms":[{"title":"Gross Pay","figure":"$1,000.00","lines":[{"line":1,"parts":)x"
                               R"x([["Income, as entered"]],"figure":"$1,000.00",)x"));
-  EXPECT_THAT(json, HasSubstr(R"x([["Taxable wage less the federal allowance. "],["Line 4",4],[" less "],["line 5",5]])x"));
-  EXPECT_THAT(json, HasSubstr(R"x({"parts":[["Pay frequency: Weekly"]],"figure":"","spoken":"Pay frequency: Weekly"})x"));
+  EXPECT_THAT(json,
+              HasSubstr(R"x([["Taxable wage less the federal allowance. "],["Line 4",4],[" less "],["line 5",5]])x"));
+  EXPECT_THAT(json,
+              HasSubstr(R"x({"parts":[["Pay frequency: Weekly"]],"figure":"","spoken":"Pay frequency: Weekly"})x"));
   EXPECT_THAT(json, HasSubstr(R"x(,"table":{"name":"Federal, Single, Weekly","of":"Line 6","used":2,"rows":)x"
                               R"x([["not over $51.00","$0.00"],["over $51.00 but)x"));
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <string>
@@ -50,6 +51,15 @@ class RandomChoices {
     paycheck.set(Column::stateAdditional, oneOf({"0", "12.25"}));
   }
 
+  /// One whose check falls by 24.23 at 1,935.51, a little above that with an exemption.
+  void fillWithAJump(Paycheck& paycheck) {
+    paycheck.clear();
+    paycheck.set(Column::frequency, "Weekly");
+    paycheck.set(Column::state, "Ohio");
+    paycheck.setInteger(Column::status, upTo(2));
+    paycheck.setInteger(Column::exemptions, upTo(1));
+  }
+
  private:
   const char* oneOf(std::vector<const char*> texts) {
     return texts[static_cast<std::size_t>(upTo(static_cast<int>(texts.size()) - 1))];
@@ -89,19 +99,25 @@ std::int64_t firstReaching(const std::vector<Money>& checks, Money wanted) {
   return found == checks.end() ? 0 : found - checks.begin() + 1;
 }
 
-/// TARGETS=20000 tries so many; SEED begins elsewhere.
+/// TARGETS=20000 tries so many, up to larger incomes; SEED begins elsewhere.
 TEST(IncomeSearch, FindsWhatTryingEveryCentFinds) {
   const int wanted = setting("TARGETS", 500);
   constexpr int targetsOfOne = 100;
   RandomChoices choices(static_cast<unsigned>(setting("SEED", 1999)));
   Paycheck paycheck;
-  for (int tried = 0; tried < wanted; tried += targetsOfOne) {
+  int paychecks = 0;
+  int tried = 0;
+  int triedAtJumps = 0;
+  while (tried < wanted) {
     choices.fill(paycheck);
-    const int most = wanted <= 500 ? 60'000 : 1'200'000;
+    const bool hasJump = paychecks++ % 3 == 0;
+    if (hasJump) choices.fillWithAJump(paycheck);
+    const int most = wanted > 500 ? 1'200'000 : hasJump ? 195'000 : 60'000;
     const std::vector<Money> checks = checksUpTo(paycheck, most);
     const std::vector<std::size_t> jumps = jumpsIn(checks);
-    for (int target = 0; target < targetsOfOne; ++target) {
-      const bool atJump = target % 4 == 0 && !jumps.empty();
+    for (int target = 0; target < targetsOfOne && tried < wanted; ++target) {
+      // More than a quarter, because some paychecks have no jump.
+      const bool atJump = !jumps.empty() && 3 * triedAtJumps <= tried;
       const std::size_t place = atJump
                                     ? jumps[static_cast<std::size_t>(choices.upTo(static_cast<int>(jumps.size()) - 1))]
                                     : static_cast<std::size_t>(choices.upTo(most - 1));
@@ -112,9 +128,13 @@ TEST(IncomeSearch, FindsWhatTryingEveryCentFinds) {
       paycheck.set(Column::net, toText(cents(around)));
       ASSERT_TRUE(paycheck.work());
       ASSERT_EQ(paycheck.result(grossPay), cents(expected))
-          << "net " << toText(cents(around)) << " of paycheck " << tried;
+          << "net " << toText(cents(around)) << " after " << tried << " targets";
+      ++tried;
+      triedAtJumps += atJump ? 1 : 0;
     }
   }
+  std::printf("%d targets, %d of them at jumps\n", tried, triedAtJumps);
+  EXPECT_GE(4 * triedAtJumps, wanted);
 }
 
 }  // namespace
