@@ -1,5 +1,5 @@
 from decimal import Decimal
-from typing import Any, Mapping
+from typing import Any, Mapping, TypedDict, Unpack
 
 import pandas
 
@@ -7,31 +7,34 @@ __version__: str
 columns: tuple[str, ...]
 results: tuple[str, ...]
 
+class _Columns(TypedDict, total=False):
+    income: Any
+    rate_401k: Any
+    pre_tax: Any
+    pre_fica: Any
+    frequency: Any
+    status: Any
+    exemptions: Any
+    state: Any
+    self_employed: Any
+    state_401k: Any
+    state_pre_tax: Any
+    local_rate: Any
+    local_base: Any
+    state_dependents: Any
+    illinois_dependents: Any
+    state_exemptions: Any
+    state_marital: Any
+    state_method: Any
+    state_additional: Any
+    net: Any
+
 def work(
     table: pandas.DataFrame | Mapping[str, Any] | None = ...,
     /,
     *,
     units: bool = ...,
-    income: Any = ...,
-    rate_401k: Any = ...,
-    pre_tax: Any = ...,
-    pre_fica: Any = ...,
-    frequency: Any = ...,
-    status: Any = ...,
-    exemptions: Any = ...,
-    state: Any = ...,
-    self_employed: Any = ...,
-    state_401k: Any = ...,
-    state_pre_tax: Any = ...,
-    local_rate: Any = ...,
-    local_base: Any = ...,
-    state_dependents: Any = ...,
-    illinois_dependents: Any = ...,
-    state_exemptions: Any = ...,
-    state_marital: Any = ...,
-    state_method: Any = ...,
-    state_additional: Any = ...,
-    net: Any = ...,
+    **columns: Unpack[_Columns],
 ) -> pandas.DataFrame: ...
 
 def states() -> pandas.DataFrame: ...
@@ -50,29 +53,6 @@ class Paycheck:
     total_deductions: Decimal | None
     check_amount: Decimal | None
     problem: str
-    def __init__(
-        self,
-        *,
-        income: Any = ...,
-        rate_401k: Any = ...,
-        pre_tax: Any = ...,
-        pre_fica: Any = ...,
-        frequency: Any = ...,
-        status: Any = ...,
-        exemptions: Any = ...,
-        state: Any = ...,
-        self_employed: Any = ...,
-        state_401k: Any = ...,
-        state_pre_tax: Any = ...,
-        local_rate: Any = ...,
-        local_base: Any = ...,
-        state_dependents: Any = ...,
-        illinois_dependents: Any = ...,
-        state_exemptions: Any = ...,
-        state_marital: Any = ...,
-        state_method: Any = ...,
-        state_additional: Any = ...,
-        net: Any = ...,
-    ) -> None: ...
+    def __init__(self, **columns: Unpack[_Columns]) -> None: ...
     def explain(self) -> dict[str, list[str]]: ...
     def _repr_html_(self) -> str: ...

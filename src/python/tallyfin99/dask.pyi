@@ -1,5 +1,9 @@
-from typing import Any
+from typing import Unpack
 
 import dask.dataframe
 
-def work(frame: dask.dataframe.DataFrame, /, *, units: bool = ..., **columns: Any) -> dask.dataframe.DataFrame: ...
+from tallyfin99 import _Columns
+
+def work(
+    frame: dask.dataframe.DataFrame, /, *, units: bool = ..., **columns: Unpack[_Columns]
+) -> dask.dataframe.DataFrame: ...
