@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""agreement.py EXTENSION BATCH [ROWS]: the extension gives what the batch program gives, over many rows."""
+"""agreement.py EXTENSION BATCH [ROWS]: the extension gives the figures and problems that the batch program writes."""
 import pathlib
 import sqlite3
 import sys
@@ -27,9 +27,5 @@ connection.executemany(f"INSERT INTO row VALUES ({', '.join('?' * len(columns))}
 by_name = " AND ".join(f"p.{column} = r.{column}" for column in columns)
 given = connection.execute(f"SELECT p.* FROM row r JOIN paycheck p ON {by_name} ORDER BY r.rowid").fetchall()
 
-wanted = [(*results, problem or None) for results, problem in paychecks.worked(batch, rows)]
-different = [(row, a, b) for row, a, b in zip(rows, given, wanted) if a != b]
-print(f"{len(given)} of {count} rows, {len(different)} different, {sum(row[-1] is not None for row in wanted)} with problems")
-for row, a, b in different[:3]:
-    print(row, a, b, sep="\n")
-sys.exit(bool(different) or len(given) != count)
+texts = [[*map(paychecks.text, row[:-1]), row[-1] or ""] for row in given]
+sys.exit(paychecks.differ(texts, paychecks.worked(batch, rows), rows))

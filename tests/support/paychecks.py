@@ -49,14 +49,37 @@ def rows(count, seed=99):
     return [[_cell(chance, column) for column in COLUMNS] for _ in range(count)]
 
 
+def text(amount):
+    """Dollars as the batch program writes them; None and NaN as no text."""
+    if amount is None or amount != amount:
+        return ""
+    return repr(float(amount)).removesuffix(".0")
+
+
+def text_of_units(units):
+    """Ten-thousandths of a dollar, as the batch program writes them."""
+    sign = "-" if units < 0 else ""
+    return f"{sign}{abs(units) // 10_000}.{abs(units) % 10_000:04}".rstrip("0").rstrip(".")
+
+
 def worked(batch, all_rows):
-    """What the batch program gives for the rows: for each its twelve results, numbers or None, and its problem."""
-    text = "\n".join(",".join(f'"{cell}"' for cell in row) for row in [COLUMNS, *all_rows]) + "\n"
-    answer = subprocess.run([batch, "--problems-ok", "--quiet"], input=text, stdout=subprocess.PIPE,
+    """What the batch program writes for the rows: for each its twelve results and its problem, as texts."""
+    cells = "\n".join(",".join(f'"{cell}"' for cell in row) for row in [COLUMNS, *all_rows]) + "\n"
+    answer = subprocess.run([batch, "--problems-ok", "--quiet"], input=cells, stdout=subprocess.PIPE,
                             stderr=subprocess.DEVNULL, text=True, check=True)
     lines = csv.reader(answer.stdout.splitlines())
     assert next(lines) == [*COLUMNS, *RESULTS, "problem"]
-    return [([float(cell) if cell else None for cell in line[20:32]], line[32]) for line in lines]
+    return [line[20:] for line in lines]
+
+
+def differ(given, wanted, all_rows):
+    """Compares texts by rows, prints what was found and returns whether any differ."""
+    assert len(given) == len(wanted) == len(all_rows)
+    different = [three for three in zip(all_rows, given, wanted) if three[1] != three[2]]
+    print(f"{len(wanted):,} rows, {sum(row[-1] != '' for row in wanted):,} with problems, {len(different):,} different")
+    for three in different[:3]:
+        print(*three, sep="\n")
+    return bool(different)
 
 
 def states(batch):
