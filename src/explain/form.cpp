@@ -149,9 +149,8 @@ std::vector<Form> formsOf(const std::vector<Explanation>& explanations) {
   return forms;
 }
 
-std::vector<std::pair<std::string, std::string>> headingOf(const Trace& trace,
-                                                           const std::vector<Explanation>& explanations) {
-  std::vector<std::pair<std::string, std::string>> heading;
+FormHeading headingOf(const Trace& trace, const std::vector<Explanation>& explanations) {
+  FormHeading heading;
   const auto add = [&](const std::string& title, const std::string& words) {
     const auto same = [&](const auto& other) { return other.first == title; };
     if (!words.empty() && std::none_of(heading.begin(), heading.end(), same)) heading.emplace_back(title, words);

@@ -48,12 +48,14 @@ struct Form {
   std::vector<FormLine> lines;
 };
 
+/// What stands above the worksheets, each with its title.
+using FormHeading = std::vector<std::pair<std::string, std::string>>;
+
 std::vector<Form> formsOf(const std::vector<Explanation>& explanations);
 
-/// What stands above the worksheets, each with its title: name, date, tax year, pay frequency, marital status,
-/// exemptions, state, and the state options that counted. A name that isn't stored is left out.
-std::vector<std::pair<std::string, std::string>> headingOf(const Trace& trace,
-                                                           const std::vector<Explanation>& explanations);
+/// Name, date, tax year, pay frequency, marital status, exemptions, state, and the state options that counted. A name
+/// that isn't stored is left out.
+FormHeading headingOf(const Trace& trace, const std::vector<Explanation>& explanations);
 
 /// A text cut into parts, at the lines that it names.
 std::vector<FormPart> partsOf(const std::string& text);

@@ -3,16 +3,21 @@
 #include <QAccessible>
 #include <QAction>
 #include <QClipboard>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QProcess>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTextBrowser>
+#include <QTreeWidget>
 #include <QWindow>
 
 #include "controls/desk.h"
 #include "desktoptest.h"
 #include "paints.h"
+#include "ui/qt/explanation/formview.h"
+#include "ui/qt/paper/formpages.h"
+#include "ui/qt/widgets/look.h"
 
 /// The window that tells how a figure was worked out, opened from the results by hand.
 
@@ -20,7 +25,10 @@ namespace tallyfin::qt {
 
 namespace {
 
+using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 using ::testing::StartsWith;
 using ::testing::UnorderedElementsAre;
 
@@ -33,6 +41,13 @@ class ExplanationOfTheResults : public DesktopTest {
     choose("frmMain", "cboState", "Pennsylvania");
     type("frmMain", "txtIncome", "1000");
     calculate();
+  }
+  /// The federal tax with a contribution of $60.00: its third line is the first less the second, the fourth has a
+  /// table.
+  void explainFederalTax() const {
+    type("frmMain", "txt401k", "6");
+    calculate();
+    doubleClick(4);
   }
 
   void calculate() const {
@@ -52,6 +67,13 @@ class ExplanationOfTheResults : public DesktopTest {
   template <class Widget>
   Widget& part(const char* name) const {
     return *window()->findChild<Widget*>(name);
+  }
+  /// What a PDF file says, its pages divided by form feeds.
+  static QString textOf(const QString& path) {
+    QProcess reader;
+    reader.start("pdftotext", {"-layout", path, "-"});
+    EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is needed";
+    return QString::fromUtf8(reader.readAllStandardOutput());
   }
   std::string told() const { return window()->chosenText().toStdString(); }
 };
@@ -90,7 +112,7 @@ TEST_F(ExplanationOfTheResults, OpensByTheContextMenu) {
   grid().actions()[0]->trigger();
   ASSERT_NE(window(), nullptr);
   EXPECT_THAT(told(), StartsWith("Gross Pay\n"));
-  EXPECT_THAT(part<QTextBrowser>("page").toPlainText().toStdString(), StartsWith("Gross Pay\n"));
+  EXPECT_THAT(told(), StartsWith("Gross Pay\n"));
 }
 
 TEST_F(ExplanationOfTheResults, FollowsTheNextCalculateWithItsRowChosen) {
@@ -99,7 +121,7 @@ TEST_F(ExplanationOfTheResults, FollowsTheNextCalculateWithItsRowChosen) {
   type("frmMain", "txtIncome", "2000");
   calculate();
   EXPECT_THAT(told(), HasSubstr("2.8% of line 1 = $56.00"));
-  EXPECT_THAT(part<QTextBrowser>("page").toPlainText().toStdString(), HasSubstr("$56.00"));
+  EXPECT_THAT(told(), HasSubstr("$56.00"));
   EXPECT_EQ(window()->findChild<QTableWidget*>("figures")->item(0, 1)->text(), "$2,000.00");
   EXPECT_THAT(window()->findChild<QLabel*>("shares")->text().toStdString(),
               StartsWith("Of the gross pay of $2,000.00: "));
@@ -172,12 +194,90 @@ TEST_F(ExplanationOfTheResults, CtrlCCopiesTheRowWithItsAmountOrWhatIsSelected) 
     return QGuiApplication::clipboard()->text().toStdString();
   };
   EXPECT_EQ(copied(part<QTableWidget>("figures")), "State Tax\t$28.00");
-  auto& page = part<QTextBrowser>("page");
-  EXPECT_EQ(copied(page), "State Tax\t$28.00");
-  QTextCursor first(page.document());
-  first.select(QTextCursor::WordUnderCursor);
-  page.setTextCursor(first);
-  EXPECT_EQ(copied(page), "State");
+  auto& page = part<QTreeWidget>("page");
+  EXPECT_EQ(copied(page), "State: Pennsylvania");
+  page.setCurrentItem(page.topLevelItem(2));
+  EXPECT_EQ(copied(page), "Pennsylvania tax. 2.8% of line 1\t$28.00");
+  auto& shares = part<QLabel>("shares");
+  EXPECT_EQ(copied(shares), "State Tax\t$28.00");
+  shares.setSelection(0, 2);
+  EXPECT_EQ(copied(shares), "Of");
+  EXPECT_EQ(part<QLabel>("notice").text(), "Copied");
+}
+
+TEST_F(ExplanationOfTheResults, ShowsTheEntriesAbove) {
+  doubleClick(5);
+  EXPECT_THAT(part<QLabel>("heading").text().toStdString(),
+              HasSubstr("Tax year: 1999 \u00b7 Pay frequency: Weekly \u00b7 Marital status: Single \u00b7 "
+                        "Exemptions: 0 \u00b7 State: Pennsylvania"));
+}
+
+TEST_F(ExplanationOfTheResults, IsReadLineByLine) {
+  explainFederalTax();
+  auto& page = part<QTreeWidget>("page");
+  QAccessibleInterface& face = *QAccessible::queryAccessibleInterface(&page);
+  EXPECT_EQ(face.role(), QAccessible::Tree);
+  std::vector<std::string> spoken;
+  for (int i = 0; i < face.childCount(); ++i) spoken.push_back(face.child(i)->text(QAccessible::Name).toStdString());
+  EXPECT_THAT(spoken,
+              Contains("Line 3. Wage less the 401(k), pre-FICA and pre-tax amounts. Line 1 less line 2. 940 dollars."));
+}
+
+TEST_F(ExplanationOfTheResults, PointingAtALineMarksIt) {
+  doubleClick(5);
+  auto& page = part<FormView>("page");
+  const QRect row = page.visualItemRect(page.topLevelItem(2));
+  std::set<std::vector<int>> marks;
+  for (int x = row.left(); x < row.right(); x += 3) {
+    QTest::mouseMove(page.viewport(), QPoint(x, row.center().y()));
+    marks.insert(page.marked());
+  }
+  EXPECT_THAT(marks, ElementsAre(IsEmpty(), ElementsAre(1)));
+  QTest::mouseMove(page.viewport(), QPoint(row.left() + 3, row.top() - 1));
+  EXPECT_THAT(page.marked(), IsEmpty());
+}
+
+TEST_F(ExplanationOfTheResults, TheKeyboardMarksTheLinesThatTheCurrentOneNames) {
+  explainFederalTax();
+  auto& page = part<FormView>("page");
+  EXPECT_THAT(page.marked(), IsEmpty());
+  page.setFocus();
+  press(Qt::Key_Home);
+  EXPECT_THAT(page.marked(), IsEmpty());
+  for (int i = 0; i < 4; ++i) press(Qt::Key_Down);
+  EXPECT_EQ(page.currentItem()->text(0).toStdString(),
+            "Wage less the 401(k), pre-FICA and pre-tax amounts. Line 1 less line 2");
+  EXPECT_THAT(page.marked(), ElementsAre(1, 2));
+  const QRect marked = page.visualItemRect(page.topLevelItem(2));
+  EXPECT_EQ(page.grab().toImage().pixelColor(page.viewport()->mapTo(&page, marked.topRight() - QPoint(2, -2))),
+            look::lightBlue);
+}
+
+TEST_F(ExplanationOfTheResults, TheTableOpensInPlaceWithItsRowMarked) {
+  explainFederalTax();
+  auto& page = part<QTreeWidget>("page");
+  page.setFocus();
+  QTreeWidgetItem& line = *page.topLevelItem(5);
+  ASSERT_EQ(line.childCount(), 6);
+  page.setCurrentItem(&line);
+  EXPECT_FALSE(line.isExpanded());
+  press(Qt::Key_Right);
+  EXPECT_TRUE(line.isExpanded());
+  EXPECT_EQ(line.child(2)->data(0, Qt::AccessibleTextRole).toString(),
+            "Used: Line 3 over 525 dollars but not over 1,125 dollars: 71 dollars 10 plus 28% of the amount over 525 "
+            "dollars");
+  EXPECT_EQ(line.child(1)->data(0, Qt::AccessibleTextRole).toString(),
+            "Line 3 over 51 dollars but not over 525 dollars: 15% of the amount over 51 dollars");
+  const QImage picture = page.grab().toImage();
+  const auto ground = [&](int row) {
+    const QPoint corner = page.visualItemRect(line.child(row)).topRight() - QPoint(2, -2);
+    return picture.pixelColor(page.viewport()->mapTo(&page, corner));
+  };
+  EXPECT_EQ(ground(2), look::lightBlue);
+  EXPECT_NE(ground(1), look::lightBlue);
+  press(Qt::Key_Down);
+  QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "not over $51.00\t$0.00");
 }
 
 TEST_F(ExplanationOfTheResults, StandsBesideTheFrameWhereTheScreenHasRoom) {
@@ -230,11 +330,10 @@ TEST_F(ExplanationOfTheResults, PrintsAllTwelveAsTheReportIsPrinted) {
   doubleClick(5);
   click(part<QPushButton>("print"));
   EXPECT_EQ(dialogs.offered, "How this was worked out.pdf");
-  QProcess reader;
-  reader.start("pdftotext", {"-raw", dialogs.path, "-"});
-  ASSERT_TRUE(reader.waitForFinished()) << "pdftotext is needed";
-  const std::string paper = QString::fromUtf8(reader.readAllStandardOutput()).simplified().toStdString();
-  EXPECT_THAT(paper, StartsWith("Of the gross pay of $1,000.00: "));
+  const std::string paper = textOf(dialogs.path).simplified().toStdString();
+  EXPECT_THAT(paper, StartsWith("How this was worked out Date: "));
+  EXPECT_THAT(paper, HasSubstr("Pay frequency: Weekly Marital status: Single Exemptions: 0 State: Pennsylvania Of the "
+                               "gross pay of $1,000.00: "));
   std::size_t from = 0;
   for (int row = 0; row < 12; ++row) {
     const std::string title = part<QTableWidget>("figures").item(row, 0)->text().toStdString();
@@ -242,8 +341,47 @@ TEST_F(ExplanationOfTheResults, PrintsAllTwelveAsTheReportIsPrinted) {
     EXPECT_NE(place, std::string::npos) << title;
     from = place;
   }
-  EXPECT_THAT(paper, HasSubstr("Pennsylvania tax: 2.8% of line 1 $28.00 "));
+  EXPECT_THAT(paper, HasSubstr("Pennsylvania tax. 2.8% of line 1"));
   EXPECT_THAT(paper, HasSubstr("$71.10 plus 28% of the amount of line 1 over $525.00, "));
+}
+
+TEST_F(ExplanationOfTheResults, NoTitleEndsAPage) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("explanation.pdf");
+  for (int lines = 4; lines < 30; ++lines) {
+    FormPages pages{"Worksheets", {{"Name", "Pat Smith"}}, "Nothing.", {}};
+    for (int i = 0; i < 9; ++i) {
+      Form form{"Title", "$1.00", {}};
+      for (int number = 1; number <= lines - i % 3; ++number) {
+        form.lines.push_back({number, {{"Line", {}}}, "$1.00", "", {}});
+      }
+      pages.forms.push_back(form);
+    }
+    QPdfWriter writer(path);
+    ASSERT_TRUE(pages.draw(writer));
+    for (const QString& page : textOf(path).split('\f', Qt::SkipEmptyParts)) {
+      QStringList rows = page.split('\n', Qt::SkipEmptyParts);
+      EXPECT_THAT(rows.takeLast().toStdString(), HasSubstr("Page "));
+      EXPECT_THAT(rows.takeLast().toStdString(), HasSubstr("Line")) << lines;
+      EXPECT_THAT(rows.takeLast().toStdString(), HasSubstr("Line")) << lines;
+    }
+  }
+}
+
+TEST_F(ExplanationOfTheResults, PrintsThePagesThatAreWanted) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("explanation.pdf");
+  FormPages pages{"Worksheets", {{"Name", "Pat Smith"}}, "Nothing.", {}};
+  Form form{"Title", "$1.00", {}};
+  for (int number = 1; number < 200; ++number) form.lines.push_back({number, {{"Line", {}}}, "$1.00", "", {}});
+  pages.forms = {form};
+  QPdfWriter writer(path);
+  writer.setPageRanges(QPageRanges::fromString("2,4"));
+  ASSERT_TRUE(pages.draw(writer));
+  const QStringList papers = textOf(path).split('\f', Qt::SkipEmptyParts);
+  ASSERT_EQ(papers.size(), 2);
+  EXPECT_THAT(papers[0].toStdString(), HasSubstr("Page 2 of "));
+  EXPECT_THAT(papers[1].toStdString(), HasSubstr("Page 4 of "));
 }
 
 TEST_F(ExplanationOfTheResults, PrintsNothingForOneWhoDoesNotWantToAfterAll) {
@@ -275,7 +413,7 @@ TEST_F(ExplanationOfTheResults, TheKeyboardReachesEverythingAndAScreenReaderName
   EXPECT_EQ(window()->windowTitle(), "How this was worked out");
   const auto role = [](QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget)->role(); };
   EXPECT_EQ(role(part<QTableWidget>("figures")), QAccessible::Table);
-  EXPECT_EQ(role(part<QTextBrowser>("page")), QAccessible::StaticText);
+  EXPECT_EQ(role(part<QTreeWidget>("page")), QAccessible::Tree);
   QAccessibleInterface& bar = *QAccessible::queryAccessibleInterface(&part<QWidget>("bar"));
   EXPECT_EQ(bar.text(QAccessible::Name), "Where the gross pay goes");
   EXPECT_EQ(bar.text(QAccessible::Description), part<QLabel>("shares").text());
@@ -304,7 +442,7 @@ TEST_F(ExplanationOfTheResults, CutsNothingOffAtALargerFont) {
   doubleClick(4);
   auto& figures = part<QTableWidget>("figures");
   EXPECT_FALSE(figures.horizontalScrollBar()->isVisible());
-  EXPECT_FALSE(part<QTextBrowser>("page").horizontalScrollBar()->isVisible());
+  EXPECT_FALSE(part<QTreeWidget>("page").horizontalScrollBar()->isVisible());
   for (int row = 0; row < figures.rowCount(); ++row) {
     for (int column = 0; column < 2; ++column) {
       const QTableWidgetItem& item = *figures.item(row, column);

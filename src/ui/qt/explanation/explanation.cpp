@@ -6,18 +6,17 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTableWidget>
-#include <QTextBrowser>
-#include <QTextDocument>
 
 #include "engine/recorder.h"
+#include "ui/qt/explanation/formview.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/frame/notice.h"
 #include "ui/qt/frame/placement.h"
+#include "ui/qt/paper/formpages.h"
 #include "ui/qt/paper/printer.h"
 #include "ui/qt/widgets/look.h"
 
@@ -28,25 +27,6 @@ namespace {
 const QString windowName = QStringLiteral("explanation");
 
 QString text(const std::string& words) { return QString::fromStdString(words); }
-
-/// An explanation as a page, laid out as a pay stub is: what was done at the left, its sum at the right, every second
-/// line on a darker ground, the figure at the end.
-QString htmlOf(const Explanation& explanation) {
-  const QString title = QString::fromLatin1(explanation.title).toHtmlEscaped();
-  QString html = QStringLiteral("<h2>%1</h2><table width='100%' cellspacing='0' cellpadding='4'>").arg(title);
-  bool darker = false;
-  for (const ExplanationLine& line : explanation.lines) {
-    html += QStringLiteral("<tr bgcolor='%1'>")
-                .arg(look::onWhite().color(darker ? QPalette::AlternateBase : QPalette::Base).name());
-    const QString number = line.number == 0 ? QString() : QString::number(line.number) + QStringLiteral(". ");
-    html += QStringLiteral("<td>%1</td><td align='right'>%2</td>")
-                .arg((number + text(line.text())).toHtmlEscaped(), text(line.figure).toHtmlEscaped());
-    html += QStringLiteral("</tr>");
-    darker = !darker;
-  }
-  return html + QStringLiteral("<tr><td><b>%1</b></td><td align='right'><b>%2</b></td></tr></table>")
-                    .arg(title, text(amountText(explanation.amount)));
-}
 
 /// Grounds of the parts, told apart by their lightness too; the check is the lightest.
 const QColor grounds[] = {{38, 70, 83},    {120, 144, 156}, {62, 100, 116},
@@ -89,14 +69,18 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
 ExplanationWindow::ExplanationWindow(Frame& frame)
     : QDialog(&frame),
       frame_(frame),
+      heading_(new QLabel(this)),
       bar_(new ShareBar(this)),
       shares_(new QLabel(this)),
       figures_(new QTableWidget(0, 2, this)),
-      page_(new QTextBrowser(this)),
+      page_(new FormView(this)),
       notice_(new Notice(this)) {
   setObjectName(windowName);
   setWindowTitle(QStringLiteral("How this was worked out"));
   look::setGround(*this, look::onPaper());
+  heading_->setObjectName(QStringLiteral("heading"));
+  heading_->setWordWrap(true);
+  heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   shares_->setObjectName(QStringLiteral("shares"));
   shares_->setWordWrap(true);
   shares_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -120,13 +104,9 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
       figures_->fontMetrics().horizontalAdvance(QStringLiteral("Social Security   ($1,000,000.00)")));
   connect(figures_, &QTableWidget::currentCellChanged, this, [this] { tell(); });
 
-  page_->setObjectName(QStringLiteral("page"));
-  page_->setAccessibleName(QStringLiteral("Explanation"));
-  page_->setPalette(look::onWhite());
-  page_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(look::row);
+  layout->addWidget(heading_);
   layout->addWidget(bar_);
   layout->addWidget(shares_);
   auto* middle = new QHBoxLayout;
@@ -154,22 +134,20 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   frame.lendKeys(*this, {QKeySequence(Qt::Key_F9), QKeySequence(Qt::CTRL | Qt::Key_Q)});
   connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this, &QWidget::close);
   figures_->setFocus();
-  resize(look::scaled(640), look::scaled(430));
+  resize(look::scaled(740), look::scaled(480));
 }
 
 bool ExplanationWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) return false;
-  const bool selected =
-      (watched == page_ && page_->textCursor().hasSelection()) || (watched == shares_ && shares_->hasSelectedText());
-  if (!selected) copyRow();
-  return !selected;
+  if (watched == shares_ && shares_->hasSelectedText()) return false;
+  const int row = figures_->currentRow();
+  take(watched == page_ ? page_->currentText()
+                        : figures_->item(row, 0)->text() + QLatin1Char('\t') + figures_->item(row, 1)->text());
+  return true;
 }
 
-void ExplanationWindow::copyRow() {
-  const int row = figures_->currentRow();
-  if (row < 0) return;
-  QGuiApplication::clipboard()->setText(figures_->item(row, 0)->text() + QLatin1Char('\t') +
-                                        figures_->item(row, 1)->text());
+void ExplanationWindow::take(const QString& words) {
+  QGuiApplication::clipboard()->setText(words);
   tellUser(QStringLiteral("Copied"));
 }
 
@@ -201,6 +179,11 @@ void ExplanationWindow::refresh() {
   const Trace* trace = lastTrace();
   if (trace == nullptr) return;
   explanations_ = explain(*trace);
+  forms_ = formsOf(explanations_);
+  entries_ = headingOf(*trace, explanations_);
+  QStringList entries;
+  for (const auto& [title, words] : entries_) entries << text(title + ": " + words);
+  heading_->setText(entries.join(QStringLiteral(" \u00b7 ")));
   bar_->show(sharesOf(*trace));
   shares_->setText(text(sharesText(*trace)));
   bar_->setAccessibleDescription(shares_->text());
@@ -223,7 +206,7 @@ void ExplanationWindow::choose(const QString& title) {
 
 void ExplanationWindow::tell() {
   const int row = figures_->currentRow();
-  if (row >= 0) page_->setHtml(htmlOf(explanations_.at(static_cast<std::size_t>(row))));
+  if (row >= 0) page_->show(forms_.at(static_cast<std::size_t>(row)));
 }
 
 QString ExplanationWindow::chosenText() const {
@@ -233,10 +216,7 @@ QString ExplanationWindow::chosenText() const {
   return all + text(amountText(chosen.amount));
 }
 
-void ExplanationWindow::copy() {
-  QGuiApplication::clipboard()->setText(chosenText());
-  tellUser(QStringLiteral("Copied"));
-}
+void ExplanationWindow::copy() { take(chosenText()); }
 
 void ExplanationWindow::tellUser(const QString& words) {
   notice_->tell(words);
@@ -244,19 +224,12 @@ void ExplanationWindow::tellUser(const QString& words) {
 }
 
 void ExplanationWindow::print() {
-  const auto draw = [this](QPagedPaintDevice& device) {
-    QString html = QStringLiteral("<p>%1</p>").arg(shares_->text().toHtmlEscaped());
-    for (const Explanation& explanation : explanations_) html += htmlOf(explanation);
-    QTextDocument document;
-    document.setHtml(html);
-    document.print(&device);
-    return true;
-  };
+  const FormPages pages{windowTitle(), entries_, shares_->text(), forms_};
   const Paper paper{.name = QStringLiteral("explanation"),
                     .title = windowTitle(),
                     .file = windowTitle() + QStringLiteral(".pdf"),
                     .somePages = true,
-                    .draw = draw};
+                    .draw = [&](QPagedPaintDevice& device) { return pages.draw(device); }};
   const Outcome outcome = paper.printOrSave(frame_.dialogs(), *this);
   if (outcome) tellUser(outcome->words);
 }

@@ -5,14 +5,15 @@
 
 #include "explain/explain.h"
 #include "explain/figuretexts.h"
+#include "explain/form.h"
 #include "explain/shares.h"
 
 class QLabel;
 class QTableWidget;
-class QTextBrowser;
 
 namespace tallyfin::qt {
 
+class FormView;
 class Frame;
 class Notice;
 
@@ -51,8 +52,8 @@ class ExplanationWindow : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// Copies the chosen row with its amount.
-  void copyRow();
+  /// Takes a text to the clipboard.
+  void take(const QString& words);
   static ExplanationWindow* of(const Frame& frame);
   void refresh();
   void choose(const QString& title);
@@ -64,10 +65,13 @@ class ExplanationWindow : public QDialog {
 
   Frame& frame_;
   std::vector<Explanation> explanations_;
+  std::vector<Form> forms_;
+  FormHeading entries_;
+  QLabel* heading_;
   ShareBar* bar_;
   QLabel* shares_;
   QTableWidget* figures_;
-  QTextBrowser* page_;
+  FormView* page_;
   Notice* notice_;
 };
 

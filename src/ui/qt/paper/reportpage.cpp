@@ -27,15 +27,10 @@ const QColor lightRule{205, 212, 214};
 const QColor headingGround{226, 233, 235};
 const QColor totalGround{243, 246, 246};
 
-/// The program's font as the report is set in it, in a painter whose unit is a twip.
+/// The font of the report.
 QFont engineFont(const PrintEngine& engine) {
-  QFont font = QApplication::font();
-  font.setPixelSize(engine.fontPoints() * point);
-  font.setBold(engine.bold());
+  QFont font = paperFont(engine.fontPoints(), engine.bold());
   font.setItalic(engine.italic());
-  font.setHintingPreference(QFont::PreferNoHinting);
-  // A trace of spacing keeps letters from being joined, so that a file can be searched for what is printed.
-  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
   return font;
 }
 
@@ -75,6 +70,25 @@ void drawCell(QPainter& painter, const QRect& cell, const QString& words, bool r
 }
 
 }  // namespace
+
+QFont paperFont(int points, bool bold) {
+  QFont font = QApplication::font();
+  font.setPixelSize(points * point);
+  font.setBold(bold);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  // A trace of spacing keeps letters from being joined, so that a file can be searched for what is printed.
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
+  return font;
+}
+
+std::optional<QSize> beginPages(QPagedPaintDevice& device, QPainter& painter) {
+  QPageLayout layout = device.pageLayout();
+  layout.setMode(QPageLayout::FullPageMode);
+  device.setPageLayout(layout);
+  if (!painter.begin(&device)) return std::nullopt;
+  painter.scale(device.logicalDpiX() / static_cast<double>(inch), device.logicalDpiY() / static_cast<double>(inch));
+  return (layout.fullRect(QPageLayout::Point).size() * point).toSize();
+}
 
 ReportPages::ReportPages(const PrintEngine& engine, QSize page) : engine_(engine), page_(page) {}
 
@@ -195,14 +209,11 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
 }
 
 bool drawReport(QPagedPaintDevice& device, const PrintEngine& engine) {
-  QPageLayout layout = device.pageLayout();
-  layout.setMode(QPageLayout::FullPageMode);
-  device.setPageLayout(layout);
-  const QSizeF points = layout.fullRect(QPageLayout::Point).size();
-  const ReportPages pages(engine, (points * point).toSize());
   QPainter painter;
-  if (pages.count() == 0 || !painter.begin(&device)) return false;
-  painter.scale(device.logicalDpiX() / static_cast<double>(inch), device.logicalDpiY() / static_cast<double>(inch));
+  if (engine.pages() == 0) return false;
+  const std::optional<QSize> paper = beginPages(device, painter);
+  if (!paper) return false;
+  const ReportPages pages(engine, *paper);
   for (int page = 0; page < pages.count(); ++page) {
     if (page > 0 && !device.newPage()) return false;
     pages.draw(painter, page);

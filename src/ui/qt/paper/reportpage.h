@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QPageSize>
+#include <QFont>
 #include <QSize>
 #include <QString>
+#include <optional>
 #include <vector>
 
 class QPagedPaintDevice;
@@ -14,6 +15,13 @@ class PrintEngine;
 }
 
 namespace tallyfin::qt {
+
+/// The program's font on paper, in a painter whose unit is a twip.
+QFont paperFont(int points, bool bold = false);
+
+/// Begins to paint on the whole of the paper, in twips, and returns its size; none where the device can't be painted
+/// on.
+std::optional<QSize> beginPages(QPagedPaintDevice& device, QPainter& painter);
 
 /// The report's pages as they are on paper: header, table, footer, in twips. One drawing serves the preview, the
 /// printer and the PDF file. A table longer than a page goes on on the next, under its heading row.

@@ -1,0 +1,175 @@
+#include "ui/qt/explanation/formview.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/qt/widgets/look.h"
+
+namespace tallyfin::qt {
+
+namespace {
+
+QString text(const std::string& words) { return QString::fromStdString(words); }
+
+constexpr int given = Qt::UserRole;      ///< What the row of a table gives.
+constexpr int used = Qt::UserRole + 1;   ///< Whether it is the row that was used.
+constexpr int padding = look::tight / 2;
+
+}  // namespace
+
+/// Draws the lines of the form, and the rows of a table in two columns.
+class FormView::Delegate : public QStyledItemDelegate {
+ public:
+  explicit Delegate(FormView* view) : QStyledItemDelegate(view), view_(*view) {}
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const double height = index.parent().isValid() ? option.fontMetrics.height() : set(index).height();
+    return {0, static_cast<int>(std::ceil(height)) + 2 * padding};
+  }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    painter->save();
+    const QRect place = option.rect.adjusted(0, padding, 0, -padding);
+    if (!index.parent().isValid()) {
+      set(index).draw(*painter, place.topLeft(), look::ink);
+    } else {
+      QFont font = option.font;
+      font.setBold(index.data(used).toBool());
+      painter->setFont(font);
+      painter->setPen(look::ink);
+      const QRect right = place.adjusted(place.width() / 2, 0, 0, 0);
+      painter->drawText(place, Qt::AlignVCenter, index.data(Qt::DisplayRole).toString());
+      painter->drawText(right, Qt::AlignVCenter, index.data(given).toString());
+    }
+    painter->restore();
+  }
+
+ private:
+  const SetLine& set(const QModelIndex& index) const { return *view_.set_[static_cast<std::size_t>(index.row())]; }
+
+  const FormView& view_;
+};
+
+FormView::FormView(QWidget* parent) : QTreeWidget(parent) {
+  setObjectName(QStringLiteral("page"));
+  setAccessibleName(QStringLiteral("Explanation"));
+  setPalette(look::onWhite());
+  setFont(look::figures());
+  setItemDelegate(new Delegate(this));
+  setColumnCount(1);
+  setIndentation(fontMetrics().height());
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollMode(ScrollPerPixel);
+  setSelectionMode(SingleSelection);
+  setTabKeyNavigation(false);
+  setMouseTracking(true);
+  header()->setSectionsClickable(false);
+  QFont bold = font();
+  bold.setBold(true);
+  header()->setFont(bold);
+  connect(this, &QTreeWidget::currentItemChanged, viewport(), [this] { viewport()->update(); });
+}
+
+FormView::~FormView() = default;
+
+void FormView::show(Form form) {
+  const int row = currentIndex().parent().isValid() ? -1 : currentIndex().row();
+  clear();
+  pointed_.clear();
+  form_ = std::move(form);
+  setForm();
+  setHeaderLabel(text(form_.title));
+  for (const FormLine& line : form_.lines) {
+    auto* item = new QTreeWidgetItem(this, {text(line.text())});
+    item->setData(0, Qt::AccessibleTextRole, text(line.spoken));
+    if (line.table) addTable(*item, *line.table);
+  }
+  setCurrentItem(topLevelItem(std::clamp(row, 0, topLevelItemCount() - 1)));
+}
+
+void FormView::addTable(QTreeWidgetItem& line, const FormTable& table) {
+  for (std::size_t i = 0; i < table.rows.size(); ++i) {
+    const FormTable::Row& row = table.rows[i];
+    auto* item = new QTreeWidgetItem(&line, {text(row.where)});
+    item->setData(0, given, text(row.given));
+    item->setData(0, used, i == table.used);
+    item->setData(0, Qt::AccessibleTextRole,
+                  text((i == table.used ? "Used: " : "") + table.of + " " + spoken(row.where) + ": " + spoken(row.given)));
+  }
+}
+
+/// For the width that is left beside a scroll bar, so that one that comes and goes changes no line.
+void FormView::setForm() {
+  const int bar = verticalScrollBar()->sizeHint().width();
+  set_ = setLines(form_, font(), width() - 2 * frameWidth() - bar - indentation() - look::tight);
+}
+
+const FormLine* FormView::lineOf(const QModelIndex& index) const {
+  const bool isLine = index.isValid() && !index.parent().isValid();
+  return isLine ? &form_.lines[static_cast<std::size_t>(index.row())] : nullptr;
+}
+
+std::vector<int> FormView::marked() const {
+  std::vector<int> numbers = pointed_;
+  const FormLine* line = hasFocus() ? lineOf(currentIndex()) : nullptr;
+  if (line) {
+    for (const FormPart& part : line->parts) numbers.insert(numbers.end(), part.lines.begin(), part.lines.end());
+  }
+  return numbers;
+}
+
+QString FormView::currentText() const {
+  if (const FormLine* line = lineOf(currentIndex())) {
+    return text(line->number == 0 ? line->text() : line->text() + "\t" + line->figure);
+  }
+  if (!currentIndex().isValid()) return {};
+  return currentIndex().data().toString() + QLatin1Char('\t') + currentIndex().data(given).toString();
+}
+
+void FormView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const FormLine* line = lineOf(index);
+  const std::vector<int> marks = marked();
+  const bool isMarked = line ? line->number != 0 && std::find(marks.begin(), marks.end(), line->number) != marks.end()
+                             : index.data(used).toBool();
+  if (isMarked) painter->fillRect(option.rect, look::lightBlue);
+  if (index == currentIndex() && hasFocus()) {
+    if (!isMarked) painter->fillRect(option.rect, look::paper);
+    look::drawEdge(*painter, option.rect, look::deep);
+  }
+  drawBranches(painter, QRect(option.rect.left(), option.rect.top(), visualRect(index).left() - option.rect.left(), option.rect.height()), index);
+  QStyleOptionViewItem own = option;
+  own.rect = visualRect(index);
+  itemDelegate()->paint(painter, own, index);
+}
+
+void FormView::resizeEvent(QResizeEvent* event) {
+  setForm();
+  QTreeWidget::resizeEvent(event);
+  scheduleDelayedItemsLayout();
+}
+
+void FormView::mouseMoveEvent(QMouseEvent* event) {
+  QTreeWidget::mouseMoveEvent(event);
+  const QModelIndex index = indexAt(event->pos());
+  if (lineOf(index) == nullptr) return point({});
+  const QPoint inside = event->pos() - visualRect(index).topLeft() - QPoint(0, padding);
+  point(set_[static_cast<std::size_t>(index.row())]->namedAt(inside));
+}
+
+void FormView::leaveEvent(QEvent* event) {
+  QTreeWidget::leaveEvent(event);
+  point({});
+}
+
+void FormView::point(std::vector<int> lines) {
+  if (lines == pointed_) return;
+  pointed_ = std::move(lines);
+  viewport()->update();
+}
+
+}  // namespace tallyfin::qt
