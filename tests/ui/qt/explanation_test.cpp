@@ -275,6 +275,16 @@ TEST_F(ExplanationOfTheResults, TheTableOpensInPlaceWithItsRowMarked) {
   };
   EXPECT_EQ(ground(2), look::lightBlue);
   EXPECT_NE(ground(1), look::lightBlue);
+  // The widest row is whole.
+  QFont bold = page.font();
+  bold.setBold(true);
+  const QFontMetrics metrics(bold);
+  int first = 0;
+  for (int i = 0; i < line.childCount(); ++i)
+    first = std::max(first, metrics.horizontalAdvance(line.child(i)->text(0)));
+  const int second = metrics.horizontalAdvance(line.child(5)->data(0, Qt::UserRole).toString());
+  const QRect place = page.visualItemRect(line.child(5));
+  EXPECT_TRUE(first + second < place.width() || place.height() > 2 * metrics.height()) << place.width();
   press(Qt::Key_Down);
   QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "not over $51.00\t$0.00");

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <climits>
 #include <cmath>
 
 #include "ui/qt/widgets/look.h"
@@ -16,8 +17,8 @@ namespace {
 
 QString text(const std::string& words) { return QString::fromStdString(words); }
 
-constexpr int given = Qt::UserRole;      ///< What the row of a table gives.
-constexpr int used = Qt::UserRole + 1;   ///< Whether it is the row that was used.
+constexpr int given = Qt::UserRole;     ///< What the row of a table gives.
+constexpr int used = Qt::UserRole + 1;  ///< Whether it is the row that was used.
 constexpr int padding = look::tight / 2;
 
 }  // namespace
@@ -28,7 +29,15 @@ class FormView::Delegate : public QStyledItemDelegate {
   explicit Delegate(FormView* view) : QStyledItemDelegate(view), view_(*view) {}
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const double height = index.parent().isValid() ? option.fontMetrics.height() : set(index).height();
+    double height = 0;
+    if (index.parent().isValid()) {
+      const QRect room(0, 0, view_.viewport()->width() - 2 * view_.indentation(), INT_MAX / 2);
+      const QRect right = columnOf(room, option.font, index);
+      height =
+          QFontMetrics(bold(option.font)).boundingRect(right, Qt::TextWordWrap, index.data(given).toString()).height();
+    } else {
+      height = set(index).height();
+    }
     return {0, static_cast<int>(std::ceil(height)) + 2 * padding};
   }
 
@@ -38,18 +47,30 @@ class FormView::Delegate : public QStyledItemDelegate {
     if (!index.parent().isValid()) {
       set(index).draw(*painter, place.topLeft(), look::ink);
     } else {
-      QFont font = option.font;
-      font.setBold(index.data(used).toBool());
-      painter->setFont(font);
+      painter->setFont(index.data(used).toBool() ? bold(option.font) : option.font);
       painter->setPen(look::ink);
-      const QRect right = place.adjusted(place.width() / 2, 0, 0, 0);
-      painter->drawText(place, Qt::AlignVCenter, index.data(Qt::DisplayRole).toString());
-      painter->drawText(right, Qt::AlignVCenter, index.data(given).toString());
+      painter->drawText(place, Qt::AlignLeft, index.data(Qt::DisplayRole).toString());
+      painter->drawText(columnOf(place, option.font, index), Qt::TextWordWrap, index.data(given).toString());
     }
     painter->restore();
   }
 
  private:
+  static QFont bold(QFont font) {
+    font.setBold(true);
+    return font;
+  }
+
+  /// Where a table's rows say what they give: right of the widest bounds.
+  static QRect columnOf(const QRect& place, const QFont& font, const QModelIndex& index) {
+    const QFontMetrics metrics(bold(font));
+    int left = 0;
+    for (int row = 0; row < index.model()->rowCount(index.parent()); ++row) {
+      left = std::max(left, metrics.horizontalAdvance(index.siblingAtRow(row).data().toString()));
+    }
+    return place.adjusted(left + look::group, 0, 0, 0);
+  }
+
   const SetLine& set(const QModelIndex& index) const { return *view_.set_[static_cast<std::size_t>(index.row())]; }
 
   const FormView& view_;
@@ -98,8 +119,9 @@ void FormView::addTable(QTreeWidgetItem& line, const FormTable& table) {
     auto* item = new QTreeWidgetItem(&line, {text(row.where)});
     item->setData(0, given, text(row.given));
     item->setData(0, used, i == table.used);
-    item->setData(0, Qt::AccessibleTextRole,
-                  text((i == table.used ? "Used: " : "") + table.of + " " + spoken(row.where) + ": " + spoken(row.given)));
+    item->setData(
+        0, Qt::AccessibleTextRole,
+        text((i == table.used ? "Used: " : "") + table.of + " " + spoken(row.where) + ": " + spoken(row.given)));
   }
 }
 
@@ -141,7 +163,10 @@ void FormView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, co
     if (!isMarked) painter->fillRect(option.rect, look::paper);
     look::drawEdge(*painter, option.rect, look::deep);
   }
-  drawBranches(painter, QRect(option.rect.left(), option.rect.top(), visualRect(index).left() - option.rect.left(), option.rect.height()), index);
+  drawBranches(
+      painter,
+      QRect(option.rect.left(), option.rect.top(), visualRect(index).left() - option.rect.left(), option.rect.height()),
+      index);
   QStyleOptionViewItem own = option;
   own.rect = visualRect(index);
   itemDelegate()->paint(painter, own, index);

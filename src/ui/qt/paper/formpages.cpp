@@ -97,9 +97,10 @@ class Document {
       // A title stays with the first two lines, and the last two together.
       const bool keepsNext = i + 1 < set.size() && (i == 0 || i + 2 == set.size());
       const int height = static_cast<int>(std::ceil(set[i]->height()));
-      blocks_.push_back({lineGap, height, keepsNext, [line = std::shared_ptr(std::move(set[i]))](QPainter& painter, int top) {
-                           line->draw(painter, QPointF(margin, top), Qt::black);
-                         }});
+      blocks_.push_back(
+          {lineGap, height, keepsNext, [line = std::shared_ptr(std::move(set[i]))](QPainter& painter, int top) {
+             line->draw(painter, QPointF(margin, top), Qt::black);
+           }});
     }
   }
 

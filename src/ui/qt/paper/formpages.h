@@ -9,8 +9,8 @@ class QPagedPaintDevice;
 
 namespace tallyfin::qt {
 
-/// Worksheets on paper: the entries above, then one worksheet after the other, each below its title. Where a page has no
-/// room for the title and two lines, the worksheet begins on the next. The pages are numbered.
+/// Worksheets on paper: the entries above, then one worksheet after the other, each below its title. Where a page has
+/// no room for the title and two lines, the worksheet begins on the next. The pages are numbered.
 struct FormPages {
   QString title;
   FormHeading entries;
