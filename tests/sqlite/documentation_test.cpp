@@ -31,7 +31,7 @@ TEST(SqlDocumentation, GivesWhatItShows) {
       ++shown;
     }
   }
-  EXPECT_EQ(shown, 9);
+  EXPECT_EQ(shown, 10);
 }
 
 }  // namespace
