@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "batch/csv.h"
+#include "batch/header.h"
+#include "library/paycheck.h"
+
+/// The rows of a file, worked block by block in one thread.
+
+namespace tallyfin::batch {
+
+/// Ends the work; its text is one line for the user.
+class Trouble : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// What was worked.
+struct Account {
+  std::uint64_t rows = 0;
+  std::uint64_t problems = 0;    ///< Rows that had one.
+  std::size_t firstProblem = 0;  ///< The line of the first of them; 0 for none.
+};
+
+/// The beginning of a file.
+struct Beginning {
+  Header header;
+  std::string out;        ///< The header with the columns of the results, without the line's end.
+  std::string ending;     ///< Of the header's line.
+  std::size_t lines = 0;  ///< How many the header takes.
+  Block rest;             ///< The rows that came with it.
+};
+
+/// Reads the header of a file. Throws Trouble where the file can't be worked.
+Beginning readBeginning(BlockReader& reader, char delimiter);
+
+/// The text of a block's rows with their results.
+struct Worked {
+  std::string out;
+  Account account;  ///< Its line counts from the beginning of the block, from 0.
+  std::size_t lines = 0;
+};
+
+/// Works the rows of blocks. The header and the line's end must outlive it.
+class RowWorker {
+ public:
+  RowWorker(const Header& header, const std::string& ending, char delimiter)
+      : header_(header), ending_(ending), delimiter_(delimiter) {}
+
+  /// What stands until the next call.
+  const Worked& work(Block& block);
+
+ private:
+  void workRow();
+  bool hasSurplus();
+  void workCells();
+  void writeResults();
+  void writeNoResults() { worked_.out.append(library::resultCount + 1, delimiter_); }
+  void writeProblem(std::string_view problem);
+
+  const Header& header_;
+  const std::string& ending_;  ///< For a last row that has none.
+  char delimiter_;
+  Worked worked_;
+  Row row_;
+  std::string storage_;
+  library::Paycheck paycheck_;
+};
+
+/// The sum of a file's blocks, added in their order.
+class Tally {
+ public:
+  explicit Tally(std::size_t line = 1) : line_(line) {}
+
+  /// Throws Trouble where nothing can be read behind the block.
+  void add(const Worked& worked, const Block& block);
+
+  /// Its line is 0 where no row had a problem.
+  Account account() const { return account_.problems > 0 ? account_ : Account{account_.rows}; }
+  std::uint64_t rows() const { return account_.rows; }
+
+ private:
+  Account account_;
+  std::size_t line_;  ///< Where the next block begins.
+};
+/// What ends the work at a block, of which the first line is given.
+Trouble troubleIn(const Block& block, std::size_t line);
+
+/// Writes a cell, in quotes where it needs them.
+void appendCell(std::string& out, std::string_view text, char delimiter);
+
+}  // namespace tallyfin::batch
