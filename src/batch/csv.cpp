@@ -9,6 +9,9 @@ namespace {
 constexpr std::size_t blockSize = std::size_t{256} << 10U;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
+/// The bytes between two places. (The C++ library of WebAssembly has no such constructor.)
+std::string_view between(const char* begin, const char* end) { return {begin, static_cast<std::size_t>(end - begin)}; }
+
 std::size_t linesIn(std::string_view bytes) {
   return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n'));
 }
@@ -148,15 +151,15 @@ bool RowCutter::next(Row& row) {
     }
     while (*at != delimiter && *at != '\n') ++at;
     if (*at == delimiter) {
-      row.cells.push_back({{cell, at}, quoted});
+      row.cells.push_back({between(cell, at), quoted});
       ++at;
       continue;
     }
     const char* const last = at != end_ && at != cell && at[-1] == '\r' ? at - 1 : at;
     at_ = at == end_ ? at : at + 1;
-    row.bytes = {begin, last};
-    row.ending = {last, at_};
-    if (last != begin) row.cells.push_back({{cell, last}, quoted});
+    row.bytes = between(begin, last);
+    row.ending = between(last, at_);
+    if (last != begin) row.cells.push_back({between(cell, last), quoted});
     ++line_;
     return true;
   }

@@ -1,6 +1,6 @@
 #include "batch/states.h"
 
-#include "batch/run.h"
+#include "batch/rows.h"
 #include "library/options.h"
 
 namespace tallyfin::batch {

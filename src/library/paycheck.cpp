@@ -70,7 +70,7 @@ void Paycheck::setInteger(Column column, std::int64_t number) {
   }
   std::array<char, 24> digits{};
   const auto written = std::to_chars(digits.begin(), digits.end(), number);
-  set(column, {digits.data(), written.ptr});
+  set(column, {digits.data(), static_cast<std::size_t>(written.ptr - digits.data())});
 }
 
 void Paycheck::setReal(Column column, double number) {

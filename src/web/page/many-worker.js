@@ -1,0 +1,140 @@
+// Works paychecks away from the page: the first rows of a file, whole files block by block, and single paychecks. A file is
+// read as it is worked and its result goes to a file of the browser's own, so that memory doesn't grow with either.
+
+import { load } from './paychecks/index.js';
+import { hand, loadRaw, rowsOf, textFrom } from './paychecks/raw.js';
+
+const previewSize = 256 * 1024;
+const folderName = 'tallyfin99';
+const reader = new FileReaderSync();
+const code = (character) => character.charCodeAt(0);
+
+let module;
+let paychecks;
+let file = null; // what is read: a Blob, and how far
+let position = 0;
+let stopped = false;
+
+function read(place) {
+  const bytes = new Uint8Array(reader.readAsArrayBuffer(file.slice(position, position + place.length)));
+  place.set(bytes);
+  position += bytes.length;
+  return bytes.length;
+}
+
+/** The character that divides the cells of a header: that of which it has most. */
+function delimiterOf(header) {
+  const counts = [',', ';', '\t', '|'].map((character) => [header.split(character).length, character]);
+  return counts.reduce((best, one) => (one[0] > best[0] ? one : best))[1];
+}
+
+/** What the page offers in place of an option of a command line. */
+const inWords = (trouble) => trouble.replace(/: use (--delimiter .*|no --delimiter)$/, ': choose it below');
+
+/** What has been worked and not been taken. It stays in the module's memory until the next call. */
+function takeOut() {
+  const place = module._out();
+  const bytes = module.HEAPU8.subarray(place, place + module._outSize());
+  module._outTaken();
+  return bytes;
+}
+
+function openFile(blob, delimiter) {
+  file = blob;
+  position = 0;
+  return inWords(textFrom(module, 'openFile', code(delimiter)));
+}
+
+/** The first rows of a file with their results, and which of the rows looked at have problems. */
+function preview(blob, wanted) {
+  const beginning = new TextDecoder().decode(reader.readAsArrayBuffer(blob.slice(0, previewSize)));
+  const whole = blob.size <= previewSize ? beginning : beginning.slice(0, beginning.lastIndexOf('\n') + 1);
+  const delimiter = wanted || delimiterOf(beginning.split(/[\r\n]/, 1)[0]);
+  const trouble = openFile(new Blob([whole]), delimiter);
+  if (trouble !== '') return { delimiter, trouble };
+  const lacks = textFrom(module, 'fileLacks');
+  const broken = textFrom(module, 'workBlock'); // within what was looked at, or where that was cut off
+  hand(module, new TextDecoder().decode(takeOut()));
+  const [header, ...rows] = rowsOf(textFrom(module, 'cells', code(delimiter)));
+  return { delimiter, lacks, trouble: blob.size <= previewSize ? broken : '', header, rows: rows.filter((row) => row.length > 0) };
+}
+
+/** Where a result goes: a file on the disk, or memory where the browser has none for a page. */
+async function openResult(name) {
+  try {
+    const folder = await (await navigator.storage.getDirectory()).getDirectoryHandle(folderName, { create: true });
+    const handle = await folder.getFileHandle(name, { create: true });
+    const access = await handle.createSyncAccessHandle();
+    access.truncate(0);
+    return {
+      write: (bytes) => access.write(bytes),
+      async end() {
+        access.close();
+        return handle.getFile();
+      },
+      async drop() {
+        access.close();
+        await folder.removeEntry(name);
+      },
+    };
+  } catch {
+    const parts = [];
+    return { write: (bytes) => parts.push(new Blob([bytes])), end: async () => new Blob(parts, { type: 'text/csv' }), drop: async () => {} };
+  }
+}
+
+const turn = () => new Promise((done) => setTimeout(done)); // a message to stop can come in
+
+const account = () => ({ rows: module._fileRows(), problems: module._fileProblems(), first: module._firstProblem() });
+
+/** Works a whole file. `tell` reports how much of it is read and how many rows are done. */
+async function workFile(blob, delimiter, name, tell) {
+  stopped = false;
+  const trouble = openFile(blob, delimiter);
+  if (trouble !== '') return { trouble };
+  const result = await openResult(name);
+  try {
+    let met = '';
+    while (met === '' && !module._fileEnded()) {
+      met = textFrom(module, 'workBlock');
+      result.write(takeOut());
+      tell({ read: position, rows: module._fileRows() });
+      await turn();
+      if (stopped) {
+        await result.drop();
+        return { stopped: true, ...account() };
+      }
+    }
+    return { trouble: inWords(met), result: await result.end(), ...account() };
+  } catch (error) {
+    await result.drop();
+    throw error;
+  }
+}
+
+const acts = {
+  preview: ({ blob, delimiter }) => preview(blob, delimiter),
+  work: ({ blob, delimiter, name }, tell) => workFile(blob, delimiter, name, tell),
+  paycheck: ({ row }) => paychecks.work([row])[0],
+  lists: () => ({
+    entries: Object.fromEntries(rowsOf(textFrom(module, 'entries')).map(([column, ...captions]) => [column, captions])),
+    states: paychecks.states(),
+    columns: paychecks.columns,
+  }),
+};
+
+async function answer({ id, act, ...choices }) {
+  try {
+    module ??= await loadRaw({ read });
+    paychecks ??= await load();
+    postMessage({ id, answer: await acts[act](choices, (progress) => postMessage({ progress })) });
+  } catch (error) {
+    postMessage({ id, failure: error.message });
+  }
+}
+
+let last = Promise.resolve();
+addEventListener('message', ({ data }) => {
+  if (data.act === 'stop') stopped = true;
+  else last = last.then(() => answer(data)); // one after the other: they share the module
+});
