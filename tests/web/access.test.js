@@ -1,31 +1,12 @@
 // For every hand and eye: the keyboard, where the focus goes, colours that a user has set, letters of any size, telephones, paper.
 
 import assert from 'node:assert/strict';
-import { execFileSync } from 'node:child_process';
-import { mkdtemp, rm, writeFile } from 'node:fs/promises';
-import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { after, before, test } from 'node:test';
-import { browse, emulate, firefox, open, screens, selector, serve, user, windows } from './browser.js';
+import { test } from 'node:test';
+import { browse, emulate, firefox, onPaper, open, screens, selector, setUp, user, windows } from './browser.js';
 import { differences } from './faithful.js';
 
-let browser;
-let server;
-
-before(async () => {
-  browser = await browse();
-  server = await serve();
-});
-after(async () => {
-  await browser.close();
-  await server.close();
-});
-
-async function fresh(t, size, own = browser) {
-  const context = await own.createBrowserContext();
-  t.after(() => context.close());
-  return open(context, server.address, size);
-}
+const { server, fresh } = await setUp();
 
 const hold = (page, address, property) =>
   page.evaluate(async (a, p) => (await import('./protocol.js')).ask('get', a, p), address, property);
@@ -398,14 +379,6 @@ test('what is stored can be erased from the menu of a telephone', async (t) => {
   assert.equal(await kept(), 0);
   assert.equal(await u.front(), 'frmName');
 });
-
-/** What the page would print, as text. */
-async function onPaper(t, page) {
-  const folder = await mkdtemp(join(tmpdir(), 'web-'));
-  t.after(() => rm(folder, { recursive: true, force: true }));
-  await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
-  return execFileSync('pdftotext', [join(folder, 'x.pdf'), '-'], { encoding: 'utf8' }).normalize('NFKC'); // without ligatures
-}
 
 test("the browser's own Print of any screen cuts nothing off and prints no buttons", async (t) => {
   const page = await fresh(t);

@@ -1,26 +1,10 @@
 // Each act of the user does what it says, and no more: to the program, to the browser's storage and to the page's own parts.
 
 import assert from 'node:assert/strict';
-import { after, before, test } from 'node:test';
-import { browse, open, screens, selector, serve, user, windows } from './browser.js';
+import { test } from 'node:test';
+import { open, screens, selector, setUp, user, windows } from './browser.js';
 
-let browser;
-let server;
-
-before(async () => {
-  browser = await browse();
-  server = await serve();
-});
-after(async () => {
-  await browser.close();
-  await server.close();
-});
-
-async function fresh(t, size) {
-  const context = await browser.createBrowserContext();
-  t.after(() => context.close());
-  return open(context, server.address, size);
-}
+const { fresh } = await setUp();
 
 const ask = (page, ...words) => page.evaluate(async (line) => (await import('./protocol.js')).ask(...line), words);
 const shown = async (page) => (await ask(page, 'screens')).shown;

@@ -1,9 +1,12 @@
 // What the tests share: a server of the built page on the loopback address, a browser, and the screens' names.
 
+import { execFileSync } from 'node:child_process';
+import { mkdtemp, readFile, rm, stat, writeFile } from 'node:fs/promises';
 import { createServer } from 'node:http';
-import { readFile, stat } from 'node:fs/promises';
+import { tmpdir } from 'node:os';
 import { dirname, extname, join, normalize } from 'node:path';
 import { fileURLToPath } from 'node:url';
+import { after } from 'node:test';
 import { gzipSync } from 'node:zlib';
 import puppeteer from 'puppeteer-core';
 
@@ -79,6 +82,19 @@ export async function openWindow(context, address, size = { width: 1100, height:
   await client.send('Target.createTarget', { url: 'about:blank', browserContextId: context.id, newWindow: true });
   const target = await context.waitForTarget((one) => one.type() === 'page' && !before.has(one));
   return enter(await target.page(), address, size);
+}
+
+/** A server and a browser for the tests of a file, and ways to a page over an empty store, away when its test is over. */
+export async function setUp() {
+  const server = await serve();
+  const browser = await browse();
+  after(() => browser.close().then(server.close));
+  const freshContext = async (t) => {
+    const context = await browser.createBrowserContext();
+    t.after(() => context.close());
+    return context;
+  };
+  return { server, freshContext, fresh: async (t, size) => open(await freshContext(t), server.address, size) };
 }
 
 /** Opens the page, ready or not. */
@@ -185,3 +201,20 @@ export const windows = {
   'help on Personal Information': [helpOnPersonal, '#help [data-dismiss]'],
   question: [async (u, page) => { await helpOnPersonal(u, page); await page.click('#erase'); }, '#question [data-dismiss]'],
 };
+
+/** Numbers from 0 to below n, the same for the same seed. */
+export function dice(start) {
+  let state = start >>> 0;
+  return (n) => {
+    state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
+    return Math.floor((state / 2 ** 32) * n);
+  };
+}
+
+/** What the page would print, as text. */
+export async function onPaper(t, page, ...options) {
+  const folder = await mkdtemp(join(tmpdir(), 'web-'));
+  t.after(() => rm(folder, { recursive: true, force: true }));
+  await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
+  return execFileSync('pdftotext', [...options, join(folder, 'x.pdf'), '-'], { encoding: 'utf8' }).normalize('NFKC'); // without ligatures
+}

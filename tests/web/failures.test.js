@@ -1,29 +1,12 @@
 // What goes wrong around the page: files that don't come, a module that dies, texts without end, the Back button.
 
 import assert from 'node:assert/strict';
-import { after, before, test } from 'node:test';
-import { browse, open, screens, selector, serve, user, visit, windows } from './browser.js';
+import { test } from 'node:test';
+import { open, selector, serve, setUp, user, visit } from './browser.js';
 import { differences } from './faithful.js';
 
-let browser;
-let server;
+const { server, fresh, freshContext } = await setUp();
 
-before(async () => {
-  browser = await browse();
-  server = await serve();
-});
-after(async () => {
-  await browser.close();
-  await server.close();
-});
-
-async function freshContext(t) {
-  const context = await browser.createBrowserContext();
-  t.after(() => context.close());
-  return context;
-}
-
-const fresh = async (t, size) => open(await freshContext(t), server.address, size);
 const shownText = (page) => page.$eval('main', (area) => area.innerText.trim());
 const valueOf = (page, address) => page.$eval(selector(address), (box) => box.value);
 

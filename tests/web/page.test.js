@@ -1,36 +1,18 @@
 // The page in a real browser: its screens, its store, what it asks of the network, printing, accessibility.
 
 import assert from 'node:assert/strict';
-import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
 import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { after, before, test } from 'node:test';
+import { test } from 'node:test';
 import { fileURLToPath } from 'node:url';
-import { browse, builtPage, firefox, open, openWindow, screens, selector, serve, user, windows } from './browser.js';
+import { browse, builtPage, firefox, onPaper, open, openWindow, screens, selector, serve, setUp, user, windows } from './browser.js';
 import { differences } from './faithful.js';
 
+const { server, fresh, freshContext } = await setUp();
+
 const axe = await readFile(fileURLToPath(import.meta.resolve('axe-core/axe.min.js')), 'utf8');
-let server;
-let browser;
-
-before(async () => {
-  server = await serve();
-  browser = await browse();
-});
-after(async () => {
-  await browser.close();
-  await server.close();
-});
-
-/** A page over an empty store, away when its test is over. */
-async function fresh(t, size) {
-  const context = await browser.createBrowserContext();
-  t.after(() => context.close());
-  return open(context, server.address, size);
-}
-
 const shownRows = (page) =>
   page.$$eval(`${selector('frmMain.dbgDisplay')} tbody tr`, (rows) => rows.map((r) => [...r.cells].map((c) => c.textContent)));
 
@@ -228,8 +210,7 @@ test('a forbidden storage gives the defaults, without a word', async (t) => {
 });
 
 test('two tabs share the storage, key by key', async (t) => {
-  const context = await browser.createBrowserContext();
-  t.after(() => context.close());
+  const context = await freshContext(t);
   const one = await open(context, server.address);
   const other = await openWindow(context, server.address);
   await user(one).bar('Calc');
@@ -283,8 +264,7 @@ test('F1 opens the topic of the screen in front, whichever book it is in', async
 
 test('after one visit the page works without its server', async (t) => {
   const alone = await serve();
-  const context = await browser.createBrowserContext();
-  t.after(() => context.close());
+  const context = await freshContext(t);
   const page = await open(context, alone.address);
   await page.evaluate(() => navigator.serviceWorker.ready);
   await alone.close();
@@ -302,8 +282,7 @@ test('a new version waits until the old one is closed, and comes whole', async (
   await cp(builtPage, folder, { recursive: true });
   const own = await serve(folder);
   t.after(own.close);
-  const context = await browser.createBrowserContext();
-  t.after(() => context.close());
+  const context = await freshContext(t);
   const page = await open(context, own.address);
   await page.evaluate(() => navigator.serviceWorker.ready);
 
@@ -373,8 +352,7 @@ test('the page asks no other host, and its policy forbids it', async (t) => {
 test('module and page are below 400 KB over the wire', async (t) => {
   const { counter, address, close } = await serve();
   t.after(close);
-  const context = await browser.createBrowserContext();
-  t.after(() => context.close());
+  const context = await freshContext(t);
   const page = await context.newPage();
   await page.evaluateOnNewDocument(() => Object.defineProperty(navigator, 'serviceWorker', { value: undefined }));
   await page.goto(address);
@@ -383,14 +361,6 @@ test('module and page are below 400 KB over the wire', async (t) => {
   assert.ok(counter.requests.includes('/tallyfin99.wasm'));
   assert.ok(counter.bytes < 400_000, `${counter.bytes} bytes`);
 });
-
-/** What the page would print, as text. */
-async function onPaper(t, page) {
-  const folder = await mkdtemp(join(tmpdir(), 'web-'));
-  t.after(() => rm(folder, { recursive: true, force: true }));
-  await writeFile(join(folder, 'x.pdf'), await page.pdf({ preferCSSPageSize: true }));
-  return execFileSync('pdftotext', ['-layout', join(folder, 'x.pdf'), '-'], { encoding: 'utf8' }).normalize('NFKC'); // without ligatures
-}
 
 test('printing the form hides what the paper does not have, and shows it again', async (t) => {
   const page = await fresh(t);
@@ -407,7 +377,7 @@ test('printing the form hides what the paper does not have, and shows it again',
   assert.deepEqual(await differences(page), []);
   assert.ok(await page.$eval(selector('frmW4.cmdW4Exit'), (button) => button.checkVisibility({ visibilityProperty: true })));
 
-  const form = await onPaper(t, page);
+  const form = await onPaper(t, page, '-layout');
   assert.match(form, /Employee's Withholding Allowance Certificate/);
   assert.doesNotMatch(form, /Double Click|Print Form|Calculations/);
   assert.equal(form.split('\f').length, 2, 'one page');
@@ -415,14 +385,14 @@ test('printing the form hides what the paper does not have, and shows it again',
   await samplePaycheck(u);
   await u.click('frmMain.cmdToolBar(1)');
   await page.click('#print-report');
-  const report = await onPaper(t, page);
+  const report = await onPaper(t, page, '-layout');
   assert.match(report, /Prepared for - on/);
   assert.match(report, /Check Amount +\$663\.01/);
   assert.doesNotMatch(report, /Zoom|Personal/);
   assert.equal(report.split('\f').length, 2, 'one page');
 
   await u.bar('Calc');
-  const byTheBrowser = await onPaper(t, page);
+  const byTheBrowser = await onPaper(t, page, '-layout');
   assert.match(byTheBrowser, /Check Amt +\$663\.01/);
   assert.doesNotMatch(byTheBrowser, /Personal|Zoom|Withholding/);
 });
@@ -557,7 +527,7 @@ test('the figures of a calculation are explained, once there are some', async (t
 
   await page.evaluate(() => { window.print = () => {}; });
   await page.click('#explanation-print');
-  const paper = await onPaper(t, page);
+  const paper = await onPaper(t, page, '-layout');
   assert.deepEqual(sampleRows.map(([title]) => title).filter((title) => !paper.includes(title)), []);
   assert.doesNotMatch(paper, /Close|Calculations/);
 

@@ -5,7 +5,7 @@ import assert from 'node:assert/strict';
 import { readFile } from 'node:fs/promises';
 import { join } from 'node:path';
 import { test } from 'node:test';
-import { browse, builtPage, open, project, serve } from './browser.js';
+import { browse, builtPage, dice, open, project, serve } from './browser.js';
 
 const steps = Number(process.env.STEPS ?? 150);
 const seed = Number(process.env.SEED ?? 99);
@@ -14,15 +14,6 @@ const properties = ['enabled', 'visible', 'caption', 'text', 'index', 'list', 'v
 const fields = ['grossPay', 'amt401k', 'taxableWage', 'preTax', 'preFica', 'fedTax', 'stateTax', 'localTax', 'fica', 'socSec', 'medicare', 'totalDed',
   'checkAmt', 'depsDed', 'frequency', 'maritalStat', 'exemptions', 'staMarried', 'staDeps', 'staAdd', 'localRate', 'applyTo'];
 const texts = ['0', '1000', '$1,234.56', '(50)', '.06', '2', 'x', '', '99999999'];
-
-/** Numbers from 0 to below n, the same for the same seed. */
-function dice(start) {
-  let state = start >>> 0;
-  return (n) => {
-    state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
-    return Math.floor((state / 2 ** 32) * n);
-  };
-}
 
 /** The answers to all questions about a session; `answer` answers a line. Runs in Node and in the page. */
 function everything(answer, names, ofRecord) {

@@ -2,20 +2,11 @@
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { browse, firefox, open, serve, user } from './browser.js';
+import { browse, dice, firefox, open, serve, user } from './browser.js';
 import { differences } from './faithful.js';
 
 const steps = Number(process.env.STEPS ?? 400);
 const seed = Number(process.env.SEED ?? 99);
-
-/** Numbers from 0 to below n, the same for the same seed. */
-function dice(start) {
-  let state = start >>> 0;
-  return (n) => {
-    state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
-    return Math.floor((state / 2 ** 32) * n);
-  };
-}
 
 const texts = ['0', '1000', '$1,234.56', '(50)', '.06', '2', '-3', 'x', '', '1e3', '99999999', 'ä€'];
 const keys = ['Tab', 'Tab', 'Shift+Tab', 'ArrowDown', 'ArrowUp', 'Enter', ' ', 'Escape', 'F1'];

@@ -15,7 +15,7 @@ export type ResultName =
 export type Row = { [column in ColumnName]?: Cell };
 
 /** Paychecks as columns: arrays of one length, or a single value for all rows. */
-export type Columns = { [column in ColumnName]?: Cell | ArrayLike<Cell> };
+export type Columns = { [column in ColumnName]?: Cell | ArrayLike<Cell> } & { length?: never };
 
 /** The results of a row: dollars, with up to four decimals; null where a column can't be understood. */
 export type Results<Amount = number> = { [result in ResultName]: Amount | null } & {
@@ -27,7 +27,8 @@ export type Results<Amount = number> = { [result in ResultName]: Amount | null }
 export type ResultColumns<Amount = number> = { [result in ResultName]: (Amount | null)[] } & { problem: string[] };
 
 /** A part of a formula: an operand, or an operation and its operands. */
-export type Operand = { [key: string]: unknown } | [operation: string, ...operands: Operand[]];
+export type Operand = { [key: string]: unknown } | Operation;
+export interface Operation extends ReadonlyArray<string | Operand> {}
 
 /** A line of a worksheet. */
 export interface Line {
@@ -57,13 +58,13 @@ export interface Tallyfin99 {
    * Works paychecks. Throws a TypeError where no column is known or two are the same, a RangeError where columns have
    * different lengths. With `units`, amounts are whole ten-thousandths of a dollar.
    */
-  work(rows: readonly (Row & object)[], choices?: { units?: false }): Results[];
-  work(rows: readonly (Row & object)[], choices: { units: true }): Results<bigint>[];
-  work(columns: Columns & object, choices?: { units?: false }): ResultColumns;
-  work(columns: Columns & object, choices: { units: true }): ResultColumns<bigint>;
+  work(rows: readonly (Row)[], choices?: { units?: false }): Results[];
+  work(rows: readonly (Row)[], choices: { units: true }): Results<bigint>[];
+  work(columns: Columns, choices?: { units?: false }): ResultColumns;
+  work(columns: Columns, choices: { units: true }): ResultColumns<bigint>;
 
   /** The worksheet behind each result, by its title in the results; null where the row has no results. */
-  explain(row: Row & object): { [title: string]: Line[] } | null;
+  explain(row: Row): { [title: string]: Line[] } | null;
 
   /** What each state reads of the columns for states. */
   states(): StateValue[];

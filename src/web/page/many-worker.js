@@ -31,12 +31,12 @@ function delimiterOf(header) {
 /** What the page offers in place of an option of a command line. */
 const inWords = (trouble) => trouble.replace(/: use (--delimiter .*|no --delimiter)$/, ': choose it below');
 
-/** What has been worked and not been taken. It stays in the module's memory until the next call. */
-function takeOut() {
+/** Hands what has been worked over, as bytes that stand until the module goes on. */
+function takeOut(use) {
   const place = module._out();
-  const bytes = module.HEAPU8.subarray(place, place + module._outSize());
+  const used = use(module.HEAPU8.subarray(place, place + module._outSize()));
   module._outTaken();
-  return bytes;
+  return used;
 }
 
 function openFile(blob, delimiter) {
@@ -53,10 +53,22 @@ function preview(blob, wanted) {
   const trouble = openFile(new Blob([whole]), delimiter);
   if (trouble !== '') return { delimiter, trouble };
   const lacks = textFrom(module, 'fileLacks');
-  const broken = textFrom(module, 'workBlock'); // within what was looked at, or where that was cut off
-  hand(module, new TextDecoder().decode(takeOut()));
+  let broken = '';
+  while (broken === '' && !module._fileEnded()) broken = textFrom(module, 'workBlock');
+  hand(module, takeOut((bytes) => new TextDecoder().decode(bytes)));
   const [header, ...rows] = rowsOf(textFrom(module, 'cells', code(delimiter)));
-  return { delimiter, lacks, trouble: blob.size <= previewSize ? broken : '', header, rows: rows.filter((row) => row.length > 0) };
+  return { delimiter, lacks, trouble: blob.size <= previewSize ? broken : '' /* the cut may do that */, header, rows: rows.filter((row) => row.length > 0) };
+}
+
+/** Removes a file that has just been closed. Firefox may hold it for a moment longer. */
+async function remove(folder, name, tries = 100) {
+  try {
+    await folder.removeEntry(name);
+  } catch (error) {
+    if (tries === 0) throw error;
+    await new Promise((done) => setTimeout(done, 20));
+    await remove(folder, name, tries - 1);
+  }
 }
 
 /** Where a result goes: a file on the disk, or memory where the browser has none for a page. */
@@ -74,7 +86,7 @@ async function openResult(name) {
       },
       async drop() {
         access.close();
-        await folder.removeEntry(name);
+        await remove(folder, name);
       },
     };
   } catch {
@@ -97,7 +109,7 @@ async function workFile(blob, delimiter, name, tell) {
     let met = '';
     while (met === '' && !module._fileEnded()) {
       met = textFrom(module, 'workBlock');
-      result.write(takeOut());
+      takeOut(result.write);
       tell({ read: position, rows: module._fileRows() });
       await turn();
       if (stopped) {
