@@ -64,8 +64,8 @@ int main(int argc, char** argv) {
     tallyfin::endBySignal();
   } catch (const std::bad_alloc&) {
     std::fputs("tallyfin99-batch: there is not enough memory\n", stderr);
-  } catch (const std::exception& trouble) {
-    say(trouble.what());
+  } catch (const std::exception& trouble) {  // without memory, of which there may be none
+    for (const char* part : {"tallyfin99-batch: ", trouble.what(), "\n"}) std::fputs(part, stderr);
   }
   return 2;
 }

@@ -46,6 +46,7 @@ Desk::Seat* Desk::seatOf(const Screen& screen) {
 
 Screen& Desk::load(std::unique_ptr<Screen> created) {
   Screen& screen = *created;
+  discarded_.reserve(discarded_.size() + seats_.size() + 1);  // so that a screen can be discarded without memory
   seats_.push_back({std::move(created), true, false});
   if (screen.shown_ && watcher != nullptr) watcher->shown(screen);  // the frame is shown before its Load
   screen.Load();

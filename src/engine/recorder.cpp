@@ -5,70 +5,69 @@
 #include "engine/calculate.h"
 #include "engine/entries.h"
 #include "engine/recording.h"
+#include "engine/services.h"
 
 namespace tallyfin {
 
-namespace told {
-
-namespace {
-
-/// The federal allowance as the main screen took it when it was loaded.
-struct TakenAllowance {
-  Tape tape;
-  Amount amount;
-  Int16 frequency;
-};
-thread_local std::optional<TakenAllowance> taken;
-
-thread_local std::optional<Trace> last;
-
-}  // namespace
-
-}  // namespace told
-
 Recorder::Recorder(std::string statusChosen, std::string date) {
-  told::last.emplace();
-  told::last->statusChosen = std::move(statusChosen);
-  told::last->exemptions = worksheet().exemptionsText();
-  told::last->date = std::move(date);
-  told::takeOver(told::taken ? told::taken->tape : Tape{});
-  told::now.trace = &*told::last;
-  if (told::taken && told::taken->amount.plain() == payData.depsDed) {
-    told::payData.depsDed = told::taken->amount;
-    if (told::taken->frequency != payData.frequency) {
+  told::Recording& now = told::recording();
+  now.last.reset();
+  told::takeOver(now.taken ? now.taken->tape : Tape{});
+  if (now.taken && now.taken->amount == payData.depsDed) {
+    told::payData.depsDed = {now.taken->amount, now.taken->node};
+    if (now.taken->frequency != payData.frequency) {
       told::noteOn(told::payData.depsDed,
                    "The federal allowance goes by the pay frequency and the exemptions that stood when the main screen "
                    "was loaded.");
     }
   }
+  // Last of all, so that there is no trace where one of these has failed.
+  Trace begun;
+  begun.statusChosen = std::move(statusChosen);
+  begun.exemptions = worksheet().exemptionsText();
+  begun.date = std::move(date);
+  now.last = std::move(begun);
+  now.trace = &*now.last;
 }
 
 Recorder::~Recorder() {
-  Trace& trace = *told::last;
+  told::Recording& now = told::recording();
+  now.trace = nullptr;
+  if (now.within) {  // a statement was broken off, for want of memory
+    now.last.reset();
+    return;
+  }
+  Trace& trace = *now.last;
   std::size_t i = 0;
   for (const auto& row : resultRowsOf<told::PayData>) trace.results.at(i++) = (told::payData.*row.amount).node();
   trace.after = payData;
-  trace.tape = std::exchange(told::now.tape, {});
-  told::now.trace = nullptr;
+  trace.tape = std::exchange(now.tape, {});
 }
 
 void Recorder::calculatePaycheck() { told::calculatePaycheck(); }
 void Recorder::makeTotals() { told::makeTotals(); }
 
 void recordAllowance(Int16 exemptions) {
+  told::Recording& now = told::recording();
   told::takeOver({});
-  told::taken.reset();
-  const NodeId before = told::payData.depsDed.node();
+  now.taken.reset();
+  const told::Amount& taken = told::payData.depsDed;
+  const NodeId before = taken.node();
   told::takeAllowance({exemptions, told::made(Op::entry, exemptions, noNode, noNode, "frmMain.cboExemptions")});
-  if (told::now.tape.nodes[static_cast<std::size_t>(told::payData.depsDed.node())].a == before) return;
-  told::taken = {std::exchange(told::now.tape, {}), told::payData.depsDed, payData.frequency};
+  if (now.tape.nodes[static_cast<std::size_t>(taken.node())].a == before) return;
+  now.taken = {std::exchange(now.tape, {}), taken.plain(), taken.node(), payData.frequency};
 }
 
-const Trace* lastTrace() { return told::last ? &*told::last : nullptr; }
+const Trace* lastTrace() {
+  const std::optional<Trace>& last = told::recording().last;
+  return last ? &*last : nullptr;
+}
 
 void forgetTraces() {
-  told::last.reset();
-  told::taken.reset();
+  told::recording().last.reset();
+  told::recording().taken.reset();
 }
+
+void Services::removeRecordings() { told::removeRecording(); }
 
 }  // namespace tallyfin

@@ -6,7 +6,8 @@
 
 namespace tallyfin {
 
-/// Records the calculation that it carries out. One at a time.
+/// Records the calculation that it carries out. One at a time. Of one that an exception breaks off, other than a failed
+/// statement, there is no trace.
 class Recorder {
  public:
   /// The caption of the status button that is set, and the date, for the explanation.

@@ -27,8 +27,17 @@ class Services {
  public:
   Services(SettingsStore& store, WorksheetProvider& provider)
       : store_(settingsStore, &store), provider_(worksheetProvider, &provider) {}
+  /// With the last services of a thread goes what was recorded on it.
+  ~Services() {
+    if (outermost_) removeRecordings();
+  }
+  Services(const Services&) = delete;
+  Services& operator=(const Services&) = delete;
 
  private:
+  static void removeRecordings();
+
+  const bool outermost_ = settingsStore == nullptr;
   Installed<SettingsStore*> store_;
   Installed<WorksheetProvider*> provider_;
 };

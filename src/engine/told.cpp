@@ -11,8 +11,8 @@ namespace {
 
 NodeId withCircumstances(Value value, NodeId node, const char* title, Circumstances circumstances) {
   const NodeId made = told::made(Op::titled, value, node, noNode, title);
-  now.tape.nodes.back().circumstances = static_cast<int>(now.tape.circumstances.size());
-  now.tape.circumstances.push_back(std::move(circumstances));
+  recording().tape.nodes.back().circumstances = static_cast<int>(recording().tape.circumstances.size());
+  recording().tape.circumstances.push_back(std::move(circumstances));
   return made;
 }
 
@@ -63,7 +63,7 @@ void settle(const char* title, std::span<const Target> targets, const std::vecto
           }
           const NodeId node = figure->node();
           const bool kept = node == before[i];
-          Circumstances its = now.since;
+          Circumstances its = recording().since;
           if (kept && !whyNot.empty()) its.notes.push_back(whyNot);
           *figure = {figure->plain(), withCircumstances(figure->plain(), node, title, std::move(its))};
           first = {node, figure->node()};
@@ -75,40 +75,50 @@ void settle(const char* title, std::span<const Target> targets, const std::vecto
 
 std::string quoted(const char* title) { return std::string("\"") + title + "\""; }
 
+constinit thread_local Recording* ofThisThread = nullptr;
+
 }  // namespace
 
-thread_local Recording now;
+Recording& recording() {
+  if (ofThisThread == nullptr) ofThisThread = new Recording;
+  return *ofThisThread;
+}
+
+void removeRecording() { delete std::exchange(ofThisThread, nullptr); }
 
 void takeOver(Tape tape) {
+  Recording& now = recording();
   now.tape = std::move(tape);
   now.since = {};
+  now.trace = nullptr;
+  now.within = false;
   eachField([](const char* name, auto& figure, const auto& number) {
     figure = {number, made(Op::left, number, noNode, noNode, name)};
   });
 }
 
 NodeId made(Op op, Value value, NodeId a, NodeId b, const char* name, bool inDollars) {
-  now.tape.nodes.push_back({.op = op, .value = value, .a = a, .b = b, .name = name, .inDollars = inDollars});
-  return static_cast<NodeId>(now.tape.nodes.size()) - 1;
+  recording().tape.nodes.push_back({.op = op, .value = value, .a = a, .b = b, .name = name, .inDollars = inDollars});
+  return static_cast<NodeId>(recording().tape.nodes.size()) - 1;
 }
 
 bool asked(Asked asked) {
-  now.since.asked.push_back(asked);
+  recording().since.asked.push_back(asked);
   return asked.held;
 }
 
 NodeId titled(const char* title, Value value, NodeId node) {
-  return withCircumstances(value, node, title, std::exchange(now.since, {}));
+  return withCircumstances(value, node, title, std::exchange(recording().since, {}));
 }
 
 NodeId asMuch(const char* title, Value value, NodeId node) {
   const NodeId same = titled(title, value, node);
-  now.tape.nodes.back().b = node;
+  recording().tape.nodes.back().b = node;
   return same;
 }
 
 Count called(const char* title, const Count& choice) {
-  now.tape.nodes[static_cast<std::size_t>(choice.node())].title = title;
+  recording().tape.nodes[static_cast<std::size_t>(choice.node())].title = title;
   return choice;
 }
 
@@ -116,25 +126,25 @@ Rate asRate(const Single& x) {
   const auto rate = static_cast<double>(x.plain());
   const std::string written = shortestTextOf(x.plain());
   if (doubleOf(written) != rate) {
-    now.since.notes.push_back("In single precision " + written + " is " + shortestTextOf(rate) + ".");
+    recording().since.notes.push_back("In single precision " + written + " is " + shortestTextOf(rate) + ".");
   }
   return {rate, x.node()};
 }
 
 std::nullopt_t keep(const char* why) {
-  now.whyKept = why;
+  recording().whyKept = why;
   return std::nullopt;
 }
 
-void note(const char* remark) { now.since.notes.emplace_back(remark); }
+void note(const char* remark) { recording().since.notes.emplace_back(remark); }
 
 NodeId noted(Value value, NodeId node, const char* remark) {
   return withCircumstances(value, node, "", {.asked = {}, .notes = {remark}, .row = {}});
 }
 
 void applied(AppliedRow row) {
-  now.row = row;
-  now.since.row = std::move(row);
+  recording().row = row;
+  recording().since.row = std::move(row);
 }
 
 namespace {
@@ -150,25 +160,26 @@ Count toInt16(const Entry& entry) { return entered(entry, tallyfin::toInt16(entr
 
 void runStatement(OnFailure onFailure, const char* title, std::span<const Target> targets, bool (*run)(void*),
                   void* statement) {
-  const bool outer = !std::exchange(now.within, true);
+  const bool outer = !std::exchange(recording().within, true);
   std::vector<Change> before;
   if (outer) before = figures();
   std::vector<NodeId> nodes;
   for (const Target& target : targets) nodes.push_back(nodeAt(target));
-  now.since = {};
-  now.row.reset();
-  now.whyKept = "";
+  recording().since = {};
+  recording().row.reset();
+  recording().whyKept = "";
   const auto end = [&](bool done, const std::string& whyNot) {
     settle(title, targets, nodes, whyNot);
-    now.since = {};
+    recording().since = {};
     if (!outer) return;
-    now.within = false;
-    if (now.trace != nullptr) now.trace->statements.push_back({title, done, changesSince(before), now.row});
+    if (recording().trace != nullptr)
+      recording().trace->statements.push_back({title, done, changesSince(before), recording().row});
+    recording().within = false;
   };
   const std::string skipped = quoted(title) + " is skipped, because ";
   try {
     const bool assigned = run(statement);
-    end(true, assigned ? "" : quoted(title) + " stays as it was: " + now.whyKept + ".");
+    end(true, assigned ? "" : quoted(title) + " stays as it was: " + recording().whyKept + ".");
   } catch (const NotANumber& bad) {
     end(false, skipped + quoted(bad.text.c_str()) + " isn't a number.");
     if (onFailure == OnFailure::passOn) throw;
@@ -178,6 +189,6 @@ void runStatement(OnFailure onFailure, const char* title, std::span<const Target
   }
 }
 
-void stateIs(const char* caption) { now.trace->state = caption; }
+void stateIs(const char* caption) { recording().trace->state = caption; }
 
 }  // namespace tallyfin::told

@@ -101,7 +101,7 @@ int main(int argc, char** argv) {
   } catch (const std::bad_alloc&) {
     std::fputs("tallyfin99-script: there is not enough memory\n", stderr);
   } catch (const Trouble& trouble) {
-    std::fputs((std::string("tallyfin99-script: ") + trouble.what() + "\n").c_str(), stderr);
+    for (const char* part : {"tallyfin99-script: ", trouble.what(), "\n"}) std::fputs(part, stderr);
   }
   if (endingSignal() != 0) endBySignal();
   return status;

@@ -20,7 +20,8 @@ namespace tallyfin::script {
 
 namespace {
 
-const std::string ok = "ok";
+// No objects: their making could fail before main() begins.
+constexpr const char* ok = "ok";
 
 std::string value(const std::string& text) { return "= " + text; }
 
@@ -35,11 +36,11 @@ std::string refused(Refusal refusal) {
   return ok;
 }
 
-const std::string missing = "! syntax something is missing or too much";
-const std::string unknownControl = "! unknown control";
-const std::string unknownAction = "! unknown action for this kind of control";
-const std::string notRunning = "! not-running";
-const std::string notLoaded = "! not-loaded";
+constexpr const char* missing = "! syntax something is missing or too much";
+constexpr const char* unknownControl = "! unknown control";
+constexpr const char* unknownAction = "! unknown action for this kind of control";
+constexpr const char* notRunning = "! not-running";
+constexpr const char* notLoaded = "! not-loaded";
 
 std::optional<int> wholeNumberOf(const std::string& text) {
   int number = 0;

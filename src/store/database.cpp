@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <cstring>
-#include <vector>
 
 #include "engine/failure.h"
 
@@ -14,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The one table of a store, exactly as its definition stands in SQLite's schema.
-const std::string table =
+constexpr std::string_view table =
     "setting(section TEXT NOT NULL, key TEXT NOT NULL, text TEXT NOT NULL, PRIMARY KEY(section, key)) "
     "STRICT, WITHOUT ROWID";
 
@@ -22,11 +21,12 @@ constexpr int largestText = 8 * 1024 * 1024;
 
 /// Options of every connection. secure_delete overwrites a text that is replaced or removed; cell_size_check notices a
 /// damaged page before it is used; journal_size_limit cuts a log that has grown under a slow reader.
-const std::string everyConnection =
-    "PRAGMA synchronous = NORMAL; PRAGMA secure_delete = ON; PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0; "
-    "PRAGMA temp_store = MEMORY; PRAGMA wal_autocheckpoint = 100; PRAGMA journal_size_limit = 1000000; "
-    "PRAGMA max_page_count = " +
-    std::to_string(largestFile / pageSize) + "; PRAGMA page_size = " + std::to_string(pageSize);
+std::string everyConnection() {
+  return "PRAGMA synchronous = NORMAL; PRAGMA secure_delete = ON; PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0; "
+         "PRAGMA temp_store = MEMORY; PRAGMA wal_autocheckpoint = 100; PRAGMA journal_size_limit = 1000000; "
+         "PRAGMA max_page_count = " +
+         std::to_string(largestFile / pageSize) + "; PRAGMA page_size = " + std::to_string(pageSize);
+}
 
 /// Resets a prepared statement, and forgets its texts, once its rows have been read.
 struct Rewound {
@@ -75,8 +75,8 @@ Connection opened(const std::string& name, int access) {
 }
 
 /// Connections that can't be closed, because closing would touch an index that is cut short.
-std::vector<Connection>& abandoned() {
-  static auto& all = *new std::vector<Connection>;
+std::list<Connection>& abandoned() {
+  static auto& all = *new std::list<Connection>;
   return all;
 }
 
@@ -95,7 +95,9 @@ ReaderLock::ReaderLock(const fs::path& path, Patience& patience)
   held_ = state != SQLITE_BUSY;  // a disk without locks has no other program that could be waited for
 }
 
-Database::Database(const fs::path& path, View seenAs, Patience& patience) : view(seenAs), path_(path.string()) {
+Database::Database(const fs::path& path, View seenAs, Patience& patience)
+    : view(seenAs), path_(path.string()), logPath_(path_ + "-wal"), indexPath_(path_ + "-shm") {
+  abandoned();  // made here, so that the destructor needs no memory
   const bool live = view == View::live;
   connection_ = live ? opened(path_, SQLITE_OPEN_READWRITE)
                      : opened(asUri(path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
@@ -110,7 +112,7 @@ Database::Database(const fs::path& path, View seenAs, Patience& patience) : view
   sqlite3_limit(connection_.get(), SQLITE_LIMIT_LENGTH, largestText);
   sqlite3_limit(connection_.get(), SQLITE_LIMIT_SQL_LENGTH, 10'000);
   sqlite3_limit(connection_.get(), SQLITE_LIMIT_ATTACHED, 0);
-  run(everyConnection);
+  run(everyConnection());
   learnForm();
 }
 
@@ -118,10 +120,11 @@ Database::~Database() {
   if (!connection_ || form != Form::store) return;
   // Another log under the name of this one holds what is newer. Where the file itself was replaced, the log beside it
   // belongs to the new one.
-  const FileMark log = FileMark::of(path_ + "-wal");
+  const FileMark log = FileMark::of(logPath_);
   if (moved() || (log.exists() && !log.sameFile(log_))) return;
   if (!mendIndex()) {
-    abandoned().push_back(std::move(connection_));
+    placeAmongAbandoned_.front() = std::move(connection_);
+    abandoned().splice(abandoned().end(), placeAmongAbandoned_);
     return;
   }
   // Closing copies the log back under a lock that keeps readers out, however long the disk takes. Copied before, there
@@ -143,7 +146,7 @@ int Database::checkpoint(int how) const {
 
 void Database::make() {
   run("PRAGMA journal_mode = WAL");
-  run("CREATE TABLE IF NOT EXISTS " + table);
+  run(std::string("CREATE TABLE IF NOT EXISTS ").append(table));
   learnForm();
 }
 
@@ -156,13 +159,13 @@ bool Database::prepare() {
       "ON CONFLICT DO UPDATE SET text = excluded.text WHERE text IS NOT excluded.text");
   erase_ = prepared("DELETE FROM setting WHERE section = ?1 AND key = ?2");
   all_ = prepared("SELECT section, key, text FROM setting");
-  log_ = FileMark::of(path_ + "-wal");
-  index_ = FileMark::of(path_ + "-shm");
+  log_ = FileMark::of(logPath_);
+  index_ = FileMark::of(indexPath_);
   return get_ && put_ && erase_ && all_;
 }
 
 bool Database::stillInPlace() {
-  if (moved() || !FileMark::of(path_ + "-wal").sameFile(log_) || !FileMark::of(path_ + "-shm").sameFile(index_)) {
+  if (moved() || !FileMark::of(logPath_).sameFile(log_) || !FileMark::of(indexPath_).sameFile(index_)) {
     return false;
   }
   if (!mendIndex()) throw FailedStatement{};
@@ -174,14 +177,14 @@ bool Database::stillInPlace() {
 bool Database::mendIndex() {
   constexpr int region = 32'768;
   constexpr std::size_t header = 96;  // two copies, compared at each reading
-  const FileMark now = FileMark::of(path_ + "-shm");
+  const FileMark now = FileMark::of(indexPath_);
   if (!now.sameFile(index_)) return true;
   if (now.length >= index_.length) {
     index_.length = now.length;
     return true;
   }
   // By its name: to open and close it would take SQLite's locks off it.
-  if (::truncate((path_ + "-shm").c_str(), static_cast<off_t>(index_.length)) != 0) return false;
+  if (::truncate(indexPath_.c_str(), static_cast<off_t>(index_.length)) != 0) return false;
   sqlite3_file* const file = fileOf(connection_.get());
   void volatile* start = nullptr;
   file->pMethods->xShmMap(file, 0, region, 0, &start);  // where it is mapped already
@@ -197,7 +200,7 @@ std::optional<std::string> Database::get(std::string_view section, std::string_v
 
 void Database::put(std::string_view section, std::string_view key, std::string_view text) const {
   // A reader that stays keeps the log from beginning anew.
-  if (FileMark::of(path_ + "-wal").length > largestFile && checkpoint(SQLITE_CHECKPOINT_TRUNCATE) != SQLITE_OK) {
+  if (FileMark::of(logPath_).length > largestFile && checkpoint(SQLITE_CHECKPOINT_TRUNCATE) != SQLITE_OK) {
     throw FailedStatement{};
   }
   nextRow(with(put_, {section, key, text}));
@@ -234,7 +237,7 @@ void Database::learnForm() {
   form = Form::none;
   // textIn() compares bytes: a schema in another encoding isn't ours.
   const auto schema = answer("SELECT sql FROM sqlite_schema");
-  if (schema != "" && schema != "CREATE TABLE " + table + '\n') return;
+  if (schema != "" && schema != std::string("CREATE TABLE ").append(table) + '\n') return;
   if (answer("PRAGMA integrity_check(1)") == "ok\n") form = schema == "" ? Form::empty : Form::store;
 }
 

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <initializer_list>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -84,7 +85,10 @@ class Database {
   int checkpoint(int how) const;
 
   std::unique_ptr<ReaderLock> lock_;
-  std::string path_;
+  const std::string path_;
+  const std::string logPath_;
+  const std::string indexPath_;
+  std::list<Connection> placeAmongAbandoned_{1};  ///< A place that takes the connection without memory.
   FileMark log_;
   FileMark index_;
   Statement get_;

@@ -1,3 +1,4 @@
+#include <new>
 #include <random>
 
 #include "engine/calculate.h"
@@ -84,6 +85,31 @@ TEST_F(KindsTest, AgreeToTheLastBitOnAnyRecord) {
     ASSERT_EQ(static_cast<WorksheetFields&>(sheet), plainFields) << "round " << round << ", state " << sheet.state;
     ASSERT_EQ(sheet.figures, plainFigures) << "round " << round;
   }
+}
+
+/// A worksheet whose pre-tax amount is read without memory, within a statement.
+struct WithoutMemory : WorksheetStandIn {
+  const std::string& preTaxText() const override { throw std::bad_alloc(); }
+};
+
+TEST_F(KindsTest, LeaveNoTraceOfACalculationThatWasBrokenOff) {
+  const auto calculated = [] {
+    const Recorder recorder;
+    Recorder::calculatePaycheck();
+  };
+  chooseAnything();
+  calculated();
+  ASSERT_NE(lastTrace(), nullptr);
+  const std::size_t statements = lastTrace()->statements.size();
+  {
+    WithoutMemory broken;
+    const Services services(store, broken);
+    EXPECT_THROW(calculated(), std::bad_alloc);
+  }
+  EXPECT_EQ(lastTrace(), nullptr);
+  calculated();
+  ASSERT_NE(lastTrace(), nullptr);
+  EXPECT_EQ(lastTrace()->statements.size(), statements);
 }
 
 TEST_F(KindsTest, AgreeOnTheFederalAllowance) {
