@@ -14,7 +14,10 @@ constexpr PerFrequency<double> allowance{52.88, 114.58, 105.77, 229.17, "federal
 constexpr FixedRate percentage{"from which on a rate is a percentage", 1};
 
 /// The amount in a box, 0 if the box is empty.
-Amount amountIn(const auto& text) { return text.empty() ? Amount{} : toMoney(text); }
+Amount amountIn(const auto& text) {
+  if (text.empty()) return 0;
+  return toMoney(text);
+}
 
 void takeIncome() {
   const auto wage = [] { return payData.taxableWage; };
@@ -39,7 +42,10 @@ Amount deductions() { return payData.amt401k + payData.fica + payData.fedTax + p
 
 }  // namespace
 
-Rate normalisedRate(Rate typed) { return typed < percentage ? typed : typed / named("percent", 100.0); }
+Rate normalisedRate(Rate typed) {
+  if (typed < percentage) return typed;
+  return typed / named("percent", 100.0);
+}
 
 void GetPreTax() {
   const Worksheet& boxes = worksheet();
@@ -53,7 +59,10 @@ void Calculate() {
   takeIncome();
 
   const auto& rate = worksheet().rate401kText();
-  step("401(k) rate as entered", payData.rate401k, [&] { return rate.empty() ? Rate(0) : realOf(rate); });
+  step("401(k) rate as entered", payData.rate401k, [&]() -> Rate {
+    if (rate.empty()) return 0;
+    return realOf(rate);
+  });
   step("401(k) rate as a percentage", payData.rate401k, [] { return normalisedRate(payData.rate401k); });
 
   GetPreTax();

@@ -188,6 +188,8 @@ Told<T> asMuch(const char* title, const Told<T>& figure) {
 /// A choice of the state options by what it means to the rule.
 Count called(const char* title, const Count& choice);
 
+inline void goesBy(const Count& choice) { asked({Asked::How::equal, choice.node()}); }
+
 std::nullopt_t keep(const char* why);
 inline bool keepAll(const char* why) { return keep(why), false; }
 void note(const char* remark);

@@ -28,6 +28,10 @@ constexpr T called(const char* /*title*/, T choice) {
   return choice;
 }
 
+/// Says that a figure goes by a choice that was asked for an earlier one.
+template <class T>
+constexpr void goesBy(const T& /*choice*/) {}
+
 /// Says that a statement assigns nothing, and why.
 constexpr std::nullopt_t keep(const char* /*why*/) { return std::nullopt; }
 constexpr bool keepAll(const char* /*why*/) { return false; }

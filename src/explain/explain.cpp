@@ -69,7 +69,8 @@ class Writer {
     if (its.row) gatherWithin(its.row->x, Place::alone);
     for (const Asked& asked : its.asked) {
       const NodeId a = formula_.resolved(asked.a);
-      if (const auto choice = choiceOf(a)) {
+      if (auto choice = choiceOf(a)) {
+        if (*at(a).title != '\0') *choice = {at(a).title, asked.held ? "Yes" : "No"};
         const auto known = std::find_if(choices_.begin(), choices_.end(),
                                         [&](const ChoiceWords& other) { return other.title == choice->title; });
         if (known == choices_.end()) choices_.push_back(*choice);

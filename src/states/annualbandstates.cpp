@@ -48,7 +48,8 @@ constexpr const char* noOption = "the state has no rule for the filing status ch
 
 static const Option* chosen() {
   const int option = payData.staMarried.value();
-  return option >= 1 && option <= 5 ? &options[option - 1] : nullptr;
+  if (option < 1 || option > 5) return nullptr;
+  return &options[option - 1];
 }
 }  // namespace alabama
 

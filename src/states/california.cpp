@@ -11,7 +11,9 @@ static const Group* chosenGroup() {
   switch (payData.staMarried.value()) {
     case stateStatus::single:
     case stateStatus::spouseEmployed: return &groupASchedule;
-    case stateStatus::married: return worksheet().exemptions <= 1 ? &groupBUpToOneSchedule : &groupBFromTwoSchedule;
+    case stateStatus::married:
+      if (worksheet().exemptions <= 1) return &groupBUpToOneSchedule;
+      return &groupBFromTwoSchedule;
     case stateStatus::headOfFamily: return &groupCSchedule;
     default: return nullptr;
   }

@@ -26,7 +26,8 @@ constexpr Schedule schedules[] = {
 /// The schedule of the worksheet's rate letter, which nothing assigns: only Rate A runs. There is none beyond D.
 static const Schedule* chosen() {
   const int letter = worksheet().staRate.value();
-  return letter >= 0 && letter <= 3 ? &schedules[letter] : nullptr;
+  if (letter < 0 || letter > 3) return nullptr;
+  return &schedules[letter];
 }
 constexpr const char* noSchedule = "the state has no table for that rate letter";
 }  // namespace connecticut

@@ -96,13 +96,13 @@ void MichiganTax() {
   if (payData.staMarried != stateStatus::headOfFamily) {
     step("No such allowance without that claim", dependentDeduction, [] { return 0; });
   } else {
-    step("No exemptions for a dependent of somebody else", payData.stateDepsDed, [] {
-      note("Whom somebody else claims as a dependent has no exemptions of their own.");
-      return 0;
-    });
+    step("No exemptions for a dependent of somebody else", payData.stateDepsDed, [] { return 0; });
   }
   StateBase();
   step("Michigan tax", payData.stateTax, [&] {
+    if (called("Claimed as a dependent by somebody else", payData.staMarried) == stateStatus::headOfFamily) {
+      note("Whom somebody else claims as a dependent has no exemptions of their own.");
+    }
     const Amount deductions =
         payData.statePreTax + payData.state401k + payData.stateDepsDed + dependentDeduction + specialDeduction;
     return fromReal(toReal(line("Wage less all allowances", payData.grossPay - deductions)) * rate);
@@ -157,8 +157,10 @@ void Massachusetts() {
   if (payData.staMarried != stateStatus::headOfFamily) {
     step("No credit for any but a Head of Family", credit, [] { return 0; });
   }
-  step("Massachusetts tax less the credit", payData.stateTax,
-       [&] { return line("Massachusetts tax", fromReal(toReal(work.stateWage) * rate)) - credit; });
+  step("Massachusetts tax less the credit", payData.stateTax, [&] {
+    goesBy(payData.staMarried);
+    return line("Massachusetts tax", fromReal(toReal(work.stateWage) * rate)) - credit;
+  });
   finish();
 }
 

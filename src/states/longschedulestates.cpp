@@ -35,8 +35,11 @@ void Georgia() {
         }
         const bool separately = payData.staMarried == stateStatus::separately;
         work.stateStdDed = line("Standard deduction", work.stateStdDed);
-        payData.stateDepsDed = separately ? line("Personal allowance", work.stateStdDed * named("times", Int16(2)))
-                                          : asMuch("Personal allowance", work.stateStdDed);
+        if (separately) {
+          payData.stateDepsDed = line("Personal allowance", work.stateStdDed * named("times", Int16(2)));
+        } else {
+          payData.stateDepsDed = asMuch("Personal allowance", work.stateStdDed);
+        }
         return true;
       },
       work.stateStdDed, payData.stateDepsDed);

@@ -60,10 +60,13 @@ constexpr Band monthly[] = {
 // clang-format on
 constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "Missouri"};
 
-constexpr FixedAmount marriedCap{"most federal tax", 10000};
-constexpr FixedAmount singleCap{"most federal tax", 5000};
-constexpr FixedAmount marriedDeduction{"standard deduction", 4300};
-constexpr FixedAmount singleDeduction{"standard deduction", 3600};
+/// Dollars a year.
+struct Limits {
+  FixedAmount standardDeduction;
+  FixedAmount federalCap;
+};
+constexpr Limits marriedLimits{{"standard deduction", 4300}, {"most federal tax", 10000}};
+constexpr Limits singleLimits{{"standard deduction", 3600}, {"most federal tax", 5000}};
 constexpr FixedCount perExemption{"personal exemption", 1200};
 }  // namespace missouri
 
@@ -87,10 +90,10 @@ void Missouri() {
         if (payData.maritalStat != status::married && payData.maritalStat != status::single) {
           return keepAll("the state has deductions for Married and for Single only");
         }
-        const bool married = payData.maritalStat == status::married;
-        work.stateStdDed = line("Standard deduction", Amount(married ? marriedDeduction : singleDeduction));
-        federalDeduction =
-            line("Federal tax that is deducted", least(federalDeduction, married ? marriedCap : singleCap));
+        const Limits* limits = &singleLimits;
+        if (payData.maritalStat == status::married) limits = &marriedLimits;
+        work.stateStdDed = line("Standard deduction", Amount(limits->standardDeduction));
+        federalDeduction = line("Federal tax that is deducted", least(federalDeduction, limits->federalCap));
         if (isFrom(0, work.exemptions, 15)) {
           payData.stateDepsDed = line("Personal exemptions", work.exemptions * perExemption);
         }

@@ -42,8 +42,8 @@ void NCarolina() {
   step("Allowance for the dependents", payData.stateDepsDed, [&]() -> std::optional<Amount> {
     const Status* status = chosenStatus();
     if (!status) return keep("the state has no allowance for the filing status chosen");
-    const bool below = work.stateWage < status->incomeTest.now();
-    return payData.staDeps * (below ? higherAmount : lowerAmount).now();
+    if (work.stateWage < status->incomeTest.now()) return payData.staDeps * higherAmount.now();
+    return payData.staDeps * lowerAmount.now();
   });
   step("Wage less the allowance", work.stateWage, [&] { return work.stateWage - payData.stateDepsDed; });
   step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {

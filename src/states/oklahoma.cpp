@@ -72,6 +72,7 @@ static std::optional<Amount> federalBase(const Amount& wage, const Count& depend
   switch (payData.staMarried.value()) {
     // The dependents come off before the multiplication, so that the estimate is some 412.5 times the wage.
     case stateStatus::single: {
+      note("The federal exemption is multiplied by the wage here, not by the number of dependents.");
       const Amount less = line("Ceiling wage less the number of dependents", wage - dependents);
       return line("That wage for the federal exemption", less * federalExemption) - lowerFederalDeduction;
     }

@@ -10,8 +10,9 @@ constexpr PerFrequency<Dollars> federalCap{58, 125, 115, 250, "most federal tax"
 /// The tables of the status; a Single employee with 3 exemptions or more has those with the bounds of Married.
 static const PerFrequency<CreditedBands>* chosenTables() {
   if (payData.maritalStat == status::married) return &married;
-  if (payData.maritalStat == status::single) return worksheet().exemptions < 3 ? &singleBelowThree : &singleThreeOrMore;
-  return nullptr;
+  if (payData.maritalStat != status::single) return nullptr;
+  if (worksheet().exemptions < 3) return &singleBelowThree;
+  return &singleThreeOrMore;
 }
 
 /// Less a credit for each exemption, in one real step.

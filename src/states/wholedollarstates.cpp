@@ -120,8 +120,10 @@ void MaineTax() {
     if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(marriedClaimingSingle);
     return keep("the state has no table for that status");
   });
-  step("Year's tax, forgiven where it is small", payData.stateTax,
-       [] { return payData.stateTax <= forgiven ? Amount(0) : payData.stateTax; });
+  step("Year's tax, forgiven where it is small", payData.stateTax, []() -> Amount {
+    if (payData.stateTax <= forgiven) return 0;
+    return payData.stateTax;
+  });
   step("Pay period's tax", payData.stateTax, [] { return perPeriod(payData.stateTax); });
   step("Pay period's tax in whole dollars", payData.stateTax, [] { return integerRounded(payData.stateTax); });
   finish();

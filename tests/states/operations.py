@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Finds what would lose an operation where figures know how they came about: std::min, std::max and std::clamp in the
-sources of the rules, which are compiled for both kinds of figures, and numbers of the plain kinds.
+"""Finds what would lose an operation where figures know how they came about: std::min, std::max, std::clamp and ?:
+in the sources of the rules, which are compiled for each kind of figures, and numbers of the plain kinds.
 
     operations.py"""
 import pathlib
@@ -8,7 +8,7 @@ import re
 import sys
 
 src = pathlib.Path(__file__).resolve().parent.parent.parent / "src"
-FORBIDDEN = re.compile(r"std::(min|max|clamp)\b|\b(Money|Int16)\s+\w+\s*[;={]|\bdouble\s+\w+\s*=")
+FORBIDDEN = re.compile(r"std::(min|max|clamp)\b|\?|\b(Money|Int16)\s+\w+\s*[;={]|\bdouble\s+\w+\s*=")
 
 
 def rules():
@@ -20,12 +20,14 @@ def rules():
 
 
 def losses(text):
-    code = re.sub(r"//.*", "", text)
+    code = re.sub(r'//.*|"(\\.|[^"\\])*"', "", text)
     return [match.group(0) for match in FORBIDDEN.finditer(code)]
 
 
 # A search that finds nothing would pass too.
-assert losses("step([&] { return std::min(a, b); });") and losses("Money wage;") and not losses("Amount wage; // std::min")
+for lost in ("std::min(a, b)", "std::max(a, b)", "std::clamp(a, b, c)", "below ? a : b", "Money wage;", "double rate = 1;"):
+    assert losses(f"step([&] {{ return {lost}; }});"), lost
+assert not losses('Amount wage = named("why?", 1); // std::min')
 
 found = dict(rules())
 assert len(found) > 30, found.keys()
