@@ -79,8 +79,10 @@ std::vector<FormPart> sentencesOf(const ExplanationLine& line) {
 }
 
 FormTable tableOf(const UsedRow& used) {
-  FormTable table{.name = used.row.table, .of = "Amount", .rows = {}, .used = used.row.number};
-  if (used.x.origin == Operand::Origin::line) table.of = "Line " + std::to_string(used.x.line);
+  FormTable table{.name = used.row.table,
+                  .of = "Line " + std::to_string(used.x.line),  // a table is always applied to the figure of a line
+                  .rows = {},
+                  .used = used.row.number};
   for (std::size_t row = 0; row < used.row.rows.size(); ++row) {
     table.rows.push_back({boundsText(used.row, row), givenText(used.row.rows[row])});
   }
