@@ -13,7 +13,12 @@ namespace tallyfin::library {
 constexpr char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 /// The text without the blanks (space, tab) at both ends.
-std::string_view trimmed(std::string_view text);
+constexpr std::string_view trimmed(std::string_view text) {
+  const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && blank(text.back())) text.remove_suffix(1);
+  return text;
+}
 
 /// Whether two texts are the same but for letter case.
 bool sameName(std::string_view a, std::string_view b);

@@ -79,8 +79,8 @@ void Paycheck::setReal(Column column, double number) {
 
 const std::string& Paycheck::exemptionsText() const {
   static const auto texts = [] {
-    std::array<std::string, columnRules[indexOf(Column::exemptions)].last + 1> all;
-    for (std::size_t i = 0; i < all.size(); ++i) all[i] = std::to_string(i);
+    std::vector<std::string> all;
+    for (int number = 0; number <= ruleOf(Column::exemptions).last; ++number) all.push_back(std::to_string(number));
     return all;
   }();
   return texts[static_cast<std::size_t>(number(Column::exemptions))];
@@ -107,7 +107,7 @@ bool Paycheck::work() {
     reportUnread();
     reportWhatCannotBeMeant();
   } else {
-    results_.fill(Money{});
+    clearResults();
     reportUnusable();
   }
   makeProblem();

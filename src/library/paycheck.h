@@ -56,6 +56,9 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   /// results then.
   bool work();
 
+  /// Makes all results 0.
+  void clearResults() noexcept { results_.fill(Money{}); }
+
   /// One of the twelve results, in the order of `resultNames`; 0 where there are none.
   Money result(std::size_t row) const { return results_[row]; }
   /// What is wrong with the paycheck as worked last, in the order of the columns; empty for nothing. A paycheck with

@@ -95,15 +95,17 @@ bool tallyfin99_set_real(tallyfin99_paycheck* paycheck, int column, double numbe
 bool tallyfin99_work(tallyfin99_paycheck* paycheck) {
   if (paycheck == nullptr) return false;
   paycheck->outOfMemory = true;
-  return unlessNoMemory(false, [&] {
-    const bool worked = paycheck->paycheck.work();
+  const bool worked = unlessNoMemory(false, [&] {
+    const bool hasResults = paycheck->paycheck.work();
     paycheck->outOfMemory = false;
-    return worked;
+    return hasResults;
   });
+  if (!worked) paycheck->paycheck.clearResults();
+  return worked;
 }
 
 int64_t tallyfin99_result(const tallyfin99_paycheck* paycheck, int result) {
-  if (paycheck == nullptr || !isResult(result) || paycheck->outOfMemory) return 0;
+  if (paycheck == nullptr || !isResult(result)) return 0;
   return paycheck->paycheck.result(static_cast<std::size_t>(result)).units();
 }
 
