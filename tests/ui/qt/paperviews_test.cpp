@@ -23,6 +23,7 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <csignal>
+#include <ctime>
 
 #include "controls/desk.h"
 #include "dialogsstandin.h"
@@ -188,6 +189,20 @@ TEST_F(ReportFile, HasHeaderAllRowsAndFooterInThisOrder) {
                            "Local Tax $2.00", "FICA $77.00", "Total of Deductions $268.00", "Check Amount $12,345.00",
                            "Included in FICA", "Social Security $62.00", "Medicare $15.00", "Protected Amounts",
                            "Non-Taxable $5.00", "Pre-FICA $6.00", "Calculations by Tallyfin 99 Norvane Works"));
+}
+
+/// As a store may hold it. The processor's time, because the clock's depends on what else the computer does.
+TEST_F(ReportFile, IsDrawnAtOnceWithANameOfMegabytes) {
+  std::string name = "Pat";
+  while (name.size() < 7'900'000) name += " Quincy";
+  const std::clock_t before = std::clock();
+  start(name);
+  fillRecord();
+  openReport();
+  save();
+  EXPECT_LT(std::clock() - before, 20 * CLOCKS_PER_SEC);
+  EXPECT_THAT(lines().front(), testing::StartsWith("Prepared for Pat Quincy Quincy"));
+  EXPECT_EQ(getSetting(applicationKey, section::user, "UName", ""), name);
 }
 
 TEST_F(ReportFile, AlignsTheAmountsAtTheRightEdgeOfTheirColumn) {
