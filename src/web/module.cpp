@@ -12,8 +12,7 @@
 #include "engine/numbertext.h"
 #include "engine/recorder.h"
 #include "engine/settingsstore.h"
-#include "explain/explain.h"
-#include "explain/figuretexts.h"
+#include "explain/json.h"
 #include "explain/shares.h"
 #include "platform/platform.h"
 #include "script/session.h"
@@ -145,20 +144,14 @@ Page& page() {
 }
 
 /// How the last calculation was worked out, as JSON: the parts of the gross pay, each with its words and its fraction,
-/// the sentence about them, and the twelve figures, each with its title, its amount and its lines.
+/// the sentence about them, and what formsAsJson() gives: the heading and the worksheets.
 std::string explained() {
   const Trace* trace = lastTrace();
   if (trace == nullptr) return "null";
   std::vector<std::vector<std::string>> shares;
   for (const Share& share : sharesOf(*trace)) shares.push_back({shareText(share), toText(share.fraction)});
-  std::vector<std::vector<std::string>> figures;
-  for (const Explanation& explanation : explain(*trace)) {
-    std::vector<std::string> figure{explanation.title, amountText(explanation.amount)};
-    for (const std::string& line : explanation.printed()) figure.push_back(line);
-    figures.push_back(figure);
-  }
-  return "{\"shares\":" + script::json(shares) + ",\"sentence\":" + script::json(sharesText(*trace)) +
-         ",\"figures\":" + script::json(figures) + "}";
+  return "{\"shares\":" + script::json(shares) + ",\"sentence\":" + script::json(sharesText(*trace)) + "," +
+         formsAsJson(*trace).substr(1);
 }
 
 /// A text that stays until the next call.
@@ -187,6 +180,9 @@ EMSCRIPTEN_KEEPALIVE const char* focused() {
   const tallyfin::Control* control = tallyfin::desk.focused();
   return tallyfin::web::handOver(control == nullptr ? "" : control->screen().name() + "." + control->address());
 }
+
+/// Whether there is something to explain.
+EMSCRIPTEN_KEEPALIVE bool calculated() { return tallyfin::lastTrace() != nullptr; }
 
 /// How the last calculation was worked out; null before the first.
 EMSCRIPTEN_KEEPALIVE const char* explained() { return tallyfin::web::handOver(tallyfin::web::explained()); }

@@ -17,9 +17,9 @@
 #include "library/options.h"
 #include "library/paycheck.h"
 
-/// The module of the JavaScript package: paychecks as rows, and whole files of them. JavaScript writes texts into room()
-/// and reads results where the functions say. A table goes either way as one text: a cell ends with U+001F, a row with
-/// U+001E after that; neither is in a cell.
+/// The module of the JavaScript package: paychecks as rows, and whole files of them. JavaScript writes texts into
+/// room() and reads results where the functions say. A table goes either way as one text: a cell ends with U+001F, a
+/// row with U+001E after that; neither is in a cell.
 
 // clang-format off
 /// Fills a place with the next bytes of the file that is open; returns their number, 0 at the end.

@@ -4,7 +4,7 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { open, screens, selector, setUp, user, windows } from './browser.js';
 
-const { fresh } = await setUp();
+const { server, fresh, freshContext } = await setUp();
 
 const ask = (page, ...words) => page.evaluate(async (line) => (await import('./protocol.js')).ask(...line), words);
 const shown = async (page) => (await ask(page, 'screens')).shown;
@@ -169,12 +169,66 @@ test('Copy takes the explanation that is read, without the captions around it', 
   await u.type('frmMain.txtIncome', '1000');
   await u.click('frmMain.cmdToolBar(0)');
   await windows.explanation[0](u, page);
+  const said = () => page.$eval('#explanation-said', (line) => line.textContent);
   await page.evaluate(() => { navigator.clipboard.writeText = async (text) => { window.copied = text; }; });
+  assert.equal(await said(), '');
   await page.click('#explanation-copy');
-  const [copied, read, captions] = await page.evaluate(() => [window.copied, document.querySelector('#explanation-text').innerText,
-    [...document.querySelectorAll('#explanation button, #explanation h2')].map((part) => part.textContent)]);
-  assert.equal(copied, read);
-  for (const caption of captions) assert.ok(!copied.includes(caption), caption);
+  await page.waitForFunction(() => document.querySelector('#explanation-said').textContent === 'Copied');
+  assert.equal(await page.evaluate(() => window.copied), 'Gross Pay\n1\tIncome, as entered\t$1,000.00');
+  await page.keyboard.press('ArrowDown'); // another figure, which isn't copied
+  await page.click('#figures label:nth-child(5)');
+  assert.equal(await said(), '');
+  await page.evaluate(() => { navigator.clipboard.writeText = () => Promise.reject(new Error('forbidden')); });
+  await page.click('#explanation-copy');
+  await page.waitForFunction(() => document.querySelector('#explanation-said').textContent === "The browser doesn't allow to copy");
+});
+
+test('the link carries the entries of the main screen, and neither name nor number', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.type('frmName.txtName', 'Ada');
+  await u.type('frmName.txtSSN', '123456789');
+  await u.click('frmName.cmdExit');
+  await u.type('frmMain.txtIncome', '1234.5');
+  await u.type('frmMain.txt401k', '6');
+  await u.pick('frmMain.lstFrequency', 2);
+  await u.type('frmMain.txtHours', '70');
+  await u.click('frmMain.optStatus(1)');
+  await u.pick('frmMain.cboExemptions', 3);
+  await u.click('frmMain.chkSelfEmployed');
+  assert.equal(await page.$eval('#link', (box) => box.value), '', 'made when asked for');
+  await page.click('#make-link');
+  await page.waitForSelector('#link', { visible: true });
+  const link = await page.$eval('#link', (box) => box.value);
+  assert.ok(link.startsWith(`${server.address}#`), link);
+  assert.deepEqual(Object.fromEntries(new URLSearchParams(new URL(link).hash.slice(1))), {
+    income: '1234.5', hours: '70', rate_401k: '6', pre_tax: '0', pre_fica: '0', frequency: 'Every Two Weeks', exemptions: '3', state: 'No State', status: 'Single',
+    self_employed: 'Y' });
+  await u.type('frmMain.txtIncome', '5');
+  assert.equal(await page.$eval('#link-row', (row) => row.hidden), true, 'out of date');
+
+  const other = await open(await freshContext(t), link);
+  assert.equal(await user(other).front(), 'frmMain');
+  const held = (address, property) => ask(other, 'get', address, property);
+  assert.deepEqual([await held('frmMain.txtIncome', 'text'), await held('frmMain.txt401k', 'text'), await held('frmMain.txtHours', 'text'), await held('frmMain.lstFrequency', 'index'),
+    await held('frmMain.optStatus(1)', 'value'), await held('frmMain.cboExemptions', 'index'), await held('frmMain.chkSelfEmployed', 'value')],
+  ['1234.5', '6', '70', 2, true, 3, true]);
+  assert.equal(await other.evaluate(() => location.hash), '', 'reloaded, it is not taken again');
+  assert.equal(await other.evaluate(() => localStorage.getItem('Tallyfin99/Settings/IncAmt')), null, 'nothing is stored before Calculate');
+  assert.deepEqual(other.troubles, []);
+});
+
+test('a link is no more than entries: what it has besides, and what is no entry, counts for nothing', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  await page.evaluate(() => { location.hash = 'name=Eve&income=7"%0Astore%20put%20User%20UName%20"x&frequency=Daily&state=Atlantis&exemptions=99&status=None'; });
+  await page.waitForFunction(() => location.hash === '');
+  assert.equal(await ask(page, 'get', 'frmMain.txtIncome', 'text'), '7"\nstore put User UName "x');
+  assert.equal(await ask(page, 'get', 'frmMain.lstFrequency', 'index'), -1);
+  assert.equal(await ask(page, 'get', 'frmMain.cboState', 'index'), 0);
+  assert.equal((await ask(page, 'store')).User?.UName, await page.evaluate(() => localStorage.getItem('Tallyfin99/User/UName') ?? undefined));
+  assert.deepEqual(page.troubles, []);
 });
 
 test('the item of the list bar under the pointer is lit until the pointer leaves', async (t) => {

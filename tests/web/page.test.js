@@ -513,8 +513,12 @@ test('the figures of a calculation are explained, once there are some', async (t
   assert.deepEqual(figures[4], ['Federal Tax', '$172.49']);
   assert.equal(await page.$eval('#explanation-text h3', (heading) => heading.textContent), 'Gross Pay');
   for (let row = 0; row < 4; ++row) await page.keyboard.press('ArrowDown');
-  const text = await page.$eval('#explanation-text', (element) => element.innerText);
-  assert.match(text, /^Federal Tax\n[^]*where line \d is over \$525\.00[^]*\$172\.4936[^]*\n\$172\.49$/);
+  const lines = await page.$$eval('#explanation-text .form-line', (rows) => rows.map((row) =>
+    ['.line-number', '.words', '.form-figure'].map((where) => row.querySelector(where)?.textContent)));
+  assert.ok(lines.some(([number, words]) => number === '' && words === 'Pay frequency: Weekly'));
+  assert.ok(lines.some(([, words, figure]) => /where line \d is over \$525\.00/.test(words) && figure === '$172.4936'), JSON.stringify(lines));
+  assert.equal(lines.at(-1)[2], '$172.49');
+  assert.match(await page.$eval('#explanation-heading', (heading) => heading.textContent), /Tax year: 1999; .*Weekly.*; State: Pennsylvania/);
   // 60, 172.49, 28, 0, 76.5 and 663.01 of 1000.
   assert.equal(await page.$eval('#shares-sentence', (sentence) => sentence.textContent),
     'Of the gross pay of $1,000.00: 401(k) 6%, federal tax 17.2%, state tax 2.8%, FICA 7.7%, check 66.3%.');
@@ -529,9 +533,49 @@ test('the figures of a calculation are explained, once there are some', async (t
   await page.click('#explanation-print');
   const paper = await onPaper(t, page, '-layout');
   assert.deepEqual(sampleRows.map(([title]) => title).filter((title) => !paper.includes(title)), []);
-  assert.doesNotMatch(paper, /Close|Calculations/);
+  assert.doesNotMatch(paper, /Close|Calculations|dollars/);
+  assert.match(paper, /State: Pennsylvania/);
 
   await page.click('#explanation [data-dismiss]');
   await page.click('#results tbody tr:nth-child(12)', { count: 2 });
   assert.equal(await page.$eval('#explanation-text h3', (heading) => heading.textContent), 'Check Amt');
+});
+
+test('a worksheet is set as a form: the line that words name is marked, tables open in place', async (t) => {
+  const page = await fresh(t);
+  await samplePaycheck(user(page));
+  await page.click('#results tbody tr:nth-child(5)', { count: 2 });
+  const rows = await page.$$eval('#explanation-text .form-line', (all) => all.map((row) => {
+    const figure = row.querySelector('.form-figure');
+    return { line: row.dataset.line, bold: getComputedStyle(row.querySelector('.form-text')).fontWeight, right: figure && Math.round(figure.getBoundingClientRect().right),
+      leader: row.querySelector('.leader')?.getBoundingClientRect().width ?? 0, spoken: row.querySelector('.unseen').textContent,
+      silent: row.querySelector('.form-text').ariaHidden };
+  }));
+  const numbered = rows.filter(({ line }) => line !== undefined);
+  assert.deepEqual(numbered.map(({ line }) => line), numbered.map((_, i) => String(i + 1)));
+  assert.equal(new Set(numbered.map(({ right }) => right)).size, 1, 'figures in a column');
+  assert.ok(numbered.every(({ leader }) => leader >= 20));
+  assert.deepEqual(rows.filter(({ bold }) => Number(bold) >= 700), [numbered.at(-1)]);
+  assert.match(numbered.at(-1).spoken, /^Line \d+\. .*172 dollars 49\.$/);
+  assert.equal(rows[0].spoken, 'Pay frequency: Weekly');
+  assert.ok(rows.every(({ silent }) => silent === 'true'), 'said once');
+
+  const marked = () => page.$$eval('#explanation-text .marked', (all) => all.map((row) => row.dataset.line));
+  assert.deepEqual(await marked(), []);
+  const named = await page.$$('#explanation-text .names');
+  assert.ok(named.length > 0);
+  for (const words of named) {
+    await words.hover();
+    assert.deepEqual(await marked(), await words.evaluate((part) => part.dataset.lines.split(' ')));
+  }
+  await page.hover('#explanation-title');
+  assert.deepEqual(await marked(), []);
+
+  const used = () => page.$eval('.form-table [aria-current]', (row) => row.checkVisibility() && [...row.cells].map((cell) => cell.textContent));
+  assert.equal(await used(), false);
+  await page.click('.form-table summary');
+  assert.deepEqual(await used(), ['Used: over $525.00 but not over $1,125.00', '$71.10 plus 28% of the amount over $525.00']);
+  await page.evaluate(axe);
+  const { violations } = await page.evaluate(() => window.axe.run());
+  assert.deepEqual(violations.map((v) => v.id), []);
 });

@@ -1,6 +1,7 @@
-// The explanation window: where the gross pay goes, and for each figure of the results the sentences and sums that led to it.
+// The explanation window: where the gross pay goes, and for each figure of the results the worksheet that led to it.
 
 import * as protocol from './protocol.js';
+import { bindForm, formOf, textOf } from './form.js';
 
 const at = (id) => document.getElementById(id);
 
@@ -12,14 +13,7 @@ function part(tag, text) {
 
 /** The button works once there is something to explain. */
 export function refreshExplanation() {
-  at('explain').disabled = protocol.explained() === null;
-}
-
-/** A figure's explanation, its title first and its amount last. */
-function paragraphs([title, amount, ...lines]) {
-  const result = part('p', amount);
-  result.className = 'result';
-  return [part('h3', title), ...lines.map((line) => part('p', line)), result];
+  at('explain').disabled = !protocol.calculated();
 }
 
 function drawBar(shares) {
@@ -37,18 +31,24 @@ function drawBar(shares) {
   }
 }
 
-function choice(figure, chosen) {
+let shownForm = null;
+
+function choice(form, chosen) {
   const radio = document.createElement('input');
   radio.type = 'radio';
   radio.name = 'figure';
   radio.checked = chosen;
   radio.autofocus = chosen;
-  const tell = () => at('explanation-text').replaceChildren(...paragraphs(figure));
+  const tell = () => {
+    shownForm = form;
+    at('explanation-said').textContent = '';
+    at('explanation-text').replaceChildren(...formOf(form, { spoken: true }));
+    at('explanation-text').scrollTop = 0;
+  };
   radio.addEventListener('change', tell);
   if (chosen) tell();
-  const [title, amount] = figure;
   const label = document.createElement('label');
-  label.append(radio, part('span', title), part('span', amount));
+  label.append(radio, part('span', form.title), part('span', form.figure));
   return label;
 }
 
@@ -56,10 +56,13 @@ function choice(figure, chosen) {
 function show(row) {
   const explained = protocol.explained();
   if (explained === null) return;
-  const { shares, sentence, figures } = explained;
+  const { shares, sentence, heading, forms } = explained;
+  const entries = heading.map(([title, entry]) => `${title}: ${entry}`).join('; ');
+  at('explanation-heading').textContent = entries;
   at('shares-sentence').textContent = sentence;
-  at('figures').replaceChildren(...figures.map((figure, i) => choice(figure, i === row)));
-  at('explanation-paper').replaceChildren(part('p', sentence), ...figures.flatMap(paragraphs));
+  at('figures').replaceChildren(...forms.map((form, i) => choice(form, i === row)));
+  at('explanation-paper').replaceChildren(part('h2', at('explanation-title').textContent), part('p', entries), part('p', sentence),
+    ...forms.flatMap((form) => formOf(form)));
   at('explanation').showModal();
   drawBar(shares);
 }
@@ -72,6 +75,16 @@ export function prepareExplanation(print) {
     if (row) show(row.sectionRowIndex);
   });
   at('explanation-copy').hidden = !navigator.clipboard; // there is one on https and on this machine
-  at('explanation-copy').addEventListener('click', () => navigator.clipboard.writeText(at('explanation-text').innerText));
+  at('explanation-copy').addEventListener('click', async () => {
+    const said = at('explanation-said');
+    said.textContent = '';
+    try {
+      await navigator.clipboard.writeText(textOf(shownForm));
+      said.textContent = 'Copied';
+    } catch {
+      said.textContent = "The browser doesn't allow to copy";
+    }
+  });
+  bindForm(at('explanation-text'));
   at('explanation-print').addEventListener('click', () => print(at('explanation-paper')));
 }

@@ -8,6 +8,7 @@ import { bindPasting } from './paste.js';
 import { calendar } from './calendar.js';
 import { fit, report } from './report.js';
 import { bindHistory, followHistory } from './history.js';
+import { bindLink, withdrawLink } from './link.js';
 import { bindPrinting, print, printScreen } from './printing.js';
 import { closeFront, countOpen, followFocus, frontScreen, keepFocus, moveFocus, updateFrame } from './frame.js';
 import { openHelp, openHelpOn, prepareHelp } from './help.js';
@@ -39,6 +40,7 @@ function update(element) {
   if (changes.some((address) => address.startsWith('frmMain'))) {
     refreshExplanation();
     sayWhyNoFederalTax();
+    withdrawLink();
   }
 }
 
@@ -154,6 +156,7 @@ prepareExplanation(print);
 at('loading').hidden = true;
 bindHistory(countOpen, () => closeFront(act));
 startRun();
+bindLink(act);
 document.body.dataset.ready = '';
 performance.mark('ready');
 startWorker();

@@ -44,5 +44,8 @@ export const changed = () => JSON.parse(call('changed'));
 /** The address of the control that has the focus, empty where none has. */
 export const focused = () => call('focused');
 
+/** Whether there is something to explain. */
+export const calculated = () => Boolean(module._calculated());
+
 /** How the last calculation was worked out; null before the first. */
 export const explained = () => JSON.parse(call('explained'));

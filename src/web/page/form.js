@@ -1,0 +1,77 @@
+// A worksheet set as a form: numbers, words, dotted leaders, figures in a column, the result in bold, tables opened in place.
+
+function part(tag, className, text = '') {
+  const element = document.createElement(tag);
+  element.className = className;
+  element.textContent = text;
+  return element;
+}
+
+function tableOf({ name, of, rows, used }) {
+  const details = part('details', 'form-table');
+  const table = document.createElement('table');
+  const heading = table.createTHead().insertRow();
+  for (const words of [of, 'Gives']) {
+    const cell = part('th', '', words);
+    cell.scope = 'col';
+    heading.append(cell);
+  }
+  const body = table.createTBody();
+  rows.forEach(([where, given], i) => {
+    const row = body.insertRow();
+    if (i === used) row.setAttribute('aria-current', 'true');
+    row.append(part('td', '', where), part('td', '', given));
+    if (i === used) row.cells[0].prepend(part('span', 'unseen', 'Used: '));
+  });
+  details.append(part('summary', '', `Table ${name}`), table);
+  return details;
+}
+
+/** The words of a line; those that name lines have their numbers. */
+function wordsOf(parts) {
+  const words = part('span', 'words');
+  words.append(...parts.map(([text, ...lines]) => {
+    const element = part('span', lines.length > 0 ? 'names' : '', text);
+    if (lines.length > 0) element.dataset.lines = lines.join(' ');
+    return element;
+  }));
+  return words;
+}
+
+function lineOf(line, isResult, spoken) {
+  const row = part('div', isResult ? 'form-line result' : 'form-line');
+  if (line.line !== undefined) row.dataset.line = line.line;
+  const printed = part('div', 'form-text');
+  printed.append(part('span', 'line-number', line.line ?? ''), wordsOf(line.parts));
+  if (line.figure !== '') printed.append(part('span', 'leader'), part('span', 'form-figure', line.figure));
+  if (spoken) {
+    printed.setAttribute('aria-hidden', 'true');
+    row.append(part('p', 'unseen', line.spoken));
+  }
+  row.append(printed);
+  if (spoken && line.table) row.append(tableOf(line.table));
+  return row;
+}
+
+const lastNumber = (lines) => lines.filter(({ line }) => line !== undefined).at(-1);
+
+/** The elements of a form. With `spoken`, each line has what a screen reader says, and its table. */
+export function formOf({ title, lines }, { spoken = false } = {}) {
+  const result = lastNumber(lines);
+  return [part('h3', '', title), ...lines.map((line) => lineOf(line, line === result, spoken))];
+}
+
+/** The same as a text: a line each, with tabs before and behind the words. */
+export const textOf = ({ title, lines }) =>
+  [title, ...lines.map(({ line, parts, figure }) => `${line ?? ''}\t${parts.map(([text]) => text).join('')}${figure === '' ? '' : `\t${figure}`}`)].join('\n');
+
+/** Pointing at the words "line 4" marks line 4. */
+export function bindForm(view) {
+  const mark = ({ target }) => {
+    const lines = target.closest?.('.names')?.dataset.lines.split(' ') ?? [];
+    for (const row of view.querySelectorAll('.form-line')) row.classList.toggle('marked', lines.includes(row.dataset.line));
+  };
+  view.addEventListener('mouseover', mark);
+  view.addEventListener('click', mark); // a finger doesn't hover
+  view.addEventListener('mouseleave', mark);
+}
