@@ -40,6 +40,17 @@ test('letters typed on a closed drop-down open it, and only Enter chooses', asyn
   assert.equal(await marked(page), 'New Jersey');
 });
 
+test('a click on the label of a drop-down gives it the focus and opens nothing', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  for (const [label, box] of [['frmMain.lblExemp', 'frmMain.cboExemptions'], ['frmMain.lblStateTax', 'frmMain.cboState']]) {
+    await u.click(label);
+    assert.equal(await page.evaluate(() => document.activeElement.dataset.address), box);
+    assert.equal(await page.$('[role=listbox]'), null);
+  }
+});
+
 test('the four editable drop-downs open by Down, Alt+Down and F4, and hold the entries of their controls', async (t) => {
   const page = await fresh(t);
   const u = user(page);
@@ -427,4 +438,20 @@ test('the report can be fitted to the preview, and opens at the zoom of the rule
   assert.ok(sheet < preview && sheet > preview * 0.8, `${sheet} in ${preview}`);
   assert.equal(await page.$eval('#report', (view) => view.scrollWidth <= view.clientWidth), true);
   assert.deepEqual(await differences(page), []);
+});
+
+test('short pages stand well in a large window', async (t) => {
+  const page = await fresh(t, { width: 1920, height: 1080 });
+  const u = user(page);
+  for (const name of ['frmAnalysis', 'frmName', 'frmMisc, local tax']) {
+    await screens[name](u);
+    const [frame, content, area] = await page.evaluate(() => {
+      const view = document.querySelector('section[data-screen]:not([hidden])');
+      const edges = (element) => { const { left, right } = element.getBoundingClientRect(); return { left, right, width: right - left }; };
+      const parts = [...view.querySelectorAll('dt, dd, input, button, p, select, label')].filter((part) => part.checkVisibility()).map(edges);
+      return [edges(view), Math.max(...parts.map(({ right }) => right)) - Math.min(...parts.map(({ left }) => left)), edges(document.querySelector('#area'))];
+    });
+    assert.ok(frame.width < content * 1.25, `${name}: ${frame.width} for ${content}`);
+    assert.ok(Math.abs((frame.left - area.left) - (area.right - frame.right)) < 4, `${name} isn't in the middle`);
+  }
 });

@@ -183,8 +183,10 @@ test('Stop ends the work and leaves nothing', async (t) => {
   await shown(page, '#work');
   await page.evaluate(() => {
     const bar = document.querySelector('#progress');
-    new MutationObserver(() => {
-      if (bar.value > 0.1) document.querySelector('#stop').click();
+    new MutationObserver((changes, observer) => {
+      if (bar.value <= 0.1) return;
+      observer.disconnect();
+      document.querySelector('#stop').click();
     }).observe(bar, { attributes: true });
     document.querySelector('#work').click();
   });

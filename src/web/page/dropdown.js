@@ -143,6 +143,13 @@ export function bindDropDowns(root, carryOut) {
     const arrow = event.target.closest('.combo .arrow');
     if (arrow) event.preventDefault(); // the focus goes to the box
   });
+  // A click on its label gives a drop-down the focus, as it does to a box; it would press the button and open it.
+  root.addEventListener('click', (event) => {
+    const box = event.target.closest('label')?.control;
+    if (box?.role !== 'combobox') return;
+    event.preventDefault();
+    box.focus();
+  });
   root.addEventListener('click', ({ target }) => {
     const arrow = target.closest('.combo .arrow');
     const box = arrow ? arrow.parentElement.querySelector('[role=combobox]') : target.closest('button[role=combobox]');
