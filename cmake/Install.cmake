@@ -53,7 +53,7 @@ endmacro()
 include(cmake/InstallLibrary.cmake)
 include(cmake/InstallBindings.cmake)
 install(FILES LICENSE DESTINATION ${documents} RENAME copyright)
-install(FILES packaging/README DESTINATION ${documents})
+install(FILES packaging/README packaging/third-party-notices DESTINATION ${documents})
 
 # The tour of the screens as a page for the browser.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/tour.md)
