@@ -298,7 +298,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Foreign{"\x28\xB5\x2F\xFD\n", "the file is compressed: unpack it first"},
                     Foreign{"PK\x03\x04\n", "the file has a spreadsheet's own format: save it as CSV"},
                     Foreign{"\xD0\xCF\x11\xE0\n", "the file has a spreadsheet's own format: save it as CSV"},
-                    Foreign{"name,salary\n", "no column is one of the program's: the header is \"name,salary\""},
+                    Foreign{"name,pay ~\n", "no column is one of the program's: the header is \"name,pay ~\""},
                     Foreign{"\"na\x1B[2Jme\xC3\xA9\"\n",
                             "no column is one of the program's: the header is \"\\\"na\\x1b[2Jme\\xc3\\xa9\\\"\""}));
 
@@ -310,6 +310,8 @@ TEST_P(BatchForeign, IsRefusedWithWhatItLooksLike) {
 TEST(Batch, CutsALongHeaderThatItShows) {
   EXPECT_EQ(outcomeOf(std::string(61, 'x') + "\n").trouble,
             "no column is one of the program's: the header is \"" + std::string(60, 'x') + "...\"");
+  EXPECT_EQ(outcomeOf(std::string(60, 'x') + "\n").trouble,
+            "no column is one of the program's: the header is \"" + std::string(60, 'x') + "\"");
 }
 
 TEST(Batch, TellsCommasFromTheDelimiter) {
