@@ -137,6 +137,7 @@ TEST_F(AlongTheIncome, TheSmallerOfTwoIsThatUntilTheyMeet) {
   }
   EXPECT_DOUBLE_EQ(least(rising(1, 0, 0.5), 1).line().slack, 1);
   EXPECT_EQ(least(Amount(1), rising(1, 0.01, 0.5)).plain(), 1);
+  EXPECT_EQ(least(rising(1, 0.01, 0.5), Amount(Money::ofUnits(7500))).plain(), Money::ofUnits(7500));
   EXPECT_EQ(range, unlimited);
 }
 

@@ -25,6 +25,9 @@ void* operator new(std::size_t size) {
   if (place == nullptr) throw std::bad_alloc();
   return place;
 }
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return allocationsLeft-- > 0 ? std::malloc(size) : nullptr;
+}
 void operator delete(void* place) noexcept { std::free(place); }
 void operator delete(void* place, std::size_t /*size*/) noexcept { std::free(place); }
 

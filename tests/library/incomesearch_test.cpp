@@ -137,5 +137,40 @@ TEST(IncomeSearch, FindsWhatTryingEveryCentFinds) {
   EXPECT_GE(4 * triedAtJumps, wanted);
 }
 
+/// The check of an income, in the same choices.
+Money checkOf(Paycheck& paycheck, Money income) {
+  paycheck.set(Column::net, "");
+  paycheck.set(Column::income, toText(income));
+  EXPECT_TRUE(paycheck.work());
+  return paycheck.result(checkAmount);
+}
+
+TEST(IncomeSearch, ReachesTheNetInEveryStateAndPeriodAndNoCentSooner) {
+  Paycheck paycheck;
+  for (int state = 0; state <= 41; ++state) {
+    for (int choice = 0; choice < 8; ++choice) {
+      paycheck.clear();
+      paycheck.setInteger(Column::state, state);
+      paycheck.setInteger(Column::frequency, choice % 4);
+      paycheck.setInteger(Column::status, choice / 4);
+      paycheck.setInteger(Column::stateMarital, choice);
+      paycheck.set(Column::net, "731.20");
+      ASSERT_TRUE(paycheck.work());
+      const Money income = paycheck.result(grossPay);
+      EXPECT_GE(checkOf(paycheck, income), cents(73120)) << "state " << state << ", choice " << choice;
+      EXPECT_LT(checkOf(paycheck, income - cents(1)), cents(73120)) << "state " << state << ", choice " << choice;
+    }
+  }
+}
+
+TEST(IncomeSearch, FindsNothingWhereTheCheckFallsAllTheWay) {
+  Paycheck paycheck;
+  paycheck.set(Column::rate401k, "100");
+  paycheck.set(Column::net, "0.01");
+  EXPECT_TRUE(paycheck.work());
+  EXPECT_EQ(paycheck.result(grossPay), 0);
+  EXPECT_EQ(paycheck.problem(), "net: no income up to 1000000.00 gives that check");
+}
+
 }  // namespace
 }  // namespace tallyfin::library

@@ -728,7 +728,8 @@ class OtherProgram {
   explicit OtherProgram(const std::function<void()>& work) : process_(::fork()) {
     if (process_ == 0) {
       work();
-      std::exit(testing::Test::HasFailure() ? 1 : 0);
+      std::fflush(nullptr);
+      ::_exit(testing::Test::HasFailure() ? 1 : 0);
     }
   }
   ~OtherProgram() {

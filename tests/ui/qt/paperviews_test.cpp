@@ -974,12 +974,3 @@ TEST(HelpBookTest, IsTakenApartAtItsHeadingsOfTheFirstOrder) {
 }  // namespace
 
 }  // namespace tallyfin::qt
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  tallyfin::qt::look::apply(application);
-  QApplication::setQuitOnLastWindowClosed(false);
-  return RUN_ALL_TESTS();
-}

@@ -38,25 +38,6 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-/// The one application of all tests, gone before the program ends.
-class Application : public testing::Environment {
- public:
-  void SetUp() override {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    application = std::make_unique<QApplication>(argc, argv);
-    look::apply(*application);
-    QApplication::setQuitOnLastWindowClosed(false);
-  }
-  void TearDown() override { application.reset(); }
-
- private:
-  int argc = 1;
-  char name[13] = "w4views_test";
-  char* argv[2] = {name, nullptr};
-  std::unique_ptr<QApplication> application;
-};
-const testing::Environment* const application = testing::AddGlobalTestEnvironment(new Application);
-
 class W4ViewsTest : public testing::Test {
  protected:
   W4ViewsTest() { desktop.start(); }

@@ -21,8 +21,10 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-/// Qt begins a new undo step where the cursor has moved: it goes away and comes back.
+/// Qt begins a new undo step where the cursor has moved: it goes away and comes back. In an empty text it can't, and
+/// clearing that does nothing else.
 void beginUndoStep(QLineEdit& edit) {
+  if (edit.text().isEmpty()) return edit.clear();
   const int cursor = edit.cursorPosition();
   const int start = edit.selectionStart();
   const int length = edit.selectionLength();
@@ -38,23 +40,32 @@ PasteFilter::PasteFilter(QLineEdit& edit, Pasted kind) : QObject(&edit), edit_(e
 }
 
 bool PasteFilter::eventFilter(QObject* /*watched*/, QEvent* event) {
-  if (edit_.isReadOnly() || !edit_.isEnabled()) return false;
   switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::ContextMenu:
+    case QEvent::Drop: return !edit_.isReadOnly() && edit_.isEnabled() && takeIn(*event);
+    default: return false;  // nor is the box touched: a widget that is being destroyed has events too
+  }
+}
+
+bool PasteFilter::takeIn(QEvent& event) {
+  switch (event.type()) {
     case QEvent::KeyPress: {
-      auto& key = static_cast<QKeyEvent&>(*event);
+      auto& key = static_cast<QKeyEvent&>(event);
       if (!key.matches(QKeySequence::Paste)) return false;
       const bool primary = key.key() == Qt::Key_Insert && key.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
       paste(QGuiApplication::clipboard()->text(primary ? QClipboard::Selection : QClipboard::Clipboard));
       return true;
     }
     case QEvent::MouseButtonRelease:
-      if (static_cast<QMouseEvent*>(event)->button() != Qt::MiddleButton) return false;
+      if (static_cast<QMouseEvent&>(event).button() != Qt::MiddleButton) return false;
       if (!QGuiApplication::clipboard()->supportsSelection()) return false;
       edit_.deselect();
       paste(QGuiApplication::clipboard()->text(QClipboard::Selection));
       return true;
-    case QEvent::ContextMenu: showMenu(static_cast<QContextMenuEvent*>(event)->globalPos()); return true;
-    case QEvent::Drop: return drop(static_cast<QDropEvent&>(*event));
+    case QEvent::ContextMenu: showMenu(static_cast<QContextMenuEvent&>(event).globalPos()); return true;
+    case QEvent::Drop: return drop(static_cast<QDropEvent&>(event));
     default: return false;
   }
 }
@@ -121,6 +132,7 @@ class EditFilter : public QObject {
   }
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (binding_.control() == nullptr) return false;  // its screen has closed
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
       // A box that is given back the focus which its control has kept is left as it was.
       const auto reason = static_cast<QFocusEvent*>(event)->reason();

@@ -23,6 +23,7 @@ class PasteFilter : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool takeIn(QEvent& event);
   void paste(const QString& text);
   void showMenu(const QPoint& place);
   bool drop(QDropEvent& event);

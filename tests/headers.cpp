@@ -1,0 +1,2 @@
+// The program whose precompiled headers all tests use.
+int main() {}
