@@ -14,6 +14,7 @@ import tempfile
 import time
 
 program = os.path.abspath(sys.argv[1])
+sanitized = b"__asan_init" in pathlib.Path(program).read_bytes()
 row = b"1000,6,Weekly,Single,2,New York,1\n"
 header = b"income,rate_401k,frequency,status,exemptions,state,local_rate\n"
 
@@ -197,11 +198,12 @@ def interrupted():
     """A signal in the middle of a call only delays it."""
     if shutil.which("strace") is None:
         return
+    # The address sanitizer ends where its own writes fail by anything but EFAULT.
     with tempfile.NamedTemporaryFile() as file, tempfile.NamedTemporaryFile() as log:
         file.write(header + row * 20_000)
         file.flush()
         plain = run(file.name)
-        for call in ("read", "write"):
+        for call in ("read",) if sanitized else ("read", "write"):
             for error in ("EINTR", "EAGAIN"):
                 path = ["-P", file.name] if call == "read" else []
                 answer = run_under("strace", "-qq", "-o", log.name, *path, "-e", f"inject={call}:error={error}:when=1+3",
@@ -222,6 +224,9 @@ def run_under(*command):
 
 def little_memory():
     """No memory, or no threads, is one line and status 2."""
+    if sanitized:  # which takes all addresses for itself
+        return
+
     def limited(megabytes, *arguments):
         size = megabytes << 20
         with tempfile.NamedTemporaryFile() as file:

@@ -1,10 +1,11 @@
+#include "desktoptest.h"
+
 #include <QAbstractItemView>
 #include <QEvent>
 #include <QFile>
 #include <QRegularExpression>
 
 #include "controls/desk.h"
-#include "desktoptest.h"
 #include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {

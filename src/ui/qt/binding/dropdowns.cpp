@@ -185,6 +185,7 @@ class TypedEntry : public QObject {
   }
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (binding_.control() == nullptr) return false;  // its screen has closed
     if (event->type() == QEvent::KeyPress) {
       const int key = static_cast<QKeyEvent*>(event)->key();
       if (key == Qt::Key_Return || key == Qt::Key_Enter) take();

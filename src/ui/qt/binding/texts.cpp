@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QRegularExpression>
+#include <algorithm>
 
 #include "controls/texts.h"
 #include "ui/qt/binding/afterevent.h"
@@ -25,10 +26,11 @@ QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 /// clearing that does nothing else.
 void beginUndoStep(QLineEdit& edit) {
   if (edit.text().isEmpty()) return edit.clear();
-  const int cursor = edit.cursorPosition();
+  const int end = static_cast<int>(edit.text().size());
+  const int cursor = std::min(edit.cursorPosition(), end);  // which Qt's redo may leave beyond the text
   const int start = edit.selectionStart();
   const int length = edit.selectionLength();
-  edit.setCursorPosition(cursor == 0 ? static_cast<int>(edit.text().size()) : 0);
+  edit.setCursorPosition(cursor == 0 ? end : 0);
   if (length == 0) return edit.setCursorPosition(cursor);
   cursor == start ? edit.setSelection(start + length, -length) : edit.setSelection(start, length);
 }
