@@ -38,7 +38,6 @@ inline constinit thread_local double range = unlimited;
 constexpr double numberOf(Money amount) { return toReal(amount); }
 constexpr double numberOf(Int16 count) { return count.value(); }
 constexpr double numberOf(double rate) { return rate; }
-constexpr double numberOf(float rate) { return static_cast<double>(rate); }
 
 /// A straight line over the income from where it stands now. A slope and slack of 0 is a constant.
 struct Line {
@@ -150,7 +149,6 @@ constexpr const T& figureOf(const char* /*name*/, const T& value, const char* /*
   return value;
 }
 constexpr Count figureOf(const char* /*name*/, int value, const char* /*period*/) { return Int16(value); }
-constexpr Rate figureOf(const char* /*name*/, double value, const char* /*period*/) { return value; }
 constexpr Amount figureOf(const char* /*name*/, const Dollars& value, const char* /*period*/) { return value.amount; }
 
 inline Rate toReal(const Amount& x) { return {tallyfin::toReal(x.plain()), x.line()}; }

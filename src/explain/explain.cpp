@@ -25,7 +25,6 @@ class Writer {
     number();
     for (const auto& [title, choice] : choices_) remark(title.c_str(), choice);
     for (const NodeId id : order_) lines_.push_back(line(id));
-    if (order_.back() != last) lines_.push_back(again(last));
     for (const std::string& note : notes_) remark("", note);
     return std::move(lines_);
   }
@@ -179,18 +178,6 @@ class Writer {
       if (std::find(answers.begin(), answers.end(), answer) == answers.end()) answers.push_back(answer);
     }
     for (std::size_t i = 0; i < answers.size(); ++i) line.words += (i == 0 ? ", as " : " and ") + answers[i];
-  }
-
-  /// The last line, where the figure stands above already.
-  ExplanationLine again(NodeId id) const {
-    ExplanationLine line;
-    line.number = static_cast<int>(order_.size()) + 1;
-    line.value = at(id).value;
-    line.figure = textOf(line.value, asOf(id));
-    Phrase phrase = phrases_.phrase(id, Place::alone, As::dollars);
-    line.words = phrase.words;
-    line.from = std::move(phrase.operand);
-    return line;
   }
 
   const Trace& trace_;

@@ -133,11 +133,11 @@ void frmMain::cmdToolBar_Click(int index) {
 }
 
 void frmMain::calculateCommand() {
-  const OptionButton* chosen = nullptr;
+  std::string chosen;
   for (const OptionButton& option : optStatus) {
-    if (option.value()) chosen = &option;
+    if (option.value()) chosen = option.caption();
   }
-  Recorder recording(chosen ? chosen->caption() : "", longDate(platform.clock->now()));
+  Recorder recording(chosen, longDate(platform.clock->now()));
   Recorder::calculatePaycheck();
   cmdAdditional[raise].visible = true;
   saveEntries();

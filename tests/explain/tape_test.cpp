@@ -58,29 +58,33 @@ TEST_F(TapeTest, EachQuestionHasItsWords) {
                                        {from, wage, one, two, false}},
                              .notes = {},
                              .row = {}});
-  EXPECT_THAT(worksheetOf(tax),
-              ElementsAre(wageLine,
-                          "2. Tax: line 1 less $3.00, as line 1 is below $10.00 and line 1 is not below $1.00 and line 1 "
-                          "is not over $10.00 and line 1 is over $2.00 and line 1 is over $1.00 and line 1 is not below "
-                          "$2.00 and line 1 is not from $1.00 to $2.00 = $2.00"));
+  EXPECT_THAT(
+      worksheetOf(tax),
+      ElementsAre(wageLine,
+                  "2. Tax: line 1 less $3.00, as line 1 is below $10.00 and line 1 is not below $1.00 and line 1 "
+                  "is not over $10.00 and line 1 is over $2.00 and line 1 is over $1.00 and line 1 is not below "
+                  "$2.00 and line 1 is not from $1.00 to $2.00 = $2.00"));
 }
 
 TEST_F(TapeTest, ARowThatDoesNotJoinTheOneBeforeTellsBothBounds) {
-  AppliedRow row{.table = "Odd", .rows = {{.bound = 2}, {.test = ::tallyfin::Test::above, .bound = 4}}, .number = 1, .x = wage};
+  AppliedRow row{
+      .table = "Odd", .rows = {{.bound = 2}, {.test = ::tallyfin::Test::above, .bound = 4}}, .number = 1, .x = wage};
   const NodeId tax = titled(Money(7), add(Op::add, Money(7), wage, constant(Money(2))),
                             {.asked = {}, .notes = {}, .row = std::move(row)});
-  EXPECT_THAT(worksheetOf(tax),
-              ElementsAre(wageLine,
-                          "2. Tax: line 1 plus $2.00, by the table \"Odd\", where line 1 is over $4.00 and the row before "
-                          "it ends at $2.00 = $7.00"));
+  EXPECT_THAT(
+      worksheetOf(tax),
+      ElementsAre(wageLine,
+                  "2. Tax: line 1 plus $2.00, by the table \"Odd\", where line 1 is over $4.00 and the row before "
+                  "it ends at $2.00 = $7.00"));
 }
 
 TEST_F(TapeTest, ARoundedHalfSaysWhereItGoes) {
   const NodeId half = add(Op::left, Money::ofUnits(25000), noNode, noNode, "stateWage");
-  EXPECT_THAT(worksheetOf(titled(Money(2), add(Op::roundDollars, Money(2), half))),
-              ElementsAre("1. Wage for the state tax: $2.50, as the last calculation left it = $2.50",
-                          "2. Tax: line 1, rounded down to whole dollars, since half a dollar goes to the even dollar = "
-                          "$2.00"));
+  EXPECT_THAT(
+      worksheetOf(titled(Money(2), add(Op::roundDollars, Money(2), half))),
+      ElementsAre("1. Wage for the state tax: $2.50, as the last calculation left it = $2.50",
+                  "2. Tax: line 1, rounded down to whole dollars, since half a dollar goes to the even dollar = "
+                  "$2.00"));
   const NodeId cents = add(Op::left, Money::ofUnits(10050), noNode, noNode, "stateWage");
   EXPECT_THAT(worksheetOf(titled(Money::ofUnits(10100), add(Op::roundCents, Money::ofUnits(10100), cents))).back(),
               "2. Tax: line 1, rounded up to whole cents, since half a cent goes away from zero = $1.01");

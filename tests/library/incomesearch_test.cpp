@@ -165,6 +165,7 @@ TEST(IncomeSearch, ReachesTheNetInEveryStateAndPeriodAndNoCentSooner) {
 
 TEST(IncomeSearch, FindsNothingWhereTheCheckFallsAllTheWay) {
   Paycheck paycheck;
+  paycheck.set(Column::frequency, "Weekly");
   paycheck.set(Column::rate401k, "100");
   paycheck.set(Column::net, "0.01");
   EXPECT_TRUE(paycheck.work());
