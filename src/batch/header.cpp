@@ -47,7 +47,7 @@ std::string whyUnknown(std::string_view header, char delimiter) {
 
 std::optional<std::string> Header::take(const Row& row, char delimiter) {
   if (row.cells.empty()) return "there is no header";
-  if (const auto format = otherFormat(row.bytes)) return format;
+  if (auto format = otherFormat(row.bytes)) return format;
   size_ = row.cells.size();
   std::set<std::string> seen;
   std::optional<std::string> refused;
