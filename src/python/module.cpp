@@ -110,6 +110,7 @@ py::tuple tupleOf(const Names& names) {
 
 py::tuple columnNames() {
   std::vector<std::string> names;
+  names.reserve(library::columnRules.size());
   for (const library::ColumnRule& rule : library::columnRules) names.emplace_back(rule.name);
   return tupleOf(names);
 }

@@ -1,5 +1,6 @@
 #include "sqlite/explanationtable.h"
 
+#include <cstdint>
 #include <variant>
 
 namespace tallyfin::sqlite {
@@ -62,7 +63,8 @@ void ExplanationCursor::give(sqlite3_context* context, int column) const {
 }
 
 sqlite3_int64 ExplanationCursor::rowid() const {
-  return static_cast<sqlite3_int64>(arguments_.hash() + result_ * mostLines + line_);
+  const std::uint64_t row = arguments_.hash() + result_ * mostLines + line_;
+  return static_cast<sqlite3_int64>(row);
 }
 
 }  // namespace tallyfin::sqlite

@@ -120,13 +120,17 @@ test('a module that dies is told, with a way to go on, and what was stored is th
   assert.equal(await valueOf(page, 'frmMain.txtIncome'), '$777.00');
 });
 
-/** Puts a text on the clipboard by the keys, and pastes it over what a box holds. */
+/** Puts a text on the clipboard by the keys, without a box that would have to show all of it, and pastes it over what a box holds. */
 async function paste(page, text, address, { over = true } = {}) {
   await page.evaluate((words) => {
     const source = document.createElement('textarea');
     source.id = 'source';
     document.body.append(source);
-    source.value = words;
+    source.value = 'copied';
+    source.addEventListener('copy', (event) => {
+      event.clipboardData.setData('text/plain', words);
+      event.preventDefault();
+    });
     source.select();
   }, text);
   const withControl = async (key) => {

@@ -134,7 +134,7 @@ test('the archive is below 400 KB, has what a package needs, and nothing else', 
   t.diagnostic(`${size} bytes`);
   assert.ok(size < 400_000, `${size} bytes`);
   const names = execFileSync('tar', ['-tzf', archive], { encoding: 'utf8' }).trim().split('\n').map((name) => name.replace('package/', ''));
-  for (const name of ['LICENSE', 'README.md', 'index.d.ts', 'index.js', 'module.js', 'package.json', 'raw.js', 'tallyfin99.wasm']) assert.ok(names.includes(name), name);
+  for (const name of ['LICENSE', 'README.md', 'index.d.ts', 'index.js', 'module.js', 'package.json', 'raw.js', 'tallyfin99.wasm', 'third-party-notices']) assert.ok(names.includes(name), name);
   const { version } = JSON.parse(await readFile(join(folder, 'node_modules', 'tallyfin99', 'package.json')));
   assert.match(await readFile(join(project, 'CMakeLists.txt'), 'utf8'), new RegExp(`VERSION ${version} `));
 });
