@@ -51,6 +51,7 @@ async function actOn(page, place, type, random) {
     await place.click({ count: 3 });
     await page.keyboard.press('Backspace');
     await page.keyboard.type(texts[random(texts.length)]);
+    if (type === 'number') await page.keyboard.press('Enter'); // until then it is being typed
   } else if (random(8) === 0) {
     await place.hover();
   } else {

@@ -182,7 +182,7 @@ void ExplanationWindow::refresh() {
   forms_ = formsOf(explanations_);
   entries_ = headingOf(*trace, explanations_);
   QStringList entries;
-  for (const auto& [title, words] : entries_) entries << text(title + ": " + words);
+  for (const auto& [title, words] : entries_) entries << text(title) + QStringLiteral(": ") + text(words);
   heading_->setText(entries.join(QStringLiteral(" \u00b7 ")));
   bar_->show(sharesOf(*trace));
   shares_->setText(text(sharesText(*trace)));

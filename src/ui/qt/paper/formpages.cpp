@@ -86,7 +86,8 @@ class Document {
 
   void addEntries() {
     addText(pages_.title, paperFont(fontPoints + 4, true), true);
-    for (const auto& [title, words] : pages_.entries) addText(text(title + ": " + words), font_, true);
+    for (const auto& [title, words] : pages_.entries)
+      addText(text(title) + QStringLiteral(": ") + text(words), font_, true);
     addText(pages_.sentence, font_, false);
   }
 

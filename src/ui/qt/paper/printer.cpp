@@ -28,7 +28,7 @@ QString printTrouble(const QPrinter& printer) {
   const auto words = reinterpret_cast<Words>(cups.resolve("cupsLastErrorString"));
   constexpr int firstError = 0x0400;  // those below are kinds of success
   if (status == nullptr || words == nullptr || status() < firstError) return {};
-  const QString answer = QString::fromUtf8(words());  // before the server is asked for its printers
+  QString answer = QString::fromUtf8(words());  // before the server is asked for its printers
   if (QPrinterInfo::availablePrinterNames().contains(printer.printerName())) return answer;
   return QStringLiteral("The printer %1 is gone.").arg(printer.printerName());
 }

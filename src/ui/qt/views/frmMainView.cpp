@@ -286,7 +286,8 @@ class frmMainView : public View {
     ExplanationWindow::follow(frame());
     const int last = table.rowCount() - 1;
     const QString check = table.item(last, 0)->text() + ' ' + table.item(last, 1)->text();
-    frame().announce(lacksFrequency() ? check + QStringLiteral(". ") + remark_->text() : check);
+    const bool remarked = remark_ != nullptr && lacksFrequency();
+    frame().announce(remarked ? check + QStringLiteral(". ") + remark_->text() : check);
   }
 
   /// The eight figures with their names, so that a raise can be seen.
