@@ -87,6 +87,7 @@ class Tally {
   Account account_;
   std::size_t line_;  ///< Where the next block begins.
 };
+
 /// What ends the work at a block, of which the first line is given.
 Trouble troubleIn(const Block& block, std::size_t line);
 
