@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "engine/settingsstore.h"
-
 namespace tallyfin {
 
 Desk desk;
@@ -151,13 +149,17 @@ Refusal Desk::userClose(Screen& screen) {
 void Desk::carryOut(const std::function<void()>& deed) {
   struct Depth {
     Desk& desk;
-    explicit Depth(Desk& of) : desk(of) { ++desk.depth_; }
+    ActWatcher* watcher;
+    explicit Depth(Desk& of) : desk(of), watcher(of.depth_ == 0 ? of.actWatcher : nullptr) {
+      ++desk.depth_;
+      if (watcher != nullptr) watcher->beginAct();
+    }
     ~Depth() {
+      if (watcher != nullptr) watcher->endAct();
       if (--desk.depth_ == 0) desk.discarded_.clear();
     }
   };
   const Depth within(*this);
-  const StoreAct act(settingsStore);
   deed();
 }
 

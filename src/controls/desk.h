@@ -19,6 +19,14 @@ class DeskWatcher {
   virtual void focusMoved() {}
 };
 
+/// Notified of each act of the user, one that runs within another excepted.
+class ActWatcher {
+ public:
+  virtual ~ActWatcher() = default;
+  virtual void beginAct() = 0;
+  virtual void endAct() = 0;
+};
+
 /// Owns the screens and their life.
 ///
 /// A screen is created and loaded at its first use, which is the first access to anything of it or its first showing;
@@ -106,6 +114,8 @@ class Desk {
 
   /// The binding that is told, while a program runs; null otherwise.
   DeskWatcher* watcher = nullptr;
+  /// Null where nothing depends on acts.
+  ActWatcher* actWatcher = nullptr;
 
  private:
   struct Seat {

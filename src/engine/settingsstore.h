@@ -42,35 +42,18 @@ class SettingsStore {
   /// user entered: until the key has been read, storing just that default fails.
   void save(std::string_view section, std::string_view key, const std::string& text);
 
+  /// An act of the user lasts from beginAct() to endAct(): a store that another program holds is waited for once in all
+  /// statements of the act together. Without an act each statement waits for itself.
+  virtual void beginAct() { acting_ = true; }
+  void endAct() { acting_ = false; }
+
  protected:
-  /// Whether an act of the user is being carried out.
-  bool acting() const { return acts_ > 0; }
-  virtual void beginAct() {}
+  bool acting() const { return acting_; }
 
  private:
-  friend class StoreAct;
-
-  int acts_ = 0;
+  bool acting_ = false;
   /// The defaults given in place of texts that couldn't be read, by section and key.
   std::map<std::pair<std::string, std::string>, std::string> unread_;
-};
-
-/// An act of the user, as long as it lives: a store that is held by another program is waited for once in all of its
-/// statements, and not in each.
-class StoreAct {
- public:
-  /// Without a store it does nothing.
-  explicit StoreAct(SettingsStore* store) : store_(store) {
-    if (store_ != nullptr && ++store_->acts_ == 1) store_->beginAct();
-  }
-  ~StoreAct() {
-    if (store_ != nullptr) --store_->acts_;
-  }
-  StoreAct(const StoreAct&) = delete;
-  StoreAct& operator=(const StoreAct&) = delete;
-
- private:
-  SettingsStore* store_;
 };
 
 /// A store in memory.

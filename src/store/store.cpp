@@ -47,7 +47,10 @@ SettingsStore::Sections FileStore::all() const {
   return sections;
 }
 
-void FileStore::beginAct() { patience_.renew(); }
+void FileStore::beginAct() {
+  SettingsStore::beginAct();
+  patience_.renew();
+}
 
 /// The open store; none where there is no file, or one without tables that isn't to become a store. Fails where the
 /// file isn't a store, or can't be opened.

@@ -31,13 +31,13 @@ class FileStore : public SettingsStore {
   void write(std::string_view section, std::string_view key, const std::string& text) override;
   void erase(std::string_view section, std::string_view key) override;
   Sections all() const override;
+  void beginAct() override;
 
  private:
   enum class Opening { existing, making };
 
   std::shared_ptr<Database> open(Opening opening = Opening::existing) const;
   std::shared_ptr<Database> opened(const std::filesystem::path& path, Opening opening) const;
-  void beginAct() override;
 
   std::filesystem::path path_;
   mutable Patience patience_;

@@ -8,7 +8,11 @@
 namespace tallyfin {
 
 Program::Program(SettingsStore& store, const Platform& runsOn, DeskWatcher* binding)
-    : services_(store, *this), platform_(platform, runsOn), watcher_(desk.watcher, binding) {}
+    : store_(store),
+      services_(store, *this),
+      platform_(platform, runsOn),
+      watcher_(desk.watcher, binding),
+      actWatcher_(desk.actWatcher, this) {}
 
 void Program::start() {
   desk.end();

@@ -9,7 +9,7 @@ namespace tallyfin {
 /// The program, for whoever runs it: the desktop, the script, the page, a test. While it lives the rules have its
 /// store, its platform and the main screen as their worksheet, and the binding, if there is one, is told what the desk
 /// does; what was there before comes back when it goes. Store, platform and binding must live longer.
-class Program final : private WorksheetProvider {
+class Program final : private WorksheetProvider, private ActWatcher {
  public:
   Program(SettingsStore& store, const Platform& runsOn, DeskWatcher* binding = nullptr);
   ~Program() { desk.end(); }
@@ -19,10 +19,14 @@ class Program final : private WorksheetProvider {
 
  private:
   Worksheet& provideWorksheet() override;
+  void beginAct() override { store_.beginAct(); }
+  void endAct() override { store_.endAct(); }
 
+  SettingsStore& store_;
   Services services_;
   Installed<Platform> platform_;
   Installed<DeskWatcher*> watcher_;
+  Installed<ActWatcher*> actWatcher_;
 };
 
 }  // namespace tallyfin

@@ -11,21 +11,29 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Notes the acts.
-struct WaitingStore : MemoryStore {
-  void beginAct() override { ++acts; }
-  using MemoryStore::acting;
-  int acts = 0;
+/// Notes where the acts begin and end.
+class ActsOfADesk : public DeskTest, private ActWatcher {
+ protected:
+  void beginAct() override { note("begin"); }
+  void endAct() override { note("end"); }
+
+ private:
+  const Installed<ActWatcher*> installed_{desk.actWatcher, this};
 };
 
-TEST_F(DeskTest, MakesEachActOneForTheStore) {
-  WaitingStore store;
-  const Installed<SettingsStore*> installed(settingsStore, &store);
-  for (int i = 1; i <= 2; ++i) {
-    desk.carryOut([&] { desk.carryOut([&] { EXPECT_TRUE(store.acting()); }); });
-    EXPECT_EQ(store.acts, i);
-    EXPECT_FALSE(store.acting());
+TEST_F(ActsOfADesk, AreOneWithTheActsTheyHold) {
+  for (int i = 0; i < 2; ++i) {
+    desk.carryOut([] {
+      desk.carryOut([] { note("within"); });
+      note("after it");
+    });
+    EXPECT_THAT(happened(), ElementsAre("begin", "within", "after it", "end"));
   }
+}
+
+TEST_F(ActsOfADesk, EndWhereTheyAreBrokenOff) {
+  EXPECT_THROW(desk.carryOut([] { throw std::bad_alloc(); }), std::bad_alloc);
+  EXPECT_THAT(happened(), ElementsAre("begin", "end"));
 }
 
 using ScreenLife = DeskTest;

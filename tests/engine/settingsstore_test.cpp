@@ -84,27 +84,5 @@ TEST(Settings, SaveADefaultAgainOnceTheTextHasBeenRead) {
   EXPECT_THAT(store.read(section::user, "UName"), Optional(std::string(".")));
 }
 
-/// Counts the acts.
-struct WaitingStore : MemoryStore {
-  void beginAct() override { ++acts; }
-  using MemoryStore::acting;
-  int acts = 0;
-};
-
-TEST(StoreAct, IsOneWhateverActsItHolds) {
-  WaitingStore store;
-  EXPECT_FALSE(store.acting());
-  {
-    const StoreAct act(&store);
-    const StoreAct within(&store);
-    EXPECT_TRUE(store.acting());
-    EXPECT_EQ(store.acts, 1);
-  }
-  EXPECT_FALSE(store.acting());
-  const StoreAct another(&store);
-  EXPECT_EQ(store.acts, 2);
-  const StoreAct withoutStore(nullptr);
-}
-
 }  // namespace
 }  // namespace tallyfin

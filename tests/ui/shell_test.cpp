@@ -38,6 +38,7 @@ TEST_F(Shell, BeginsOnAFreshRecordAndLeavesTheLastOne) {
 }
 
 TEST_F(Shell, PutsBackWhatItFound) {
+  const ActWatcher* former = desk.actWatcher;
   {
     MemoryStore another;
     FakePlatform elsewhere;
@@ -47,6 +48,7 @@ TEST_F(Shell, PutsBackWhatItFound) {
     EXPECT_EQ(settingsStore, &another);
     EXPECT_EQ(tallyfin::platform.clock, &elsewhere);
     EXPECT_EQ(desk.watcher, &watcher);
+    EXPECT_NE(desk.actWatcher, former);
     EXPECT_EQ(&worksheet(), &desk.use<frmMain>());
     desk.use<frmMain>().txtIncome.setFocus();  // of which nobody wants to know
   }
@@ -54,8 +56,24 @@ TEST_F(Shell, PutsBackWhatItFound) {
   EXPECT_EQ(settingsStore, &store);
   EXPECT_EQ(tallyfin::platform.clock, &platform);
   EXPECT_EQ(desk.watcher, nullptr);
+  EXPECT_EQ(desk.actWatcher, former);
   start();
   EXPECT_EQ(&worksheet(), &main());
+}
+
+TEST_F(Shell, MakesEachActOneForTheStore) {
+  struct : MemoryStore {
+    void write(std::string_view section, std::string_view key, const std::string& text) override {
+      EXPECT_TRUE(acting());
+      MemoryStore::write(section, key, text);
+    }
+    using MemoryStore::acting;
+  } acts;
+  Program within(acts, {&platform, &platform, &platform, &platform, &platform});
+  within.start();
+  desk.use<frmName>().chkShow.userClick();
+  EXPECT_EQ(acts.read(section::user, "DontShow"), "1");
+  EXPECT_FALSE(acts.acting());
 }
 
 TEST_F(Shell, SpringsBackToItsSize) {
