@@ -156,7 +156,8 @@ def main(build):
 
     # Rules that refuse nothing would pass too.
     for a, b in [("engine/fedtax.cpp", "states/statebase.h"), ("states/newyork.cpp", "ui/frmMain.h"),
-                 ("controls/desk.cpp", "platform/platform.h"), ("ui/frmMain.cpp", "ui/qt/views/view.h"),
+                 ("controls/desk.cpp", "platform/platform.h"), ("controls/desk.cpp", "engine/settingsstore.h"),
+                 ("engine/money.cpp", "engine/paydata.h"), ("ui/frmMain.cpp", "ui/qt/views/view.h"),
                  ("batch/run.cpp", "script/session.h"), ("stateoptions/shapes.cpp", "stateoptions/frmState.h"),
                  ("script/session.cpp", "store/store.h"), ("engine/fedtax.cpp", "elsewhere.inc")]:
         if libraries.allows(a, b):
