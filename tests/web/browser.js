@@ -9,6 +9,7 @@ import { fileURLToPath } from 'node:url';
 import { after } from 'node:test';
 import { gzipSync } from 'node:zlib';
 import puppeteer from 'puppeteer-core';
+import { browseWebkit } from './webkit.js';
 
 export const project = join(dirname(fileURLToPath(import.meta.url)), '..', '..');
 export const builtPage = join(project, 'build', 'web');
@@ -51,12 +52,13 @@ export async function serve(folder = builtPage) {
   };
 }
 
-/** The browser under test: BROWSER=firefox, else Chromium. */
+/** The browser under test: BROWSER=firefox, BROWSER=webkit, else Chromium. */
 export const firefox = process.env.BROWSER === 'firefox';
+export const webkit = process.env.BROWSER === 'webkit';
 
 /** Starts the browser; `prefs` are preferences of Firefox, `args` arguments of Chromium. */
 export const browse = (profile, { prefs = {}, args = [], moving = false } = {}) =>
-  firefox
+  webkit ? browseWebkit() : firefox
     ? puppeteer.launch({
         browser: 'firefox',
         executablePath: process.env.FIREFOX ?? '/usr/bin/firefox-esr',

@@ -63,6 +63,21 @@ test('the sample paycheck', async (t) => {
   assert.deepEqual(page.troubles, []);
 });
 
+test('the sample paycheck of a Single with no exemption', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  await u.pick('frmMain.lstFrequency', 0);
+  await u.click('frmMain.optStatus(1)');
+  await u.pick('frmMain.cboExemptions', 0);
+  await u.type('frmMain.txtIncome', '1000');
+  await u.click('frmMain.cmdToolBar(0)');
+  const rows = await shownRows(page);
+  // (1000 - 525) * 0.28 + 71.1 is 204.1; 1000 less that and 76.5 of FICA is 719.4.
+  assert.deepEqual([rows[4], rows[7], rows[11]], [['Federal Tax', '$204.10'], ['FICA', '$76.50'], ['Check Amt', '$719.40']]);
+  assert.deepEqual(page.troubles, []);
+});
+
 /** Elements in front that lie over one another, or whose words or boxes have no room. */
 const crowded = (page) =>
   page.evaluate(() => {

@@ -2,7 +2,7 @@
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { browse, dice, firefox, open, serve, user } from './browser.js';
+import { browse, dice, firefox, open, serve, user, webkit } from './browser.js';
 import { differences } from './faithful.js';
 
 const steps = Number(process.env.STEPS ?? 400);
@@ -21,7 +21,7 @@ const placesOf = (page, within) =>
     return window.places.map((place) => [place.role ?? place.type ?? place.tagName, place.dataset.address ?? (place.id || place.textContent)]);
   }, within);
 
-/** From a screen's parts but the last the Tab key stays in the page. Firefox under test doesn't come back from its own parts. */
+/** From a screen's parts but the last the Tab key stays in the page. Firefox and WebKit under test don't come back from their own parts. */
 const staysInside = (page) =>
   page.evaluate(() => {
     const stops = [...document.querySelectorAll('section[data-screen]:not([hidden]) :is(button, input)')].filter((stop) => stop.checkVisibility() && !stop.disabled);
@@ -30,7 +30,7 @@ const staysInside = (page) =>
   });
 
 async function press(page, key) {
-  if (firefox && key.endsWith('Tab') && !(await staysInside(page))) return;
+  if ((firefox || webkit) && key.endsWith('Tab') && !(await staysInside(page))) return;
   const [name, modifier] = key.split('+').reverse();
   if (modifier) await page.keyboard.down(modifier);
   await page.keyboard.press(name);
