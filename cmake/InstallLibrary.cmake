@@ -26,7 +26,7 @@ file(WRITE ${made}/shlibs "libtallyfin99 ${PROJECT_VERSION_MAJOR} libtallyfin99-
 file(WRITE ${made}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_LIBTALLYFIN99-1_PACKAGE_CONTROL_EXTRA ${made}/shlibs ${made}/triggers)
 set(CPACK_DEBIAN_LIBTALLYFIN99-1_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
-set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/WithoutLdconfig.cmake)
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/FinishPackages.cmake)
 tallyfin_package(libtallyfin99-dev libdevel "works out United States paychecks of 1999 (development files)
 The header, the files for pkg-config and CMake and the manual page of a
 library for C and C++ that works out what is withheld from United States
