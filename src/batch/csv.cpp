@@ -82,7 +82,7 @@ void BlockReader::skipByteOrderMark(std::string& bytes) {
 
 void BlockReader::findRows(std::string_view bytes) {
   if (!started_) return;
-  while (seen_ < bytes.size()) {
+  while (true) {
     if (inQuotes_ && !skipQuoted(bytes)) return;
     const std::size_t quote = std::min(bytes.find('"', seen_), bytes.size());
     const std::size_t lineEnd = bytes.substr(seen_, quote - seen_).rfind('\n');

@@ -57,15 +57,13 @@ void RowWorker::workRow() {
     return;
   }
   ++worked_.account.rows;
+  // As many cells as the header has columns: others are dropped, missing ones filled in.
   const std::size_t columns = header_.size();
-  if (row_.cells.size() > columns) {
-    const std::string_view last = row_.cells[columns - 1].raw;
-    out.append(row_.bytes.data(), last.data() + last.size());
-  } else {
-    out += row_.bytes;
-    out.append(columns - row_.cells.size(), delimiter_);
-  }
-  if (hasSurplus()) {
+  const std::size_t taken = std::min(row_.cells.size(), columns);
+  const std::string_view last = row_.cells[taken - 1].raw;
+  out.append(row_.bytes.data(), last.data() + last.size());
+  out.append(columns - taken, delimiter_);
+  if (hasSurplus(taken)) {
     writeNoResults();
     writeProblem("more cells than the header has columns");
   } else {
@@ -74,11 +72,9 @@ void RowWorker::workRow() {
   out += ending;
 }
 
-/// Whether there are cells beyond the header's columns that aren't empty.
-bool RowWorker::hasSurplus() {
-  const std::size_t columns = header_.size();
-  return row_.cells.size() > columns &&
-         std::any_of(row_.cells.begin() + static_cast<std::ptrdiff_t>(columns), row_.cells.end(),
+/// Whether there are cells behind those that aren't empty.
+bool RowWorker::hasSurplus(std::size_t taken) {
+  return std::any_of(row_.cells.begin() + static_cast<std::ptrdiff_t>(taken), row_.cells.end(),
                      [&](const Cell& cell) { return !cell.text(storage_).empty(); });
 }
 

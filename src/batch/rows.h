@@ -56,7 +56,7 @@ class RowWorker {
 
  private:
   void workRow();
-  bool hasSurplus();
+  bool hasSurplus(std::size_t taken);
   void workCells();
   void writeResults();
   void writeNoResults() { worked_.out.append(library::resultCount + 1, delimiter_); }
@@ -74,7 +74,8 @@ class RowWorker {
 /// The sum of a file's blocks, added in their order.
 class Tally {
  public:
-  explicit Tally(std::size_t line = 1) : line_(line) {}
+  /// The line that the first block begins in, from 1.
+  explicit Tally(std::size_t line) : line_(line) {}
 
   /// Throws Trouble where nothing can be read behind the block.
   void add(const Worked& worked, const Block& block);

@@ -17,11 +17,8 @@ namespace {
 /// order, so that what comes out doesn't depend on their number.
 class Shared {
  public:
-  Shared(const Streams& streams, const Choices& choices)
-      : streams_(streams), choices_(choices), reader_(streams.source, choices.delimiter) {}
-
   /// Reads the header, and writes it with the columns of the results.
-  void begin();
+  Shared(const Streams& streams, const Choices& choices);
 
   /// Takes the next block and the turn in which it is to be handed over; false at the end.
   bool take(Block& block, std::uint64_t& turn);
@@ -38,10 +35,10 @@ class Shared {
  private:
   const Streams& streams_;
   const Choices& choices_;
-  Beginning beginning_;
 
   std::mutex reading_;
   BlockReader reader_;
+  Beginning beginning_;
   std::uint64_t turns_ = 0;
 
   std::mutex writing_;
@@ -52,11 +49,14 @@ class Shared {
   Tally tally_;
 };
 
-void Shared::begin() {
-  beginning_ = readBeginning(reader_, choices_.delimiter);
+Shared::Shared(const Streams& streams, const Choices& choices)
+    : streams_(streams),
+      choices_(choices),
+      reader_(streams.source, choices.delimiter),
+      beginning_(readBeginning(reader_, choices.delimiter)),
+      tally_(1 + beginning_.lines) {
   if (const std::string lacking = beginning_.header.lacks(); !lacking.empty()) streams_.notice(lacking);
   if (choices_.writeHeader) streams_.sink(beginning_.out + beginning_.ending);
-  tally_ = Tally(1 + beginning_.lines);
 }
 
 bool Shared::take(Block& block, std::uint64_t& turn) {
@@ -108,7 +108,6 @@ void workBlocks(Shared& shared) {
 
 Account run(const Streams& streams, const Choices& choices) {
   Shared shared(streams, choices);
-  shared.begin();
   {
     std::vector<std::jthread> others;
     try {

@@ -99,6 +99,7 @@ TEST_P(CsvTest, TellsTheLineOfAQuoteThatDoesNotEnd) {
   EXPECT_EQ(reading.trouble, "line 4: a quoted cell doesn't end");
   EXPECT_EQ(read("a\n\"").trouble, "line 2: a quoted cell doesn't end");
   EXPECT_EQ(read("\"a\n\",\"").trouble, "line 2: a quoted cell doesn't end");
+  EXPECT_EQ(read("\n\"").trouble, "line 2: a quoted cell doesn't end");
 }
 
 TEST_P(CsvTest, TellsTheLineOfEachRow) {
@@ -113,6 +114,33 @@ TEST_P(CsvTest, TakesAQuoteWithinACellForItself) {
 TEST_P(CsvTest, DividesCellsByAnotherCharacter) {
   EXPECT_THAT(readingOf("a,b;\"c;d\"\n;\n", GetParam(), ';').rows,
               ElementsAre(ElementsAre("a,b", "c;d", "\n"), ElementsAre("", "", "\n")));
+}
+
+/// How many readings a reader takes for its first block, of a source that gives these bytes first.
+std::size_t readingsFor(std::string_view first) {
+  std::size_t readings = 0;
+  const std::vector<std::string_view> given{first, "z\n", "z\n"};
+  BlockReader reader([&](char* place, std::size_t) {
+    const std::string_view part = given.at(readings++);
+    return part.copy(place, part.size());
+  });
+  Block block;
+  EXPECT_TRUE(reader.next(block));
+  return readings;
+}
+
+TEST(Csv, GivesARowAwayBeforeItWaitsForMore) {
+  EXPECT_EQ(readingsFor("abc\nd"), 1U);
+  EXPECT_EQ(readingsFor("ab\n"), 1U);   // as long as a byte order mark
+  EXPECT_EQ(readingsFor("a\n"), 2U);    // which might still be the beginning of one
+  EXPECT_EQ(readingsFor("\nabc"), 1U);  // a line without cells
+}
+
+TEST(Csv, KeepsTheBeginningOfTheStreamForAnotherFormat) {
+  BlockReader reader(sourceOf("\x1F\x8B,\n"));
+  Block block;
+  EXPECT_TRUE(reader.next(block));
+  EXPECT_EQ(reader.beginning(), "\x1F\x8B,\n");
 }
 
 TEST(Csv, ReadsARowLongerThanABlock) {

@@ -7,6 +7,7 @@ import pathlib
 import pty
 import re
 import resource
+import select
 import shutil
 import subprocess
 import sys
@@ -253,52 +254,102 @@ def closed_pipe():
         expect("a reader that goes away ends it", process.wait(60) == 0 and process.stderr.read() == b"")
 
 
-def terminal(*arguments):
-    """What a run of a little over a second shows on a terminal."""
-    screen, end = pty.openpty()
-    with tempfile.TemporaryFile() as file:
-        process = subprocess.Popen([program, *arguments], stdin=subprocess.PIPE, stdout=file, stderr=end)
+class Terminal:
+    """A run with a terminal for its standard error. `seen` is what the terminal has been told."""
+    line = rb"\r(\d+) rows, \d+ a second(?:, (\d+) %)?\x1b\[K"
+
+    def __init__(self, *arguments, **streams):
+        self.screen, end = pty.openpty()
+        self.began = time.monotonic()
+        self.process = subprocess.Popen([program, *arguments], stderr=end, **streams)
         os.close(end)
-        for part in (header + row, row, row):
-            process.stdin.write(part)
-            process.stdin.flush()
-            time.sleep(1.2)
-        process.stdin.close()
-        expect("a run before a terminal", process.wait(60) == 0)
-    seen = b""
-    while True:
-        try:
-            part = os.read(screen, 4096)
-        except OSError:
-            break
-        if not part:
-            break
-        seen += part
-    os.close(screen)
-    return seen
+        self.seen = b""
+
+    def look(self, seconds):
+        """Takes what the terminal is told, for so long or until there is something. False once the program has ended."""
+        if select.select([self.screen], [], [], seconds)[0]:
+            try:
+                self.seen += os.read(self.screen, 4096)
+            except OSError:
+                return False
+        return True
+
+    def lines(self):
+        return re.findall(self.line, self.seen)
+
+    def end(self):
+        while self.look(60):
+            expect("a run before a terminal ends", time.monotonic() < self.began + 120)
+        os.close(self.screen)
+        expect("a run before a terminal", self.process.wait(60) == 0)
+        expect(f"the terminal's one line is rewritten, and taken away at the end: {self.seen}",
+               re.fullmatch(b"(?:" + self.line + rb")+\r\x1b\[K", self.seen))
+        expect(f"once a second at most: {self.seen}", len(self.lines()) <= time.monotonic() - self.began)
 
 
 def progress():
-    seen = terminal()
-    expect(f"a terminal is told rows and rows a second: {seen}", b" rows, " in seen and b" a second" in seen)
-    expect(f"its line is taken away at the end: {seen}", seen.endswith(b"\r\x1b[K"))
-    expect("a quiet run tells a terminal nothing", terminal("--quiet") == b"")
+    """Rows come until the terminal has been told of them twice."""
+    with tempfile.TemporaryFile() as file:
+        run_before = Terminal(stdin=subprocess.PIPE, stdout=file)
+        run_before.process.stdin.write(header)
+        while len(run_before.lines()) < 2:
+            expect(f"the rows are told each second: {run_before.seen}", time.monotonic() < run_before.began + 60)
+            run_before.process.stdin.write(row)
+            run_before.process.stdin.flush()
+            run_before.look(0.05)
+        run_before.process.stdin.close()
+        run_before.end()
+    rows = [int(line[0]) for line in run_before.lines()]
+    expect(f"all rows that are done are told: {rows}", 0 < rows[0] < rows[1])
+
+
+def quiet():
+    """With --quiet, and where standard error is no terminal, there is no progress."""
+    for arguments, errors in ((["--quiet"], pty.openpty()), ([], os.pipe())):
+        screen, end = errors
+        with tempfile.TemporaryFile() as file:
+            with subprocess.Popen([program, *arguments], stdin=subprocess.PIPE, stdout=file, stderr=end) as process:
+                process.stdin.write(header + row)
+                process.stdin.flush()
+                while os.fstat(file.fileno()).st_size < len(header) + len(row):
+                    time.sleep(0.01)
+                time.sleep(1.1)  # progress is shown from a second on
+                process.stdin.write(row)
+                process.stdin.close()
+                expect("a quiet run", process.wait(60) == 0)
+        expect(f"{arguments} shows no progress", not select.select([screen], [], [], 0)[0])
+        os.close(end)
+        os.close(screen)
 
 
 def share_done():
-    """Of a file the share done is told too. Its output isn't taken for a while, so that the run lasts."""
-    screen, end = pty.openpty()
+    """Of a file the share done is told too, and grows. Its output isn't taken for a while, so that the run lasts."""
     with tempfile.NamedTemporaryFile() as file:
         file.write(header + row * 50_000)
         file.flush()
-        with subprocess.Popen([program, file.name], stdout=subprocess.PIPE, stderr=end) as process:
-            os.close(end)
-            time.sleep(1.2)
-            process.stdout.read()
-            expect("a run over a file before a terminal", process.wait(60) == 0)
-    seen = os.read(screen, 4096)
-    os.close(screen)
-    expect(f"a terminal is told the share: {seen}", b" a second, " in seen and b" %" in seen)
+        run_before = Terminal(file.name, stdout=subprocess.PIPE)
+        for size in (1, 2_000_000):
+            run_before.process.stdout.read(size)  # the run has begun, has gone on
+            time.sleep(1.1)
+        run_before.process.stdout.read()
+        run_before.end()
+    shares = [int(line[1]) for line in run_before.lines()]
+    expect(f"a terminal is told the share: {shares}", len(shares) >= 2 and 0 < shares[0] < shares[-1] <= 100)
+
+
+def closing():
+    """What a file system reports only when the output is closed."""
+    if shutil.which("strace") is None:
+        return
+    with tempfile.NamedTemporaryFile() as file, tempfile.NamedTemporaryFile() as paid:
+        file.write(header + row)
+        file.flush()
+        for argument in (file.name, "--help", "--states"):
+            answer = subprocess.run(["strace", "-qq", "-o", "/dev/null", "-P", paid.name, "-e", "inject=close:error=EDQUOT",
+                                     program, argument], stdin=subprocess.DEVNULL, stdout=paid, stderr=subprocess.PIPE,
+                                    env=os.environ | {"ASAN_OPTIONS": "detect_leaks=0"})
+            expect(f"{argument}: an output that fails as it is closed is reported: {answer}", answer.returncode == 2 and
+                   answer.stderr == b"tallyfin99-batch: standard output: Disk quota exceeded\n")
 
 
 def memory():
@@ -335,6 +386,6 @@ def open_quote():
 
 
 for check in (options, refusals, states, names, problems, same_file, short_writes, never_waiting, interrupted, little_memory,
-              closed_pipe, progress, share_done, memory, open_quote):
+              closed_pipe, closing, progress, quiet, share_done, memory, open_quote):
     check()
 print("the program keeps its word")

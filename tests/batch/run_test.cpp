@@ -358,6 +358,13 @@ TEST(Batch, TellsTheLineOfTheFirstProblem) {
   EXPECT_EQ(outcome.account.firstProblem, 5U);
 }
 
+TEST(Batch, TellsNoLineWhereNoRowHadAProblem) {
+  const Outcome outcome = outcomeOf("frequency\n0\n1\n");
+  EXPECT_EQ(outcome.account.rows, 2U);
+  EXPECT_EQ(outcome.account.problems, 0U);
+  EXPECT_EQ(outcome.account.firstProblem, 0U);
+}
+
 // --- Several threads -------------------------------------------------------------------------------------------------
 
 /// Many rows, some with line breaks in quotes, some with problems, in files longer than many readings.
