@@ -165,22 +165,6 @@ TEST_F(PublishedAmounts, OfLouisiana) {
   });
 }
 
-TEST_F(PublishedAmounts, OfColoradosThreshold) {
-  const auto thresholds = published::amounts("Colorado", "Threshold");
-  for (const int frequency : {0, 1, 2, 3}) {
-    const Units threshold = units(thresholds[static_cast<std::size_t>(frequency)]);
-    for (const Units x : {units(-50), threshold - 100, threshold, threshold + 100, threshold + units(1000)}) {
-      freshRecord(frequency);
-      payData.staAdd = 1;
-      payData.grossPay = Money::ofUnits(x);
-      payData.stateTax = 50;  // stays where no row holds
-      Colorado();
-      const Units tax = x <= threshold ? 0 : rounded(published::real(x - threshold) * 0.05);
-      EXPECT_EQ(payData.stateTax, Money::ofUnits(tax + units(1)));
-    }
-  }
-}
-
 TEST_F(PublishedAmounts, OfGeorgia) {
   const auto perDependent = published::amounts("Georgia", "per dependent");
   const std::vector<std::pair<int, std::string>> choices{
