@@ -30,7 +30,7 @@ constexpr const char* help =
 
 unsigned jobsOf(std::string_view text) {
   constexpr unsigned most = 1000;
-  unsigned jobs = 0;
+  unsigned jobs = 0;  // mutation: 0 -> 1: written before it is read
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), jobs);
   if (error != std::errc{} || end != text.data() + text.size() || jobs > most) {
     throw Trouble("--jobs takes a number from 0 to " + std::to_string(most));

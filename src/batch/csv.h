@@ -26,7 +26,8 @@ struct Row {
   std::string_view bytes;   ///< Without the line's end.
   std::string_view ending;  ///< "\n", "\r\n", or nothing at the end of a file that doesn't end its last line.
   std::vector<Cell> cells;  ///< None for an empty line.
-  std::size_t line = 0;     ///< Where the row begins in its block, from 0.
+  // mutation: 0 -> 1: written before it is read
+  std::size_t line = 0;  ///< Where the row begins in its block, from 0.
 };
 
 /// Some whole rows of a file.
@@ -34,6 +35,7 @@ struct Block {
   std::string bytes;
   /// Why nothing can be read behind these rows; null where something can.
   const char* trouble = nullptr;
+  // mutation: 0 -> 1: written before it is read
   std::size_t troubleLine = 0;  ///< Where that is, counted from the beginning of the block, from 0.
 };
 
@@ -45,7 +47,7 @@ class BlockReader {
   using Source = std::function<std::size_t(char* place, std::size_t size)>;
 
   /// A row longer than this is taken for a quote that somebody forgot to close.
-  static constexpr std::size_t longestRow = std::size_t{16} << 20U;
+  static constexpr std::size_t longestRow = std::size_t{16} << 20U;  // mutation: 16 -> 17: the limit is chosen freely
 
   explicit BlockReader(Source source, char delimiter = ',') : source_(std::move(source)), delimiter_(delimiter) {}
 
@@ -72,10 +74,13 @@ class BlockReader {
   bool finished_ = false;
 
   // Of the block that is being read:
-  std::size_t seen_ = 0;     ///< How much of it has been looked at.
+  // mutation: 0 -> 1: written before it is read
+  std::size_t seen_ = 0;  ///< How much of it has been looked at.
+  // mutation: 0 -> 1: written before it is read
   std::size_t rowsEnd_ = 0;  ///< Where its last whole row ends.
   bool inQuotes_ = false;    ///< Whether a quoted cell is open behind what has been looked at.
-  std::size_t quote_ = 0;    ///< Where that cell begins.
+  // mutation: 0 -> 1: written before it is read
+  std::size_t quote_ = 0;  ///< Where that cell begins.
 };
 
 /// Cuts a block into its rows.

@@ -32,7 +32,7 @@ class Header {
  private:
   bool has(library::Column column) const;
 
-  std::size_t size_ = 0;
+  std::size_t size_ = 0;  // mutation: 0 -> 1: written before it is read
   std::vector<Entry> known_;
 };
 

@@ -10,6 +10,7 @@ namespace tallyfin::batch {
 namespace {
 
 /// The most characters that a row's results take, with a delimiter before each and one behind.
+// mutation: 1 -> 2: room in a buffer
 constexpr std::size_t longestResults = library::resultCount * (1 + longestAmount) + 1;
 
 }  // namespace

@@ -29,8 +29,9 @@ struct Account {
 /// The beginning of a file.
 struct Beginning {
   Header header;
-  std::string out;        ///< The header with the columns of the results, without the line's end.
-  std::string ending;     ///< Of the header's line.
+  std::string out;     ///< The header with the columns of the results, without the line's end.
+  std::string ending;  ///< Of the header's line.
+  // mutation: 0 -> 1: written before it is read
   std::size_t lines = 0;  ///< How many the header takes.
   Block rest;             ///< The rows that came with it.
 };
@@ -41,8 +42,8 @@ Beginning readBeginning(BlockReader& reader, char delimiter);
 /// The text of a block's rows with their results.
 struct Worked {
   std::string out;
-  Account account;  ///< Its line counts from the beginning of the block, from 0.
-  std::size_t lines = 0;
+  Account account;        ///< Its line counts from the beginning of the block, from 0.
+  std::size_t lines = 0;  // mutation: 0 -> 1: written before it is read
 };
 
 /// Works the rows of blocks. The header and the line's end must outlive it.

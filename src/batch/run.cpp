@@ -94,7 +94,7 @@ Account Shared::end() const {
 
 /// What each thread does.
 void workBlocks(Shared& shared) {
-  std::uint64_t turn = 0;
+  std::uint64_t turn = 0;  // mutation: 0 -> 1: written before it is read
   try {
     RowWorker worker = shared.worker();
     Block block;

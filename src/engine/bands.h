@@ -13,6 +13,8 @@ struct Dollars {
   consteval Dollars(T dollars) : amount(dollars) {}  // NOLINT(google-explicit-constructor)
   consteval Dollars(double dollars)                  // NOLINT(google-explicit-constructor)
       : amount(
+            // mutation: < -> <= and 0 -> 1 and 0.5 -> 0.6: four decimals at most, so that the product is an integer but
+            // for an error far below 0.4
             Money::ofUnits(static_cast<std::int64_t>(dollars * Money::unitsPerDollar + (dollars < 0 ? -0.5 : 0.5)))) {}
 
   Money amount;

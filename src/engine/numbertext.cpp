@@ -22,7 +22,8 @@ constexpr bool isDigitButZero(char c) { return isDigit(c) && c != '0'; }
 struct Decimal {
   bool negative = false;
   std::string_view digits;  // from the first that isn't zero; may hold commas and the point; empty where all are zero
-  std::int64_t power = 0;   // of ten, of that first digit
+  // mutation: 0 -> 1: a number of zeros has no first digit
+  std::int64_t power = 0;  // of ten, of that first digit
 };
 
 /// Takes one character off the front if it is c.
@@ -42,7 +43,7 @@ std::optional<std::int64_t> readExponent(std::string_view text) {
   bool negative = false;
   takeSign(text, negative);
   if (text.empty() || !std::all_of(text.begin(), text.end(), isDigit)) return std::nullopt;
-  constexpr std::int64_t farBeyond = 1'000'000'000'000;
+  constexpr std::int64_t farBeyond = 1'000'000'000'000;  // mutation: * -> *: one more is as far beyond every range
   std::int64_t exponent = 0;
   for (const char c : text) exponent = std::min(exponent * 10 + (c - '0'), farBeyond);
   return negative ? -exponent : exponent;
@@ -234,6 +235,7 @@ std::string currencyOfCents(std::string cents, bool negative) {
 std::string currencyOf(const Decimal& decimal) { return currencyOfCents(roundedDigits(decimal, 2), decimal.negative); }
 
 std::uint64_t magnitude(std::int64_t number) {
+  // mutation: < -> <= and 0 -> 1: no sign
   return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
 }
 
@@ -325,7 +327,7 @@ std::string currency(Money amount) {
   constexpr std::uint64_t unitsPerCent = 100;
   const std::uint64_t units = magnitude(amount.units());
   const std::uint64_t cents = units / unitsPerCent + (units % unitsPerCent >= unitsPerCent / 2 ? 1 : 0);
-  return currencyOfCents(std::to_string(cents), amount.units() < 0);
+  return currencyOfCents(std::to_string(cents), amount.units() < 0);  // mutation: < -> <= and 0 -> 1: no sign
 }
 
 std::string currency(double value) {

@@ -33,6 +33,7 @@ std::string toText(Int16 number);
 
 /// Writes the plain text of an amount to a buffer of `longestAmount` characters; returns the end of the text.
 char* writeText(char* place, Money amount);
+// mutation: 21 -> 22: room in a buffer
 inline constexpr std::size_t longestAmount = 21;  ///< -922337203685477.5808
 
 /// The format "Currency": two decimals, an exact half away from zero, "$", thousands commas, negatives in parentheses,

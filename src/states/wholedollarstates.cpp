@@ -9,7 +9,6 @@ using enum Test;
 /// Iowa, 1999: dollars a year.
 namespace iowa {
 // clang-format off
-// clang-format off
 constexpr Band rows[] = {
     {atMost, 1100, 0, 0.0036},
     {atMost, 2150, 1100, 0.0072, 3.96},
@@ -68,7 +67,6 @@ void IowaTax() {
 
 /// Maine, 1999: dollars a year. A wage in a gap keeps the last `stateTax`; the gaps are required.
 namespace maine {
-// clang-format off
 // clang-format off
 // Exactly 37,350 meets no row.
 constexpr Band marriedRows[] = {
@@ -132,7 +130,6 @@ void MaineTax() {
 /// Minnesota, 1999: dollars a year.
 namespace minnesota {
 // clang-format off
-// clang-format off
 constexpr Band marriedRows[] = {
     {atMost, 4450, 0, 0},
     {atMost, 29670, 4450, 0.06},
@@ -178,7 +175,6 @@ void Minnesota() {
 
 /// Mississippi, 1999: dollars a year.
 namespace mississippi {
-// clang-format off
 // clang-format off
 // The second test is strict, the third inclusive.
 constexpr Band rows[] = {

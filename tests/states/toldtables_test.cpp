@@ -7,8 +7,8 @@
 #include "support/paycheck.h"
 #include "support/published.h"
 
-/// The tables as an explanation shows them, row for row: also the figures that no tax shows, since whole dollars hide them
-/// or no wage leads there.
+/// The tables as an explanation shows them, row for row: also the figures that no tax shows, since whole dollars hide
+/// them or no wage leads there.
 
 namespace tallyfin {
 namespace {
@@ -17,9 +17,7 @@ namespace {
 using Figures = std::tuple<std::string, published::Units, published::Units, double, double, double>;
 using Rows = std::vector<Figures>;
 
-Figures figuresOf(const published::Row& row) {
-  return {row.test, row.bound, row.lower, row.rate, row.plus, row.extra};
-}
+Figures figuresOf(const published::Row& row) { return {row.test, row.bound, row.lower, row.rate, row.plus, row.extra}; }
 
 Figures figuresOf(const TableRow& row) {
   constexpr std::array tests{"<=", "<", ">", ">="};
@@ -82,8 +80,10 @@ TEST_F(ToldTables, AreThePublishedOnes) {
   }
   std::set<Rows> told;
   for (int state = 1; state < static_cast<int>(stateList.size()); ++state) told.merge(tablesOf(state));
-  for (const Rows& rows : published) EXPECT_TRUE(told.contains(rows)) << "told nowhere: " << testing::PrintToString(rows);
-  for (const Rows& rows : told) EXPECT_TRUE(published.contains(rows)) << "published nowhere: " << testing::PrintToString(rows);
+  for (const Rows& rows : published)
+    EXPECT_TRUE(told.contains(rows)) << "told nowhere: " << testing::PrintToString(rows);
+  for (const Rows& rows : told)
+    EXPECT_TRUE(published.contains(rows)) << "published nowhere: " << testing::PrintToString(rows);
 }
 
 }  // namespace
