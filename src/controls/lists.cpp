@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "controls/desk.h"
-#include "controls/step.h"
+#include "engine/failure.h"
 
 namespace tallyfin {
 

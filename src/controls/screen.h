@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "controls/property.h"
-#include "controls/step.h"
+#include "engine/failure.h"
 
 namespace tallyfin {
 

@@ -1,20 +1,15 @@
 #include "explain/json.h"
 
 #include <array>
-#include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "engine/numbertext.h"
 #include "explain/figuretexts.h"
+#include "explain/jsontext.h"
 
 namespace tallyfin {
 
 namespace {
-
-/// Lists and objects are put together as text: those of the JSON library allocate where they are destroyed.
-std::string json(std::string_view text) {
-  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
 
 /// A value, and its kind where it isn't an amount.
 std::string written(const Value& value) {
@@ -54,14 +49,6 @@ std::string written(const ExplanationLine& line) {
          (line.table ? ",\"table\":" + written(*line.table) : "") + "}";
 }
 
-/// A list of what write() makes of each.
-template <class All, class Write>
-std::string list(const All& all, Write&& write) {
-  std::string elements;
-  for (const auto& each : all) elements += (elements.empty() ? "" : ",") + write(each);
-  return "[" + elements + "]";
-}
-
 std::string written(const FormPart& part) {
   std::string numbers;
   for (const int line : part.lines) numbers += "," + std::to_string(line);
@@ -71,20 +58,20 @@ std::string written(const FormPart& part) {
 std::string written(const FormTable& table) {
   const auto row = [](const FormTable::Row& its) { return "[" + json(its.where) + "," + json(its.given) + "]"; };
   return "{\"name\":" + json(table.name) + ",\"of\":" + json(table.of) + ",\"used\":" + std::to_string(table.used) +
-         ",\"rows\":" + list(table.rows, row) + "}";
+         ",\"rows\":" + jsonList(table.rows, row) + "}";
 }
 
 std::string written(const FormLine& line) {
   const auto part = [](const FormPart& its) { return written(its); };
   return "{" + (line.number == 0 ? "" : "\"line\":" + std::to_string(line.number) + ",") +
-         "\"parts\":" + list(line.parts, part) + ",\"figure\":" + json(line.figure) +
+         "\"parts\":" + jsonList(line.parts, part) + ",\"figure\":" + json(line.figure) +
          ",\"spoken\":" + json(line.spoken) + (line.table ? ",\"table\":" + written(*line.table) : "") + "}";
 }
 
 std::string written(const Form& form) {
   const auto line = [](const FormLine& its) { return written(its); };
   return "{\"title\":" + json(form.title) + ",\"figure\":" + json(form.figure) +
-         ",\"lines\":" + list(form.lines, line) + "}";
+         ",\"lines\":" + jsonList(form.lines, line) + "}";
 }
 
 }  // namespace
@@ -93,8 +80,8 @@ std::string formsAsJson(const Trace& trace) {
   const std::vector<Explanation> explanations = explain(trace);
   const auto entry = [](const auto& its) { return "[" + json(its.first) + "," + json(its.second) + "]"; };
   const auto form = [](const Form& its) { return written(its); };
-  return "{\"heading\":" + list(headingOf(trace, explanations), entry) +
-         ",\"forms\":" + list(formsOf(explanations), form) + "}";
+  return "{\"heading\":" + jsonList(headingOf(trace, explanations), entry) +
+         ",\"forms\":" + jsonList(formsOf(explanations), form) + "}";
 }
 
 const char* nameOf(Test test) {
@@ -104,13 +91,10 @@ const char* nameOf(Test test) {
 
 std::string jsonOf(const std::vector<Explanation>& explanations) {
   if (explanations.empty()) return "null";
-  std::string rows;
-  for (const Explanation& row : explanations) {
-    std::string lines;
-    for (const ExplanationLine& line : row.lines) lines += (lines.empty() ? "" : ",") + written(line);
-    rows += (rows.empty() ? "{" : ",") + json(row.title) + ":[" + lines + "]";
-  }
-  return rows + "}";
+  const auto line = [](const ExplanationLine& its) { return written(its); };
+  JsonObject rows;
+  for (const Explanation& row : explanations) rows.add(row.title, jsonList(row.lines, line));
+  return rows.text();
 }
 
 }  // namespace tallyfin

@@ -48,9 +48,9 @@ std::unique_ptr<SettingsStore> storeAt(const std::string& name) {
 }
 
 /// The answer to a line. What no memory is left for has failed as a whole; what it had stored stays.
-std::optional<std::string> answerTo(Session& session, Lines::Outcome outcome, const std::string& line) {
+std::optional<std::string> answerTo(Session& session, Lines::Reading reading, const std::string& line) {
   try {
-    if (outcome == Lines::Outcome::tooLong) return noMemory;
+    if (reading == Lines::Reading::tooLong) return noMemory;
     auto answer = session.answer(line);
     if (answer) *answer += '\n';
     return answer;
@@ -64,9 +64,9 @@ void work(SettingsStore& store) {
   Lines lines;
   std::string line;
   while (true) {
-    const Lines::Outcome outcome = lines.next(line);
-    if (outcome == Lines::Outcome::end) return;
-    if (const auto answer = answerTo(session, outcome, line)) writeOut(*answer);
+    const Lines::Reading reading = lines.next(line);
+    if (reading == Lines::Reading::end) return;
+    if (const auto answer = answerTo(session, reading, line)) writeOut(*answer);
   }
 }
 

@@ -8,7 +8,7 @@
 #include "controls/lists.h"
 #include "controls/output.h"
 #include "controls/texts.h"
-#include "script/words.h"
+#include "explain/jsontext.h"
 
 namespace tallyfin::script {
 

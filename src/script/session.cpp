@@ -12,6 +12,7 @@
 #include "engine/recorder.h"
 #include "explain/explain.h"
 #include "explain/json.h"
+#include "explain/jsontext.h"
 #include "script/properties.h"
 #include "script/words.h"
 #include "ui/screens.h"
@@ -75,19 +76,29 @@ std::string written(const Change::Figure& figure) {
 }
 
 std::string written(const TableRow& row) {
-  return "{\"test\":" + json(nameOf(row.test)) + ",\"bound\":" + json(toText(row.bound)) +
-         ",\"lower\":" + json(toText(row.lower)) + ",\"rate\":" + json(toText(row.rate)) +
-         ",\"plus\":" + json(toText(row.plus)) + "}";
+  return JsonObject()
+      .add("test", json(nameOf(row.test)))
+      .add("bound", json(toText(row.bound)))
+      .add("lower", json(toText(row.lower)))
+      .add("rate", json(toText(row.rate)))
+      .add("plus", json(toText(row.plus)))
+      .text();
+}
+
+std::string written(const Change& change) {
+  return JsonObject()
+      .add("field", json(change.field))
+      .add("from", written(change.from))
+      .add("to", written(change.to))
+      .text();
 }
 
 std::string written(const TracedStatement& statement) {
-  std::string changes;
-  for (const Change& change : statement.changes) {
-    changes += std::string(changes.empty() ? "" : ",") + "{\"field\":" + json(change.field) +
-               ",\"from\":" + written(change.from) + ",\"to\":" + written(change.to) + "}";
-  }
-  return "{\"step\":" + json(statement.title) + ",\"done\":" + (statement.done ? "true" : "false") + ",\"changes\":[" +
-         changes + "]" + (statement.row ? ",\"row\":" + written(statement.row->row()) : "") + "}";
+  JsonObject object;
+  object.add("step", json(statement.title)).add("done", statement.done ? "true" : "false");
+  object.add("changes", jsonList(statement.changes, [](const Change& change) { return written(change); }));
+  if (statement.row) object.add("row", written(statement.row->row()));
+  return object.text();
 }
 
 template <class... Screens>
@@ -178,25 +189,25 @@ std::string Session::clock(const Words& words) {
 
 // --- Addresses -------------------------------------------------------------------------------------------------------
 
-Screen* Session::Target::screen() const { return desk.find(design->name()); }
+Screen* Session::Addressed::screen() const { return desk.find(design->name()); }
 
-Control& Session::Target::live(const Screen& loaded) const { return *loaded.controls()[position]; }
+Control& Session::Addressed::live(const Screen& loaded) const { return *loaded.controls()[position]; }
 
-std::optional<Session::Target> Session::find(const std::string& address) const {
+std::optional<Session::Addressed> Session::find(const std::string& address) const {
   const auto dot = address.find('.');
   const std::string screenName = address.substr(0, dot);
   for (const auto& design : designs_) {
     if (design->name() != screenName) continue;
-    if (dot == std::string::npos) return Target{design.get()};
+    if (dot == std::string::npos) return Addressed{design.get()};
     const std::string controlAddress = address.substr(dot + 1);
     for (std::size_t i = 0; i < design->controls().size(); ++i) {
-      if (design->controls()[i]->address() == controlAddress) return Target{design.get(), design->controls()[i], i};
+      if (design->controls()[i]->address() == controlAddress) return Addressed{design.get(), design->controls()[i], i};
     }
   }
   return std::nullopt;
 }
 
-std::string Session::unreachable(const Target& target) const {
+std::string Session::unreachable(const Addressed& target) const {
   if (!desk.running()) return notRunning;
   if (desk.blocked(target.design->name())) return refused(Refusal::blocked);
   if (target.screen() == nullptr) return notLoaded;
@@ -315,14 +326,14 @@ std::string Session::get(const Words& words) {
 }
 
 std::string Session::pay(const Words& words) {
-  std::string record;
+  JsonObject record;
   std::optional<std::string> text;
   const auto look = [&](const char* name, const auto& field) {
     if (!words.empty() && words[0].text == name) text = toText(field);
-    record += (record.empty() ? "{" : ",") + json(name) + ":" + toText(field);
+    record.add(name, toText(field));
   };
   forEachField(payData, look);
-  const std::string all = record + "}";
+  const std::string all = record.text();
 
   const frmMain* main = desk.find<frmMain>();
   const bool ofTheRecord = words.empty() || text;
@@ -342,7 +353,7 @@ std::string Session::poke(const Words& words) {
   const auto change = [&](const char* name, auto& field) {
     if (words[0].text != name) return;
     known = true;
-    step([&] {
+    unlessItFails([&] {
       assign(field, text);
       fits = true;
     });
@@ -368,27 +379,27 @@ std::string Session::poke(const Words& words) {
 
 std::string Session::storeCommand(const Words& words) {
   if (words.empty()) {
-    std::string sections;
+    JsonObject sections;
     for (const auto& [section, keys] : store_.all()) {
-      std::string entries;
-      for (const auto& [key, text] : keys) entries += (entries.empty() ? "{" : ",") + json(key) + ":" + json(text);
-      sections += (sections.empty() ? "{" : ",") + json(section) + ":" + entries + "}";
+      JsonObject entries;
+      for (const auto& [key, text] : keys) entries.add(key, json(text));
+      sections.add(section, entries.text());
     }
-    return value(sections.empty() ? "{}" : sections + "}");
+    return value(sections.text());
   }
   const std::string& what = words[0].text;
   if (what == "get" && words.size() == 3) {
     std::optional<std::string> text;
-    step([&] { text = store_.read(words[1].text, words[2].text); });
+    unlessItFails([&] { text = store_.read(words[1].text, words[2].text); });
     return value(text ? json(*text) : "null");
   }
   if (what == "put" && words.size() == 4) {
     if (!words[3].quoted) return "! syntax a text stands as a JSON string";
-    step([&] { store_.write(words[1].text, words[2].text, words[3].text); });
+    unlessItFails([&] { store_.write(words[1].text, words[2].text, words[3].text); });
     return ok;
   }
   if (what == "erase" && words.size() == 3) {
-    step([&] { store_.erase(words[1].text, words[2].text); });
+    unlessItFails([&] { store_.erase(words[1].text, words[2].text); });
     return ok;
   }
   return what == "get" || what == "put" || what == "erase" ? missing : "! unknown command";
@@ -406,7 +417,7 @@ std::string Session::screens(const Words& /*words*/) {
     if (!screen->shown()) hidden.push_back(screen->name());
   }
   std::sort(hidden.begin(), hidden.end());
-  return value("{\"shown\":" + json(shown) + ",\"hidden\":" + json(hidden) + "}");
+  return value(JsonObject().add("shown", json(shown)).add("hidden", json(hidden)).text());
 }
 
 std::string Session::controls(const Words& words) {
@@ -424,9 +435,7 @@ std::string Session::trace(const Words& /*words*/) {
   if (!desk.running()) return notRunning;
   const Trace* trace = lastTrace();
   if (trace == nullptr) return value("null");
-  std::string list;
-  for (const TracedStatement& statement : trace->statements) list += (list.empty() ? "" : ",") + written(statement);
-  return value("[" + list + "]");
+  return value(jsonList(trace->statements, [](const TracedStatement& statement) { return written(statement); }));
 }
 
 std::string Session::explain(const Words& /*words*/) {

@@ -56,7 +56,7 @@ class Session {
 
   /// What an address names: a control, or the screen itself. It is looked up on a screen of the same build that is
   /// never loaded, so addresses are known whether or not their screen is.
-  struct Target {
+  struct Addressed {
     const Screen* design = nullptr;
     const Control* control = nullptr;
     std::size_t position = 0;
@@ -95,9 +95,9 @@ class Session {
   std::string explain(const Words& words);
   std::string printed(const Words& words);
 
-  std::optional<Target> find(const std::string& address) const;
+  std::optional<Addressed> find(const std::string& address) const;
   /// Why nothing can be done to the target at all; empty where it can.
-  std::string unreachable(const Target& target) const;
+  std::string unreachable(const Addressed& target) const;
   template <class Kind, class Act>
   std::string actOn(const std::string& address, Act act);
   template <class OnScreen, class OnControl>

@@ -13,7 +13,7 @@
 
 namespace tallyfin::script {
 
-Lines::Outcome Lines::next(std::string& line) {
+Lines::Reading Lines::next(std::string& line) {
   line.clear();
   bool fits = true;
   bool begun = false;
@@ -28,10 +28,10 @@ Lines::Outcome Lines::next(std::string& line) {
       fits = false;
       std::string().swap(line);
     }
-    if (length != std::string_view::npos) return fits ? Outcome::line : Outcome::tooLong;
+    if (length != std::string_view::npos) return fits ? Reading::line : Reading::tooLong;
   }
-  if (!begun || endingSignal() != 0) return Outcome::end;  // half a line isn't what was meant
-  return fits ? Outcome::line : Outcome::tooLong;
+  if (!begun || endingSignal() != 0) return Reading::end;  // half a line isn't what was meant
+  return fits ? Reading::line : Reading::tooLong;
 }
 
 /// False at the end of the input, or when a signal has come.

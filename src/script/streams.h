@@ -17,13 +17,13 @@ struct Trouble : std::runtime_error {
 /// The lines of standard input, until a signal comes that ends the program.
 class Lines {
  public:
-  enum class Outcome {
+  enum class Reading {
     line,
     tooLong,  ///< There was no memory for it; the next line follows.
     end
   };
 
-  Outcome next(std::string& line);
+  Reading next(std::string& line);
 
  private:
   bool fill();

@@ -41,20 +41,4 @@ std::optional<std::vector<Word>> wordsOf(std::string_view line) {
   }
 }
 
-std::string json(std::string_view text) {
-  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
-
-std::string json(const std::vector<std::string>& texts) {
-  std::string list = "[";
-  for (const std::string& text : texts) list += (list.size() > 1 ? "," : "") + json(text);
-  return list + "]";
-}
-
-std::string json(const std::vector<std::vector<std::string>>& rows) {
-  std::string list = "[";
-  for (const auto& row : rows) list += (list.size() > 1 ? "," : "") + json(row);
-  return list + "]";
-}
-
 }  // namespace tallyfin::script

@@ -67,7 +67,7 @@ void frmState::Clear() {
 
 void frmState::Load() {
   Clear();
-  step([&] { cboState.setIndex(desk.use<frmMain>().cboState.index()); });  // shapes the screen
+  unlessItFails([&] { cboState.setIndex(desk.use<frmMain>().cboState.index()); });  // shapes the screen
   cboSpecialDeps.setText(cboSpecialDeps.entries().front());  // the saved value, not the state's default, is what counts
   sta401 = "N";
   staPreTax = "N";
@@ -75,8 +75,8 @@ void frmState::Load() {
   cboDeps[1].setText(settings::illDeps.text());
   cboSpecialDeps.setText(settings::staExmp.text());
   mskAdditional.setText(settings::staAdd.text());
-  step([&] { payData.staMarried = settings::staMarried.number(); });
-  step([&] { staRate = settings::staRate.number(); });
+  unlessItFails([&] { payData.staMarried = settings::staMarried.number(); });
+  unlessItFails([&] { staRate = settings::staRate.number(); });
   sta401 = settings::sta401.text();
   staPreTax = settings::staPreTax.text();
   chkExemp[0].setValue(sta401 != "N");
@@ -100,7 +100,7 @@ void frmState::Unload() {
   settings::staMarried.save(payData.staMarried);
   settings::staRate.save(staRate);
   settings::staMethod.save(cboSpecialDeps.index());  // nothing reads it
-  step([&] { desk.use<frmMain>().cboState.setIndex(cboState.index()); });
+  unlessItFails([&] { desk.use<frmMain>().cboState.setIndex(cboState.index()); });
   settings::sta401.save(sta401);
   settings::staPreTax.save(staPreTax);
 }
@@ -144,7 +144,7 @@ void frmState::cboDeps_Click(int index) {
 
 void frmState::cboSpecialDeps_Click() {
   if (cboState.index() == state::maryland) {
-    step([&] { payData.mMethod = toInt16(cboSpecialDeps.text()); });
+    unlessItFails([&] { payData.mMethod = toInt16(cboSpecialDeps.text()); });
   } else if (cboState.index() == state::michigan) {
     payData.mMethod = cboSpecialDeps.index();
     settings::mMethod.save(payData.mMethod);

@@ -76,7 +76,7 @@ MDIOpen::MDIOpen()
 }
 
 void MDIOpen::Load() {
-  step([] { payData.dontShow = settings::dontShow.number(); });
+  unlessItFails([] { payData.dontShow = settings::dontShow.number(); });
   title = "Tallyfin 99";
   if (payData.dontShow == 0) desk.openInstead<frmName>();
   if (payData.dontShow == 1) desk.openInstead<frmMain>();

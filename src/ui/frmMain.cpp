@@ -71,18 +71,18 @@ void frmMain::Load() {
   txtPreTax.setText(settings::notTax.text());
   txtPreFICA.setText(settings::ssExmp.text());
   txtHours.setText(settings::hours.text());
-  step([&] { cboState.setEntry(settings::state.number().value()); });  // may open the state options
-  step([&] { cboExemptions.setEntry(settings::deps.number().value()); });
-  step([&] { payData.frequency = settings::frequency.numberOr(lstFrequency.index()); });
-  step([&] { payData.maritalStat = settings::maritalStat.number(); });
+  unlessItFails([&] { cboState.setEntry(settings::state.number().value()); });  // may open the state options
+  unlessItFails([&] { cboExemptions.setEntry(settings::deps.number().value()); });
+  unlessItFails([&] { payData.frequency = settings::frequency.numberOr(lstFrequency.index()); });
+  unlessItFails([&] { payData.maritalStat = settings::maritalStat.number(); });
   // As stored, not normalised: a rate typed as 2 is 200 percent from here on.
-  step([&] { payData.localRate = realOf(settings::local.text()); });
+  unlessItFails([&] { payData.localRate = realOf(settings::local.text()); });
   desk.use<frmMisc>().txtTaxPerCnt.setText(toText(payData.localRate));
-  step([&] { payData.mMethod = settings::mMethod.number(); });
-  step([&] { chkSelfEmployed.setValue(settings::self.number() != 0); });
-  step([&] { exemptions = toInt16(cboExemptions.text()); });
+  unlessItFails([&] { payData.mMethod = settings::mMethod.number(); });
+  unlessItFails([&] { chkSelfEmployed.setValue(settings::self.number() != 0); });
+  unlessItFails([&] { exemptions = toInt16(cboExemptions.text()); });
   // Selecting runs the click, which replaces the hours by those of the frequency.
-  step([&] { lstFrequency.setEntry(payData.frequency.value()); });
+  unlessItFails([&] { lstFrequency.setEntry(payData.frequency.value()); });
   recordAllowance(exemptions);
   if (payData.maritalStat >= 0 && payData.maritalStat <= 2) optStatus[payData.maritalStat.value()].select();
   desk.close<frmState>();  // its closing brings the saved state options into the record

@@ -19,9 +19,9 @@ void frmName::Load() {
   txtSSN.setText(settings::uSSN.text());
   txtAddress.setText(settings::uAdd.text());
   txtCity.setText(settings::uCity.text());
-  step([] { payData.maritalStat = settings::maritalStat.number(); });
+  unlessItFails([] { payData.maritalStat = settings::maritalStat.number(); });
   txtSSN.setText(socialSecurityNumber(txtSSN.text()));
-  step([] { payData.dontShow = settings::dontShow.number(); });
+  unlessItFails([] { payData.dontShow = settings::dontShow.number(); });
   if (payData.maritalStat >= 0 && payData.maritalStat <= 2) optMaritalStatus[payData.maritalStat.value()].select();
   if (payData.dontShow == 0) chkShow.setValue(true);
   if (payData.dontShow == 1) chkShow.setValue(false);

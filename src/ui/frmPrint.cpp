@@ -51,7 +51,7 @@ void frmPrint::buildReport() {
 
 void frmPrint::udZoom_Change() {
   lblShowSize.setCaption(std::to_string(udZoom.value()));
-  step([&] { vsPrinter1.setZoom(toInt16(lblShowSize.caption()).value()); });
+  unlessItFails([&] { vsPrinter1.setZoom(toInt16(lblShowSize.caption()).value()); });
 }
 
 }  // namespace tallyfin

@@ -27,7 +27,7 @@ frm2Workers::frm2Workers() : Screen(screenName, "Two-Earner/Two-Job Worksheet") 
   cmdPersWrkCalc[2].visible = false;  // until Table 1 settles line 3
 
   lbl2Wker3.onChange = [this] {
-    step([&] {
+    unlessItFails([&] {
       if (realOf(lbl2Wker3.caption()) < 0) lbl2Wker3.setCaption("0");
     });
   };
@@ -66,7 +66,7 @@ void frm2Workers::goForward() {
   pnl2Workers[1].moveTo(0, 0);
   // Line 5 is filled from the allowances that Table 1 has just overwritten, not from line 1.
   lbl2WkerResult5.setCaption(toText(payData.w4Allowances));
-  step([&] {
+  unlessItFails([&] {
     lbl2WkerResult6.setCaption(toText(realOf(lbl2WkerResult4.caption()) - realOf(lbl2WkerResult5.caption())));
   });
   pnl2Workers[0].left = Panel::outOfSight;
@@ -81,8 +81,8 @@ void frm2Workers::goBack() {
 void frm2Workers::cmdPersWrkCalc_Click(int index) {
   zeroIfEmpty(lbl2WkerResult6);
   if (lblTable2.text().empty()) lblTable2.setText("0");
-  step([&] { line6 = toInt16(lbl2WkerResult6.caption()); });
-  step([&] { line7 = toMoney(lblTable2.text()); });
+  unlessItFails([&] { line6 = toInt16(lbl2WkerResult6.caption()); });
+  unlessItFails([&] { line7 = toMoney(lblTable2.text()); });
   switch (index) {
     case 0: return calculate();
     case 1:
@@ -96,10 +96,10 @@ void frm2Workers::cmdPersWrkCalc_Click(int index) {
 
 /// Lines 8 and 9.
 void frm2Workers::calculate() {
-  step([&] { line8 = line7 * line6; });
+  unlessItFails([&] { line8 = line7 * line6; });
   lblMultiply8.setText(toText(line8));
   if (txtNumPayDays.text().empty()) txtNumPayDays.setText("1");
-  step([&] { payData.w4TwoEarnerAmt = fromReal(toReal(line8) / realOf(txtNumPayDays.text())); });
+  unlessItFails([&] { payData.w4TwoEarnerAmt = fromReal(toReal(line8) / realOf(txtNumPayDays.text())); });
   lblDollarAmt.setText(toText(payData.w4TwoEarnerAmt));
 }
 

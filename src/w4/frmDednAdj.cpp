@@ -39,29 +39,29 @@ void frmDednAdj::Load() { backColour = colours::paper; }
 /// Lines 2 and 3; line 3 is worked out nowhere else.
 void frmDednAdj::optDedCategory_Click(int index) {
   Money line1;
-  step([&] { line1 = amountIn(txtGetItemized); });
+  unlessItFails([&] { line1 = amountIn(txtGetItemized); });
   const Money line2 = standardDeduction.at(static_cast<std::size_t>(index));
   lblGetPersDed.setCaption(toText(line2));
   if (line1 == 0) {
     lblSubTotal.setCaption("0");  // the line that is held stays as it was
   } else {
     // No floor, whatever the caption says.
-    step([&] { lblSubTotal.setCaption(toText(line1 - line2)); });
-    step([&] { line3 = toMoney(lblSubTotal.caption()); });
+    unlessItFails([&] { lblSubTotal.setCaption(toText(line1 - line2)); });
+    unlessItFails([&] { line3 = toMoney(lblSubTotal.caption()); });
   }
 }
 
 void frmDednAdj::cmdPersWrkCalc_Click() {
-  step([&] { line4 = amountIn(txtAdjustments); });
-  step([&] { lblTotal5.setCaption(toText(line3 + line4)); });
-  step([&] { line6 = amountIn(txtNonWage); });
-  step([&] { line7 = toMoney(lblTotal5.caption()) - line6; });
+  unlessItFails([&] { line4 = amountIn(txtAdjustments); });
+  unlessItFails([&] { lblTotal5.setCaption(toText(line3 + line4)); });
+  unlessItFails([&] { line6 = amountIn(txtNonWage); });
+  unlessItFails([&] { line7 = toMoney(lblTotal5.caption()) - line6; });
   lblTotal7.setCaption(currency(line7 >= 0 ? line7 : Money{}));
-  step([&] { line8 = integerRounded(std::trunc(realOf(lblTotal7.caption()) / 3000.0)); });
+  unlessItFails([&] { line8 = integerRounded(std::trunc(realOf(lblTotal7.caption()) / 3000.0)); });
   lblDivide.setCaption(toText(line8));
   // Each further press adds line 8 once more, while line 9 on the screen still shows the old number.
-  step([&] { lblTotal10.setCaption(toText(line8 + payData.w4Allowances)); });
-  step([&] { payData.w4Allowances = toInt16(lblTotal10.caption()); });
+  unlessItFails([&] { lblTotal10.setCaption(toText(line8 + payData.w4Allowances)); });
+  unlessItFails([&] { payData.w4Allowances = toInt16(lblTotal10.caption()); });
 }
 
 void frmDednAdj::cmdW4Back_Click(int index) {

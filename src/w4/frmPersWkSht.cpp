@@ -68,12 +68,12 @@ void frmPersWkSht::cmdPersWrkCalc_Click() {
   if (chkPersWkShtA[0].value()) lineA = 1;
   if (chkPersWkShtA[1].value()) lineB = 1;
   if (chkPersWkShtA[2].value()) lineC = 1;
-  step([&] { lineG = txtChild.text().empty() ? 0 : toInt16(txtChild.text()); });
+  unlessItFails([&] { lineG = txtChild.text().empty() ? 0 : toInt16(txtChild.text()); });
   lineD = txtPersWkEnterDeps.text().empty() ? "0" : txtPersWkEnterDeps.text();
   if (chkPersWkShtA[3].value()) lineF = 1;
   if (chkPersWkShtA[4].value()) lineE = 1;
   // Line D is a text, so the sum is a real one that becomes a whole number at its end.
-  step([&] {
+  unlessItFails([&] {
     payData.w4Allowances = integerRounded(lineA + lineB + lineC + realOf(lineD) + lineE + lineF + toReal(lineG));
   });
   lblTotalDepsClaim.setCaption(toText(payData.w4Allowances));

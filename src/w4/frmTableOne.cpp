@@ -99,7 +99,7 @@ void frmTableOne::takeFromTable1() {
   worksheet.lbl2WkerResult4.setCaption(number);
   // Compared as texts, character by character: "9" is greater than "10".
   if (worksheet.lblDedFromG.caption() >= worksheet.lbl2WkerT1.caption()) {
-    step([&] {
+    unlessItFails([&] {
       payData.w4TableValue = toInt16(worksheet.lblDedFromG.caption()) - toInt16(worksheet.lbl2WkerT1.caption());
     });
     worksheet.lbl2Wker3.setCaption(toText(payData.w4TableValue));

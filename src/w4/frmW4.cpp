@@ -16,7 +16,7 @@ namespace {
 void setAs(OptionButton& button, std::string text) {
   std::transform(text.begin(), text.end(), text.begin(),
                  [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  step([&] {
+  unlessItFails([&] {
     const bool set = text == "true" || (text != "false" && realOf(text) != 0);
     set ? button.select() : button.deselect();
   });

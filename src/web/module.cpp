@@ -13,6 +13,7 @@
 #include "engine/recorder.h"
 #include "engine/settingsstore.h"
 #include "explain/json.h"
+#include "explain/jsontext.h"
 #include "explain/shares.h"
 #include "platform/platform.h"
 #include "script/session.h"
@@ -71,7 +72,7 @@ class PageStore : public SettingsStore {
  private:
   /// What the storage gives back; none where it failed.
   static std::optional<std::vector<script::Word>> carryOut(const std::vector<std::string>& request) {
-    const std::unique_ptr<char, decltype(&std::free)> texts(pageStores(script::json(request).c_str()), std::free);
+    const std::unique_ptr<char, decltype(&std::free)> texts(pageStores(json(request).c_str()), std::free);
     if (!texts) return std::nullopt;
     return script::wordsOf(texts.get());
   }
@@ -110,7 +111,7 @@ class Changes final : public DeskWatcher {
   void discarded(Screen& screen) override { addresses_.insert(screen.name()); }
 
   std::string take() {
-    std::string list = script::json(std::vector<std::string>(addresses_.begin(), addresses_.end()));
+    std::string list = json(std::vector<std::string>(addresses_.begin(), addresses_.end()));
     addresses_.clear();
     return list;
   }
@@ -150,7 +151,7 @@ std::string explained() {
   if (trace == nullptr) return "null";
   std::vector<std::vector<std::string>> shares;
   for (const Share& share : sharesOf(*trace)) shares.push_back({shareText(share), toText(share.fraction)});
-  return "{\"shares\":" + script::json(shares) + ",\"sentence\":" + script::json(sharesText(*trace)) + "," +
+  return "{\"shares\":" + json(shares) + ",\"sentence\":" + json(sharesText(*trace)) + "," +
          formsAsJson(*trace).substr(1);
 }
 

@@ -29,18 +29,19 @@ void frmAnalysis::Load() {
   const Money gross = payData.grossPay;
   const auto show = [this](int row, const std::string& figure) { lblOne[row].setCaption(figure); };
   // A figure that can't be worked out leaves its label empty.
-  step([&] { show(0, currency(toReal(gross) / hours())); });
-  step([&] { show(1, currency(toReal(gross - taxes()) / hours())); });
-  step([&] { show(2, currency(toReal(gross - withheld()) / hours())); });
-  step([&] { show(3, percentage(toReal(taxes()) / toReal(gross))); });
-  step([&] { show(4, percentage(toReal(withheld()) / toReal(gross))); });
+  unlessItFails([&] { show(0, currency(toReal(gross) / hours())); });
+  unlessItFails([&] { show(1, currency(toReal(gross - taxes()) / hours())); });
+  unlessItFails([&] { show(2, currency(toReal(gross - withheld()) / hours())); });
+  unlessItFails([&] { show(3, percentage(toReal(taxes()) / toReal(gross))); });
+  unlessItFails([&] { show(4, percentage(toReal(withheld()) / toReal(gross))); });
   // The pre-tax amount is added to the divisor, although the caption speaks of the wage after it.
-  step([&] { show(5, percentage(toReal(payData.fedTax) / toReal(gross - payData.amt401k + payData.preTax))); });
-  step([&] { show(6, percentage(toReal(payData.fedTax) / toReal(gross))); });
-  step([&] { show(7, percentage(toReal(payData.stateTax) / toReal(gross))); });
+  unlessItFails(
+      [&] { show(5, percentage(toReal(payData.fedTax) / toReal(gross - payData.amt401k + payData.preTax))); });
+  unlessItFails([&] { show(6, percentage(toReal(payData.fedTax) / toReal(gross))); });
+  unlessItFails([&] { show(7, percentage(toReal(payData.stateTax) / toReal(gross))); });
   // The year goes by the cents that the first two rows show.
-  step([&] { show(8, currency(realOf(lblOne[0].caption()) * yearlyHours)); });
-  step([&] { show(9, currency(realOf(lblOne[1].caption()) * yearlyHours)); });
+  unlessItFails([&] { show(8, currency(realOf(lblOne[0].caption()) * yearlyHours)); });
+  unlessItFails([&] { show(9, currency(realOf(lblOne[1].caption()) * yearlyHours)); });
 }
 
 }  // namespace tallyfin

@@ -40,16 +40,16 @@ void frmMisc::Load() {
     box->backColour = colours::boxGround;
   }
   // The old wage is that of this moment: a changed income reaches it only when the screen is opened afresh.
-  step([&] {
+  unlessItFails([&] {
     const frmMain& main = desk.use<frmMain>();
     const double income = realOf(main.txtIncome.text());
     if (income != 0) lblOldShow.setCaption(toText(income / realOf(main.txtHours.text())));
   });
   // As stored, not normalised. The page of the local tax is in sight while the screen loads, even if the page of the
   // raise was asked for.
-  step([&] { payData.localRate = realOf(settings::local.text()); });
-  step([&] { payData.applyTo = settings::applyTo.number(); });
-  step([&] { lstGrossPay.setEntry(settings::applyToDisp.number().value()); });
+  unlessItFails([&] { payData.localRate = realOf(settings::local.text()); });
+  unlessItFails([&] { payData.applyTo = settings::applyTo.number(); });
+  unlessItFails([&] { lstGrossPay.setEntry(settings::applyToDisp.number().value()); });
 }
 
 void frmMisc::Unload() {
@@ -95,25 +95,26 @@ void frmMisc::raise() {
   payData.incomeSource = 1;
   if (percent.text().empty()) {
     // The divisor is the new wage: from 10 to 11 is 9.09%.
-    step([&] {
+    unlessItFails([&] {
       const double wage = realOf(newWage.text());
       percent.setText(toText(roundedForDisplay((wage - oldWage()) / wage * 100)) + "%");
     });
   }
   if (newWage.text().empty()) {
-    step([&] {
+    unlessItFails([&] {
       if (realOf(percent.text()) >= 1) percent.setText(toText(realOf(percent.text()) / 100));
     });
-    step([&] { newWage.setText(toText(oldWage() + realOf(percent.text()) * oldWage())); });
-    step([&] { payData.taxableWage = fromReal(realOf(percent.text()) * toReal(payData.grossPay)) + payData.grossPay; });
+    unlessItFails([&] { newWage.setText(toText(oldWage() + realOf(percent.text()) * oldWage())); });
+    unlessItFails(
+        [&] { payData.taxableWage = fromReal(realOf(percent.text()) * toReal(payData.grossPay)) + payData.grossPay; });
   }
   // By a new wage, taxableWage is still the reduced base of the last calculation, and Calculate takes that for income.
   frmMain& main = desk.use<frmMain>();
-  step([&] { main.txtIncome.setText(toText(realOf(newWage.text()) * realOf(main.txtHours.text()))); });
+  unlessItFails([&] { main.txtIncome.setText(toText(realOf(newWage.text()) * realOf(main.txtHours.text()))); });
   // Rounds the text that stands there, with its 15 digits, and not the product: 3553.265 becomes 3553.26.
-  step([&] { main.txtIncome.setText(toText(roundedForDisplay(realOf(main.txtIncome.text())))); });
+  unlessItFails([&] { main.txtIncome.setText(toText(roundedForDisplay(realOf(main.txtIncome.text())))); });
   Calculate();
-  step([&] { newWage.setText(currency(roundedForDisplay(realOf(newWage.text())))); });
+  unlessItFails([&] { newWage.setText(currency(roundedForDisplay(realOf(newWage.text())))); });
 }
 
 }  // namespace tallyfin

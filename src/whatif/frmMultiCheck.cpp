@@ -15,7 +15,7 @@ frmMultiCheck::frmMultiCheck() : Screen(screenName, "Multiple Check Worksheet") 
 
   const auto column = [this](ControlArray<OptionButton, 4>& options, Label& heading, auto monthly) {
     options.on(&OptionButton::onClick, [this, monthly](int check) {
-      step([&] { checkAmount.at(check) = monthly(txtCheck.at(check)->text()); });
+      unlessItFails([&] { checkAmount.at(check) = monthly(txtCheck.at(check)->text()); });
       TrimCheck(check);
     });
     options.on(&OptionButton::onGotFocus, [&heading](int) { heading.foreColour = colours::highlight; });
@@ -36,14 +36,14 @@ void frmMultiCheck::Load() { backColour = colours::paper; }
 /// Shows a check's monthly amount and cuts it to the cents that are shown.
 void frmMultiCheck::TrimCheck(int check) {
   lblCheck.at(check)->setCaption(currency(checkAmount.at(check)));
-  step([&] { checkAmount.at(check) = toMoney(lblCheck.at(check)->caption()); });
+  unlessItFails([&] { checkAmount.at(check) = toMoney(lblCheck.at(check)->caption()); });
 }
 
 void frmMultiCheck::cmdCalc_Click() {
   for (std::size_t check = 0; check < txtCheck.size(); ++check) {
     if (txtCheck.at(check)->text().empty()) checkAmount.at(check) = 0;
   }
-  step([&] { payData.multiCheckTotal = checkAmount[0] + checkAmount[1] + checkAmount[2] + checkAmount[3]; });
+  unlessItFails([&] { payData.multiCheckTotal = checkAmount[0] + checkAmount[1] + checkAmount[2] + checkAmount[3]; });
   lblMultiTotal.setCaption(currency(payData.multiCheckTotal));
 }
 

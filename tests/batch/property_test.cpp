@@ -10,8 +10,8 @@
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 #include "engine/statelist.h"
+#include "explain/jsontext.h"
 #include "script/session.h"
-#include "script/words.h"
 
 /// A row gives what the program itself shows: started on a store with the row's choices, its boxes filled, Calculate
 /// pressed.
@@ -142,9 +142,7 @@ std::string shown(const Cells& cells) {
 
   script::Session session(store);
   const auto act = [&](const std::string& line) { RC_ASSERT(session.answer(line).value_or("") == "ok"); };
-  const auto type = [&](const std::string& box, const std::string& text) {
-    act("type " + box + " " + script::json(text));
-  };
+  const auto type = [&](const std::string& box, const std::string& text) { act("type " + box + " " + json(text)); };
   act("start");
   type("frmMain.txtIncome", cells.at("income").stored);
   type("frmMain.txt401k", cells.at("rate_401k").stored);
