@@ -36,6 +36,14 @@ std::vector<Screen*> Desk::loaded() const {
   return screens;
 }
 
+std::vector<Screen*> Desk::boxes() const {
+  std::vector<Screen*> boxes;
+  for (Screen* screen : loaded()) {
+    if (screen->place() == Place::box) boxes.insert(boxes.begin(), screen);
+  }
+  return boxes;
+}
+
 Desk::Seat* Desk::seatOf(const Screen& screen) {
   const auto seat =
       std::find_if(seats_.begin(), seats_.end(), [&](const Seat& s) { return s.screen.get() == &screen; });

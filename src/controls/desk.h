@@ -73,8 +73,10 @@ class Desk {
   Screen* activeDocument() const { return documents_.empty() ? nullptr : documents_.front(); }
   /// The shown documents from front to back.
   const std::vector<Screen*>& documents() const { return documents_; }
-  /// All loaded screens, in no particular order.
+  /// All loaded screens, in the order in which they were loaded.
   std::vector<Screen*> loaded() const;
+  /// The loaded boxes above the frame from front to back.
+  std::vector<Screen*> boxes() const;
 
   /// The control that has the focus: one for the whole program.
   Control* focused() const { return focused_; }

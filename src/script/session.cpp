@@ -409,9 +409,7 @@ std::string Session::screens(const Words& /*words*/) {
   if (!desk.running()) return notRunning;
   std::vector<std::string> shown;
   std::vector<std::string> hidden;
-  for (const char* box : {MsgBox::screenName, frmAbt::screenName}) {
-    if (desk.find(box) != nullptr) shown.emplace_back(box);
-  }
+  for (const Screen* box : desk.boxes()) shown.push_back(box->name());
   for (const Screen* screen : desk.documents()) shown.push_back(screen->name());
   for (const Screen* screen : desk.loaded()) {
     if (!screen->shown()) hidden.push_back(screen->name());

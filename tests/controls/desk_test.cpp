@@ -47,6 +47,14 @@ TEST_F(ScreenLife, CreatesAndLoadsAScreenAtItsFirstUse) {
   EXPECT_THAT(stack(), IsEmpty());
 }
 
+TEST_F(ScreenLife, HoldsBoxesFromFrontToBack) {
+  desk.show<First>();
+  EXPECT_THAT(desk.boxes(), IsEmpty());
+  desk.show<SmallBox>();
+  desk.show<SecondBox>();
+  EXPECT_THAT(desk.boxes(), ElementsAre(desk.find<SecondBox>(), desk.find<SmallBox>()));
+}
+
 TEST_F(ScreenLife, LoadsThenActivatesWhatIsShown) {
   desk.show<First>();
   EXPECT_THAT(happened(), ElementsAre("First Load", "First Activate"));

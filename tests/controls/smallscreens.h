@@ -48,6 +48,11 @@ struct SmallBox final : RecordedScreen {
   CommandButton OK{*this, "OK"};
 };
 
+struct SecondBox final : RecordedScreen {
+  static constexpr const char* screenName = "Second box";
+  SecondBox() : RecordedScreen(screenName, "", Place::box) {}
+};
+
 /// A document; its control events go into the journal under the control's name.
 class Document : public RecordedScreen {
  public:

@@ -379,7 +379,8 @@ void DesktopHelp::openTopic(const QString& file, const QString& id) {
 
 void DesktopHelp::openForActiveDocument() {
   const Screen* screen = desk.activeDocument();
-  if (const Screen* box = desk.find("frmAbt"); box != nullptr && QApplication::activeWindow() != frame_) screen = box;
+  const std::vector<Screen*> boxes = desk.boxes();
+  if (!boxes.empty() && QApplication::activeWindow() != frame_) screen = boxes.front();
   const QWidget* front = QApplication::activeWindow();
   QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
   if (front != nullptr && front->objectName() == QLatin1String("explanation")) id = QStringLiteral("explained");
