@@ -48,12 +48,13 @@ void CheckBox::click() {
 }
 
 ListBarItem::ListBarItem(Screen& screen, const std::string& name, const std::string& key, std::string group,
-                         std::string caption, std::string picture)
+                         std::string caption, std::string picture, std::string shortcut)
     : Clickable(screen, name, key),
       key_(key),
       group_(std::move(group)),
       caption_(std::move(caption)),
-      picture_(std::move(picture)) {}
+      picture_(std::move(picture)),
+      shortcut_(std::move(shortcut)) {}
 
 void ListBarItem::pointerOver(bool over) {
   highlighted_ = over;

@@ -88,13 +88,15 @@ class CheckBox : public Clickable {
 class ListBarItem : public Clickable {
  public:
   ListBarItem(Screen& screen, const std::string& name, const std::string& key, std::string group, std::string caption,
-              std::string picture);
+              std::string picture, std::string shortcut);
 
   const std::string& key() const { return key_; }
   const std::string& group() const { return group_; }
   const std::string& caption() const { return caption_; }
   /// The name of its picture.
   const std::string& picture() const { return picture_; }
+  /// The keys that press it on every page, "Ctrl+N".
+  const std::string& shortcut() const { return shortcut_; }
   bool highlighted() const { return highlighted_; }
 
  protected:
@@ -105,6 +107,7 @@ class ListBarItem : public Clickable {
   std::string group_;
   std::string caption_;
   std::string picture_;
+  std::string shortcut_;
   bool highlighted_ = false;
 };
 

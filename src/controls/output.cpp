@@ -1,11 +1,17 @@
 #include "controls/output.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "engine/numbertext.h"
 
 namespace tallyfin {
+
+const char* nameOf(RowKind kind) {
+  constexpr std::array names{"line", "heading", "group", "total", "result", "blank"};
+  return names.at(static_cast<std::size_t>(kind));
+}
 
 Grid::Cells Grid::split(const std::string& text) const {
   Cells fields(1);
@@ -24,17 +30,15 @@ Grid::Cells Grid::split(const std::string& text) const {
   return fields;
 }
 
-void Grid::addRow(const std::string& text, RowKind kind) {
-  rows_.push_back(text);
-  kinds_.push_back(kind);
-  cells_.push_back(split(text));
-  changed();
-}
-
-void Grid::removeAll() {
+void Grid::setRows(const std::vector<GridRow>& rows) {
   rows_.clear();
   cells_.clear();
   kinds_.clear();
+  for (const GridRow& row : rows) {
+    rows_.push_back(row.text);
+    cells_.push_back(split(row.text));
+    kinds_.push_back(row.kind);
+  }
   changed();
 }
 
@@ -50,6 +54,15 @@ std::vector<std::string> splitAt(const std::string& text, char divider) {
     }
   }
   return pieces;
+}
+
+/// The kind of a row below the heading.
+RowKind kindOf(const PrintEngine::Cells& cells, const std::vector<std::string>& totals) {
+  const std::string& title = cells.front();
+  if (std::all_of(cells.begin() + 1, cells.end(), [](const std::string& cell) { return cell.empty(); })) {
+    return title.empty() ? RowKind::blank : RowKind::group;
+  }
+  return std::find(totals.begin(), totals.end(), title) != totals.end() ? RowKind::total : RowKind::line;
 }
 
 }  // namespace
@@ -84,8 +97,7 @@ void PrintEngine::addTable(std::string table, const std::vector<std::string>& to
   for (std::size_t row = 1; row < rows.size(); ++row) {
     cells_.push_back(splitAt(rows[row], '|'));
     cells_.back().resize(columns_.size());
-    const bool total = std::find(totals.begin(), totals.end(), cells_.back().front()) != totals.end();
-    kinds_.push_back(row == 1 ? RowKind::heading : total ? RowKind::total : RowKind::line);
+    kinds_.push_back(row == 1 ? RowKind::heading : kindOf(cells_.back(), totals));
   }
 }
 

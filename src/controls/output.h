@@ -10,10 +10,24 @@
 namespace tallyfin {
 
 /// What a row of a table is to its reader.
-enum class RowKind { line, heading, total, result };
+enum class RowKind {
+  line,
+  heading,  ///< Of the columns.
+  group,    ///< The heading of the rows below it: words without a figure.
+  total,
+  result,
+  blank,
+};
+/// "line", "heading", ...
+const char* nameOf(RowKind kind);
 
-/// A grid of two columns, "Title" and "Value". A row comes as one text whose fields are divided by the separator and
-/// may be enclosed in the delimiter; a value that is a number is displayed as currency.
+/// A row of a grid as one text whose fields are divided by the separator and may be enclosed in the delimiter.
+struct GridRow {
+  std::string text;
+  RowKind kind = RowKind::line;
+};
+
+/// A grid of two columns, "Title" and "Value". A value that is a number is displayed as currency.
 class Grid : public Control {
  public:
   using Control::Control;
@@ -21,14 +35,15 @@ class Grid : public Control {
 
   void setFieldDelimiter(char delimiter) { delimiter_ = delimiter; }
   void setFieldSeparator(char separator) { separator_ = separator; }
-  void addRow(const std::string& text, RowKind kind = RowKind::line);
-  void removeAll();
+  /// Puts rows in place of all that stood there; notifies once.
+  void setRows(const std::vector<GridRow>& rows);
+  void removeAll() { setRows({}); }
 
   /// The rows as they were added.
   const std::vector<std::string>& rows() const { return rows_; }
   /// The rows as they are displayed, two cells each.
   const std::vector<Cells>& cells() const { return cells_; }
-  RowKind kind(std::size_t row) const { return kinds_[row]; }
+  const std::vector<RowKind>& kinds() const { return kinds_; }
 
  private:
   Cells split(const std::string& text) const;
@@ -61,7 +76,7 @@ class PrintEngine : public Control {
   void setHeader(std::string header) { header_ = std::move(header); }
   void setFooter(std::string footer) { footer_ = std::move(footer); }
   void setFont(int points, bool bold, bool italic);
-  /// The rows of these titles are totals.
+  /// The rows of these titles are totals; the kinds of the others follow from their cells.
   void addTable(std::string table, const std::vector<std::string>& totals = {});
   void setZoom(int percent);
 
@@ -74,7 +89,7 @@ class PrintEngine : public Control {
   const std::vector<PrintColumn>& columns() const { return columns_; }
   /// The table as it is laid out, heading row first.
   const std::vector<Cells>& cells() const { return cells_; }
-  RowKind kind(std::size_t row) const { return kinds_[row]; }
+  const std::vector<RowKind>& kinds() const { return kinds_; }
   int zoom() const { return zoom_; }
   /// Pages of the document that stands; 0 before the first.
   int pages() const { return pages_; }

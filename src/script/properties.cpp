@@ -88,9 +88,21 @@ Value ofKind(const Panel& panel, std::string_view name) {
   return std::nullopt;
 }
 
+std::string written(const std::vector<RowKind>& kinds) {
+  return jsonList(kinds, [](RowKind kind) { return json(nameOf(kind)); });
+}
+
+std::string written(const PrintColumn& column) {
+  return JsonObject()
+      .add("align", json(column.rightAligned ? "right" : "left"))
+      .add("width", std::to_string(column.width))
+      .text();
+}
+
 Value ofKind(const Grid& grid, std::string_view name) {
   if (name == "rows") return json(grid.rows());
   if (name == "cells") return json(grid.cells());
+  if (name == "kinds") return written(grid.kinds());
   return std::nullopt;
 }
 
@@ -98,7 +110,11 @@ Value ofKind(const PrintEngine& engine, std::string_view name) {
   if (name == "header") return json(engine.header());
   if (name == "footer") return json(engine.footer());
   if (name == "table") return json(engine.table());
+  if (name == "columns") {
+    return jsonList(engine.columns(), [](const PrintColumn& column) { return written(column); });
+  }
   if (name == "cells") return json(engine.cells());
+  if (name == "kinds") return written(engine.kinds());
   if (name == "zoom") return std::to_string(engine.zoom());
   if (name == "pages") return std::to_string(engine.pages());
   return std::nullopt;

@@ -20,6 +20,9 @@ class MDIOpen final : public Screen {
 
   std::array<ListBarItem, 14> SSListBar1;
 
+  /// The item that leads to the page of this name, or to the one from which it opens; null for other screens.
+  const ListBarItem* itemOf(std::string_view page) const;
+
   /// The user asks for a window state; the frame springs back to normal.
   Refusal userResize(WindowState state);
 

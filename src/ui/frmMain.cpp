@@ -174,7 +174,9 @@ void frmMain::clearCommand() {
 void frmMain::sponsorInfoCommand() {
   dbgDisplay.removeAll();
   dbgDisplay.setFieldSeparator(',');
-  for (const char* row : sponsorRows) dbgDisplay.addRow(row);
+  std::vector<GridRow> rows;
+  for (const char* row : sponsorRows) rows.push_back({row});
+  dbgDisplay.setRows(rows);
 }
 
 namespace {
@@ -190,9 +192,11 @@ void frmMain::GridPrint() {
   dbgDisplay.setFieldDelimiter('!');
   dbgDisplay.setFieldSeparator(',');
   Recorder::makeTotals();
+  std::vector<GridRow> rows;
   for (const ResultRow& row : resultRows) {
-    dbgDisplay.addRow("!" + std::string(row.title) + "!," + toText(payData.*row.amount), kindOf(row));
+    rows.push_back({"!" + std::string(row.title) + "!," + toText(payData.*row.amount), kindOf(row)});
   }
+  dbgDisplay.setRows(rows);
 }
 
 }  // namespace tallyfin

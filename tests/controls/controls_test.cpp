@@ -204,7 +204,7 @@ class Texts : public DeskTest {
     MaskedBox free{*this, "free", Format::none};
     Label label{*this, "label"};
     Panel panel{*this, "panel"};
-    ListBarItem item{*this, "bar", "NewFile", "File", "New", "new"};
+    ListBarItem item{*this, "bar", "NewFile", "File", "New", "new", "Ctrl+N"};
   };
   Texts() { desk.show<Page>(); }
 

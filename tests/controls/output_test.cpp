@@ -21,40 +21,42 @@ class GridTest : public testing::Test {
 TEST_F(GridTest, SplitsARowAtTheSeparatorOutsideTheDelimiters) {
   grid.setFieldDelimiter('!');
   grid.setFieldSeparator(',');
-  grid.addRow("!Gross Pay!,1234.5");
-  grid.addRow("!One, two!,5");
+  grid.setRows({{"!Gross Pay!,1234.5"}, {"!One, two!,5"}});
   EXPECT_THAT(grid.rows(), ElementsAre("!Gross Pay!,1234.5", "!One, two!,5"));
   EXPECT_THAT(grid.cells(), ElementsAre(ElementsAre("Gross Pay", "$1,234.50"), ElementsAre("One, two", "$5.00")));
 }
 
 TEST_F(GridTest, ShowsAValueThatIsNoNumberAsItIs) {
-  grid.addRow("Support,555-0147");
+  grid.setRows({{"Support,555-0147"}});
   EXPECT_THAT(grid.cells(), ElementsAre(ElementsAre("Support", "555-0147")));
 }
 
 TEST_F(GridTest, AlwaysHasTwoCells) {
-  grid.addRow("");
-  grid.addRow("Main Office");
-  grid.addRow("a,1,b");
+  grid.setRows({{""}, {"Main Office"}, {"a,1,b"}});
   EXPECT_THAT(grid.cells(),
               ElementsAre(ElementsAre("", ""), ElementsAre("Main Office", ""), ElementsAre("a", "$1.00")));
 }
 
 TEST_F(GridTest, TellsTheKindOfEachRow) {
-  grid.addRow("a,1");
-  grid.addRow("b,2", RowKind::result);
-  EXPECT_EQ(grid.kind(0), RowKind::line);
-  EXPECT_EQ(grid.kind(1), RowKind::result);
+  grid.setRows({{"a,1"}, {"b,2", RowKind::result}});
+  EXPECT_THAT(grid.kinds(), ElementsAre(RowKind::line, RowKind::result));
+}
+
+TEST_F(GridTest, NotifiesOnceForAllRows) {
+  int changes = 0;
+  grid.watch([&] { ++changes; });
+  grid.setRows({{"a,1"}, {"b,2"}, {"c,3"}});
+  EXPECT_EQ(changes, 1);
 }
 
 TEST_F(GridTest, LosesAllRowsAtOnce) {
-  grid.addRow("a,1", RowKind::total);
-  grid.removeAll();
-  grid.addRow("b,2");
-  EXPECT_EQ(grid.kind(0), RowKind::line);
+  grid.setRows({{"a,1", RowKind::total}});
+  grid.setRows({{"b,2"}});
+  EXPECT_THAT(grid.kinds(), ElementsAre(RowKind::line));
   grid.removeAll();
   EXPECT_THAT(grid.rows(), IsEmpty());
   EXPECT_THAT(grid.cells(), IsEmpty());
+  EXPECT_THAT(grid.kinds(), IsEmpty());
 }
 
 class PrintEngineTest : public testing::Test {
@@ -77,12 +79,11 @@ TEST_F(PrintEngineTest, LaysOutATableThatComesAsOneText) {
   EXPECT_EQ(engine.pages(), 1);
 }
 
-TEST_F(PrintEngineTest, TellsTheHeadingAndTheTotalsItWasGiven) {
+TEST_F(PrintEngineTest, TellsTheKindOfEachRow) {
   engine.startDocument();
-  engine.addTable("<3000|>1500;Category|Amount;Tax|$5.00;Sum|$5.00;", {"Sum"});
-  EXPECT_EQ(engine.kind(0), RowKind::heading);
-  EXPECT_EQ(engine.kind(1), RowKind::line);
-  EXPECT_EQ(engine.kind(2), RowKind::total);
+  engine.addTable("<3000|>1500;Category|Amount;Tax|$5.00;|;Sum|$5.00;Of it|;|$1.00;", {"Sum"});
+  EXPECT_THAT(engine.kinds(), ElementsAre(RowKind::heading, RowKind::line, RowKind::blank, RowKind::total,
+                                          RowKind::group, RowKind::line));
 }
 
 TEST_F(PrintEngineTest, StartsEachDocumentEmpty) {

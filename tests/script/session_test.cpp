@@ -387,19 +387,14 @@ TEST_F(SessionTest, TellsThePropertiesOfEveryKind) {
   EXPECT_THAT(ask("get frmPrint.vsPrinter1 cells"),
               StartsWith("= [[\"Category\",\"Amount\"],[\"  Gross Pay\",\"$1,000.00\"]"));
   EXPECT_THAT(ask("get frmPrint.vsPrinter1 table"), StartsWith("= \"<3000|>1500;Category|Amount;"));
+  EXPECT_EQ(ask("get frmPrint.vsPrinter1 columns"),
+            "= [{\"align\":\"left\",\"width\":3000},{\"align\":\"right\",\"width\":1500}]");
+  EXPECT_THAT(ask("get frmPrint.vsPrinter1 kinds"), StartsWith("= [\"heading\",\"line\","));
   EXPECT_EQ(ask("get frmPrint.vsPrinter1 zoom"), "= 100");
   EXPECT_EQ(ask("get frmPrint.udZoom value"), "= 100");
   ask("click MDIOpen.SSListBar1(About)");
   EXPECT_EQ(ask("get frmAbt title"), "= \"About Tallyfin 99\"");
 }
-
-TEST(Json, IsWrittenWithoutBlanksAndBeyondAsciiAsUtf8) {
-  EXPECT_EQ(json("a \"b\" \\ \u00E9\t\x01"), "\"a \\\"b\\\" \\\\ \u00E9\\t\\u0001\"");
-  EXPECT_EQ(json(std::vector<std::string>{"a", "b"}), "[\"a\",\"b\"]");
-  EXPECT_EQ(json(std::vector<std::vector<std::string>>{{"a"}, {}}), "[[\"a\"],[]]");
-}
-
-TEST(Json, ReplacesBytesThatAreNoText) { EXPECT_EQ(json("a\xFF"), "\"a\xEF\xBF\xBD\""); }
 
 TEST(Words, AreDividedByBlanksOutsideJsonStrings) {
   const auto words = wordsOf(" type\tfrmMain.txtIncome  \"a \\\"b\\\" \\u00e9\" \r");

@@ -147,11 +147,9 @@ TEST_F(MainScreen, CalculatesTheSamplePaycheck) {
                           "!Social Security!,62", "!Medicare!,14.5", "!Total Ded!,336.99", "!Check Amt!,663.01"));
   EXPECT_THAT(main().dbgDisplay.cells().front(), ElementsAre("Gross Pay", "$1,000.00"));
   EXPECT_THAT(main().dbgDisplay.cells().back(), ElementsAre("Check Amt", "$663.01"));
-  std::vector<RowKind> kinds;
-  for (std::size_t row = 0; row < 12; ++row) kinds.push_back(main().dbgDisplay.kind(row));
   const RowKind line = RowKind::line;
-  EXPECT_THAT(kinds, ElementsAre(RowKind::total, line, line, line, line, line, line, line, line, line, RowKind::total,
-                                 RowKind::result));
+  EXPECT_THAT(main().dbgDisplay.kinds(), ElementsAre(RowKind::total, line, line, line, line, line, line, line, line,
+                                                     line, RowKind::total, RowKind::result));
 }
 
 TEST_F(MainScreen, ShowsTheFiguresOnPlainLabels) {

@@ -91,17 +91,31 @@ TEST_F(Shell, HasFourGroupsOfItems) {
   start();
   std::vector<std::string> items;
   for (const ListBarItem& item : desk.use<MDIOpen>().SSListBar1) {
-    items.push_back(item.group() + "|" + item.caption() + "|" + item.address());
+    items.push_back(item.group() + "|" + item.caption() + "|" + item.address() + "|" + item.shortcut());
   }
   EXPECT_THAT(
-      items, ElementsAre(
-                 "File|New|SSListBar1(NewFile)", "File|Set State Options|SSListBar1(StateInfo)",
-                 "File|Personal Information|SSListBar1(Personal)", "File|Exit|SSListBar1(ExitProgram)",
-                 "Calculations|Calculations|SSListBar1(Calc)", "Calculations|Multiple Paychecks|SSListBar1(Multi)",
-                 "Calculations|Analysis|SSListBar1(Analysis)", "Form W4|Personal Allowances Worksheet|SSListBar1(Pers)",
-                 "Form W4|Deductions and Adjustments|SSListBar1(Ded)", "Form W4|Two Workers|SSListBar1(TwoWork)",
-                 "Form W4|Form W4|SSListBar1(W4)", "Form W4|Form W4 Help|SSListBar1(W4Help)",
-                 "Help|Help|SSListBar1(Help)", "Help|About|SSListBar1(About)"));
+      items,
+      ElementsAre("File|New|SSListBar1(NewFile)|Ctrl+N", "File|Set State Options|SSListBar1(StateInfo)|Ctrl+4",
+                  "File|Personal Information|SSListBar1(Personal)|Ctrl+5", "File|Exit|SSListBar1(ExitProgram)|Ctrl+Q",
+                  "Calculations|Calculations|SSListBar1(Calc)|Ctrl+1",
+                  "Calculations|Multiple Paychecks|SSListBar1(Multi)|Ctrl+2",
+                  "Calculations|Analysis|SSListBar1(Analysis)|Ctrl+3",
+                  "Form W4|Personal Allowances Worksheet|SSListBar1(Pers)|Ctrl+6",
+                  "Form W4|Deductions and Adjustments|SSListBar1(Ded)|Ctrl+7",
+                  "Form W4|Two Workers|SSListBar1(TwoWork)|Ctrl+8", "Form W4|Form W4|SSListBar1(W4)|Ctrl+9",
+                  "Form W4|Form W4 Help|SSListBar1(W4Help)|Shift+F1", "Help|Help|SSListBar1(Help)|Ctrl+F1",
+                  "Help|About|SSListBar1(About)|Ctrl+0"));
+}
+
+TEST_F(Shell, NamesTheItemThatLeadsToAPage) {
+  start();
+  const MDIOpen& frame = desk.use<MDIOpen>();
+  const auto keyOf = [&](const char* page) { return frame.itemOf(page) == nullptr ? "" : frame.itemOf(page)->key(); };
+  EXPECT_EQ(keyOf("frmMain"), "Calc");
+  EXPECT_EQ(keyOf("frmMisc"), "Calc");
+  EXPECT_EQ(keyOf("frmTableOne"), "TwoWork");
+  EXPECT_EQ(keyOf("frmW4"), "W4");
+  EXPECT_EQ(keyOf("frmAbt"), "");
 }
 
 TEST_F(Shell, ClosesTheActiveDocumentForTheNextScreen) {
@@ -399,9 +413,10 @@ TEST_F(Report, NamesTheUserAndTheFigures) {
   EXPECT_THAT(engine.cells()[3], ElementsAre("  Federal Tax", "$172.49"));
   EXPECT_THAT(engine.cells()[8], ElementsAre("Total of Deductions", "$308.99"));
   EXPECT_THAT(engine.cells()[9], ElementsAre("Check Amount", "$691.01"));
-  for (std::size_t row = 1; row < engine.cells().size(); ++row) {
-    EXPECT_EQ(engine.kind(row), row == 8 || row == 9 ? RowKind::total : RowKind::line) << row;
-  }
+  const RowKind line = RowKind::line;
+  EXPECT_THAT(engine.kinds(), ElementsAre(RowKind::heading, line, line, line, line, line, line, RowKind::blank,
+                                          RowKind::total, RowKind::total, RowKind::blank, RowKind::group, line, line,
+                                          RowKind::blank, RowKind::group, line, line));
 }
 
 TEST_F(Report, BeepsAndStaysWhereNoDocumentCanBeStarted) {

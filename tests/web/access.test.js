@@ -354,7 +354,7 @@ for (const [width, height] of [[360, 560], [320, 256]]) {
       return top >= 0 && bottom <= window.innerHeight;
     });
     await page.waitForFunction(() => document.querySelector('#explain').getBoundingClientRect().bottom <= window.innerHeight);
-    assert.ok(await inView('#results .check'));
+    assert.ok(await inView('#results [data-row=result]'));
     assert.ok(await inView('#explain'));
     const small = [];
     for (const [name, go] of Object.entries(screens)) {

@@ -41,12 +41,11 @@ function showInBox(element, { text, shown, selstart, sellength }) {
   element.title = element.scrollWidth > element.clientWidth ? element.value : element.dataset.tooltip ?? '';
 }
 
-function showGrid(table, { cells }) {
+function showGrid(table, { cells, kinds: kindsOfRows }) {
   const body = table.tBodies[0];
-  const rows = cells.map((texts) => {
+  const rows = cells.map((texts, i) => {
     const row = document.createElement('tr');
-    if (['Gross Pay', 'Total Ded', 'Check Amt'].includes(texts[0])) row.className = 'sum';
-    if (texts[0] === 'Check Amt') row.className = 'check';
+    row.dataset.row = kindsOfRows[i];
     for (const text of texts) row.insertCell().textContent = text;
     return row;
   });
@@ -113,7 +112,7 @@ const kinds = {
       if (left < 0) element.hidden = true; // out of sight
     },
   },
-  grid: { properties: ['cells'], show: showGrid },
+  grid: { properties: ['cells', 'kinds'], show: showGrid },
 };
 
 /** Adds a kind that needs more than a few lines. */

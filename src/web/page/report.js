@@ -2,10 +2,6 @@
 
 import { tell } from './protocol.js';
 
-function widths(table) {
-  return table.split(';')[0].split('|').map((column) => ({ right: column[0] === '>', twips: Number(column.slice(1)) }));
-}
-
 function part(tag, className, text) {
   const element = document.createElement(tag);
   element.className = className;
@@ -13,18 +9,17 @@ function part(tag, className, text) {
   return element;
 }
 
-function tableOf(cells, columns) {
+function tableOf({ cells, columns, kinds }) {
   const table = document.createElement('table');
   cells.forEach((texts, number) => {
     const row = table.insertRow();
-    // The lines of a group are indented; one that isn't and carries a figure is a total.
-    if (number > 0 && texts.at(-1) && !texts[0].startsWith(' ')) row.className = 'total';
+    row.dataset.row = kinds[number];
     texts.forEach((text, i) => {
-      const cell = document.createElement(number === 0 ? 'th' : 'td');
-      if (number === 0) cell.scope = 'col';
+      const cell = document.createElement(kinds[number] === 'heading' ? 'th' : 'td');
+      if (kinds[number] === 'heading') cell.scope = 'col';
       cell.textContent = text;
-      cell.style.width = `${columns[i].twips / 1440}in`;
-      cell.style.textAlign = columns[i].right ? 'right' : 'left';
+      cell.style.width = `${columns[i].width / 1440}in`;
+      cell.style.textAlign = columns[i].align;
       row.append(cell);
     });
   });
@@ -42,13 +37,13 @@ export function fit(preview) {
 }
 
 export const report = {
-  properties: ['header', 'footer', 'table', 'cells', 'zoom', 'pages'],
-  show(element, { header, footer, table, cells, zoom, pages }) {
+  properties: ['header', 'footer', 'columns', 'cells', 'kinds', 'zoom', 'pages'],
+  show(element, { header, footer, zoom, pages, ...table }) {
     element.replaceChildren();
     if (pages === 0) return;
     const sheet = part('div', 'letter', '');
     sheet.style.zoom = zoom / 100;
-    sheet.append(part('p', 'report-header', header), tableOf(cells, widths(table)), part('p', 'report-footer', footer));
+    sheet.append(part('p', 'report-header', header), tableOf(table), part('p', 'report-footer', footer));
     element.append(sheet);
   },
 };

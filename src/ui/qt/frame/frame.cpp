@@ -24,23 +24,6 @@ namespace {
 /// Room for what a window manager puts around a window.
 constexpr QMargins windowEdges{4, 32, 4, 4};
 
-/// The item of the list bar that leads to a screen, or to the one from which it opens.
-constexpr std::pair<std::string_view, const char*> itemOfScreen[] = {{"frmMain", "Calc"},
-                                                                     {"frmMisc", "Calc"},
-                                                                     {"frmPrint", "Calc"},
-                                                                     {"frmMultiCheck", "Multi"},
-                                                                     {"frmAnalysis", "Analysis"},
-                                                                     {"frmState", "StateInfo"},
-                                                                     {"frmName", "Personal"},
-                                                                     {"frmPersWkSht", "Pers"},
-                                                                     {"frmDednAdj", "Ded"},
-                                                                     {"frm2Workers", "TwoWork"},
-                                                                     {"frmTableOne", "TwoWork"},
-                                                                     {"frmCalendar", "TwoWork"},
-                                                                     {"frmW4", "W4"}};
-
-QString itemName(const char* key) { return QStringLiteral("SSListBar1(%1)").arg(QLatin1String(key)); }
-
 }  // namespace
 
 Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs) {
@@ -68,23 +51,17 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
   documents->addWidget(notice_);
   layout->addLayout(documents, 1);
   openGroup(1);
-  keys();
+  keys(screen);
   move(room.center() - rect().center() - QPoint(windowEdges.left(), windowEdges.top()));
 }
 
 /// The keys that act on every page.
-void Frame::keys() {
-  const std::pair<const char*, const char*> items[] = {
-      {"NewFile", "Ctrl+N"}, {"StateInfo", "Ctrl+4"}, {"Personal", "Ctrl+5"}, {"ExitProgram", "Ctrl+Q"},
-      {"Calc", "Ctrl+1"},    {"Multi", "Ctrl+2"},     {"Analysis", "Ctrl+3"}, {"Pers", "Ctrl+6"},
-      {"Ded", "Ctrl+7"},     {"TwoWork", "Ctrl+8"},   {"W4", "Ctrl+9"},       {"W4Help", "Shift+F1"},
-      {"Help", "Ctrl+F1"},   {"About", "Ctrl+0"},
-  };
-  for (const auto& [key, sequence] : items) {
-    auto* item = findChild<QAbstractButton*>(itemName(key));
-    const QKeySequence keys(QString::fromLatin1(sequence));
-    item->setToolTip(QStringLiteral("%1 (%2)").arg(item->text(), keys.toString(QKeySequence::NativeText)));
-    onKey(keys, item->text(), [item] { item->click(); });
+void Frame::keys(const MDIOpen& screen) {
+  for (const ListBarItem& item : screen.SSListBar1) {
+    auto* button = static_cast<QAbstractButton*>(widgetOf(item));
+    const QKeySequence keys(QString::fromStdString(item.shortcut()));
+    button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys.toString(QKeySequence::NativeText)));
+    onKey(keys, button->text(), [button] { button->click(); });
   }
   onKey(Qt::CTRL | Qt::Key_W, QStringLiteral("Close the page"), [] {
     if (Screen* page = desk.activeDocument()) desk.userClose(*page);
@@ -182,14 +159,13 @@ void Frame::confirm(const QString& words) {
 
 void Frame::markPage() {
   const Screen* front = desk.activeDocument();
-  QString here;
-  for (const auto& [screen, key] : itemOfScreen) {
-    if (front != nullptr && front->name() == screen) here = itemName(key);
-  }
+  const auto* frame = static_cast<const MDIOpen*>(screen());
+  const ListBarItem* item = frame == nullptr || front == nullptr ? nullptr : frame->itemOf(front->name());
+  const QWidget* here = item == nullptr ? nullptr : widgetOf(*item);
   for (const Group& group : groups_) {
     bool inGroup = false;
     for (auto* button : group.items->widget()->findChildren<QAbstractButton*>()) {
-      const bool current = button->objectName() == here;
+      const bool current = button == here;
       static_cast<ListBarButton*>(button)->setCurrent(current);
       inGroup = inGroup || current;
     }

@@ -49,7 +49,7 @@ class Frame : public View {
  private:
   QWidget* listBar(MDIOpen& screen);
   void openGroup(std::size_t group);
-  void keys();
+  void keys(const MDIOpen& screen);
 
   struct Group {
     GroupHeader* header;

@@ -113,22 +113,13 @@ QRect ReportPages::tableArea() const {
 
 int ReportPages::rowsOfPage() const { return std::max(1, tableArea().height() / rowHeight() - 1); }
 
-namespace {
-
-/// Whether a row is the heading of those below it: words without an amount.
-bool headsOthers(const PrintEngine::Cells& cells) {
-  return !cells.front().empty() && std::all_of(cells.begin() + 1, cells.end(), [](const auto& c) { return c.empty(); });
-}
-
-}  // namespace
-
 /// A page ends a row earlier where the last one would be a heading without its rows.
 std::vector<std::size_t> ReportPages::starts() const {
   const auto& cells = engine_.cells();
   std::vector<std::size_t> starts{1};
   while (cells.size() > starts.back() + static_cast<std::size_t>(rowsOfPage())) {
     std::size_t next = starts.back() + static_cast<std::size_t>(rowsOfPage());
-    if (next > starts.back() + 1 && headsOthers(cells[next - 1])) --next;
+    if (next > starts.back() + 1 && engine_.kinds()[next - 1] == RowKind::group) --next;
     starts.push_back(next);
   }
   return starts;
@@ -195,9 +186,9 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
   for (const PrintColumn& column : engine_.columns()) width += column.width;
   const QRect place(margin, top, width, rowHeight());
 
-  const bool heading = engine_.kind(row) == RowKind::heading;
-  const bool total = engine_.kind(row) == RowKind::total;
-  const bool empty = std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
+  const RowKind kind = engine_.kinds()[row];
+  const bool heading = kind == RowKind::heading;
+  const bool total = kind == RowKind::total;
   const int thickness = heading || total ? 15 : 10;
   if (heading || total) {
     // The ground leaves the rule of the row above alone.
@@ -209,7 +200,7 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
     drawCell(painter, {left, top, shape.width, place.height()}, text(cells[column]), shape.rightAligned);
     left += shape.width;
   }
-  if (!empty) {
+  if (kind != RowKind::blank) {
     painter.fillRect(QRect(place.left(), place.bottom() + 1 - thickness, width, thickness),
                      heading || total ? look::deep : lightRule);
   }

@@ -256,8 +256,8 @@ class frmMainView : public View {
 
   /// Whether the grid holds all results, and not another table.
   bool holdsResults() const {
-    const std::size_t rows = screen_.dbgDisplay.cells().size();
-    return rows > 0 && screen_.dbgDisplay.kind(rows - 1) == RowKind::result;
+    const std::vector<RowKind>& kinds = screen_.dbgDisplay.kinds();
+    return !kinds.empty() && kinds.back() == RowKind::result;
   }
 
   void fill(QTableWidget& table) const {
@@ -268,7 +268,7 @@ class frmMainView : public View {
       auto* title = new QTableWidgetItem(QString::fromStdString(texts[0]));
       auto* value = new QTableWidgetItem(QString::fromStdString(texts[1]));
       value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      const RowKind kind = screen_.dbgDisplay.kind(static_cast<std::size_t>(row));
+      const RowKind kind = screen_.dbgDisplay.kinds()[static_cast<std::size_t>(row)];
       for (QTableWidgetItem* item : {title, value}) {
         QFont font = look::figures();
         font.setBold(kind != RowKind::line);
