@@ -38,7 +38,7 @@ unsigned jobsOf(std::string_view text) {
   return jobs > 0 ? jobs : std::max(1U, std::thread::hardware_concurrency());
 }
 
-/// What quotes, ends lines or stands in an amount can't divide cells.
+/// A quote, a line end or a character of amounts can't be the delimiter.
 char delimiterOf(std::string_view text) {
   if (text == "tab") return '\t';
   if (text.size() != 1 || std::string_view("\"\r\n.-0123456789").find(text) != std::string_view::npos) {
@@ -47,7 +47,7 @@ char delimiterOf(std::string_view text) {
   return text.front();
 }
 
-/// Reads the arguments one after another.
+/// Parses the arguments in order.
 class Reader {
  public:
   Reader(int argc, const char* const* argv) : next_(argv + 1), end_(argv + argc) {}
@@ -95,7 +95,7 @@ class Reader {
     }
   }
 
-  /// The argument of an option, behind it or behind its "="; none where the word isn't that option.
+  /// The argument of an option, the next word or the text after "="; none where the word isn't that option.
   std::optional<std::string_view> argumentOf(std::string_view option, std::string_view word) {
     if (!word.starts_with(option)) return std::nullopt;
     word.remove_prefix(option.size());

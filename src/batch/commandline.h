@@ -14,10 +14,10 @@ struct CommandLine {
   bool quiet = false;
   bool problemsOk = false;
   std::optional<std::string> file;  ///< None for standard input.
-  std::optional<std::string> text;  ///< To be written in place of all work: help, version or the states.
+  std::optional<std::string> text;  ///< Written instead of working a file: help, version or the states.
 };
 
-/// Reads the arguments; throws Trouble where they can't be understood.
+/// Parses the arguments; throws Trouble where they can't be understood.
 CommandLine commandLine(int argc, const char* const* argv);
 
 }  // namespace tallyfin::batch

@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t blockSize = std::size_t{256} << 10U;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// The bytes between two places. (The C++ library of WebAssembly has no such constructor.)
+/// The bytes between two pointers. (The C++ library of WebAssembly has no such constructor.)
 std::string_view between(const char* begin, const char* end) { return {begin, static_cast<std::size_t>(end - begin)}; }
 
 std::size_t linesIn(std::string_view bytes) {
@@ -24,7 +24,7 @@ std::string_view Cell::text(std::string& storage) const {
   const std::string_view inside = raw.substr(1);
   const std::size_t quote = inside.find('"');
   if (quote + 1 == inside.size()) return inside.substr(0, quote);
-  // A doubled quote stands for one. What follows the closing quote is taken as it is.
+  // A doubled quote means one quote. Text after the closing quote is kept unchanged.
   storage.clear();
   bool open = true;
   for (std::size_t i = 0; i < inside.size(); ++i) {
@@ -98,7 +98,7 @@ void BlockReader::findRows(std::string_view bytes) {
   }
 }
 
-/// Goes behind the quote that closes the cell; false where the bytes don't tell which it is.
+/// Moves behind the quote that closes the cell; false where the bytes end before that is known.
 bool BlockReader::skipQuoted(std::string_view bytes) {
   while (true) {
     const std::size_t quote = bytes.find('"', seen_);
@@ -127,7 +127,7 @@ void BlockReader::stop(Block& block, const char* reason) {
 // --- Rows ------------------------------------------------------------------------------------------------------------
 
 RowCutter::RowCutter(Block& block, char delimiter) : delimiter_(delimiter) {
-  // A sentinel behind the last byte, so that the searches need no test for the end; found there, it isn't a line end.
+  // A sentinel behind the last byte, so that the searches need no test for the end.
   const std::size_t size = block.bytes.size();
   block.bytes += '\n';
   at_ = block.bytes.data();

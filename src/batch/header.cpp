@@ -23,7 +23,7 @@ bool isResult(std::string_view name) {
   return name == library::problemName || std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// A character that might divide the cells instead, and how it is named.
+/// Another possible delimiter, and its name.
 struct Divider {
   char character;
   const char* name;
@@ -34,7 +34,7 @@ constexpr std::array<Divider, 4> dividers{{{';', "semicolons", "--delimiter ';'"
                                            {'|', "vertical bars", "--delimiter '|'"},
                                            {',', "commas", "no --delimiter"}}};
 
-/// Why a header without any column of ours is refused.
+/// The reason why a header without any known column is refused.
 std::string whyUnknown(std::string_view header, char delimiter) {
   for (const Divider& divider : dividers) {
     if (divider.character == delimiter || header.find(divider.character) == std::string_view::npos) continue;

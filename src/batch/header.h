@@ -9,7 +9,7 @@
 #include "batch/csv.h"
 #include "library/columns.h"
 
-/// The header of a file: which column is where in its rows.
+/// The header of a file: the positions of the columns in its rows.
 
 namespace tallyfin::batch {
 
@@ -20,13 +20,13 @@ class Header {
     std::size_t place;  ///< In a row, from 0.
   };
 
-  /// Reads a header row; returns why it is refused, if it is.
+  /// Reads a header row. Returns the reason where it is refused.
   std::optional<std::string> take(const Row& row, char delimiter);
 
   std::size_t size() const { return size_; }
-  /// The columns of the file that a row is worked from.
+  /// The columns of the file that are columns of a paycheck.
   const std::vector<Entry>& known() const { return known_; }
-  /// What the file lacks, though it is worked; empty for nothing.
+  /// A warning about missing columns; empty for none.
   std::string lacks() const;
 
  private:
@@ -36,11 +36,11 @@ class Header {
   std::vector<Entry> known_;
 };
 
-/// What the beginning of a file looks like that isn't CSV text: compressed, a spreadsheet's own format, UTF-16; none
-/// where it looks like none of these.
+/// The format of a file that isn't CSV text, by its first bytes: compressed, a spreadsheet format, UTF-16; none for
+/// anything else.
 std::optional<std::string> otherFormat(std::string_view bytes);
 
-/// Bytes as they may be shown on a terminal: in quotes, what isn't printable ASCII escaped, a long text cut.
+/// Bytes for a terminal: in quotes, with escapes for all but printable ASCII; a long text is shortened.
 std::string printable(std::string_view bytes);
 
 }  // namespace tallyfin::batch

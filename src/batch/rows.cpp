@@ -22,7 +22,7 @@ Beginning readBeginning(BlockReader& reader, char delimiter) {
   RowCutter rows(block, delimiter);
   Row row;
   if (!rows.next(row)) {
-    // What isn't text at all may look like a row that doesn't end.
+    // A file that isn't text may look like a row without an end.
     if (block.trouble == nullptr) throw Trouble("there is no header");
     if (const auto format = otherFormat(reader.beginning())) throw Trouble(*format);
     throw troubleIn(block, 1);
@@ -73,7 +73,7 @@ void RowWorker::workRow() {
   out += ending;
 }
 
-/// Whether there are cells behind those that aren't empty.
+/// Whether a cell beyond the columns isn't empty.
 bool RowWorker::hasSurplus(std::size_t taken) {
   return std::any_of(row_.cells.begin() + static_cast<std::ptrdiff_t>(taken), row_.cells.end(),
                      [&](const Cell& cell) { return !cell.text(storage_).empty(); });

@@ -14,26 +14,26 @@
 
 namespace tallyfin::batch {
 
-/// Ends the work; its text is one line for the user.
+/// Ends the work, with a message of one line for the user.
 class Trouble : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What was worked.
+/// Counts of the rows that were worked.
 struct Account {
   std::uint64_t rows = 0;
-  std::uint64_t problems = 0;    ///< Rows that had one.
+  std::uint64_t problems = 0;    ///< Rows with a problem.
   std::size_t firstProblem = 0;  ///< The line of the first of them; 0 for none.
 };
 
 /// The beginning of a file.
 struct Beginning {
   Header header;
-  std::string out;     ///< The header with the columns of the results, without the line's end.
-  std::string ending;  ///< Of the header's line.
+  std::string out;     ///< The header with the columns of the results, without the line end.
+  std::string ending;  ///< The line end of the header.
   // mutation: 0 -> 1: written before it is read
-  std::size_t lines = 0;  ///< How many the header takes.
-  Block rest;             ///< The rows that came with it.
+  std::size_t lines = 0;  ///< The number of lines of the header.
+  Block rest;             ///< The rows that were read with it.
 };
 
 /// Reads the header of a file. Throws Trouble where the file can't be worked.
@@ -46,13 +46,13 @@ struct Worked {
   std::size_t lines = 0;  // mutation: 0 -> 1: written before it is read
 };
 
-/// Works the rows of blocks. The header and the line's end must outlive it.
+/// Works the rows of blocks. The header and the line end must outlive it.
 class RowWorker {
  public:
   RowWorker(const Header& header, const std::string& ending, char delimiter)
       : header_(header), ending_(ending), delimiter_(delimiter) {}
 
-  /// What stands until the next call.
+  /// The result is valid until the next call.
   const Worked& work(Block& block);
 
  private:
@@ -64,7 +64,7 @@ class RowWorker {
   void writeProblem(std::string_view problem);
 
   const Header& header_;
-  const std::string& ending_;  ///< For a last row that has none.
+  const std::string& ending_;  ///< For a last row without a line end.
   char delimiter_;
   Worked worked_;
   Row row_;
@@ -78,7 +78,7 @@ class Tally {
   /// The line that the first block begins in, from 1.
   explicit Tally(std::size_t line) : line_(line) {}
 
-  /// Throws Trouble where nothing can be read behind the block.
+  /// Throws Trouble where nothing can be read after the block.
   void add(const Worked& worked, const Block& block);
 
   /// Its line is 0 where no row had a problem.
@@ -87,10 +87,10 @@ class Tally {
 
  private:
   Account account_;
-  std::size_t line_;  ///< Where the next block begins.
+  std::size_t line_;  ///< The first line of the next block.
 };
 
-/// What ends the work at a block, of which the first line is given.
+/// The exception that ends the work at a block, whose first line is given.
 Trouble troubleIn(const Block& block, std::size_t line);
 
 /// Writes a cell, in quotes where it needs them.

@@ -13,21 +13,21 @@ namespace tallyfin::batch {
 
 namespace {
 
-/// What the threads of a run share. They take blocks by turns and hand over what they have made of them in the same
-/// order, so that what comes out doesn't depend on their number.
+/// The state that the threads of a run share. They read blocks in turn and write the results in the same order, so the
+/// output doesn't depend on the number of threads.
 class Shared {
  public:
   /// Reads the header, and writes it with the columns of the results.
   Shared(const Streams& streams, const Choices& choices);
 
-  /// Takes the next block and the turn in which it is to be handed over; false at the end.
+  /// Reads the next block and returns its turn for writing; false at the end.
   bool take(Block& block, std::uint64_t& turn);
-  /// Writes what was made of a block, when its turn has come.
+  /// Writes the result of a block when its turn has come.
   void handOver(std::uint64_t turn, const Worked& worked, const Block& block);
   /// Ends the work with an exception, when its turn has come; at once in turn 0.
   void fail(std::uint64_t turn, std::exception_ptr failure);
 
-  /// The sum of all blocks. Throws what has ended the work.
+  /// The sum of all blocks. Throws the exception that has ended the work.
   Account end() const;
 
   RowWorker worker() const { return {beginning_.header, beginning_.ending, choices_.delimiter}; }
@@ -43,7 +43,7 @@ class Shared {
 
   std::mutex writing_;
   std::condition_variable next_;
-  std::uint64_t turn_ = 0;  ///< Whose turn it is to write.
+  std::uint64_t turn_ = 0;  ///< The turn that writes next.
   std::atomic<bool> stopped_ = false;
   std::exception_ptr failure_;
   Tally tally_;
@@ -92,7 +92,7 @@ Account Shared::end() const {
   return tally_.account();
 }
 
-/// What each thread does.
+/// The work of each thread.
 void workBlocks(Shared& shared) {
   std::uint64_t turn = 0;  // mutation: 0 -> 1: written before it is read
   try {

@@ -11,24 +11,24 @@
 
 namespace tallyfin::batch {
 
-/// What a run reads from and writes to. Each is called by one thread at a time, and may throw to end the work.
+/// Input and output of a run. Each function is called by one thread at a time, and may throw to end the work.
 struct Streams {
   BlockReader::Source source;
-  /// Takes the rows that go out.
+  /// Writes rows.
   std::function<void(std::string_view)> sink;
-  /// Is told now and then how many rows are done.
+  /// Called now and then with the number of rows done.
   std::function<void(std::uint64_t rows)> progress;
-  /// Takes what is to be known of a file that is worked all the same.
+  /// Called with a warning about the file.
   std::function<void(const std::string&)> notice;
 };
 
 struct Choices {
   bool writeHeader = true;
   char delimiter = ',';
-  unsigned jobs = 1;  ///< So many threads work the rows.
+  unsigned jobs = 1;  ///< The number of threads.
 };
 
-/// Works all rows of a source. Throws Trouble where it can't go on; the rows before that have been written.
+/// Works all rows of a source. Throws Trouble on failure; the rows before that have been written.
 /// The account's line is 0 where no row had a problem.
 Account run(const Streams& streams, const Choices& choices);
 

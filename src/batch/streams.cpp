@@ -19,7 +19,7 @@ namespace tallyfin::batch {
 
 namespace {
 
-/// After a call that failed: whether it is to be tried again, once the stream is ready where that was the reason.
+/// After a failed call: whether to try again. Waits until the stream is ready where that was the reason.
 bool again(int descriptor, short event) {
   if (errno == EINTR) return true;
   if (errno != EAGAIN) return false;
@@ -67,7 +67,7 @@ void Output::refuse(const Input& input) const {
 void Output::write(std::string_view text) {
   struct stat about {};
   fstat(STDOUT_FILENO, &about);
-  // A pipe that is ready takes so much without blocking, so that a signal is seen where nobody reads any longer.
+  // A pipe that is ready accepts this much without blocking, so a signal is noticed when the reader has stopped.
   const std::size_t most = S_ISREG(about.st_mode) ? text.size() : PIPE_BUF;
   while (!text.empty()) {
     std::array<pollfd, 2> waited{{{STDOUT_FILENO, POLLOUT, 0}, {endingDescriptor(), POLLIN, 0}}};

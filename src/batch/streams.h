@@ -10,27 +10,26 @@
 #include <string>
 #include <string_view>
 
-/// The files and the terminal of the batch program. What can't be read or written throws Trouble with the name and the
-/// reason.
+/// The files and the terminal of the batch program. Errors throw Trouble with the name of the file and the reason.
 
 namespace tallyfin::batch {
 
-/// Thrown when the reader of the output has gone away.
+/// Thrown when the reader of the output has closed it.
 struct Gone {};
-/// Thrown when a signal has come that ends the program.
+/// Thrown when a signal that ends the program has arrived.
 struct Ended {};
 
 bool isTerminal(std::FILE* stream);
 
 class Input {
  public:
-  /// Opens a file, or takes standard input.
+  /// Opens a file, or standard input.
   explicit Input(const std::optional<std::string>& file);
 
-  /// Reads up to `size` bytes; waits for some where the stream doesn't wait by itself. Returns 0 at the end.
+  /// Reads up to `size` bytes; waits where the stream is non-blocking. Returns 0 at the end.
   std::size_t read(char* place, std::size_t size);
 
-  /// How much of the file has been read, 0 to 1; unknown for what isn't a file.
+  /// The part of the file that has been read, 0 to 1; none for anything but a regular file.
   std::optional<double> share() const;
 
   const std::string& name() const { return name_; }
@@ -51,14 +50,14 @@ class Output {
   /// Throws Trouble where the input is the same file: it would be read as it grows.
   void refuse(const Input& input) const;
 
-  /// Writes all of a text; waits where the stream doesn't wait by itself.
+  /// Writes all of a text; waits where the stream is non-blocking.
   void write(std::string_view text);
 
-  /// Some file systems report only here that something wasn't written.
+  /// Some file systems report write errors only here.
   void close();
 };
 
-/// A line on the terminal that is rewritten each second, and taken away at the end.
+/// A line on the terminal that is rewritten each second and erased at the end.
 class Progress {
  public:
   Progress(bool wanted, const Input& input) : wanted_(wanted), input_(input) {}

@@ -18,10 +18,10 @@
 #include "engine/unrecorded.h"
 #include "engine/worksheet.h"
 
-/// The kind of figures that know how they change with the income: each holds a number, its slope for each cent more of
-/// income, and a bound for what roundings make of that straight line. Every comparison that a rule makes shortens the
-/// range of incomes for which the line holds, so that a rule can't have a branch of which the search for an income
-/// doesn't know. Whatever the plain kind has for the rules is here under the same name.
+/// The kind of figures for the search of an income. Each figure holds a number, its slope for each cent of income, and
+/// a bound of the rounding errors along that straight line. Each comparison of a rule limits the range of incomes for
+/// which the line holds, so the search needs no knowledge of the branches of a rule. The names are those of the plain
+/// kind.
 
 namespace tallyfin::along {
 
@@ -29,20 +29,20 @@ using ::tallyfin::FailedStatement;
 using ::tallyfin::Title;
 using namespace unrecorded;
 
-/// Beyond the largest income that is ever tried, in cents.
+/// More than the largest income that is tried, in cents.
 inline constexpr double unlimited = 1e12;
 
-/// How many cents the income may grow before a comparison may turn out otherwise.
+/// By how many cents the income may grow until a comparison may have another result.
 inline constinit thread_local double range = unlimited;
 
 constexpr double numberOf(Money amount) { return toReal(amount); }
 constexpr double numberOf(Int16 count) { return count.value(); }
 constexpr double numberOf(double rate) { return rate; }
 
-/// A straight line over the income from where it stands now. A slope and slack of 0 is a constant.
+/// A straight line over the income, from the current income on. With slope and slack 0 it is a constant.
 struct Line {
   double slope = 0;  ///< Change with each cent of income.
-  double slack = 0;  ///< Further along, the figure is never further from the line.
+  double slack = 0;  ///< The greatest distance of the figure from the line.
 
   constexpr bool isConstant() const { return slope == 0 && slack == 0; }
   friend constexpr Line operator+(Line a, Line b) { return {a.slope + b.slope, a.slack + b.slack}; }
@@ -50,7 +50,7 @@ struct Line {
   friend constexpr Line operator*(Line a, double factor) { return {a.slope * factor, a.slack * std::abs(factor)}; }
 };
 
-/// Ends the range where a difference may change its sign.
+/// Limits the range to where a difference may change its sign.
 inline void watch(double difference, Line line) {
   if (line.isConstant()) return;
   const double sure = std::abs(difference) - line.slack;
@@ -79,7 +79,7 @@ class Along {
   constexpr const T& plain() const { return value_; }
   constexpr Line line() const { return line_; }
 
-  /// The number, to choose by it.
+  /// The number, for a switch.
   int value() const requires std::same_as<T, Int16> {
     if (!line_.isConstant()) range = 0;
     return value_.value();
@@ -155,7 +155,7 @@ inline Rate toReal(const Amount& x) { return {tallyfin::toReal(x.plain()), x.lin
 inline Rate toReal(const Count& x) { return {tallyfin::toReal(x.plain()), x.line()}; }
 inline Rate asRate(const Single& x) { return {static_cast<double>(x.plain()), x.line()}; }
 
-/// A figure that has been rounded to a multiple of a unit: here and further along it is off by half of one.
+/// A figure rounded to a multiple of a unit: it differs from the line by up to half a unit.
 template <class T>
 Along<T> rounded(T value, Line line, double unit) {
   if (line.isConstant()) return value;
@@ -166,7 +166,7 @@ inline Amount fromReal(const Rate& x) {
   const Money value = tallyfin::fromReal(x.plain());
   const Line line = x.line();
   watch(9.2e14 - std::abs(x.plain()), {-std::abs(line.slope), line.slack});
-  // Where value and slope are whole ten-thousandths but for the doubles' own errors, nothing is rounded away.
+  // Where value and slope are whole ten-thousandths, except for errors of the doubles, rounding changes nothing.
   const double units = line.slope * static_cast<double>(Money::unitsPerDollar);
   const bool exact = line.slack == 0 && std::abs(units - std::round(units)) < 1e-9 &&
                      std::abs(x.plain() - tallyfin::toReal(value)) < 1e-8;
@@ -180,11 +180,11 @@ requires(!std::same_as<T, Int16>) Count integerRounded(const Along<T>& x) {
   watch(32767.5 - std::abs(numberOf(x.plain())), {-std::abs(x.line().slope), x.line().slack});
   return rounded(tallyfin::integerRounded(x.plain()), x.line(), 1);
 }
-/// The labels show nothing while an income is searched for.
+/// The labels aren't changed during the search.
 constexpr Money roundedForDisplay(const Amount& /*x*/) { return {}; }
 
-/// The larger of two figures. Where they are as good as equal, that is the one which grows faster, and the other is
-/// within its slack.
+/// The larger of two figures. Where they are equal within their slack, the one that grows faster is returned, with a
+/// slack that covers the other.
 template <class T>
 Along<T> greatest(const Along<T>& a, const std::type_identity_t<Along<T>>& b) {
   const double difference = numberOf(a.plain()) - numberOf(b.plain());
@@ -231,7 +231,7 @@ const Row& bandOf(const TableOf<Row>& table, const Amount& x) {
   return bandOf(table.rows, x);
 }
 
-/// The income that is tried, instead of a text.
+/// The income that is tried; in the other kinds this is a text.
 struct Income {
   Money amount;
   static constexpr bool empty() { return false; }

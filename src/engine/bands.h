@@ -39,25 +39,24 @@ struct Band {
   double plus = 0;  ///< Dollars.
 };
 
-/// Rows that are tested from top to bottom; the first whose test holds applies. A row of any kind has a test and a
+/// Rows that are tested from top to bottom; the first row whose test holds applies. Each type of row has a test and a
 /// bound.
 template <class Row>
 using Rows = std::span<const Row>;
 using Bands = Rows<Band>;
 
-/// Rows with the name under which they are published.
+/// Rows with the name of their table.
 template <class Row>
 struct TableOf {
   const char* name;
   Rows<Row> rows;
-  const char* period = "";  ///< The pay frequency, for a table that goes by it.
+  const char* period = "";  ///< The pay frequency, for a table that depends on it.
 
   constexpr operator Rows<Row>() const { return rows; }  // NOLINT(google-explicit-constructor): a table is its rows
 };
 using Table = TableOf<Band>;
 
-/// The row that applies to x. Where x lies in a gap of the table there is none: the statement fails, and its target
-/// keeps the old value.
+/// The row that applies to x. Fails where x is in a gap of the table.
 template <class Row>
 const Row& rowFor(Rows<Row> rows, Money x) {
   for (const Row& row : rows) {

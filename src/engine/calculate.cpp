@@ -10,7 +10,7 @@ namespace {
 /// Federal withholding allowance, 1999: dollars a pay period for each exemption.
 constexpr PerFrequency<double> allowance{52.88, 114.58, 105.77, 229.17, "federal allowance for each exemption"};
 
-/// From this on a typed rate is a percentage.
+/// A typed rate of this or more is a percentage.
 constexpr FixedRate percentage{"from which on a rate is a percentage", 1};
 
 /// The amount in a box, 0 if the box is empty.
@@ -24,13 +24,13 @@ void takeIncome() {
   if (payData.incomeSource == 0) {
     const auto& income = worksheet().incomeText();
     if (income.empty()) {
-      // FICA is still worked out on the income of the last calculation.
+      // `grossPay` isn't changed, so FICA is that of the last income.
       step("Wage without an income", payData.taxableWage, [] { return 0; });
       noteOn(payData.taxableWage, "No income is entered, so the wage counts as nothing.");
       noteOn(payData.grossPay, "No income is entered, so the gross pay stays as it was.");
       return;
     }
-    // Where the text is no number, grossPay takes the reduced wage that the last calculation left.
+    // If the text isn't a number, `grossPay` is set to the reduced wage of the last calculation.
     step("Income", payData.taxableWage, [&] { return toMoney(income); });
     step("Gross pay", payData.grossPay, wage);
   } else if (payData.incomeSource == 1) {
@@ -67,12 +67,12 @@ void Calculate() {
 
   GetPreTax();
 
-  // A pre-FICA amount that includes the pre-tax amount takes that amount off twice.
+  // A pre-tax amount that the pre-FICA amount includes is subtracted twice: required.
   step("Wage less the 401(k), pre-FICA and pre-tax amounts", payData.taxableWage,
        [] { return payData.taxableWage - (payData.amt401k + payData.preFica + payData.preTax); });
   step("Taxable wage", payData.taxableWage, [] { return atLeastZero(payData.taxableWage); });
 
-  // No floor here: a negative base is taxed as the lowest bracket.
+  // Not limited to 0: a negative base falls into the lowest bracket.
   step("Taxable wage less the federal allowance", payData.fedBase,
        [] { return payData.taxableWage - payData.depsDed; });
 

@@ -1,7 +1,6 @@
 #pragma once
 
-/// The numbers of the choices that rules compare. A stored or poked one may be any other number: each rule says what
-/// becomes of it.
+/// The numbers of the choices that rules compare. A stored number may be any other one: each rule defines its effect.
 
 namespace tallyfin {
 

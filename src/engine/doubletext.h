@@ -12,8 +12,8 @@
 #include <string>
 #include <system_error>
 
-/// Doubles to and from plain texts, whatever the system's locale. A standard library without the functions of
-/// <charconv> for doubles gets the C library's, which are kept from the locale.
+/// Doubles to and from plain texts, in every locale. Where the standard library lacks <charconv> for doubles, the
+/// functions of the C library are called with the locale "C".
 
 namespace tallyfin {
 
@@ -22,7 +22,7 @@ inline constexpr int significantDigits = 15;
 
 namespace clibrary {
 
-/// Gives this thread the locale "C" for as long as it lives.
+/// Sets the locale of this thread to "C" during its lifetime.
 class PlainLocale {
  public:
   PlainLocale() : before_(::uselocale(plain())) {}
@@ -39,7 +39,7 @@ class PlainLocale {
   locale_t before_;
 };
 
-/// The nearest double to a text such as -1.5e-7; none where the text is beyond every double, zero where it is too
+/// The nearest double to a text such as -1.5e-7; none where the number is too large for a double, zero where it is too
 /// small.
 inline std::optional<double> doubleOf(const std::string& plain) {
   const PlainLocale within;
@@ -55,7 +55,7 @@ inline std::string shortTextOf(double value) {
   return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
-/// The number by the fewest digits that read back as it.
+/// The shortest text that reads back as the number.
 template <class Real>
 std::string shortestTextOf(Real value) {
   const PlainLocale within;

@@ -5,8 +5,8 @@
 
 #include "engine/paydata.h"
 
-/// From the entries of a paycheck to the record, and from the record to the rows of the results: what the screens and
-/// the batch program do alike.
+/// From the entries of a paycheck to the record, and from the record to the rows of the results: shared by the screens
+/// and the batch program.
 
 namespace tallyfin {
 

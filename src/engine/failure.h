@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-/// The rule of the whole program about failures.
+/// Failures in the whole program.
 ///
-/// A statement that can't be carried out (a text that isn't a number, a division by zero, a sum beyond its type) is
-/// skipped: its target keeps the old value and the routine goes on with the next statement. Nothing is reported.
+/// A statement that fails (a text that isn't a number, a division by zero, a sum out of range) is skipped: its target
+/// keeps the old value, and the routine goes on with the next statement. Nothing is reported.
 
 namespace tallyfin {
 
@@ -23,7 +23,7 @@ struct NotANumber : FailedStatement {
   std::string text;
 };
 
-/// Runs one statement outside a calculation; where it fails, what it had not assigned yet stays as it was.
+/// Runs one statement outside a calculation. Where it fails, targets that it hasn't assigned keep their values.
 template <class Statement>
 void unlessItFails(Statement&& statement) {
   try {

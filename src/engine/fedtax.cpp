@@ -81,7 +81,7 @@ constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, singleEver
 constexpr PerFrequency<Bands> married{marriedWeekly, marriedTwiceAMonth, marriedEveryTwoWeeks, marriedMonthly,
                                       "Federal, Married"};
 
-/// The table of the status and frequency. Status 2 has none: that is deliberate.
+/// The table of the status and frequency. Status 2 has none: required.
 TaxTable federalTable() {
   if (payData.maritalStat == status::married) return married.now();
   if (payData.maritalStat == status::single) return single.now();
@@ -95,8 +95,8 @@ constexpr FixedRate selfEmployedFicaRate{"FICA rate of the self-employed", 0.153
 constexpr FixedRate selfEmployedSocialSecurityRate{"Social Security rate of the self-employed", 0.124};
 constexpr FixedRate selfEmployedMedicareRate{"Medicare rate of the self-employed", 0.029};
 
-/// FICA, or one of its two parts, at a rate. Each is worked out from the same base, so that the total can differ from
-/// the sum of the parts in the last decimal. There is no wage limit and no floor.
+/// FICA, or one of its two parts, at a rate. Each is calculated from the same base, so the total can differ from the
+/// sum of the parts in the last decimal. No wage limit; may be negative.
 [[gnu::always_inline]] inline void share(Title title, Amount& part, Rate rate) {
   step(title, part,
        [rate] { return fromReal(toReal(line("Pay subject to FICA", payData.grossPay - payData.preFica)) * rate); });
@@ -115,7 +115,7 @@ void ficaOfTheSelfEmployed() {
 }
 
 void showFigures() {
-  // lbl8 shows the local tax of the calculation before: LocalTaxCalc runs after this.
+  // lbl8 shows the local tax of the previous calculation: LocalTaxCalc runs after this.
   struct Shown {
     Title title;
     Amount PayData::*figure;

@@ -1,11 +1,11 @@
 #pragma once
 
-/// The kinds of figures with which the rules work.
+/// The kinds of figures for which the rules are compiled.
 ///
-/// Each source of rules is compiled once for each kind, in a namespace of its own: `tallyfin::plain`, whose figures are
-/// bare numbers, and `tallyfin::told`, whose figures know how they came about. A source of rules includes this header,
-/// stands in namespace TALLYFIN_FIGURES and names its figures Amount, Count, Rate and Single. Both kinds carry out the
-/// same operations in the same order, so that the figures agree to the last bit.
+/// Each source of rules is compiled once for each kind, in a namespace of its own: `tallyfin::plain` with numbers,
+/// `tallyfin::told` with figures whose operations are recorded, `tallyfin::along` with their change over the income. A
+/// source of rules includes this header, is in namespace TALLYFIN_FIGURES and uses Amount, Count, Rate and Single. All
+/// kinds carry out the same operations in the same order, so that the results are identical.
 
 #include <concepts>
 
@@ -27,8 +27,8 @@
 
 namespace TALLYFIN_FIGURES {
 
-/// A constant for each pay frequency, tax year 1999, in the order of the list box, and its name; of tables, those of
-/// one status or letter.
+/// A constant, or the table of one status or letter, for each pay frequency in the order of the list box, tax year
+/// 1999.
 template <class T>
 struct PerFrequency {
   T weekly;
@@ -37,7 +37,7 @@ struct PerFrequency {
   T monthly;
   const char* name;
 
-  /// The one for the record's `frequency`. Where none is chosen, the statement fails.
+  /// The one for the record's `frequency`. Fails where none is chosen.
   decltype(auto) now() const {
     switch (payData.frequency.value()) {
       case frequency::weekly: return figureOf(name, weekly, "Weekly");
@@ -52,7 +52,7 @@ struct PerFrequency {
 /// Pay periods a year.
 inline constexpr PerFrequency<int> periodsPerYear{52, 24, 26, 12, "pay periods a year"};
 
-/// A constant of the rules with its name: dollars, dollars of the 16-bit arithmetic, a fraction.
+/// Constants with a name: dollars, dollars in 16-bit arithmetic, a fraction.
 struct FixedAmount {
   const char* name;
   Dollars dollars;

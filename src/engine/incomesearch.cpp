@@ -6,7 +6,7 @@ namespace TALLYFIN_FIGURES {
 
 namespace {
 
-/// The record and the working fields with which each try begins.
+/// The record and the working fields with which each trial begins.
 struct Start {
   PayData record;
   WorksheetFieldsOf<Amount, Count> work;
@@ -18,7 +18,7 @@ struct Start {
   }
 };
 
-/// Works the check of an income, and finds how far the way that it took holds.
+/// Calculates the check of an income, and sets `range`.
 Amount checkOf(Money income, const Start& start) {
   payData = start.record;
   static_cast<WorksheetFieldsOf<Amount, Count>&>(worksheet()) = start.work;
@@ -29,7 +29,7 @@ Amount checkOf(Money income, const Start& start) {
   return payData.checkAmt;
 }
 
-/// How many cents further the next income lies that may reach the check wanted.
+/// The distance in cents to the next income whose check may reach `wanted`.
 double centsToGo(const Amount& check, Money wanted) {
   const double missing = toReal(wanted - check.plain()) - check.line().slack;
   const double beyond = range + 1;

@@ -6,13 +6,13 @@
 
 namespace tallyfin {
 
-/// The smallest income, in whole cents from 0.01 up to the largest, whose check is at least the one wanted, in dollars
-/// a pay period: the one that trying cent after cent would find first. The record, the working fields and the boxes of
-/// the worksheet but the income's are as they stand before the calculation, and stay so.
+/// The smallest income, in whole cents from 0.01 up to `largest`, whose check is at least `wanted`, dollars a pay
+/// period; none where there is no such income. Calculates from the current record, working fields and boxes of the
+/// worksheet, except the income, and changes none of them.
 ///
-/// The check doesn't rise evenly: it falls by a trifle at many cents, falls and jumps at bounds of tables. So incomes
-/// are passed over only where the calculation surely goes the same way and its straight line, with what roundings may
-/// add, stays below the check wanted.
+/// The check isn't monotonic: it falls slightly at many cents, and falls or jumps at bounds of tables. So incomes are
+/// skipped only where all comparisons of the calculation have the same results, and the straight line plus the bound of
+/// its rounding errors is below `wanted`.
 std::optional<Money> smallestIncomeFor(Money wanted, Money largest);
 
 }  // namespace tallyfin

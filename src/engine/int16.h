@@ -10,7 +10,7 @@
 namespace tallyfin {
 
 /// A signed 16-bit count or selection. Sums and products are 16-bit too and fail beyond -32768..32767 instead of
-/// wrapping: 12 exemptions times 2750 is a failed statement.
+/// wrapping: 12 exemptions times 2750 fails.
 class Int16 {
  public:
   constexpr Int16() = default;

@@ -4,7 +4,7 @@ namespace TALLYFIN_FIGURES {
 
 namespace {
 
-/// The base that `applyTo` chooses; there is none outside 1 to 5.
+/// The base that `applyTo` chooses; fails outside 1 to 5.
 Amount localBase() {
   switch (payData.applyTo.value()) {
     case 1: return payData.grossPay;

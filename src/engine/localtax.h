@@ -4,8 +4,8 @@
 
 namespace TALLYFIN_FIGURES {
 
-/// Flat city or county tax: `localRate` of the base that `applyTo` chooses, dollars a pay period, not rounded, without
-/// floor or cap. An `applyTo` outside 1 to 5 leaves `localTax` as it was.
+/// Flat city or county tax: `localRate` times the base that `applyTo` chooses, dollars a pay period, not rounded,
+/// without limits. With an `applyTo` outside 1 to 5, `localTax` keeps its value.
 void LocalTaxCalc();
 
 }  // namespace TALLYFIN_FIGURES

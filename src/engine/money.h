@@ -11,9 +11,8 @@ namespace tallyfin {
 
 /// An amount in dollars with four decimals, kept as a signed 64-bit count of ten-thousandths.
 ///
-/// Sums, differences and products with a whole number are exact; beyond the 64-bit range they fail. A rate can't be
-/// multiplied onto an amount directly: it takes `fromReal(toReal(amount) * rate)`, which rounds once, at the fourth
-/// decimal.
+/// Sums, differences and products with a whole number are exact; beyond the 64-bit range they fail. There is no
+/// product with a rate: use `fromReal(toReal(amount) * rate)`, which rounds once, at the fourth decimal.
 class Money {
  public:
   static constexpr std::int64_t unitsPerDollar = 10000;
@@ -68,11 +67,11 @@ constexpr Money atLeastZero(Money amount) { return amount < 0 ? Money{} : amount
 constexpr double toReal(Money amount) {
   return static_cast<double>(amount.units()) / static_cast<double>(Money::unitsPerDollar);
 }
-/// A count as a double, for a product that is not meant to be 16-bit.
+/// A count as a double, for a product that isn't 16-bit.
 constexpr double toReal(Int16 count) { return count.value(); }
 
 /// The amount nearest to a double in dollars: the value times 10000, in double, to the nearest integer, an exact half
-/// to the even one. Fails for what is not finite and beyond the 64-bit range.
+/// to the even one. Fails for a value that isn't finite or is beyond the 64-bit range.
 Money fromReal(double dollars);
 
 /// Whole cents, an exact half away from zero, as the currency text shows them: 1.0050 is 1.01, -1.0050 is -1.01.

@@ -18,15 +18,15 @@ namespace {
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool isDigitButZero(char c) { return isDigit(c) && c != '0'; }
 
-/// A number as it stands in a text, exactly: no digit is lost, however long the text.
+/// The decimal digits of a number in a text, exact for any length.
 struct Decimal {
   bool negative = false;
-  std::string_view digits;  // from the first that isn't zero; may hold commas and the point; empty where all are zero
+  std::string_view digits;  // from the first nonzero one; may contain commas and the point; empty where all are zero
   // mutation: 0 -> 1: a number of zeros has no first digit
   std::int64_t power = 0;  // of ten, of that first digit
 };
 
-/// Takes one character off the front if it is c.
+/// Removes the first character if it is c.
 bool take(std::string_view& text, char c) {
   if (text.empty() || text.front() != c) return false;
   text.remove_prefix(1);
@@ -109,7 +109,7 @@ const Held& orFail(const std::optional<Held>& held, std::string_view text) {
   return *held;
 }
 
-/// A short number as most texts are: digits, and perhaps a point among them.
+/// A short number: digits, and perhaps a point.
 struct PlainNumber {
   std::int64_t digits = 0;  ///< Without the point; a double holds them exactly.
   std::size_t decimals = 0;
@@ -131,8 +131,8 @@ constexpr std::array<std::int64_t, 15> powersOfTen{1,
                                                    10'000'000'000'000,
                                                    100'000'000'000'000};
 
-/// The number of a text of up to 14 characters, all of them digits but for one point. None for every other text, which
-/// may be a number all the same: this is the quick way for what most texts are.
+/// The number of a text of up to 14 digits, with at most one point; none for every other text, even a number. Most
+/// texts are of this form, and this is faster than the general parser.
 [[gnu::always_inline]] inline std::optional<PlainNumber> plainNumber(std::string_view text) {
   if (text.size() == 1 && isDigit(text.front())) return PlainNumber{text.front() - '0'};
   if (text.empty() || text.size() >= powersOfTen.size() || !isDigit(text.front())) return std::nullopt;
@@ -149,7 +149,8 @@ constexpr std::array<std::int64_t, 15> powersOfTen{1,
 /// How the digits that are dropped compare with half a unit of the last one that is kept.
 enum class Rest { belowHalf, half, aboveHalf };
 
-/// Calls keep(digit) for the first `wanted` digits, padded with zeros, and tells how the others are to be rounded.
+/// Calls keep(digit) for the first `wanted` digits, padded with zeros, and returns how the others compare with half a
+/// unit.
 template <class Keep>
 Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
   auto next = digits.begin();
@@ -168,7 +169,7 @@ Rest keepDigits(std::string_view digits, std::int64_t wanted, Keep keep) {
 /// The digits of the number times 10^places, rounded half away from zero to a whole number, without its sign. The
 /// number is within the range of a double, so that there are a few hundred digits at most.
 std::string roundedDigits(const Decimal& decimal, int places) {
-  const std::int64_t wanted = decimal.power + 1 + places;  // how many of the digits stand before the rounding
+  const std::int64_t wanted = decimal.power + 1 + places;  // the number of digits that are kept
   if (decimal.digits.empty() || wanted < 0) return "0";
 
   std::string kept;
@@ -201,7 +202,7 @@ std::int64_t roundedInteger(const Decimal& decimal, int places) {
   return static_cast<std::int64_t>(decimal.negative ? 0 - number : number);
 }
 
-/// The nearest double; none where the number is beyond every double, zero where it is too small for one.
+/// The nearest double; none where the number is too large for a double, zero where it is too small.
 std::optional<double> nearestDouble(const Decimal& decimal) {
   if (decimal.digits.empty()) return 0;
 
@@ -216,7 +217,7 @@ std::optional<double> nearestDouble(const Decimal& decimal) {
   return doubleOf(plain);
 }
 
-/// "$1,234.50" of the digits of a number of cents.
+/// "$1,234.50" from the digits of a number of cents.
 std::string currencyOfCents(std::string cents, bool negative) {
   if (cents == "0") negative = false;
   while (cents.size() < 3) cents.insert(0, 1, '0');

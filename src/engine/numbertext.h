@@ -7,21 +7,21 @@
 #include "engine/int16.h"
 #include "engine/money.h"
 
-/// Numbers as texts, with United States conventions whatever the system's locale.
+/// Numbers as texts, with United States conventions in every locale.
 
 namespace tallyfin {
 
 /// Text to number. One grammar serves all three: blanks at both ends, one sign (before or after the currency sign),
 /// one "$", digits with commas anywhere in the whole part, a point, digits, an exponent; or the whole in parentheses
-/// for a negative. Anything else, the empty text among it, is a failed statement.
+/// for a negative. Anything else fails, also the empty text.
 ///
 /// toMoney rounds the decimal digits themselves at the fourth decimal, half to even; toInt16 to a whole number
-/// likewise. What lies beyond the target's range fails.
+/// likewise. A number beyond the range of the result fails.
 Money toMoney(std::string_view text);
 double realOf(std::string_view text);
 Int16 toInt16(std::string_view text);
 
-/// True where the text is a number of that grammar.
+/// Whether the text is a number of that grammar.
 bool isNumber(std::string_view text);
 
 /// Number to plain text. An amount has up to four decimals and no trailing zeros (1234.5); a double up to 15

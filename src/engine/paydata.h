@@ -7,8 +7,8 @@
 
 namespace tallyfin {
 
-/// The record of the current paycheck, inputs and results. Routines work on it without parameters, screens come and go,
-/// and nothing resets it as a whole, so that a field which a calculation doesn't write keeps the value of the last one.
+/// The record of the current paycheck, inputs and results. Routines use it without parameters. It outlives the
+/// screens, and nothing resets it as a whole: a field that a calculation doesn't write keeps its old value.
 ///
 /// Every Money field is dollars a pay period, but for `stateDepsDed`, whose unit is that of the state routine that
 /// wrote it last. Rates are fractions.
@@ -20,7 +20,7 @@ struct PayDataOf {
   Amount preFica;          ///< Amount exempt from FICA.
   Amount preTax;           ///< Amount not taxed.
   Amount amt401k;          ///< 401(k) contribution.
-  Amount state401k;        ///< What the state leaves untaxed of `amt401k`: all of it or 0.
+  Amount state401k;        ///< The part of `amt401k` that the state doesn't tax: all of it or 0.
   Amount taxableWage;      ///< Income on entry to Calculate, then income less 401(k), pre-FICA and pre-tax.
   Amount fedBase;          ///< `taxableWage` less `depsDed`; may be negative.
   Count incomeSource;      ///< 0: Calculate reads the income box; 1: it takes `taxableWage`.
@@ -30,7 +30,7 @@ struct PayDataOf {
   Amount fedTax;           ///< Federal withholding, whole cents.
   Amount stateTax;         ///< State withholding.
   Amount fica;             ///< FICA total.
-  Amount socSec;           ///< Social Security part, worked out from the base, not from `fica`.
+  Amount socSec;           ///< Social Security part, calculated from the base, not from `fica`.
   Amount medicare;         ///< Medicare part, likewise.
   Count frequency;         ///< 0 Weekly, 1 Twice A Month, 2 Every Two Weeks, 3 Monthly; -1 before the first choice.
   Amount multiCheckTotal;  ///< Monthly total of the several-checks worksheet, dollars a month.
@@ -47,7 +47,7 @@ struct PayDataOf {
   Amount staAdd;           ///< Additional state withholding.
   Count mMethod;           ///< Michigan special exemptions or Maryland local rate number.
   Amount stateDepsDed;     ///< The state's own allowance deduction as the last state routine left it.
-  Amount statePreTax;      ///< What the state leaves untaxed of `preTax`: all of it or 0.
+  Amount statePreTax;      ///< The part of `preTax` that the state doesn't tax: all of it or 0.
   Amount checkAmt;         ///< Net check; set by GridPrint.
   Count illDeps;           ///< Illinois second allowance count.
   Count dontShow;          ///< 0: the program starts with Personal Information; 1: with the main screen.
@@ -66,7 +66,7 @@ concept IsPayData = requires(T& one) {
   one.multiCheckTotal;
 };
 
-/// Calls visit(name, field...) for each field, in declaration order; of several, for those of one name together.
+/// Calls visit(name, field...) for each field in declaration order, with the fields of that name of all records.
 template <class Visit, IsPayData... All>
 void forFieldsOf(Visit&& visit, All&... all) {
   visit("depsDed", all.depsDed...);
@@ -108,7 +108,7 @@ void forFieldsOf(Visit&& visit, All&... all) {
   visit("dontShow", all.dontShow...);
 }
 
-/// The same for one alone.
+/// The same for one record.
 template <IsPayData One, class Visit>
 void forEachField(One& one, Visit&& visit) {
   forFieldsOf(visit, one);

@@ -9,7 +9,7 @@
 #include "engine/numbertext.h"
 #include "engine/unrecorded.h"
 
-/// The plain kind of figures: bare numbers. What the other kind remembers costs nothing here.
+/// The plain kind of figures: numbers. Names and remarks compile to nothing.
 
 namespace tallyfin::plain {
 
@@ -28,7 +28,7 @@ template <class T>
 constexpr T named(const char* /*name*/, T value) {
   return value;
 }
-/// Whole dollars of the 16-bit arithmetic.
+/// Whole dollars in 16-bit arithmetic.
 constexpr Int16 dollars16(const char* /*name*/, int dollars) { return dollars; }
 template <class T>
 constexpr const T& figureOf(const char* /*name*/, const T& value, const char* /*period*/) {
@@ -60,7 +60,7 @@ const Row& bandOf(const TableOf<Row>& table, Money x) {
 
 }  // namespace tallyfin::plain
 
-/// Who isn't a rule uses the plain kind.
+/// Code outside the rules uses the plain kind.
 namespace tallyfin {
 using namespace plain;
 }

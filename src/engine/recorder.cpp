@@ -21,7 +21,7 @@ Recorder::Recorder(std::string statusChosen, std::string date) {
                    "was loaded.");
     }
   }
-  // Last of all, so that there is no trace where one of these has failed.
+  // Last, so that there is no trace where one of the statements above throws.
   Trace begun;
   begun.statusChosen = std::move(statusChosen);
   begun.exemptions = worksheet().exemptionsText();
@@ -33,7 +33,7 @@ Recorder::Recorder(std::string statusChosen, std::string date) {
 Recorder::~Recorder() {
   told::Recording& now = told::recording();
   now.trace = nullptr;
-  if (now.within) {  // a statement was broken off, for want of memory
+  if (now.within) {  // a statement ended with an exception: no memory
     now.last.reset();
     return;
   }

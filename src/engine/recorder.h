@@ -6,8 +6,7 @@
 
 namespace tallyfin {
 
-/// Records the calculation that it carries out. One at a time. Of one that an exception breaks off, other than a failed
-/// statement, there is no trace.
+/// Records a calculation. There is one recorder at a time. A calculation that ends with an exception leaves no trace.
 class Recorder {
  public:
   /// The caption of the status button that is set, and the date, for the explanation.
@@ -16,17 +15,17 @@ class Recorder {
   Recorder(const Recorder&) = delete;
   Recorder& operator=(const Recorder&) = delete;
 
-  /// The functions of the same names, with figures that know how they came about.
+  /// The functions of the same names, recorded.
   static void calculatePaycheck();
   static void makeTotals();
 };
 
-/// takeAllowance, remembered for the calculations that follow.
+/// takeAllowance, with its tape kept for later calculations.
 void recordAllowance(Int16 exemptions);
 
-/// The trace of the last calculation that was recorded in this run; none before the first.
+/// The trace of the last recorded calculation of this run; null before the first.
 const Trace* lastTrace();
-/// Forgets all calculations: a new run begins.
+/// Removes all traces, for a new run.
 void forgetTraces();
 
 }  // namespace tallyfin

@@ -6,7 +6,7 @@
 
 namespace tallyfin::told {
 
-/// The federal allowance as the main screen took it when it was loaded.
+/// The federal allowance, calculated when the main screen was loaded.
 struct TakenAllowance {
   Tape tape;
   Money amount;
@@ -14,27 +14,27 @@ struct TakenAllowance {
   Int16 frequency;
 };
 
-/// What was asked, noted and applied since the running statement began, or since its last line; and what is kept from
-/// one calculation to the next.
+/// The comparisons, remarks and table rows since the start of the running statement, or since its last line; and what
+/// is kept from one calculation to the next.
 struct Recording {
   Tape tape;
   Circumstances since;
   std::optional<AppliedRow> row;  ///< Of the running statement.
   const char* whyKept = "";
-  Trace* trace = nullptr;  ///< Null while the main screen takes the federal allowance.
+  Trace* trace = nullptr;  ///< Null while the federal allowance is calculated.
   bool within = false;     ///< A statement is running.
 
   std::optional<TakenAllowance> taken;
   std::optional<Trace> last;
 };
 
-/// The recording of this thread. It is made at its first use and lasts as long as the thread's Services, whose
-/// destructor removes it. It is no thread_local object, because the C library ends the program where it finds no memory
-/// to note the destructor of one.
+/// The recording of this thread. It is created at its first use, and removed by the destructor of the thread's
+/// Services. It isn't a thread_local object: without memory to register a destructor, the C library would abort the
+/// program.
 Recording& recording();
 void removeRecording();
 
-/// Begins a tape: each field of the record is what was left in it.
+/// Begins a tape on which each field of the record is a value from before the calculation.
 void takeOver(Tape tape);
 
 }  // namespace tallyfin::told

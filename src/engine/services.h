@@ -7,7 +7,7 @@
 
 namespace tallyfin {
 
-/// Assigns a value to a variable of the program or of the thread, and gives it its former value back when it goes.
+/// Assigns a value to a variable, and restores the former value in the destructor.
 template <class T>
 class Installed {
  public:
@@ -21,13 +21,13 @@ class Installed {
   T before_;
 };
 
-/// Installs what the engine needs on this thread, the settings store and the provider of the worksheet, for as long as
-/// it lives. Both must outlive it.
+/// Installs the settings store and the provider of the worksheet on this thread, during its lifetime. Both must outlive
+/// it.
 class Services {
  public:
   Services(SettingsStore& store, WorksheetProvider& provider)
       : store_(settingsStore, &store), provider_(worksheetProvider, &provider) {}
-  /// With the last services of a thread goes what was recorded on it.
+  /// The outermost services of a thread remove its recordings.
   ~Services() {
     if (outermost_) removeRecordings();
   }

@@ -12,18 +12,18 @@
 
 namespace tallyfin {
 
-/// One setting, of the type that it holds; in the store all are texts. save() is one statement: where the value has no
-/// text (a double that isn't finite), or can't be stored, nothing is saved and nothing is reported.
+/// One setting with its type; the store keeps texts. save() is one statement: where the value has no text (a double
+/// that isn't finite), or can't be stored, nothing is saved and nothing is reported.
 template <class Held>
 struct Setting {
   std::string_view section;
   std::string_view key;
   std::string_view defaultText = {};
 
-  /// What is stored, number or not.
+  /// The stored text, which needn't be a number.
   std::string text() const { return getSetting(applicationKey, section, key, defaultText); }
 
-  /// What is stored, as a number. A text that isn't one is a failed statement.
+  /// The stored text as a number. Fails for a text that isn't one.
   Int16 number() const requires std::is_same_v<Held, Int16> { return toInt16(text()); }
   /// The same with the caller's default.
   Int16 numberOr(Int16 otherwise) const requires std::is_same_v<Held, Int16> {
@@ -57,7 +57,7 @@ inline constexpr Text hours{section::settings, "Hours", "80"};
 inline constexpr Number state{section::settings, "State", "0"};
 inline constexpr Number deps{section::settings, "Deps", "0"};
 inline constexpr Number frequency{section::settings,
-                                  "Frequency"};  ///< By default what the list of the main screen shows.
+                                  "Frequency"};  ///< The default is the choice in the list of the main screen.
 inline constexpr Number maritalStat{section::settings, "MaritalStat", "0"};
 inline constexpr Amount localAmt{section::settings, "LocalAmt"};  ///< Nothing reads it.
 inline constexpr Text local{section::settings, "Local", "0"};     ///< The local rate as typed.

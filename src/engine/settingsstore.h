@@ -8,7 +8,7 @@
 
 namespace tallyfin {
 
-/// The application key under which everything is kept.
+/// The application key of all settings.
 inline constexpr std::string_view applicationKey = "Tallyfin99";
 
 /// The sections of the store.
@@ -26,24 +26,23 @@ class SettingsStore {
 
   virtual ~SettingsStore() = default;
 
-  /// The stored text; none where the key is missing. Where it can't be told, because there is a store that can't be
-  /// read, it throws FailedStatement.
+  /// The stored text; none where the key is missing. Throws FailedStatement where the store can't be read.
   virtual std::optional<std::string> read(std::string_view section, std::string_view key) const = 0;
-  /// Stores a text before it returns. Where it can't, what was stored stays and it throws FailedStatement.
+  /// Stores a text before it returns. Where that fails, the stored text doesn't change, and it throws FailedStatement.
   virtual void write(std::string_view section, std::string_view key, const std::string& text) = 0;
-  /// Removes a text, under the same terms.
+  /// Removes a text. Fails like write().
   virtual void erase(std::string_view section, std::string_view key) = 0;
-  /// Everything that is stored and can be read; a section without keys is left out.
+  /// All stored texts that can be read, without empty sections.
   virtual Sections all() const = 0;
 
   /// The stored text, or the default where the key is missing or can't be read.
   std::string get(std::string_view section, std::string_view key, std::string_view defaultText);
-  /// Stores a text as write() does. A default that was given in place of a text that couldn't be read isn't what the
-  /// user entered: until the key has been read, storing just that default fails.
+  /// Stores a text as write() does. Where get() returned a default because the key couldn't be read, storing that
+  /// default fails until the key has been read: it would overwrite what the user entered.
   void save(std::string_view section, std::string_view key, const std::string& text);
 
-  /// An act of the user lasts from beginAct() to endAct(): a store that another program holds is waited for once in all
-  /// statements of the act together. Without an act each statement waits for itself.
+  /// Begin and end of an act of the user. For a store that another program has locked, all statements of an act
+  /// together wait once; outside an act each statement waits.
   virtual void beginAct() { acting_ = true; }
   void endAct() { acting_ = false; }
 
@@ -52,7 +51,7 @@ class SettingsStore {
 
  private:
   bool acting_ = false;
-  /// The defaults given in place of texts that couldn't be read, by section and key.
+  /// The defaults that get() returned for texts that couldn't be read, by section and key.
   std::map<std::pair<std::string, std::string>, std::string> unread_;
 };
 

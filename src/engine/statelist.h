@@ -6,18 +6,17 @@
 
 namespace TALLYFIN_FIGURES {
 
-/// An entry of the state list: its caption, the routine that turns the record into `stateTax`, and where that stands.
+/// An entry of the state list.
 struct State {
   const char* caption;
   void (*routine)();   ///< None for "No State".
-  const char* source;  ///< The file of src/states that holds the routine.
+  const char* source;  ///< The file of src/states that defines the routine.
 };
 
-/// The 42 entries in the order of both state lists; the position is the number of the entry everywhere.
+/// The 42 entries in the order of both state lists. The position is the number of the state.
 extern const std::array<State, 42> stateList;
 
-/// Calls the routine of the entry that the worksheet has chosen. "No State", or no entry, calls none: `stateTax` then
-/// keeps what the last calculation left there.
+/// Calls the routine of the state chosen in the worksheet. For "No State", or no choice, `stateTax` keeps its value.
 void callStateRoutine();
 
 }  // namespace TALLYFIN_FIGURES

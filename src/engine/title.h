@@ -4,7 +4,7 @@
 
 namespace tallyfin {
 
-/// The title of a statement, in the words of a pay stub and of the published tables. An empty one doesn't compile.
+/// The title of a statement, in terms of pay stubs and of the published tables. An empty title doesn't compile.
 class Title {
  public:
   consteval Title(const char* words) : words_(words) {  // NOLINT(google-explicit-constructor): its words are the title

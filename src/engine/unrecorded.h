@@ -6,36 +6,35 @@
 #include "engine/failure.h"
 #include "engine/title.h"
 
-/// Statements of rules that nobody records, and the remarks that then cost nothing: for the kinds of figures that don't
-/// tell how they came about.
+/// Statements for the kinds of figures that aren't recorded. Titles and remarks compile to nothing.
 
 namespace tallyfin::unrecorded {
 
-/// A figure within a statement that an explanation shows in a line of its own.
+/// A figure within a statement that has a line of its own in an explanation.
 template <class T>
 constexpr T line(const char* /*title*/, T value) {
   return value;
 }
 
-/// The same for a figure that is another one again under its own title.
+/// The same for a figure that equals another one but has its own title.
 template <class T>
 constexpr T asMuch(const char* /*title*/, T value) {
   return value;
 }
-/// A choice of the state options by what it means to the rule.
+/// A choice of the state options, with a title for what it means in the rule.
 template <class T>
 constexpr T called(const char* /*title*/, T choice) {
   return choice;
 }
 
-/// Says that a figure goes by a choice that was asked for an earlier one.
+/// Notes that a figure depends on a choice that an earlier figure compared.
 template <class T>
 constexpr void goesBy(const T& /*choice*/) {}
 
-/// Says that a statement assigns nothing, and why.
+/// The result of a statement that assigns nothing, and the reason.
 constexpr std::nullopt_t keep(const char* /*why*/) { return std::nullopt; }
 constexpr bool keepAll(const char* /*why*/) { return false; }
-/// Remarks for the explanation: of the running statement, of a field, of the statement where the amount isn't 0.
+/// Remarks for the explanation: on the running statement, on a field, on the statement where the amount isn't 0.
 constexpr void note(const char* /*remark*/) {}
 template <class T>
 constexpr void noteOn(const T& /*field*/, const char* /*remark*/) {}
@@ -58,8 +57,8 @@ void assign(T& target, const Value& value) {
 
 }  // namespace detail
 
-/// Runs one statement; where it fails, what it had not assigned yet stays as it was. The targets are what it may
-/// assign; a statement that returns false has assigned none of them.
+/// Runs one statement. Where it fails, targets that it hasn't assigned keep their values. The targets are all that it
+/// may assign; a statement that returns false has assigned none of them.
 template <class Statement, class... Targets>
 requires std::invocable<Statement&>
 [[gnu::always_inline]] inline void step(Title /*title*/, Statement&& statement, const Targets&... /*targets*/) {
@@ -69,7 +68,7 @@ requires std::invocable<Statement&>
   }
 }
 
-/// Assigns a value to the target; where the value can't be worked out, or there is none, the target stays as it was.
+/// Assigns a value to the target. Where the value fails, or there is none, the target keeps its value.
 template <class T, class Value>
 requires(std::invocable<Value&> && !std::invocable<T&>)
     [[gnu::always_inline]] inline void step(Title title, T& target, Value&& value) {

@@ -8,8 +8,8 @@
 
 namespace tallyfin {
 
-/// Working fields. They live as long as the main screen, every state routine shares them, and nothing resets them
-/// between calculations: that they outlive a routine is part of the behaviour.
+/// Working fields that all state routines share. They live as long as the main screen, and nothing resets them between
+/// calculations. Some results depend on that.
 template <class Amount, class Count>
 struct WorksheetFieldsOf {
   Count exemptions;    ///< The count of exemptions as last parsed.
@@ -27,7 +27,7 @@ concept HasWorkingFields = requires(T& one) {
   one.stateStdDed;
 };
 
-/// Calls visit(name, field...) for each field, in declaration order; of several, for those of one name together.
+/// Calls visit(name, field...) for each field in declaration order, with the fields of that name of all arguments.
 template <class Visit, HasWorkingFields... All>
 void forFieldsOf(Visit&& visit, All&... all) {
   visit("exemptions", all.exemptions...);
@@ -36,13 +36,14 @@ void forFieldsOf(Visit&& visit, All&... all) {
   visit("staRate", all.staRate...);
 }
 
-/// The same for one alone.
+/// The same for one argument.
 template <HasWorkingFields One, class Visit>
 void forEachField(One& one, Visit&& visit) {
   forFieldsOf(visit, one);
 }
 
-/// What a calculation needs of the main screen. The main screen is one; so is a test's stand-in.
+/// What a calculation reads of the main screen, and the labels that it sets. The main screen implements it; tests use a
+/// fake.
 class Worksheet : public WorksheetFields {
  public:
   virtual ~Worksheet() = default;
@@ -58,11 +59,11 @@ class Worksheet : public WorksheetFields {
   virtual int stateIndex() const = 0;
   virtual bool selfEmployed() const = 0;
 
-  /// Puts a figure, rounded to two decimals, on one of the labels lbl1 to lbl8.
+  /// Shows a figure, rounded to two decimals, on one of the labels lbl1 to lbl8.
   virtual void showFigure(int label, Money figure) = 0;
 };
 
-/// Gives the worksheet, which it creates if there is none yet.
+/// Returns the worksheet; creates it if there is none.
 class WorksheetProvider {
  public:
   virtual Worksheet& provideWorksheet() = 0;
@@ -74,7 +75,7 @@ class WorksheetProvider {
 /// The provider that Services have installed on this thread; null without them.
 inline constinit thread_local WorksheetProvider* worksheetProvider = nullptr;
 
-/// The worksheet of the moment.
+/// The current worksheet of this thread.
 inline Worksheet& worksheet() { return worksheetProvider->provideWorksheet(); }
 
 }  // namespace tallyfin

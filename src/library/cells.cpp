@@ -26,7 +26,7 @@ std::vector<Named> allStates() {
   return all;
 }
 
-/// The lists by what they hold.
+/// The lists of names.
 struct Lists {
   Names frequencies{namesOf(Column::frequency)};
   Names statuses{namesOf(Column::status)};
@@ -47,7 +47,7 @@ std::optional<int> entryNamed(Column column, std::string_view text) {
   }
 }
 
-/// A whole number, behind which a point and zeros may stand.
+/// A whole number, optionally with a point and zeros.
 std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
   const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
   if (text.empty() || (lowered(text.front()) >= 'a' && lowered(text.front()) <= 'z')) return std::nullopt;

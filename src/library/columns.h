@@ -11,7 +11,7 @@
 
 namespace tallyfin::library {
 
-/// What a paycheck is worked from. The order is that of the arguments, and of the reports in a problem.
+/// The entries of a paycheck, in the order of the arguments and of the reports in a problem.
 enum class Column : std::size_t {
   income,
   rate401k,
@@ -36,9 +36,9 @@ enum class Column : std::size_t {
 };
 inline constexpr std::size_t columnCount = 20;
 
-/// What the text of a column is.
+/// The meaning of a column's text.
 enum class Kind {
-  box,     ///< What is typed into a box: an amount or a rate.
+  box,     ///< As typed into a box: an amount or a rate.
   choice,  ///< An entry of a list, by its caption or its number.
   flag,    ///< Yes or no.
   count,   ///< A 16-bit number.
@@ -79,7 +79,7 @@ inline constexpr std::array<ColumnRule, columnCount> columnRules{{
 constexpr std::size_t indexOf(Column column) { return static_cast<std::size_t>(column); }
 constexpr const ColumnRule& ruleOf(Column column) { return columnRules[indexOf(column)]; }
 
-/// The column of a name, letter case and blanks at either end aside.
+/// The column of a name; letter case and blanks at either end are ignored.
 std::optional<Column> columnNamed(std::string_view name);
 
 /// The names of the results, in the order of `resultRows`.
@@ -87,7 +87,7 @@ inline constexpr std::size_t resultCount = resultRows.size();
 inline constexpr std::array<std::string_view, resultCount> resultNames{
     "gross_pay", "amt_401k", "non_taxable",     "pre_fica_pay", "federal_tax",      "state_tax",
     "local_tax", "fica",     "social_security", "medicare",     "total_deductions", "check_amount"};
-/// The name of what is told behind them.
+/// The name of the problem, which follows the results.
 inline constexpr std::string_view problemName = "problem";
 
 }  // namespace tallyfin::library

@@ -7,7 +7,7 @@ namespace tallyfin::library {
 
 namespace {
 
-/// Of the length and four of the letters: enough to tell the names of a list apart, mostly.
+/// A hash of the length and four of the letters, which has few collisions among the names of a list.
 std::size_t hashOf(std::string_view name) {
   if (name.empty()) return 0;
   const auto letter = [&](std::size_t place) {

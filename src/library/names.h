@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-/// Names of entries, found whatever their letter case.
+/// Names of entries, found in any letter case.
 
 namespace tallyfin::library {
 
@@ -20,16 +20,16 @@ constexpr std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-/// Whether two texts are the same but for letter case.
+/// Whether two texts are equal except for letter case.
 bool sameName(std::string_view a, std::string_view b);
 
 /// A name and the number that it stands for.
 struct Named {
-  std::string_view name;  ///< The text must outlive what it is in.
+  std::string_view name;  ///< The text must outlive this.
   int number = 0;
 };
 
-/// Finds the number of a name, in a time that doesn't grow with their count.
+/// Finds the number of a name in constant time: a hash table.
 class Names {
  public:
   explicit Names(const std::vector<Named>& all);
@@ -37,7 +37,8 @@ class Names {
   std::optional<int> find(std::string_view name) const;
 
  private:
-  std::vector<Named> slots_;  ///< By hash; an empty name is a free slot. A power of two of them, half of them free.
+  std::vector<Named>
+      slots_;  ///< By hash; an empty name is a free slot. The size is a power of two, and half of the slots are free.
 };
 
 }  // namespace tallyfin::library

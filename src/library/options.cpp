@@ -22,14 +22,13 @@ int numberOf(const char* entry) {
   return number;
 }
 
-/// The special list of a state, for one of its two columns: only Maryland and Michigan have their choice in
-/// state_method too.
+/// The special list of a state for one of its two columns. Only Maryland and Michigan read state_method too.
 const SpecialList* listOf(int state, Column column) {
   const bool kept = column == Column::stateExemptions || state == state::maryland || state == state::michigan;
   return kept ? shapeOf(state).special : nullptr;
 }
 
-/// The numbers that a state offers for a column, in the screen's order.
+/// The numbers that a state offers for a column, in the order of the screen.
 std::vector<int> offered(int state, Column column) {
   const Shape& shape = shapeOf(state);
   std::vector<int> numbers;
@@ -71,7 +70,7 @@ std::string meaningOf(int state, Column column, int number) {
   return recaptioned ? michiganDependentCaption : maritalCaptions[static_cast<std::size_t>(number)];
 }
 
-/// Puts the values of a state behind the others.
+/// Appends the values of a state.
 class Listing {
  public:
   Listing(int state, std::vector<StateValue>& values) : state_(state), values_(values) {}

@@ -21,24 +21,24 @@ struct StateValue {
   std::string meaning;  ///< The captions of the screen.
 };
 
-/// All values of all states, by state and column. A state's options that its routine doesn't read, or that aren't
-/// handed over without opening their screen, are left out.
+/// All values of all states, by state and column. Options that the state's routine doesn't read, or that
+/// reach the record only when their screen is opened, are left out.
 std::vector<StateValue> stateValues();
 
-/// Whether the options screen of a state offers a number for a column. Where it offers none, 0 stands for nothing.
+/// Whether the options screen of a state offers a number for a column. Where it offers none, true for 0.
 bool isOffered(int state, Column column, int number);
 
-/// What a state offers for a column, in words: "0 3 8 9", "0 to 15", "none".
+/// The numbers that a state offers for a column, as a text: "0 3 8 9", "0 to 15", "none".
 std::string offeredText(int state, Column column);
 
 /// The columns with numbers that a state may offer.
 inline constexpr std::array optionColumns{Column::stateDependents, Column::illinoisDependents, Column::stateExemptions,
                                           Column::stateMarital, Column::stateMethod};
 
-/// What is reported where a number isn't offered ...
+/// The reports of one column of a state.
 struct OptionReports {
   std::string notOffered;
-  std::string notChosen;  ///< ... and where the state reads the column and 0, its default, isn't. Else empty.
+  std::string notChosen;  ///< For 0, the default, where the state reads the column and doesn't offer 0. Else empty.
 };
 /// Those of a state, in the order of `optionColumns`.
 const std::array<OptionReports, optionColumns.size()>& optionReports(int state);

@@ -147,7 +147,7 @@ void Paycheck::takeIncome() {
   income_ = &found_;
 }
 
-/// Does what the program does from its start to the Calculate button, with these choices stored and typed.
+/// Does the same as the program from its start to the Calculate button, with these choices stored and typed.
 void Paycheck::takeChoices() {
   payData = PayData{};
   static_cast<WorksheetFields&>(*this) = WorksheetFields{};
@@ -164,7 +164,7 @@ void Paycheck::takeChoices() {
   takeLocalRate(text(Column::localRate));
 }
 
-/// The options of a state that doesn't open their screen by itself aren't handed over.
+/// Without effect for a state whose options screen doesn't open by itself: its options don't reach the record.
 void Paycheck::takeOptions() {
   additional_ = &text(Column::stateAdditional);
   if (!opensStateOptions(stateIndex())) return;
@@ -189,9 +189,9 @@ void Paycheck::reportUnusable() {
   }
 }
 
-/// Reports the boxes whose text isn't a number: the statement that reads it is skipped.
+/// Reports the boxes whose text isn't a number: the statement that reads such a text is skipped.
 void Paycheck::reportUnread() {
-  // Such a text leaves its field at 0, as in a fresh record: only texts with such a field are looked at.
+  // Such a text leaves its field at 0. So texts with another value in their field needn't be parsed again.
   const auto name = [this](Column column, const std::string& text, bool isZero, auto read) {
     if (isZero && text != "0" && !can([&] { read(text); })) report(column, "not a number");
   };
@@ -203,7 +203,7 @@ void Paycheck::reportUnread() {
   name(Column::stateAdditional, *additional_, payData.staAdd == 0, toMoney);
 }
 
-/// Reports choices with which no paycheck can be meant, though they have results.
+/// Reports choices that are of no use for a paycheck, although there are results.
 void Paycheck::reportWhatCannotBeMeant() {
   if (isEmpty(Column::frequency)) report(Column::frequency, "none is chosen and so there is no federal tax");
   reportOptions();

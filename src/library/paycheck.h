@@ -15,8 +15,8 @@
 #include "explain/json.h"
 #include "library/columns.h"
 
-/// A paycheck as a row: what other programs work paychecks by. The batch program, the C library and the other languages
-/// stand on it, so that they agree.
+/// A paycheck as a row, for other programs. The batch program, the C library and the bindings to other languages use
+/// this class, so their results are identical.
 
 namespace tallyfin::library {
 
@@ -25,10 +25,10 @@ inline constexpr Money largestIncome = 1'000'000;
 
 /// One paycheck: its columns, and after work() its results, its problem or its explanation.
 ///
-/// It is worked as the program works it when it is started with the columns' choices stored, its boxes are filled and
-/// Calculate is pressed once. No paycheck knows of another. Any number of them may be worked at once on several
-/// threads, but a single one by one thread at a time. Working one overwrites the record of the calling thread, and so
-/// it isn't for a thread that holds the program's screens.
+/// The results are those of the program started with the columns' choices stored, its boxes filled in and Calculate
+/// pressed once. Paychecks share no state. Several threads may work paychecks at the same time, but a single paycheck
+/// only one thread at a time. work() overwrites the record of the calling thread, so don't call it on the thread of the
+/// program's screens.
 ///
 /// All functions may throw std::bad_alloc, and nothing else.
 class Paycheck final : private Worksheet, private WorksheetProvider {
@@ -38,22 +38,21 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   Paycheck(const Paycheck&) = delete;
   Paycheck& operator=(const Paycheck&) = delete;
 
-  /// Empties all columns. An empty column is the program's own default.
+  /// Empties all columns. An empty column means the program's default.
   void clear();
 
-  /// Sets a column to a text; the empty text empties it. What can't be understood is reported by problem(), not here.
+  /// Sets a column to a text; the empty text empties it. A text that can't be understood is reported by problem().
   void set(Column column, std::string_view text) {
-    // Rows have much in common: what the column holds already isn't looked at anew.
+    // Rows have much in common, so an unchanged text isn't parsed again.
     if (!text.empty() && given_[indexOf(column)] && text == texts_[indexOf(column)]) return;
     change(column, text);
   }
   /// The same with the text of a number.
   void setInteger(Column column, std::int64_t number);
-  /// The same with the shortest text that reads back as the number. One that isn't a number (NaN) empties the column.
+  /// The same with the shortest text that reads back as the number. NaN empties the column.
   void setReal(Column column, double number);
 
-  /// Works the paycheck; the columns keep what they hold. False where a column can't be understood: there are no
-  /// results then.
+  /// Works the paycheck; doesn't change the columns. False, and no results, where a column can't be understood.
   bool work();
 
   /// Makes all results 0.
@@ -61,7 +60,7 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
 
   /// One of the twelve results, in the order of `resultNames`; 0 where there are none.
   Money result(std::size_t row) const { return results_[row]; }
-  /// What is wrong with the paycheck as worked last, in the order of the columns; empty for nothing. A paycheck with
+  /// The problems of the paycheck when it was worked last, in the order of the columns; empty for none. A paycheck with
   /// results may have a problem too.
   const std::string& problem() const { return problem_; }
 
@@ -71,7 +70,7 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   std::string explainAsJson() { return jsonOf(explain()); }
 
  private:
-  /// What the state routines read of the stored options.
+  /// The stored options that the state routines read.
   class Options final : public MemoryStore {
    public:
     std::optional<std::string> read(std::string_view section, std::string_view key) const override;
@@ -106,10 +105,10 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   void report(Column column, std::string_view why);
   void makeProblem();
 
-  /// What is wrong with a column.
+  /// A problem of a column.
   struct Report {
     Column column;
-    std::string_view why;  ///< A text that stands for good.
+    std::string_view why;  ///< A text of static storage duration.
   };
 
   Options options_;
@@ -118,10 +117,11 @@ class Paycheck final : private Worksheet, private WorksheetProvider {
   std::bitset<columnCount> given_;              ///< The columns that aren't empty.
   std::bitset<columnCount> unusable_;           ///< Those whose text can't be understood.
 
-  std::string found_;                        ///< The income found for the check wanted.
-  const std::string* income_ = nullptr;      ///< What is in the income box: the column's text, or that.
-  std::string exemption_;                    ///< Mississippi's exemption.
-  const std::string* additional_ = nullptr;  ///< The additional amount used: the column's text, or that.
+  std::string found_;                    ///< The income found for the check wanted.
+  const std::string* income_ = nullptr;  ///< The text of the income box: that of the column, or `found_`.
+  std::string exemption_;                ///< Mississippi's exemption.
+  const std::string* additional_ =
+      nullptr;  ///< The text of the additional amount: that of the column, or `exemption_`.
   std::array<Money, resultCount> results_{};
   std::vector<Report> reports_;
   std::string problem_;

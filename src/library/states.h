@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-/// What other programs call the entries of the state list.
+/// Names that other programs use for the entries of the state list.
 
 namespace tallyfin::library {
 
@@ -20,7 +20,7 @@ struct RightName {
 };
 inline constexpr std::array<RightName, 2> rightNames{{{8, "District of Columbia"}, {20, "Massachusetts"}}};
 
-/// A state that taxes no wages, so that the list doesn't hold it: it is "No State".
+/// A state without an income tax, which isn't in the list: it means "No State".
 struct UntaxedState {
   std::string_view name;
   std::string_view postalCode;

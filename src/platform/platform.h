@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-/// What the program needs of its platform, as small interfaces. The default of each does nothing.
+/// Small interfaces of the platform. The default implementation of each does nothing.
 
 namespace tallyfin {
 
@@ -12,7 +12,7 @@ class Screen;
 /// A date and time of the place where the program runs.
 using LocalTime = std::chrono::local_seconds;
 
-/// Tells the date and time.
+/// Returns the date and time.
 class Clock {
  public:
   virtual ~Clock() = default;
@@ -34,7 +34,7 @@ class Beeper {
 class MousePointer {
  public:
   virtual ~MousePointer() = default;
-  /// The hourglass while something is being made.
+  /// Shows the hourglass while a document is made.
   virtual void setBusy(bool /*busy*/) {}
 };
 

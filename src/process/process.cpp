@@ -19,7 +19,8 @@ volatile std::sig_atomic_t came = 0;
 void note(int signal) {
   came = signal;
   const char byte = 0;
-  [[maybe_unused]] const auto written = ::write(ends[1], &byte, 1);  // the first is enough
+  [[maybe_unused]] const auto written =
+      ::write(ends[1], &byte, 1);  // it fails only where the pipe is full, and so readable
 }
 
 }  // namespace
@@ -52,7 +53,7 @@ void awaitEndings() {
     if (action.sa_handler == SIG_IGN) continue;
     action = {};
     action.sa_handler = note;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);  // the second ends it, whatever it is doing
+    action.sa_flags = static_cast<int>(SA_RESETHAND);  // a second signal ends the process at once
     ::sigaction(signal, &action, nullptr);
   }
 }

@@ -1,24 +1,24 @@
 #pragma once
 
-/// What a program asks of the process that it runs in.
+/// Functions of the running process.
 
 namespace tallyfin {
 
-/// Keeps what is in memory, such as a Social Security number, out of core dumps and away from other programs of the
-/// user; not in a debug build, whose makers want them.
+/// Disables core dumps, and access by other programs of the user, because the memory may hold a Social Security number.
+/// Does nothing in a debug build.
 void hideMemory();
 
-/// Gives each of the three standard streams that is closed a file to nothing, so that no other file takes its number.
-/// False where input or output was closed.
+/// Opens /dev/null for each standard stream that is closed, so that no other file gets its descriptor. Returns false
+/// where input or output was closed.
 bool fillStandardStreams();
 
-/// From now on SIGTERM, SIGINT and SIGHUP don't end the process by themselves; one that was ignored stays so.
+/// Catches SIGTERM, SIGINT and SIGHUP, unless they are ignored.
 void awaitEndings();
-/// Becomes readable when one of them comes.
+/// A descriptor that becomes readable when one of them arrives.
 int endingDescriptor();
-/// The one that came; 0 where none has.
+/// The signal that arrived; 0 for none.
 int endingSignal();
-/// Ends the process by the signal that came, once all has been put in order: whoever started it sees why it ended.
+/// Ends the process by the signal that arrived, so that the parent process sees it. Call it after all cleanup.
 [[noreturn]] void endBySignal();
 
 }  // namespace tallyfin

@@ -20,16 +20,16 @@ class Cells {
 
   std::size_t size() const { return static_cast<std::size_t>(array_.size()); }
 
-  /// Takes what the objects of some rows hold, so that set() needs no interpreter. The interpreter's lock must be held.
+  /// Reads the objects of some rows, so that set() needs no interpreter. The caller must hold the GIL.
   void read(std::size_t first, std::size_t end);
 
-  /// Sets the paycheck's column to the cell of a row among those read last. Needs no lock.
+  /// Sets the paycheck's column to the cell of a row among those read last. Doesn't need the GIL.
   void set(library::Paycheck& paycheck, std::size_t row) const;
 
  private:
   enum class Kind { integers, reals, objects };
 
-  /// What an object holds.
+  /// The value of an object.
   struct Cell {
     enum { empty, integer, real, text } holds = empty;
     std::int64_t number = 0;
@@ -45,7 +45,7 @@ class Cells {
   Kind kind_;
   bool single_;
   std::size_t first_ = 0;
-  std::vector<Cell> cells_;              ///< Of objects.
+  std::vector<Cell> cells_;              ///< The values of objects.
   std::vector<pybind11::object> texts_;  ///< Keeps their characters.
   pybind11::object missing_;             ///< pandas.NA
   pybind11::object noTime_;              ///< pandas.NaT

@@ -13,17 +13,17 @@
 #include "library/paycheck.h"
 #include "python/cells.h"
 
-/// The part of the Python package that works paychecks; tallyfin99/__init__.py stands on it.
+/// The native part of the Python package, which tallyfin99/__init__.py uses.
 
 namespace py = pybind11;
 
 namespace tallyfin::python {
 namespace {
 
-/// How many rows are worked between two times that the interpreter's lock is held.
+/// The number of rows that are worked before the GIL is taken again.
 constexpr std::size_t rowsAtOnce = 8192;
 
-/// Results by rows, and the problems of the rows that have one.
+/// The results of all rows, and the problems of rows that have one.
 struct Worked {
   py::array figures;  ///< A row for each of the twelve results: dollars as float64, or ten-thousandths as int64.
   py::array_t<bool> missing;

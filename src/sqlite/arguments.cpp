@@ -16,7 +16,7 @@ namespace {
 constexpr char relied = 'A';
 constexpr char compared = 'a';
 
-/// SQLite takes a table's word only for so many conditions of a statement.
+/// The number of conditions of a statement that SQLite leaves to a table.
 constexpr int mostRelied = 16;
 
 using Columns = std::bitset<library::columnCount>;
@@ -62,7 +62,7 @@ int planArguments(sqlite3_index_info& info, int firstHidden) {
     if (condition.op != SQLITE_INDEX_CONSTRAINT_EQ && !byIs) continue;
     if (condition.usable == 0) {
       unknown.set(column);
-    } else if (!given[column]) {  // a second one is for SQLite to compare
+    } else if (!given[column]) {  // SQLite compares a second one
       given.set(column);
       plan += letterOf(i < mostRelied || byIs ? relied : compared, column);
       info.aConstraintUsage[i].argvIndex = static_cast<int>(plan.size());

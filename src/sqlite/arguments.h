@@ -15,25 +15,25 @@ namespace tallyfin::sqlite {
 /// table-valued function: SQLite makes `column = argument` of them, and the same is written for an argument by name.
 std::string hiddenColumns();
 
-/// Plans how the arguments are handed over, for a table whose hidden columns begin at a number. Writes the plan for
-/// start(). Returns SQLITE_CONSTRAINT where an argument isn't known yet, so that SQLite takes another order.
+/// Plans how SQLite passes the arguments, for a table whose hidden columns begin at a number. Writes the plan for
+/// start(). Returns SQLITE_CONSTRAINT where an argument isn't known yet, so that SQLite chooses another join order.
 int planArguments(sqlite3_index_info& info, int firstHidden);
 
 /// The arguments of a paycheck.
 class Arguments {
  public:
-  /// Takes them as planned, and sets the paycheck's columns.
+  /// Reads them as planned, and sets the paycheck's columns.
   void take(const char* plan, sqlite3_value** values, int count, library::Paycheck& paycheck);
 
-  /// Gives an argument back as it came. One that isn't known is refused: SQLite would compare with NULL what is another
-  /// paycheck's argument, and so lose rows.
+  /// Returns an argument unchanged. Refuses one that wasn't given: SQLite would compare another paycheck's argument
+  /// with NULL and lose rows.
   void give(sqlite3_context* context, std::size_t column) const;
 
-  /// A number of theirs: the same for arguments that SQLite holds equal, and almost certainly another one for others.
+  /// A hash of the arguments: the same for arguments that are equal to SQLite.
   std::uint64_t hash() const;
 
  private:
-  /// A value of SQLite, in memory that is used again.
+  /// A copy of a value of SQLite, whose memory is reused.
   class Value {
    public:
     void clear() { type_ = SQLITE_NULL; }

@@ -44,7 +44,7 @@ void ExplanationCursor::next() {
   skipEmpty();
 }
 
-/// Goes on to the next result that has a line, where there are no more of this one.
+/// Moves to the next result that has a line, after the last line of this one.
 void ExplanationCursor::skipEmpty() {
   while (!atEnd() && line_ >= explanations_[result_].lines.size()) {
     ++result_;

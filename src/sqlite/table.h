@@ -13,7 +13,7 @@ SQLITE_EXTENSION_INIT3
 
 namespace tallyfin::sqlite {
 
-/// What a statement fails with; SQLite reports the text.
+/// Fails a statement; SQLite reports the text.
 class Refusal : public std::exception {
  public:
   explicit Refusal(std::string text) : text_(std::move(text)) {}
@@ -31,7 +31,7 @@ class Refusal : public std::exception {
 ///   bool atEnd() const;
 ///   void next();
 ///   void give(sqlite3_context*, int column);
-///   sqlite3_int64 rowid() const;                       two rows of one number are one row for SQLite
+///   sqlite3_int64 rowid() const;                       SQLite treats rows of the same number as one
 ///
 /// They may throw std::bad_alloc and Refusal.
 template <class Cursor>
@@ -49,7 +49,7 @@ class Table {
 
   static Cursor& of(sqlite3_vtab_cursor* cursor) { return static_cast<OpenCursor*>(cursor)->cursor; }
 
-  /// Runs it; what it throws becomes a result code, and a text in the table's error message.
+  /// Runs a function; turns an exception into a result code and the table's error message.
   template <class Act>
   static int codeOf(sqlite3_vtab* table, Act act) {
     try {
@@ -133,7 +133,7 @@ class Table {
   static constexpr sqlite3_module module = makeModule();
 };
 
-/// Gives a text as the value of a column.
+/// Returns a text as the value of a column.
 inline void giveText(sqlite3_context* context, std::string_view text) {
   sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }

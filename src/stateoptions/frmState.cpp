@@ -15,7 +15,7 @@ namespace {
 
 constexpr Colour enabledText{255, 128, 128};
 
-/// What Connecticut's rate letters mean; the fifth has no text. The slip in the first figure stands.
+/// Connecticut's rate letters; the fifth has no text. The error in the first figure is required.
 constexpr std::array connecticutRates{
     "You are Single; or You are Married and you are filing separately; or You are married filing jointly, both you "
     "and your spouse work, and your combined income is $100,00 or less.",
@@ -48,7 +48,7 @@ frmState::frmState() : Screen(screenName, "State Options") {
   cmdAccept.onClick = [this] { cmdAccept_Click(); };
 }
 
-/// Back to the base shape; the colours and the other entries stay.
+/// Sets the base shape; the colours and the other entries don't change.
 void frmState::Clear() {
   for (OptionButton& button : op3Marital) {
     button.enabled = false;
@@ -67,8 +67,8 @@ void frmState::Clear() {
 
 void frmState::Load() {
   Clear();
-  unlessItFails([&] { cboState.setIndex(desk.use<frmMain>().cboState.index()); });  // shapes the screen
-  cboSpecialDeps.setText(cboSpecialDeps.entries().front());  // the saved value, not the state's default, is what counts
+  unlessItFails([&] { cboState.setIndex(desk.use<frmMain>().cboState.index()); });  // its click handler sets the shape
+  cboSpecialDeps.setText(cboSpecialDeps.entries().front());  // the saved value, not the state's default
   sta401 = "N";
   staPreTax = "N";
   cboDeps[0].setText(settings::staDeps.text());
@@ -122,7 +122,7 @@ void frmState::cboState_Click() {
     if (shape.special != nullptr) offer(*shape.special);
   }
   if (cboState.index() == state::connecticut) payData.staMarried = payData.maritalStat;
-  // Stays for every other state until the screen is loaded again.
+  // Required: the caption stays for every other state until the screen is loaded again.
   if (cboState.index() == state::michigan) op3Marital[9].setCaption(michiganDependentCaption);
   if (cboState.text() != "Illinois") {
     cboDeps[1].enabled = false;

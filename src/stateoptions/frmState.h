@@ -11,11 +11,11 @@
 
 namespace tallyfin {
 
-/// The state options: everything about state withholding that the main screen doesn't ask.
+/// The state options: all entries of state withholding that aren't on the main screen.
 ///
-/// The screen changes shape with the state by enabling and disabling, never by hiding. It owns the `StateInfo`
-/// settings, and its Unload is the only way by which saved options reach the record. The main screen's state is the
-/// master: it is copied at Load and handed back at Unload.
+/// The screen changes with the state by enabling and disabling controls, never by hiding them. Only it reads and writes
+/// the `StateInfo` settings, and saved options reach the record only in its Unload. The state is copied from the main
+/// screen at Load and back at Unload.
 class frmState final : public Screen {
  public:
   static constexpr const char* screenName = "frmState";
@@ -60,9 +60,9 @@ class frmState final : public Screen {
   OptionGroup marital{op3Marital};
   OptionGroup rates{optRateSelect};
 
-  Int16 staRate;                ///< Letter of the rate, 0 to 4: kept in the store, read by no routine.
-  std::string sta401 = "N";     ///< "Y" where the state base loses the 401(k) amount.
-  std::string staPreTax = "N";  ///< "Y" where it loses the pre-tax amount.
+  Int16 staRate;                ///< Letter of the rate, 0 to 4. It is saved, but no routine reads it.
+  std::string sta401 = "N";     ///< "Y" where the 401(k) amount is deducted from the state base.
+  std::string staPreTax = "N";  ///< "Y" where the pre-tax amount is deducted.
 };
 
 }  // namespace tallyfin

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// How the state options reach the record, where they stand in the boxes of their screen or were stored by it.
+/// Assigns state options to the record, from the boxes of their screen or from the store.
 
 namespace tallyfin {
 
@@ -14,13 +14,12 @@ struct StateOptionTexts {
   const std::string& additional;  ///< Additional withholding, dollars a pay period.
 };
 
-/// Hands the state options over to the record. The special selection becomes `mMethod` and `staExmp`, whatever the
-/// state; a text that is no number leaves its field.
+/// Assigns the state options to the record. The special selection is assigned to `mMethod` and to `staExmp` for every
+/// state. A text that isn't a number leaves its field unchanged.
 void takeStateOptions(const StateOptionTexts& texts);
 
-/// The marital option of Mississippi puts the personal exemption that goes with it in the place of the additional
-/// amount, whatever was saved there: its text, empty where it must be entered; nullptr for an option that goes with
-/// none.
+/// The personal exemption for a marital option of Mississippi, which replaces the additional amount: its text, empty
+/// where the user must enter it; nullptr for an option without one.
 const char* mississippiExemption(int maritalOption);
 
 }  // namespace tallyfin

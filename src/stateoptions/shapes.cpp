@@ -18,11 +18,11 @@ constexpr SpecialList arizonaList{"Select Withholding Percentage", arizonaEntrie
 constexpr const char* californiaEntries[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
 constexpr SpecialList californiaList{"Estimated Deductions", californiaEntries, "0"};
 
-// The base shape's own list, only enabled.
+// The list of the base shape, enabled.
 constexpr const char* louisianaEntries[] = {"0", "1", "2"};
 constexpr SpecialList louisianaList{"Additional (State) Exemptions", louisianaEntries, "0"};
 
-// The box stays empty until a county rate is chosen.
+// The box is empty until a county rate is chosen.
 constexpr const char* marylandEntries[] = {"48", "50", "55", "56", "58", "60"};
 constexpr SpecialList marylandList{"Maryland Local Tax Rates", marylandEntries, ""};
 

@@ -13,13 +13,13 @@ struct SpecialList {
   const char* text;  ///< What is chosen at first; empty for nothing.
 };
 
-/// What a state's routine reads of its options, beside the additional amount.
+/// The options that a state's routine reads, beside the additional amount.
 struct Reads {
   bool dependents = false;
   bool illinoisDependents = false;
   bool special = false;
   bool marital = false;
-  bool untaxed = true;  ///< Whether the 401(k) and pre-tax amounts may be left untaxed.
+  bool untaxed = true;  ///< Whether the 401(k) and pre-tax amounts can be deducted.
 };
 
 /// What the options screen enables for one entry of the state list, beyond the base shape: no marital button, no rate
@@ -29,12 +29,12 @@ struct Shape {
   bool rates = false;
   bool dependents = true;
   const SpecialList* special = nullptr;
-  bool opens = false;  ///< Whether choosing the entry on the main screen opens the options by itself.
+  bool opens = false;  ///< Whether choosing the entry on the main screen opens the options.
   Reads reads = {};
 };
 
-/// The captions of the screen, which also tell what a saved number means. Those of the marital buttons stand by their
-/// index, the number that is saved.
+/// The captions of the screen, also for the meanings of saved numbers. Those of the marital buttons are in the order of
+/// their index, the number that is saved.
 inline constexpr std::array<const char*, 10> maritalCaptions{"Single",
                                                              "Single, claiming full personal exemption(S)",
                                                              "Single, claiming none (O)",
@@ -53,14 +53,14 @@ inline constexpr const char* additionalCaption = "Additional Withholding Amount 
 /// The largest number in the two boxes of dependents, which start at 0.
 inline constexpr int mostDependents = 15;
 
-/// The shapes by position in the state list. They are uneven on purpose: Arkansas and Maine enable buttons that nothing
-/// reads, Kentucky opens the screen for nothing but the additional amount.
+/// The shapes by position in the state list. Required: Arkansas and Maine enable buttons that nothing reads; Kentucky
+/// opens the screen only for the additional amount.
 extern const std::array<Shape, 42> shapes;
 
 /// Whether choosing this entry on the main screen opens the options.
 bool opensStateOptions(int stateIndex);
 
-/// The positions that have rules of their own on the screen.
+/// The positions of the states with special behaviour on the screen.
 namespace state {
 inline constexpr int connecticut = 6;
 inline constexpr int maryland = 19;

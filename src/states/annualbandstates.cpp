@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// The year's wage through one band table, less an annual credit, divided back by the pay periods. Four decimals stay.
+/// One band table of the year's wage, less an annual credit, divided by the pay periods. Not rounded.
 
 namespace TALLYFIN_FIGURES {
 
@@ -26,7 +26,7 @@ constexpr Table married{"Alabama, Married", marriedRows};
 constexpr FixedRate deductionRate{"rate of the standard deduction", 0.2};
 constexpr FixedCount perDependent{"exemption for each dependent", 300};
 
-/// What a choice of `staMarried` gives: the cap of the standard deduction, the personal exemption, the table.
+/// By choice of `staMarried`: the cap of the standard deduction, the personal exemption, the table.
 struct Option {
   FixedCount cap;
   FixedAmount personalExemption;
@@ -54,7 +54,7 @@ static const Option* chosen() {
 }  // namespace alabama
 
 /// Alabama, 1999. It overwrites `staExmp` with the standard deduction, whole dollars a year. Without an option no table
-/// runs: the last `stateTax` is divided by the pay periods again, so that each calculation shrinks it.
+/// applies: the last `stateTax` is divided by the pay periods again at each calculation.
 /// `stateDepsDed`: the personal exemption, dollars a year.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `fedTax`, `stateTax`, `staExmp`, `staDeps`, `staMarried`,
@@ -109,8 +109,8 @@ constexpr FixedAmount standardDeduction{"standard deduction", 2000};
 constexpr FixedCount perExemption{"credit for each exemption", 20};
 }  // namespace arkansas
 
-/// Arkansas, 1999. `stateStdDed` comes off the annual tax, and this routine doesn't assign it: it is what the last
-/// state that has one left there.
+/// Arkansas, 1999. `stateStdDed` is subtracted from the annual tax, but not assigned here: it keeps the value of the
+/// last state routine that assigned it.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `frequency`, `staAdd`, `stateStdDed`, `exemptionsText`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `exemptions`, `stateWage`.
@@ -188,7 +188,7 @@ void Delaware() {
 /// Kentucky, 1999: dollars a year.
 namespace kentucky {
 // clang-format off
-// The third test is strict, between inclusive ones.
+// The third test is strict, the others are inclusive: required.
 constexpr Band rows[] = {
     {atMost, 3000, 0, 0.02},
     {atMost, 4000, 3000, 0.03, 60},

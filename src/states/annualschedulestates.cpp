@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// The year's wage, less exemptions of the year, through one band table whatever the status and frequency.
+/// One band table of the year's wage less exemptions, for all statuses and frequencies.
 
 namespace TALLYFIN_FIGURES {
 
@@ -21,7 +21,7 @@ constexpr FixedCount perExemption{"personal exemption", 800};
 constexpr FixedCount standardDeduction{"standard deduction", 2500};
 }  // namespace virginia
 
-/// Virginia, 1999. The tax is rounded to whole dollars before `staAdd`, which keeps its cents.
+/// Virginia, 1999. The tax is rounded to whole dollars before `staAdd` is added, so `staAdd` keeps its cents.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
 /// `statePreTax`, `exemptions`, `stateWage`.
@@ -59,8 +59,8 @@ constexpr FixedAmount mostDeduction{"most standard deduction", 2125};
 constexpr FixedCount perExemption{"personal exemption", 1900};
 }  // namespace southcarolina
 
-/// South Carolina, 1999. It overwrites `staDeps` with the worksheet's count; the field of exemptions isn't touched.
-/// Without exemptions the standard deduction vanishes too. `stateDepsDed`: dollars a year.
+/// South Carolina, 1999. It overwrites `staDeps` with the worksheet's count; the field `exemptions` isn't changed.
+/// Without exemptions there is no standard deduction either. `stateDepsDed`: dollars a year.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staAdd`, `exemptionsText`. Writes `state401k`, `stateTax`,
 /// `staDeps`, `stateDepsDed`, `statePreTax`, `stateWage`, `stateStdDed`.

@@ -1,12 +1,12 @@
 #include "states/californiatables.h"
 #include "states/states.h"
 
-/// California takes an estimated deduction from the period's wage, applies a table, and takes a credit from the tax.
+/// California: the period's wage less an estimated deduction, a band table, less a credit.
 
 namespace TALLYFIN_FIGURES {
 
 namespace california {
-/// The group by `staMarried`; none for a value that isn't offered. The exemptions are those that were parsed last.
+/// The group by `staMarried`; null for a value that isn't offered. Uses the exemptions that were parsed last.
 static const Group* chosenGroup() {
   switch (payData.staMarried.value()) {
     case stateStatus::single:
@@ -22,7 +22,7 @@ static const Group* chosenGroup() {
 /// The low-income test of a group.
 static bool withinGate(const Group& group) { return worksheet().stateWage <= group.gate.now(); }
 
-/// The one low-income test that counts: Head of Family, Weekly, has neither a table nor a credit nor `staAdd`.
+/// The only low-income test with an effect: Head of Family, Weekly, has no table, no credit and no `staAdd`.
 static bool endsAtGate() {
   const Group* group = chosenGroup();
   return group == &groupCSchedule && payData.frequency == frequency::weekly && withinGate(*group);
@@ -30,7 +30,7 @@ static bool endsAtGate() {
 
 static void applyGroup() {
   Worksheet& work = worksheet();
-  // The table assigns `stateTax` in any case, so that the gate leaves no mark in the result.
+  // The table assigns `stateTax` in any case, so the low-income test doesn't change the result.
   step("No tax up to the low-income amount, which the table overrides", payData.stateTax,
        []() -> std::optional<Amount> {
          if (withinGate(*chosenGroup())) return 0;

@@ -149,7 +149,7 @@ inline constexpr PerFrequency<Dollars> exemptionCredit[] = {
 };
 // clang-format on
 
-/// A schedule group: the gate of the low-income test, the standard deduction, the tables.
+/// A schedule group: the limit of the low-income test, the standard deduction, the tables.
 struct Group {
   PerFrequency<Dollars> gate;
   PerFrequency<Dollars> deduction;

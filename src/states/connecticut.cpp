@@ -4,7 +4,7 @@
 namespace TALLYFIN_FIGURES {
 
 namespace connecticut {
-/// What a rate letter gives. Rate D has no credits.
+/// The tables of a rate letter. Rate D has no credits.
 struct Schedule {
   TableOf<Exemption> exemptions;
   Table bands;
@@ -23,7 +23,7 @@ constexpr Schedule schedules[] = {
     {{"Connecticut, exemptions of Rate D", exemptionsCAndD}, {"Connecticut, Rate D", bandsAAndD}, {"", {}}},
 };
 
-/// The schedule of the worksheet's rate letter, which nothing assigns: only Rate A runs. There is none beyond D.
+/// The schedule of the worksheet's rate letter; null beyond D. Nothing assigns the letter, so Rate A is always used.
 static const Schedule* chosen() {
   const int letter = worksheet().staRate.value();
   if (letter < 0 || letter > 3) return nullptr;
@@ -32,7 +32,7 @@ static const Schedule* chosen() {
 constexpr const char* noSchedule = "the state has no table for that rate letter";
 }  // namespace connecticut
 
-/// Connecticut, 1999. The letter picked among the state options doesn't reach this routine.
+/// Connecticut, 1999. The letter chosen among the state options isn't used here.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `staRate`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `stateWage`.

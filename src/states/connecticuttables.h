@@ -2,7 +2,7 @@
 
 #include "engine/figures.h"
 
-/// Connecticut, tax year 1999: dollars a year, by rate letter. Rate A alone is reached.
+/// Connecticut, tax year 1999: dollars a year, by rate letter. Only Rate A is used.
 
 namespace TALLYFIN_FIGURES::connecticut {
 

@@ -1,8 +1,7 @@
 #include "states/eightbandtables.h"
 #include "states/states.h"
 
-/// The plainest states: an amount of the pay period for each exemption, then a table of eight rows by status and
-/// frequency.
+/// An amount of the pay period for each exemption, then a table of eight rows by status and frequency.
 
 namespace TALLYFIN_FIGURES {
 

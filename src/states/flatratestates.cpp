@@ -78,8 +78,8 @@ constexpr PerFrequency<Dollars> claimedByAnother{19.23, 41.67, 38.46, 83.33,
 constexpr FixedRate rate{"tax rate", 0.044};
 }  // namespace michigan
 
-/// Michigan, 1999. The exemptions are those that were parsed last: the worksheet's text is not looked at, deliberately.
-/// Under `staMarried` 9, claimed as dependent by another, one fixed amount takes the place of all exemptions.
+/// Michigan, 1999. Uses the exemptions that were parsed last and doesn't parse the worksheet's text: required.
+/// With `staMarried` 9, claimed as dependent by another, one fixed amount replaces all exemptions.
 /// `stateDepsDed`: the exemption deduction, dollars a pay period.
 ///
 /// Reads `preTax`, `amt401k`, `grossPay`, `frequency`, `staMarried`, `staAdd`, `mMethod`, `stateDepsDed`,
@@ -115,7 +115,7 @@ namespace massachusetts {
 constexpr PerFrequency<Dollars> headOfFamilyCredit{2.75, 5.95, 5.49, 11.9, "credit of a Head of Family"};
 constexpr FixedRate rate{"tax rate", 0.0595};
 
-/// The allowance for the exemptions and its constant part, dollars a pay period. Only Weekly isn't 16-bit.
+/// The allowance for the exemptions and its constant part, dollars a pay period. All but Weekly in 16-bit arithmetic.
 constexpr const char* perExemption = "allowance for each exemption";
 constexpr const char* constantPart = "constant part of the allowance";
 constexpr FixedRate perExemptionWeekly{perExemption, 19.5};
@@ -138,8 +138,8 @@ static std::optional<Amount> allowance(Count exemptions) {
 }
 }  // namespace massachusetts
 
-/// Massachusetts, 1999. FICA counts as a deduction, and the constant part of the exemption deduction stands without
-/// exemptions too. `stateDepsDed`: dollars a pay period.
+/// Massachusetts, 1999. FICA is deducted. The constant part of the exemption deduction applies without exemptions too.
+/// `stateDepsDed`: dollars a pay period.
 ///
 /// Reads `preTax`, `amt401k`, `grossPay`, `fica`, `frequency`, `staMarried`, `staAdd`, `stateDepsDed`,
 /// `exemptionsText`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
@@ -177,8 +177,8 @@ constexpr FixedAmount firstBracket{"bracket up to one exemption", 5000};
 constexpr FixedAmount secondBracket{"bracket for two exemptions", 15000};
 }  // namespace louisiana
 
-/// Louisiana, 1999: 2 percent of the wage and 1 percent of what lies above a bracket. Only the second part is clipped.
-/// `stateDepsDed`: the bracket, dollars a pay period, and not the exemptions.
+/// Louisiana, 1999: 2 percent of the wage and 1 percent of the wage above a bracket. Only the second part is at least
+/// 0. `stateDepsDed`: the bracket, dollars a pay period, not the exemptions.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `frequency`, `staExmp`, `staDeps`, `staAdd`, `stateDepsDed`,
 /// `stateStdDed`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`, `stateStdDed`.

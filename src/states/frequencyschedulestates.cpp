@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// One band table for each pay frequency, whatever the status.
+/// One band table for each pay frequency, for all statuses.
 
 namespace TALLYFIN_FIGURES {
 
@@ -33,7 +33,7 @@ constexpr Band everyTwoWeeks[] = {
     {atMost, 2308, 1538, 0.06, 60.55},
     {above, 2308, 2308, 0.065, 106.75},
 };
-// The very rows of Twice A Month.
+// The same rows as Twice A Month: required.
 constexpr Band monthly[] = {
     {atMost, 417, 0, 0.03},
     {atMost, 1042, 417, 0.04, 12.51},

@@ -1,7 +1,7 @@
 #include "states/longscheduletables.h"
 #include "states/states.h"
 
-/// The period's wage, less deductions of the period, through a long band table by status and frequency.
+/// A long band table, by status and frequency, of the period's wage less deductions.
 
 namespace TALLYFIN_FIGURES {
 
@@ -14,8 +14,8 @@ constexpr PerFrequency<Dollars> separatelyDeduction{28.75, 62.5, 57.5, 125, "sta
 constexpr PerFrequency<Dollars> perDependent{48, 104, 96, 208, "allowance for each dependent"};
 }  // namespace georgia
 
-/// Georgia, 1999. `staMarried` sets the deductions and `maritalStat` picks the table. Without dependents the second
-/// deduction is given back. `stateDepsDed`: that second deduction, dollars a pay period.
+/// Georgia, 1999. `staMarried` sets the deductions, `maritalStat` the table. Without dependents the second
+/// deduction is added back. `stateDepsDed`: that second deduction, dollars a pay period.
 ///
 /// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staMarried`, `staAdd`,
 /// `stateDepsDed`, `stateStdDed`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`,

@@ -1,7 +1,7 @@
 #include "states/marylandtables.h"
 #include "states/states.h"
 
-/// Maryland works out a local tax beside its own.
+/// Maryland calculates the state tax and the county tax.
 
 namespace TALLYFIN_FIGURES {
 
@@ -19,7 +19,7 @@ static Amount withinLimits(const Amount& deduction) {
   return within(deduction, leastDeduction.now(), mostDeduction.now());
 }
 
-/// The tables of the county rate whose number `mMethod` holds; none before one is chosen.
+/// The tables of the county rate with the number in `mMethod`; null for a number without tables.
 static const PerFrequency<Bands>* countyRate() {
   switch (called("County rate", payData.mMethod).value()) {
     case 48: return &rate48;
@@ -33,8 +33,8 @@ static const PerFrequency<Bands>* countyRate() {
 }
 }  // namespace maryland
 
-/// Maryland, 1999. The county's part goes to `localTax` and into `stateTax` both. `stateDepsDed`: the state exemptions,
-/// dollars a pay period.
+/// Maryland, 1999. The county tax is assigned to `localTax` and added to `stateTax`. `stateDepsDed`: the state
+/// exemptions, dollars a pay period.
 ///
 /// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`, `exemptionsText`. Writes
 /// `state401k`, `stateTax`, `localTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.

@@ -33,7 +33,7 @@ inline constexpr Band monthly[] = {
     {atMost, 250, 167, 0.04, 4.18},
     {above, 250, 250, 0.0485, 7.5},
 };
-// Rate 48: the first rate is 0.096, ten times the pattern, in all four tables.
+// Rate 48: the first rate is 0.096, ten times what the other tables suggest, in all four tables: required.
 inline constexpr Band rate48Weekly[] = {
     {atMost, 19, 0, 0.096},
     {atMost, 38, 19, 0.0144, 0.18},

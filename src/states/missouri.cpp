@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// Missouri deducts on the year and taxes the pay period: the one routine that does both.
+/// Missouri: deductions are those of a year, the band tables those of a pay period.
 
 namespace TALLYFIN_FIGURES {
 

@@ -1,7 +1,7 @@
 #include "states/newjerseytables.h"
 #include "states/states.h"
 
-/// New Jersey has five rate letters, of which nothing but A is ever chosen.
+/// New Jersey: tables for five rate letters, of which only A is used.
 
 namespace TALLYFIN_FIGURES {
 
@@ -9,7 +9,7 @@ namespace newjersey {
 constexpr PerFrequency<PerHead> perExemption{real(19.2), real(41.6), real(38.4), real(83.3),
                                              "allowance for each dependent"};
 
-/// The tables of the worksheet's rate letter, which nothing assigns: 0 A to 4 E.
+/// The tables of the worksheet's rate letter, 0 A to 4 E. Nothing assigns the letter, so it is always A.
 static const PerFrequency<Bands>* chosenRate() {
   switch (worksheet().staRate.value()) {
     case 0: return &rateA;

@@ -2,7 +2,7 @@
 
 #include "engine/figures.h"
 
-/// New Jersey, tax year 1999: dollars a pay period, by rate letter and frequency. Rate A alone is reached.
+/// New Jersey, tax year 1999: dollars a pay period, by rate letter and frequency. Only Rate A is used.
 
 namespace TALLYFIN_FIGURES::newjersey {
 

@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// New York, the one routine in which a failed statement skips all that follows.
+/// New York: the only routine in which a failed statement skips all statements behind it.
 
 namespace TALLYFIN_FIGURES {
 
@@ -14,7 +14,7 @@ constexpr PerFrequency<Dollars> marriedDeduction{143.75, 311.45, 287.5, 622.9, "
 constexpr PerFrequency<Dollars> singleDeduction{134.15, 290.6, 268.3, 581.25, "standard deduction"};
 
 // clang-format off
-// The top rate lies below the rate under it, in all four tables.
+// The top rate is below the one before it, in all four tables: required.
 constexpr Band weekly[] = {
     {below, 154, 0, 0.04},
     {below, 212, 154, 0.045, 6.15},
@@ -59,9 +59,9 @@ constexpr Band monthly[] = {
 constexpr PerFrequency<Bands> bands{weekly, twiceAMonth, everyTwoWeeks, monthly, "New York"};
 }  // namespace newyork
 
-/// New York, 1999. It overwrites `staDeps` with the worksheet's count; the field of exemptions isn't touched. Married
-/// Claiming Single keeps the `stateDepsDed` of the last routine. A failure abandons the whole routine, finish included;
-/// that no frequency is chosen isn't one. `stateDepsDed`: the standard deduction, dollars a pay period.
+/// New York, 1999. It overwrites `staDeps` with the worksheet's count; the field `exemptions` isn't changed. Married
+/// Claiming Single keeps the `stateDepsDed` of the last routine. A failure ends the whole routine, finish() included;
+/// a frequency that isn't chosen is no failure. `stateDepsDed`: the standard deduction, dollars a pay period.
 ///
 /// Reads `preTax`, `amt401k`, `maritalStat`, `grossPay`, `stateTax`, `frequency`, `staAdd`, `stateDepsDed`,
 /// `stateStdDed`, `exemptionsText`. Writes `state401k`, `stateTax`, `staDeps`, `stateDepsDed`, `statePreTax`,

@@ -4,7 +4,7 @@
 namespace TALLYFIN_FIGURES {
 
 namespace northcarolina {
-/// Dollars a pay period: below the income test of the status the higher amount, from it on the lower one.
+/// Dollars a pay period: the higher amount below the income limit of the status, the lower one from it on.
 constexpr PerFrequency<PerHead> higherAmount{real(48.08), real(104.17), real(96.15), real(208.33),
                                              "allowance for each dependent"};
 constexpr PerFrequency<PerHead> lowerAmount{real(38.46), real(83.33), real(76.92), real(166.67),
@@ -18,7 +18,7 @@ constexpr Status singleStatus{{1153.85, 2500, 2307.69, 5000, "income test"}, sin
 constexpr Status marriedStatus{{961.54, 2083.33, 1923.08, 4166.67, "income test"}, married};
 constexpr Status headOfFamilyStatus{{1538.46, 3333.33, 3076.92, 6666.67, "income test"}, headOfFamily};
 
-/// By `staMarried`; there is none for a value that isn't offered.
+/// By `staMarried`; null for a value that isn't offered.
 static const Status* chosenStatus() {
   switch (payData.staMarried.value()) {
     case stateStatus::single: return &singleStatus;
@@ -29,8 +29,9 @@ static const Status* chosenStatus() {
 }
 }  // namespace northcarolina
 
-/// North Carolina, 1999. The income test looks at the wage before the allowance, the table at the wage after it. A
-/// status that isn't offered loses the last `stateDepsDed` and has no table. `stateDepsDed`: dollars a pay period.
+/// North Carolina, 1999. The income limit applies to the wage before the allowance, the table to the wage after it. For
+/// a status that isn't offered the last `stateDepsDed` is subtracted, and there is no table. `stateDepsDed`: dollars a
+/// pay period.
 ///
 /// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`.
 /// Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.

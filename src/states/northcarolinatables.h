@@ -3,7 +3,7 @@
 #include "engine/figures.h"
 
 /// North Carolina, tax year 1999: dollars a pay period, by `staMarried` and frequency. The rows have no Lower, but an
-/// amount that comes off.
+/// amount that is subtracted.
 
 namespace TALLYFIN_FIGURES::northcarolina {
 

@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// Oklahoma splits the year's wage at a ceiling: bands below, a flat rate above.
+/// Oklahoma: bands for the year's wage up to a limit, a flat rate above it.
 
 namespace TALLYFIN_FIGURES {
 
@@ -67,10 +67,10 @@ constexpr FixedAmount lowerFederalDeduction{"federal standard deduction", 4300};
 constexpr FixedAmount higherFederalDeduction{"federal standard deduction", 7200};
 constexpr const char* noRule = "the state has no rule for the filing status chosen";
 
-/// The wage whose federal tax is estimated; none for a status that isn't offered.
+/// The wage for the estimate of the federal tax; none for a status that isn't offered.
 static std::optional<Amount> federalBase(const Amount& wage, const Count& dependents) {
   switch (payData.staMarried.value()) {
-    // The dependents come off before the multiplication, so that the estimate is some 412.5 times the wage.
+    // The dependents are subtracted before the multiplication, so the estimate is some 412.5 times the wage: required.
     case stateStatus::single: {
       note("The federal exemption is multiplied by the wage here, not by the number of dependents.");
       const Amount less = line("Ceiling wage less the number of dependents", wage - dependents);
@@ -94,9 +94,9 @@ static std::optional<Amount> bandTax() {
 }
 }  // namespace oklahoma
 
-/// Oklahoma, 1999. `staMarried` chooses: 0 Single, 3 Married, 8 Married with an employed spouse. For any other value,
-/// left over from another state, the last `stateTax` is taken for the annual one. From 12 dependents on the 16-bit
-/// product of the estimate fails for the two married ones, and the wage stays whole.
+/// Oklahoma, 1999. `staMarried` chooses: 0 Single, 3 Married, 8 Married with an employed spouse. With any other value,
+/// left from another state, the last `stateTax` is used as the annual tax. From 12 dependents on the 16-bit
+/// product of the estimate fails for the two married statuses, and the wage isn't reduced.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `stateTax`, `staDeps`, `staMarried`, `staAdd`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `stateWage`, `stateStdDed`.
@@ -117,7 +117,7 @@ void Oklahoma() {
   step("Standard deduction", work.stateStdDed, [&] { return fromReal(toReal(work.stateWage) * deductionRate); });
   step("Standard deduction within its limits", work.stateStdDed,
        [&] { return within(work.stateStdDed, leastDeduction, mostDeduction); });
-  // The rule asks again for the ceiling here. It has been applied, so the wage always passes.
+  // The rule compares with the limit again. The limit has been applied above, so the comparison always holds.
   step("Wage less deduction, exemptions and estimated federal tax", work.stateWage, [&]() -> std::optional<Amount> {
     const std::optional<Amount> base = federalBase(work.stateWage, payData.staDeps);
     if (!base) return std::nullopt;

@@ -4,10 +4,10 @@
 namespace TALLYFIN_FIGURES {
 
 namespace oregon {
-/// The most of the federal tax that is allowed, dollars a pay period.
+/// Limit of the federal tax that is deducted, dollars a pay period.
 constexpr PerFrequency<Dollars> federalCap{58, 125, 115, 250, "most federal tax"};
 
-/// The tables of the status; a Single employee with 3 exemptions or more has those with the bounds of Married.
+/// The tables of the status. Single with 3 exemptions or more has tables with the bounds of Married.
 static const PerFrequency<CreditedBands>* chosenTables() {
   if (payData.maritalStat == status::married) return &married;
   if (payData.maritalStat != status::single) return nullptr;
@@ -34,7 +34,7 @@ void Oregon() {
   Worksheet& work = worksheet();
   parseExemptions();
   step("Federal tax that is allowed", payData.stateDepsDed, [] { return least(payData.fedTax, federalCap.now()); });
-  // Monthly has no such step: its allowance is the capped tax once, however many exemptions.
+  // Monthly has no such step: the limited tax is deducted once for any number of exemptions.
   step("Federal tax allowed for each exemption", payData.stateDepsDed, [&] {
     if (frequencyKnown() && payData.frequency != frequency::monthly) return payData.stateDepsDed * work.exemptions;
     note("Paid monthly, the federal tax is allowed once, however many the exemptions.");

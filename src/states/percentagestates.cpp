@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// The two shortest routines: one percentage of one amount of the pay period.
+/// One percentage of one amount of the pay period.
 
 namespace TALLYFIN_FIGURES {
 
@@ -22,7 +22,7 @@ namespace northdakota {
 constexpr FixedRate rate{"rate of the federal tax", 0.14};
 }
 
-/// North Dakota, 1999. The federal withholding is the only wage figure that it sees: StateBase isn't called.
+/// North Dakota, 1999: a percentage of the federal withholding. StateBase isn't called.
 ///
 /// Reads `fedTax`, `staAdd`. Writes `stateTax`.
 void NorthDakota() {

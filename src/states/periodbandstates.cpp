@@ -1,8 +1,8 @@
 #include "states/periodbandtables.h"
 #include "states/states.h"
 
-/// The period's wage, less an allowance of the period, through a band table by status and frequency. A status without a
-/// table assigns nothing: the finish then adds `staAdd` to the last `stateTax`.
+/// A band table, by status and frequency, of the period's wage less an allowance. A status without a table assigns
+/// nothing: finish() then adds `staAdd` to the last `stateTax`.
 
 namespace TALLYFIN_FIGURES {
 
@@ -83,8 +83,8 @@ constexpr PerFrequency<PerHead> perDependent{int16(20), real(43.35), int16(40), 
                                              "allowance for each dependent"};
 }
 
-/// Hawaii, 1999. `staDeps` counts, not the exemptions. `staMarried` chooses: 0 Single, 9 Head of Family, 3 Married.
-/// `stateDepsDed`: dollars a pay period.
+/// Hawaii, 1999. The count is `staDeps`, not the exemptions. `staMarried` chooses: 0 Single, 9 Head of Family, 3
+/// Married. `stateDepsDed`: dollars a pay period.
 ///
 /// Reads `preTax`, `amt401k`, `grossPay`, `stateTax`, `frequency`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`.
 /// Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`.

@@ -72,7 +72,7 @@ inline constexpr PerFrequency<Bands> separately{separatelyWeekly, separatelyTwic
 /// Hawaii.
 namespace hawaii {
 // clang-format off
-// The last Plus is far below the row above it: the tax falls by some 13 dollars past 308.
+// The last Plus is far below the row before: the tax falls by some 13 dollars at 308. Required.
 inline constexpr Band singleOrHeadWeekly[] = {
     {atMost, 38, 0, 0.016},
     {atMost, 77, 38, 0.039, 0.61},
@@ -172,7 +172,7 @@ inline constexpr Band marriedMonthly[] = {
     {atMost, 5417, 2917, 0.0625, 87.5},
     {above, 5417, 5417, 0.0645, 243.75},
 };
-// Single: the top rate lies below the rate under it.
+// Single: the top rate is below the one before it. Required.
 inline constexpr Band singleWeekly[] = {
     {atMost, 58, 0, 0},
     {atMost, 346, 58, 0.035},

@@ -143,7 +143,7 @@ inline constexpr Band singleEveryTwoWeeks[] = {
     {atMost, 10769, 4987, 0.09, 332.46},
     {above, 10769, 10769, 0.099, 852.84},
 };
-// Rates of its own, and Pluses that do not follow from them.
+// Other rates than the other tables, and Pluses that don't follow from them. Required.
 inline constexpr Band singleMonthly[] = {
     {atMost, 221, 0, 0},
     {atMost, 2242, 221, 0.02},
@@ -159,7 +159,7 @@ inline constexpr PerFrequency<Bands> single{singleWeekly, singleTwiceAMonth, sin
                                             "Vermont, Single"};
 }  // namespace vermont
 
-/// Utah. Some rows have no Plus, so that the tax steps at their bounds.
+/// Utah. Some rows have no Plus, so the tax jumps at their bounds.
 namespace utah {
 // clang-format off
 inline constexpr Band marriedWeekly[] = {

@@ -2,29 +2,30 @@
 
 #include "engine/figures.h"
 
-/// What the state routines share. A routine works on the record and on the working fields of the worksheet, reads as
-/// its numbered steps, and leaves withholding per pay period in `stateTax`. It clears nothing at its start, so that a
-/// branch which assigns nothing leaves the last calculation's figure in place.
+/// Functions that the state routines share. A routine works on the record and on the working fields of the worksheet,
+/// is a list of numbered steps, and assigns the withholding of the pay period to `stateTax`. It clears nothing at its
+/// start: a branch that assigns nothing keeps the value of the last calculation.
 
 namespace TALLYFIN_FIGURES {
 
-/// Sets `state401k` and `statePreTax`: the whole amount where the stored option is exactly "Y", else 0. By default a
-/// state base therefore starts from the whole gross.
+/// Sets `state401k` and `statePreTax`: the whole amount where the stored option is exactly "Y", else 0. The default
+/// is "N", so a state starts from the whole gross pay.
 void StateBase();
 
-/// `grossPay` less what StateBase left to deduct, dollars a pay period.
+/// `grossPay` less `state401k` and `statePreTax`, dollars a pay period.
 Amount stateGross();
 
 /// The same for a year.
 Amount yearsWage();
 
-/// True where `frequency` has an entry, for the few steps of which only a part goes by it.
+/// Whether a frequency is chosen, for steps in which only a part depends on it.
 bool frequencyKnown();
 
-/// Parses the exemptions of the worksheet into its working field; a text that is no number leaves the field.
+/// Parses the exemptions of the worksheet into its working field; a text that isn't a number leaves the field
+/// unchanged.
 void parseExemptions();
 
-/// A dollar amount for each exemption or dependent, and the arithmetic in which the rule multiplies it by the count.
+/// A dollar amount for each exemption or dependent, with the arithmetic in which it is multiplied by the count.
 struct PerHead {
   double dollars;
   bool inInt16;
@@ -45,7 +46,7 @@ constexpr PerHead int16(int dollars) { return {static_cast<double>(dollars), tru
 /// Dollars in one real step, rounded at the fourth decimal.
 constexpr PerHead real(double dollars) { return {dollars, false}; }
 
-/// Why a statement keeps the tax.
+/// The reason why a statement leaves the tax unchanged.
 inline constexpr const char* noTable = "the state has no table for the filing status chosen";
 
 /// The tax on `stateWage` by the table.
@@ -55,13 +56,13 @@ Amount taxBy(TaxTable table);
 /// assigned then.
 std::optional<Amount> taxByStatus(const PerFrequency<Bands>& married, const PerFrequency<Bands>& single);
 
-/// A year's amount as a pay period's, in one real step. Fails while `payPeriods` is 0.
+/// A year's amount divided by the pay periods, in one real step. Fails while `payPeriods` is 0.
 Amount perPeriod(Amount annual);
 
-/// The end of a routine, one statement: `staAdd` comes on top, and what isn't above 0 becomes 0.
+/// The end of a routine, one statement: adds `staAdd`; a negative result becomes 0.
 void finish();
 
-/// The end of a routine that has added `staAdd` already: what isn't above 0 becomes 0.
+/// The end of a routine that has added `staAdd` already: a negative result becomes 0.
 void floorAtZero();
 
 }  // namespace TALLYFIN_FIGURES

@@ -4,8 +4,8 @@
 
 namespace TALLYFIN_FIGURES {
 
-/// The catalogue of the states, with the source in which each routine stands. Its tables stand there too, or in the
-/// header of the same name: oregontables.h beside oregon.cpp, eightbandtables.h beside eightbandstates.cpp.
+/// The states, each with the source that defines its routine. The tables of the state are there too, or in the header
+/// of the same name: oregontables.h beside oregon.cpp, eightbandtables.h beside eightbandstates.cpp.
 const std::array<State, 42> stateList{{
     {"No State", nullptr, nullptr},
     {"Alabama", Alabama, "annualbandstates.cpp"},

@@ -2,8 +2,8 @@
 
 #include "states/statebase.h"
 
-/// One routine for each entry of the state list after "No State", tax year 1999, in list order. No arguments, no
-/// result: each reads the record and the worksheet and writes `stateTax`, and what its own comment adds.
+/// One routine for each entry of the state list after "No State", tax year 1999, in list order. Each
+/// reads the record and the worksheet and writes `stateTax`, and the fields that its own comment lists.
 
 namespace TALLYFIN_FIGURES {
 

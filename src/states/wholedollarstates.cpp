@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// The year's wage through a band table, and the period's tax rounded to whole dollars.
+/// A band table of the year's wage. The tax of the pay period is rounded to whole dollars.
 
 namespace TALLYFIN_FIGURES {
 
@@ -29,8 +29,8 @@ constexpr FixedCount furtherCredit{"credit for each further exemption", 40};
 constexpr FixedCount creditOfTwo{"credit for the first two exemptions", 40};
 }  // namespace iowa
 
-/// Iowa, 1999. Federal withholding comes off before annualising. `stateDepsDed`: the standard deduction, dollars a
-/// year.
+/// Iowa, 1999. Federal withholding is subtracted before the wage is annualised. `stateDepsDed`: the standard deduction,
+/// dollars a year.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `fedTax`, `frequency`, `staAdd`, `exemptionsText`. Writes
 /// `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `exemptions`, `stateWage`.
@@ -100,7 +100,7 @@ constexpr FixedCount perExemption{"personal exemption", 2750};
 constexpr FixedAmount forgiven{"tax up to which it is forgiven", 40};
 }  // namespace maine
 
-/// Maine, 1999. From 12 exemptions on the 16-bit product fails, and nothing is deducted at all.
+/// Maine, 1999. From 12 exemptions on the 16-bit product fails, and nothing is deducted: required.
 ///
 /// Reads `preTax`, `amt401k`, `maritalStat`, `payPeriods`, `grossPay`, `stateTax`, `staAdd`, `exemptionsText`. Writes
 /// `state401k`, `stateTax`, `statePreTax`, `exemptions`, `stateWage`.
@@ -193,8 +193,8 @@ constexpr FixedAmount headOfFamilyDeduction{standardDeduction, 3400};
 constexpr FixedCount perDependent{"exemption for each dependent", 1500};
 }  // namespace mississippi
 
-/// Mississippi, 1999. `staAdd` is the personal exemption, dollars a year, and is added to the period's withholding all
-/// the same. `stateDepsDed`: dollars a year.
+/// Mississippi, 1999. `staAdd` is the personal exemption, dollars a year, and is added to the period's withholding too:
+/// required. `stateDepsDed`: dollars a year.
 ///
 /// Reads `preTax`, `amt401k`, `payPeriods`, `grossPay`, `staDeps`, `staMarried`, `staAdd`, `stateDepsDed`,
 /// `stateStdDed`. Writes `state401k`, `stateTax`, `stateDepsDed`, `statePreTax`, `stateWage`, `stateStdDed`.

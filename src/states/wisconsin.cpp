@@ -1,6 +1,6 @@
 #include "states/states.h"
 
-/// Wisconsin taxes the year's whole wage; exemptions are a credit against the annual tax.
+/// Wisconsin: bands for the year's wage; a credit for each exemption is subtracted from the annual tax.
 
 namespace TALLYFIN_FIGURES {
 
@@ -50,7 +50,7 @@ constexpr Table married{"Wisconsin, Married", marriedRows};
 constexpr Table single{"Wisconsin, Single", singleRows};
 constexpr FixedCount perExemption{"credit for each exemption", 20};
 
-/// In the lowest band the tax is charged only to someone without exemptions.
+/// The tax of the lowest band is charged only without exemptions.
 static Amount taxBy(TaxTable table) {
   const Worksheet& work = worksheet();
   const Amount lowest = named("upper bound of the lowest row", Rows<Band>(table).front().bound.amount);

@@ -12,15 +12,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The one table of a store, exactly as its definition stands in SQLite's schema.
+/// The only table of a store, exactly as in SQLite's schema table.
 constexpr std::string_view table =
     "setting(section TEXT NOT NULL, key TEXT NOT NULL, text TEXT NOT NULL, PRIMARY KEY(section, key)) "
     "STRICT, WITHOUT ROWID";
 
 constexpr int largestText = 8 * 1024 * 1024;
 
-/// Options of every connection. secure_delete overwrites a text that is replaced or removed; cell_size_check notices a
-/// damaged page before it is used; journal_size_limit cuts a log that has grown under a slow reader.
+/// Options of every connection. secure_delete overwrites a text that is replaced or removed; cell_size_check detects a
+/// damaged page before it is used; journal_size_limit truncates a log that has grown during a slow read.
 std::string everyConnection() {
   return "PRAGMA synchronous = NORMAL; PRAGMA secure_delete = ON; PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0; "
          "PRAGMA temp_store = MEMORY; PRAGMA wal_autocheckpoint = 100; PRAGMA journal_size_limit = 1000000; "
@@ -28,7 +28,7 @@ std::string everyConnection() {
          std::to_string(largestFile / pageSize) + "; PRAGMA page_size = " + std::to_string(pageSize);
 }
 
-/// Resets a prepared statement, and forgets its texts, once its rows have been read.
+/// Resets a prepared statement and clears its bindings in the destructor.
 struct Rewound {
   void operator()(sqlite3_stmt* statement) const {
     sqlite3_reset(statement);
@@ -40,7 +40,7 @@ using Running = std::unique_ptr<sqlite3_stmt, Rewound>;
 Running with(const Statement& statement, std::initializer_list<std::string_view> texts) {
   int number = 0;
   for (const std::string_view text : texts) {
-    // A null address would bind NULL. A text that is too long stays unbound, NULL, which the table refuses.
+    // A null address would bind NULL. A text that is too long stays unbound, that is NULL, which the table rejects.
     sqlite3_bind_text64(statement.get(), ++number, text.empty() ? "" : text.data(), text.size(), SQLITE_STATIC,
                         SQLITE_UTF8);
   }
@@ -74,7 +74,7 @@ Connection opened(const std::string& name, int access) {
   return owned;
 }
 
-/// Connections that can't be closed, because closing would touch an index that is cut short.
+/// Connections that can't be closed, because closing would access an index file that was truncated.
 std::list<Connection>& abandoned() {
   static auto& all = *new std::list<Connection>;
   return all;
@@ -92,12 +92,12 @@ ReaderLock::ReaderLock(const fs::path& path, Patience& patience)
   do {
     state = file->pMethods->xLock(file, SQLITE_LOCK_SHARED);
   } while (state == SQLITE_BUSY && patience.wait());
-  held_ = state != SQLITE_BUSY;  // a disk without locks has no other program that could be waited for
+  held_ = state != SQLITE_BUSY;  // without locks on the disk there is no program to wait for
 }
 
 Database::Database(const fs::path& path, View seenAs, Patience& patience)
     : view(seenAs), path_(path.string()), logPath_(path_ + "-wal"), indexPath_(path_ + "-shm") {
-  abandoned();  // made here, so that the destructor needs no memory
+  abandoned();  // created here, because the destructor must not allocate
   const bool live = view == View::live;
   connection_ = live ? opened(path_, SQLITE_OPEN_READWRITE)
                      : opened(asUri(path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
@@ -108,7 +108,7 @@ Database::Database(const fs::path& path, View seenAs, Patience& patience)
     configure(harmful, 0);
   }
   configure(SQLITE_DBCONFIG_DEFENSIVE, 1);
-  configure(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1);  // until it is known to be a store, nothing is written
+  configure(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1);  // nothing is written before the file is known to be a store
   sqlite3_limit(connection_.get(), SQLITE_LIMIT_LENGTH, largestText);
   sqlite3_limit(connection_.get(), SQLITE_LIMIT_SQL_LENGTH, 10'000);
   sqlite3_limit(connection_.get(), SQLITE_LIMIT_ATTACHED, 0);
@@ -118,8 +118,8 @@ Database::Database(const fs::path& path, View seenAs, Patience& patience)
 
 Database::~Database() {
   if (!connection_ || form != Form::store) return;
-  // Another log under the name of this one holds what is newer. Where the file itself was replaced, the log beside it
-  // belongs to the new one.
+  // A log that has replaced this one has newer texts. Where the file was replaced, the log beside it belongs to the new
+  // file.
   const FileMark log = FileMark::of(logPath_);
   if (moved() || (log.exists() && !log.sameFile(log_))) return;
   if (!mendIndex()) {
@@ -127,8 +127,8 @@ Database::~Database() {
     abandoned().splice(abandoned().end(), placeAmongAbandoned_);
     return;
   }
-  // Closing copies the log back under a lock that keeps readers out, however long the disk takes. Copied before, there
-  // is nothing left to wait for. The last program that closes the file removes what SQLite keeps beside it.
+  // Closing makes a checkpoint under a lock that excludes readers for as long as the disk takes. With a checkpoint
+  // before, that is short. The last program that closes the file removes the files that SQLite keeps beside it.
   checkpoint(SQLITE_CHECKPOINT_PASSIVE);
   configure(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0);
 }
@@ -139,7 +139,7 @@ bool Database::moved() const {
   return answer != 0;
 }
 
-/// Copies the log back into the file.
+/// Makes a checkpoint: copies the log into the file.
 int Database::checkpoint(int how) const {
   return sqlite3_wal_checkpoint_v2(connection_.get(), "main", how, nullptr, nullptr);
 }
@@ -153,7 +153,7 @@ void Database::make() {
 bool Database::prepare() {
   run("PRAGMA journal_mode = WAL");
   get_ = prepared("SELECT text FROM setting WHERE section = ?1 AND key = ?2");
-  // A text that stands there already takes no room in the log.
+  // Writing the same text again would only grow the log.
   put_ = prepared(
       "INSERT INTO setting VALUES(?1, ?2, ?3) "
       "ON CONFLICT DO UPDATE SET text = excluded.text WHERE text IS NOT excluded.text");
@@ -172,8 +172,8 @@ bool Database::stillInPlace() {
   return true;
 }
 
-/// Makes the index of the log as long as it was; false where it can't. SQLite finds it out by its header then, and
-/// reads the log anew.
+/// Extends a truncated index of the log to its former length; false where that fails. SQLite then detects the damage by
+/// the header, and reads the log again.
 bool Database::mendIndex() {
   constexpr int region = 32'768;
   constexpr std::size_t header = 96;  // two copies, compared at each reading
@@ -183,11 +183,11 @@ bool Database::mendIndex() {
     index_.length = now.length;
     return true;
   }
-  // By its name: to open and close it would take SQLite's locks off it.
+  // By its name: closing a descriptor of the file would release SQLite's locks.
   if (::truncate(indexPath_.c_str(), static_cast<off_t>(index_.length)) != 0) return false;
   sqlite3_file* const file = fileOf(connection_.get());
   void volatile* start = nullptr;
-  file->pMethods->xShmMap(file, 0, region, 0, &start);  // where it is mapped already
+  file->pMethods->xShmMap(file, 0, region, 0, &start);  // the address of the existing mapping
   std::memset(const_cast<void*>(start), 0, header);
   return true;
 }
@@ -199,7 +199,7 @@ std::optional<std::string> Database::get(std::string_view section, std::string_v
 }
 
 void Database::put(std::string_view section, std::string_view key, std::string_view text) const {
-  // A reader that stays keeps the log from beginning anew.
+  // An open read transaction would keep SQLite from restarting the log.
   if (FileMark::of(logPath_).length > largestFile && checkpoint(SQLITE_CHECKPOINT_TRUNCATE) != SQLITE_OK) {
     throw FailedStatement{};
   }
@@ -221,7 +221,7 @@ Statement Database::prepared(const char* sql) const {
   return Statement(statement);
 }
 
-/// The first column of a query's rows, one line each; none where it fails.
+/// The first column of a query's rows, one line each; none where the query fails.
 std::optional<std::string> Database::answer(const char* sql) const {
   const Statement statement = prepared(sql);
   if (!statement) return std::nullopt;
@@ -235,7 +235,7 @@ std::optional<std::string> Database::answer(const char* sql) const {
 
 void Database::learnForm() {
   form = Form::none;
-  // textIn() compares bytes: a schema in another encoding isn't ours.
+  // textIn() compares bytes, so a schema in another encoding isn't a store.
   const auto schema = answer("SELECT sql FROM sqlite_schema");
   if (schema != "" && schema != std::string("CREATE TABLE ").append(table) + '\n') return;
   if (answer("PRAGMA integrity_check(1)") == "ok\n") form = schema == "" ? Form::empty : Form::store;

@@ -24,11 +24,11 @@ struct Freed {
 using Connection = std::unique_ptr<sqlite3, Freed>;
 using Statement = std::unique_ptr<sqlite3_stmt, Freed>;
 
-/// Holds SQLite's lock of a reader on a file for as long as it lives, without making anything beside it. No program
-/// that closes the file copies its log into it meanwhile, or removes the log.
+/// Holds SQLite's shared lock on a file during its lifetime, without creating files beside it. Meanwhile no program
+/// that closes the file makes a checkpoint or removes the log.
 class ReaderLock {
  public:
-  /// Waits for a program that keeps readers out.
+  /// Waits for a program that has locked readers out.
   ReaderLock(const std::filesystem::path& path, Patience& patience);
   bool held() const { return held_; }
 
@@ -37,15 +37,15 @@ class ReaderLock {
   bool held_ = false;
 };
 
-/// A connection to a file whose content isn't known before it has been looked at.
+/// A connection to a file that may be any file until it has been checked.
 class Database {
-  Connection connection_;  // goes after its statements
+  Connection connection_;  // must outlive its statements
 
  public:
   enum class Form { none, empty, store };
   enum class View {
-    live,     ///< As all programs see it that have it open.
-    snapshot  ///< The file alone and as it stands; nothing is written, locked or made beside it.
+    live,     ///< With the log, as all programs that have the file open see it.
+    snapshot  ///< The file alone; nothing is written, locked or created.
   };
 
   Database(const std::filesystem::path& path, View seenAs, Patience& patience);
@@ -56,19 +56,19 @@ class Database {
   const View view;
   Form form = Form::none;
 
-  /// Makes an empty database a store, or finds that another program has done so meanwhile.
+  /// Makes an empty database a store, unless another program has done so meanwhile.
   void make();
   /// Prepares the statements of a store; false where that fails.
   bool prepare();
-  /// Whether the file, and what SQLite keeps beside it, are still those that were opened. Where the index of the log
-  /// was cut short, it is made whole first, since touching what is missing of it would end the process; fails where it
-  /// can't be.
+  /// Whether the file, and the files that SQLite keeps beside it, are still those that were opened. A truncated index
+  /// of the log is extended first, because an access beyond its end would be a bus error; fails where it can't be
+  /// extended.
   bool stillInPlace();
 
-  /// Keeps the file unchanged for as long as this is open.
+  /// Keeps the file unchanged while this is open.
   void keep(std::unique_ptr<ReaderLock> lock) { lock_ = std::move(lock); }
 
-  // Each throws FailedStatement where it can't be carried out.
+  // Each throws FailedStatement on failure.
   std::optional<std::string> get(std::string_view section, std::string_view key) const;
   void put(std::string_view section, std::string_view key, std::string_view text) const;
   void erase(std::string_view section, std::string_view key) const;
@@ -88,7 +88,8 @@ class Database {
   const std::string path_;
   const std::string logPath_;
   const std::string indexPath_;
-  std::list<Connection> placeAmongAbandoned_{1};  ///< A place that takes the connection without memory.
+  std::list<Connection> placeAmongAbandoned_{
+      1};  ///< A list node for the connection, so that no memory is needed later.
   FileMark log_;
   FileMark index_;
   Statement get_;

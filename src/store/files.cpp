@@ -49,7 +49,7 @@ bool onlyFilesBeside(const fs::path& path) {
 
 bool mayBeDatabase(const fs::path& path) {
   std::error_code none;
-  const auto size = fs::file_size(path, none);  // the largest number where the file has gone
+  const auto size = fs::file_size(path, none);  // the largest number where the file doesn't exist any more
   return size <= largestFile && (size % pageSize == 0 || (size != 1 && changeUnderWay(path)));
 }
 

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The folder that a variable names; empty where it names none.
+/// The folder in an environment variable; empty where there is none.
 fs::path folderOf(const char* variable) {
   const char* const value = std::getenv(variable);
   const fs::path path = value == nullptr ? "" : value;
@@ -24,7 +24,7 @@ fs::path folderOf(const char* variable) {
 fs::path homeFolder() {
   if (fs::path home = folderOf("HOME"); !home.empty()) return home;
   const passwd* const user = ::getpwuid(::getuid());
-  return user == nullptr ? "/nonexistent" : user->pw_dir;  // as the system gives a user without a home
+  return user == nullptr ? "/nonexistent" : user->pw_dir;  // the system's home of a user without one
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 
 namespace tallyfin {
 
-/// How long other programs are waited for: all waits of an act together no longer than a limit. The limit is a longer
-/// one at first, until settle() has been called or an act has reached it.
+/// Limits the time of waiting for other programs: all waits of an act together take no longer than a limit. The first
+/// limit is longer, until settle() has been called or an act has reached it.
 class Patience {
  public:
   Patience(std::chrono::milliseconds first, std::chrono::milliseconds later) : limit_(first), later_(later) {}
@@ -13,7 +13,7 @@ class Patience {
   /// Begins a new act.
   void renew();
   void settle() { limit_ = later_; }
-  /// Waits for a moment; false, and at once, where the limit has been reached.
+  /// Waits briefly. Returns false at once where the limit has been reached.
   bool wait();
 
  private:

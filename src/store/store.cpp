@@ -52,8 +52,8 @@ void FileStore::beginAct() {
   patience_.renew();
 }
 
-/// The open store; none where there is no file, or one without tables that isn't to become a store. Fails where the
-/// file isn't a store, or can't be opened.
+/// The open store; none where there is no file, or a file without tables that must not become a store. Fails where the
+/// file isn't a store or can't be opened.
 std::shared_ptr<Database> FileStore::open(Opening opening) const {
   if (!acting()) patience_.renew();
   if (database_ && database_->stillInPlace()) return database_;
@@ -73,10 +73,10 @@ std::shared_ptr<Database> FileStore::open(Opening opening) const {
 std::shared_ptr<Database> FileStore::opened(const fs::path& path, Opening opening) const {
   using Form = Database::Form;
   using View = Database::View;
-  // Without the lock the snapshot may see a file into which a program that is closing it still copies its log.
+  // Without the lock the snapshot could read the file during another program's checkpoint.
   auto lock = std::make_unique<ReaderLock>(path, patience_);
   if (!lock->held() || !mayBeDatabase(path)) throw FailedStatement{};
-  // The snapshot comes first, because opening the live view creates files beside any database, ours or not.
+  // The snapshot comes first, because opening the live view creates files beside any database.
   auto snapshot = std::make_shared<Database>(path, View::snapshot, patience_);
   const bool whole = !changeUnderWay(path);
   const bool making = opening == Opening::making;
@@ -84,11 +84,11 @@ std::shared_ptr<Database> FileStore::opened(const fs::path& path, Opening openin
   if (whole && snapshot->form == Form::empty && !making) return nullptr;
   if (whole || snapshot->form == Form::store) takeFromOthers(path);
 
-  if (!whole) lock.reset();  // to take back what a program left half done no reader may be there
+  if (!whole) lock.reset();  // rolling back a change needs a file without readers
   auto live = std::make_shared<Database>(path, View::live, patience_);
   if (live->form == Form::empty && !making) return nullptr;
   if (live->form == Form::none && whole && !making) {
-    // In a folder, or on a disk, where nothing can be written only the snapshot can be read.
+    // In a read-only folder, or on a read-only disk, only the snapshot can be read.
     live = std::move(snapshot);
     live->keep(std::move(lock));
   }

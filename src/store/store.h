@@ -10,17 +10,16 @@ namespace tallyfin {
 
 class Database;
 
-/// The settings store as a file of the user's own: one SQLite table of texts by section and key.
+/// The settings store in a file of the user: one SQLite table of texts by section and key.
 ///
-/// A text is stored before write() returns, so that a killed program loses none, and a reading gives what the file
-/// holds at that moment, whoever put it there. The file and what SQLite keeps beside it while it is open are the user's
-/// alone from their first instant.
+/// A text is stored before write() returns, so a killed program loses none. A reading returns what the file holds at
+/// that moment, also where another program wrote it. The file, and those that SQLite keeps beside it, are created
+/// accessible by the user only.
 ///
-/// The file is made by the first write; until then no text is stored. What stands in its place and is no store of this
-/// program's (a text, a folder, a damaged file, a database of another form) is left as it is: every reading and every
-/// write fails. Each call looks anew. Another program that holds the store is waited for, half a second in all the
-/// statements of an act together; five seconds before the store has been opened for the first time, since a program
-/// that is being closed may have to wait for a slow disk.
+/// The first write creates the file. Anything else at its path (a text, a folder, a damaged file, a database with
+/// another schema) isn't changed: every reading and every write fails. Each call checks again. Where another program
+/// has locked the store, the statements of an act together wait half a second; five seconds before the store has been
+/// opened for the first time, because a closing program may have to wait for a slow disk.
 class FileStore : public SettingsStore {
  public:
   explicit FileStore(const std::filesystem::path& path);
@@ -41,7 +40,7 @@ class FileStore : public SettingsStore {
 
   std::filesystem::path path_;
   mutable Patience patience_;
-  mutable std::shared_ptr<Database> database_;  ///< None until the file has been found to be a store.
+  mutable std::shared_ptr<Database> database_;  ///< Null until the file is known to be a store.
 };
 
 }  // namespace tallyfin

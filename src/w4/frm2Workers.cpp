@@ -24,7 +24,7 @@ frm2Workers::frm2Workers() : Screen(screenName, "Two-Earner/Two-Job Worksheet") 
   cmdPersWrkCalc[0].tooltip = "Calculate";
   cmdPersWrkCalc[1].tooltip = "Form W4";
   cmdPersWrkCalc[2].tooltip = "Form W4";
-  cmdPersWrkCalc[2].visible = false;  // until Table 1 settles line 3
+  cmdPersWrkCalc[2].visible = false;  // until Table 1 gives line 3
 
   lbl2Wker3.onChange = [this] {
     unlessItFails([&] {
@@ -41,7 +41,7 @@ frm2Workers::frm2Workers() : Screen(screenName, "Two-Earner/Two-Job Worksheet") 
 void frm2Workers::Load() {
   backColour = colours::paper;
   pnl2Workers[0].moveTo(0, 0);
-  lblDedFromG.setCaption(toText(payData.w4Allowances));  // line 1 is fixed here
+  lblDedFromG.setCaption(toText(payData.w4Allowances));  // line 1 doesn't change after Load
   lbl2WkerT1.setCaption("0");
 }
 
@@ -64,7 +64,7 @@ void frm2Workers::cmdW4Back_Click(int index) {
 
 void frm2Workers::goForward() {
   pnl2Workers[1].moveTo(0, 0);
-  // Line 5 is filled from the allowances that Table 1 has just overwritten, not from line 1.
+  // Required: line 5 is the number of allowances, which Table 1 has overwritten, not line 1.
   lbl2WkerResult5.setCaption(toText(payData.w4Allowances));
   unlessItFails([&] {
     lbl2WkerResult6.setCaption(toText(realOf(lbl2WkerResult4.caption()) - realOf(lbl2WkerResult5.caption())));

@@ -8,8 +8,8 @@
 
 namespace tallyfin {
 
-/// The Two-Earner/Two-Job Worksheet of Form W-4, lines 1 to 9, on two pages. The labels of lines 1 to 6 are working
-/// storage: a line reads the caption of the line before it.
+/// The Two-Earner/Two-Job Worksheet of Form W-4, lines 1 to 9, on two pages. The labels of lines 1 to 6 are
+/// variables too: a line reads the caption of the line before it.
 class frm2Workers final : public Screen {
  public:
   static constexpr const char* screenName = "frm2Workers";
@@ -26,7 +26,7 @@ class frm2Workers final : public Screen {
                 "Worksheet)"};
   Label lblDedFromG{*this, "lblDedFromG"};
   Label lblItem2{*this, "lblItem2", "2.  Find the number in  it here."};
-  /// 0 stands in line 2, 1 in line 7.
+  /// 0 is line 2, 1 is line 7.
   ControlArray<CommandButton, 2> cmdTable1Show{*this, "cmdTable1Show", {"Table 1", "Table 2"}};
   Label lblTwo2{*this, "lblTwo2", "that applies to the LOWEST paying job and enter"};
   Label lbl2WkerT1{*this, "lbl2WkerT1"};
@@ -60,9 +60,9 @@ class frm2Workers final : public Screen {
   MaskedBox lblDollarAmt{*this, "lblDollarAmt", Format::currency};
   Label lblNoPaydays{*this, "lblNoPaydays", "Enter number of paydays"};
   TextBox txtNumPayDays{*this, "txtNumPayDays"};
-  /// 0 goes forward to page 2, 1 back to page 1, 2 opens the calendar.
+  /// 0 shows page 2, 1 page 1, 2 opens the calendar.
   ControlArray<CommandButton, 3> cmdW4Back{*this, "cmdW4Back"};
-  /// 0 calculates, 1 leads from page 2 to the form, 2 from page 1.
+  /// 0 calculates, 1 opens the form from page 2, 2 from page 1.
   ControlArray<CommandButton, 3> cmdPersWrkCalc{*this, "cmdPersWrkCalc"};
 
  protected:

@@ -5,7 +5,7 @@
 
 namespace tallyfin {
 
-/// A month calendar, an aid for counting paydays by eye; no date is read back.
+/// A month calendar on which users count paydays. No date is read from it.
 class frmCalendar final : public Screen {
  public:
   static constexpr const char* screenName = "frmCalendar";

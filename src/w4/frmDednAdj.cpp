@@ -22,7 +22,7 @@ frmDednAdj::frmDednAdj() : Screen(screenName, "Deductions and Adjustments") {
   setTextColour(colours::greyText);
   pnlDednAdj[1].left = Panel::outOfSight;
   cmdPersWrkCalc.tooltip = "Calculate";
-  cmdW4Back[1].tooltip = "Calculate";  // the same, on purpose
+  cmdW4Back[1].tooltip = "Calculate";  // the same as button 0: required
 
   for (Label* amount : {&lblGetPersDed, &lblSubTotal, &lblTotal5, &lblTotal7}) {
     amount->onChange = [amount] { amount->setCaption(currency(amount->caption())); };
@@ -36,16 +36,16 @@ frmDednAdj::frmDednAdj() : Screen(screenName, "Deductions and Adjustments") {
 
 void frmDednAdj::Load() { backColour = colours::paper; }
 
-/// Lines 2 and 3; line 3 is worked out nowhere else.
+/// Lines 2 and 3. Nothing else calculates line 3.
 void frmDednAdj::optDedCategory_Click(int index) {
   Money line1;
   unlessItFails([&] { line1 = amountIn(txtGetItemized); });
   const Money line2 = standardDeduction.at(static_cast<std::size_t>(index));
   lblGetPersDed.setCaption(toText(line2));
   if (line1 == 0) {
-    lblSubTotal.setCaption("0");  // the line that is held stays as it was
+    lblSubTotal.setCaption("0");  // the stored line isn't changed
   } else {
-    // No floor, whatever the caption says.
+    // May be negative, although the caption says otherwise.
     unlessItFails([&] { lblSubTotal.setCaption(toText(line1 - line2)); });
     unlessItFails([&] { line3 = toMoney(lblSubTotal.caption()); });
   }
@@ -59,7 +59,7 @@ void frmDednAdj::cmdPersWrkCalc_Click() {
   lblTotal7.setCaption(currency(line7 >= 0 ? line7 : Money{}));
   unlessItFails([&] { line8 = integerRounded(std::trunc(realOf(lblTotal7.caption()) / 3000.0)); });
   lblDivide.setCaption(toText(line8));
-  // Each further press adds line 8 once more, while line 9 on the screen still shows the old number.
+  // Required: each further press adds line 8 again, while line 9 on the screen shows the old number.
   unlessItFails([&] { lblTotal10.setCaption(toText(line8 + payData.w4Allowances)); });
   unlessItFails([&] { payData.w4Allowances = toInt16(lblTotal10.caption()); });
 }

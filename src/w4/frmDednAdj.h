@@ -8,8 +8,8 @@
 
 namespace tallyfin {
 
-/// The Deductions and Adjustments Worksheet of Form W-4, lines 1 to 10, on two pages: one allowance more for each full
-/// $3,000. The captions of amount labels are working storage: a line reads the formatted figure of the line before it.
+/// The Deductions and Adjustments Worksheet of Form W-4, lines 1 to 10, on two pages: one more allowance for each full
+/// $3,000. The captions of amount labels are variables too: a line parses the formatted figure of the line before it.
 class frmDednAdj final : public Screen {
  public:
   static constexpr const char* screenName = "frmDednAdj";
@@ -61,7 +61,7 @@ class frmDednAdj final : public Screen {
                  "total on Form W-4, line 5."};
   Label lblTotal10{*this, "lblTotal10"};
   CommandButton cmdPersWrkCalc{*this, "cmdPersWrkCalc"};
-  /// 0 goes forward to page 2, 1 back to page 1.
+  /// 0 shows page 2, 1 page 1.
   ControlArray<CommandButton, 2> cmdW4Back{*this, "cmdW4Back"};
 
  protected:

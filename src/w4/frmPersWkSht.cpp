@@ -72,7 +72,7 @@ void frmPersWkSht::cmdPersWrkCalc_Click() {
   lineD = txtPersWkEnterDeps.text().empty() ? "0" : txtPersWkEnterDeps.text();
   if (chkPersWkShtA[3].value()) lineF = 1;
   if (chkPersWkShtA[4].value()) lineE = 1;
-  // Line D is a text, so the sum is a real one that becomes a whole number at its end.
+  // Line D is a text, so the sum is a double, rounded to a whole number at the end.
   unlessItFails([&] {
     payData.w4Allowances = integerRounded(lineA + lineB + lineC + realOf(lineD) + lineE + lineF + toReal(lineG));
   });
@@ -91,7 +91,7 @@ void frmPersWkSht::cmdInstructions_Click(int index) {
 void frmPersWkSht::cmdW4Back_Click(int index) {
   pnlW4PersWkSht[index].left = Panel::outOfSight;
   pnlW4PersWkSht[1 - index].moveTo(0, 0);
-  // Forward, the focus goes to a box of the page that has just moved away.
+  // Required: on the way to page 2 the focus goes to a box of page 1, which is out of view then.
   if (index == 0) txtPersWkEnterDeps.setFocus();
 }
 

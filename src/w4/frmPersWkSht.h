@@ -70,7 +70,7 @@ class frmPersWkSht final : public Screen {
        "$55,000, see the Two-Earner/Two-Job Worksheet if you want to avoid having too little tax withheld.",
        "If neither of the above situations applies, stop here and enter the number from line H on line 5 of "
        "Form W-4."}};
-  /// 0 goes forward to page 2, 1 back to page 1.
+  /// 0 shows page 2, 1 page 1.
   ControlArray<CommandButton, 2> cmdW4Back{*this, "cmdW4Back"};
 
  protected:
@@ -83,7 +83,7 @@ class frmPersWkSht final : public Screen {
   void cmdInstructions_Click(int index);
   void cmdW4Back_Click(int index);
 
-  /// Lines 1 once ticked; clearing a box doesn't take the 1 back while the screen stays loaded.
+  /// 1 for a line whose box has been ticked. Clearing the box doesn't set it back to 0: required.
   int lineA = 0;
   int lineB = 0;
   int lineC = 0;

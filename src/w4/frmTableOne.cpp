@@ -12,14 +12,15 @@ namespace tallyfin {
 
 namespace {
 
-/// Table 1, Married Filing Jointly, 1999: yearly wages of the lowest paying job. A row is worth its position from 1.
+/// Table 1, Married Filing Jointly, 1999: yearly wages of the lowest paying job. The value of a row is its position,
+/// from 1.
 constexpr const char* MarriedNumbers[] = {
     "0 - $4,000",        "$4,001 - $7,000",    "$7,001 - $12,000",    "$12,001 - $18,000",
     "$18,001 - $24,000", "$24,001 - $28,000",  "$28,001 - $35,000",   "$35,001 - $40,000",
     "$40,001 - $45,000", "$45,001 - $54,000",  "$54,001 - $62,000",   "$62,001 - $70,000",
     "$70,001 - $85,000", "$85,001 - $100,000", "$100,001 - $110,000", "$110,001 and over"};
 
-/// Table 1, all others. The band from $80,001 to $85,000 doesn't exist.
+/// Table 1, all others. There is no row from $80,001 to $85,000: required.
 constexpr const char* AllOthers[] = {"0 - $5,000",         "$5,001 - $11,000",  "$11,001 - $16,000",
                                      "$16,001 - $21,000",  "$21,001 - $25,000", "$25,001 - $40,000",
                                      "$40,001 - $50,000",  "$50,001 - $65,000", "$65,001 - $80,000",
@@ -88,7 +89,7 @@ void frmTableOne::optTableOne_Click(int index) {
 void frmTableOne::lstTableOne_Click() {
   if (payData.w4TableMode == 1) takeFromTable1();
   if (payData.w4TableMode == 2) desk.use<frm2Workers>().lblTable2.setText(std::to_string(lstTableOne.itemData()));
-  payData.w4Allowances = payData.w4TableValue;  // after Table 2 as well
+  payData.w4Allowances = payData.w4TableValue;  // after Table 2 too: required
   desk.close(*this);
 }
 

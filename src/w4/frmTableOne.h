@@ -8,7 +8,7 @@
 namespace tallyfin {
 
 /// The two look-up tables of the Two-Earner/Two-Job Worksheet. A click on a row of wages writes its number or amount
-/// into that worksheet and closes the screen; `w4TableMode` says which table it is.
+/// into that worksheet and closes the screen. `w4TableMode` chooses the table.
 class frmTableOne final : public Screen {
  public:
   static constexpr const char* screenName = "frmTableOne";

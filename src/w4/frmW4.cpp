@@ -12,7 +12,8 @@ namespace tallyfin {
 
 namespace {
 
-/// Selects or clears a button as a stored text says: `true` or any number but 0, `false` or 0. Anything else leaves it.
+/// Selects a button for a stored `true` or a number other than 0, clears it for `false` or 0. Other texts change
+/// nothing.
 void setAs(OptionButton& button, std::string text) {
   std::transform(text.begin(), text.end(), text.begin(),
                  [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
@@ -31,7 +32,7 @@ frmW4::frmW4() : Screen(screenName, "Form W-4") {
   onDblClick = [this] { print(); };
   cmdW4Exit.onClick = [this] { desk.close(*this); };
   lblW4Line6.onChange = [this] { lblW4Line6.setCaption(currency(lblW4Line6.caption())); };
-  // A double click raises Click first, so the label ends up shown.
+  // A double click calls Click first, so the label is shown in the end.
   Label20.onClick = [this] { Label27.visible = false; };
   Label20.onDblClick = [this] { Label27.visible = true; };
 }
@@ -42,13 +43,13 @@ void frmW4::Load() {
   txtCity.setText(settings::uCity.text());
   txtSSN.setText(settings::uSSN.text());
   lblDate.setCaption(dateAndTime(platform.clock->now()));
-  // The program itself never writes these two keys.
+  // The program doesn't write these two keys.
   setAs(optSingle, settings::marital1.text());
   setAs(optMarried, settings::marital0.text());
   lblW4Line5.setCaption(toText(payData.w4Allowances));
 }
 
-/// The paper has neither the exit button nor the hint.
+/// The exit button and the hint aren't printed.
 void frmW4::print() {
   cmdW4Exit.visible = false;
   lblPrint.visible = false;

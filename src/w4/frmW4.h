@@ -6,8 +6,8 @@
 
 namespace tallyfin {
 
-/// The Employee's Withholding Allowance Certificate, filled in as far as the program knows. The user may type into it;
-/// nothing typed is saved. A double click prints it.
+/// The Employee's Withholding Allowance Certificate, filled in from the worksheets and the personal details. The user
+/// may type into it; nothing typed is saved. A double click prints it.
 class frmW4 final : public Screen {
  public:
   static constexpr const char* screenName = "frmW4";

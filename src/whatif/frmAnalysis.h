@@ -5,7 +5,7 @@
 
 namespace tallyfin {
 
-/// Ten ratios of the last calculation, worked out once, at Load.
+/// Ten ratios of the last calculation, calculated at Load.
 class frmAnalysis final : public Screen {
  public:
   static constexpr const char* screenName = "frmAnalysis";

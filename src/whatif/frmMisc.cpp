@@ -13,7 +13,7 @@ namespace tallyfin {
 
 namespace {
 
-/// Where the visible page stands, twips.
+/// Position of the visible page, twips.
 constexpr int pageLeft = 728;
 constexpr int pageTop = 135;
 
@@ -39,14 +39,14 @@ void frmMisc::Load() {
        std::initializer_list<Control*>{&txtTaxPerCnt, &txtRaise[0], &txtRaise[1], &lblOldShow, &lstGrossPay}) {
     box->backColour = colours::boxGround;
   }
-  // The old wage is that of this moment: a changed income reaches it only when the screen is opened afresh.
+  // The old wage is read here only: a later change of the income shows when the screen is opened again.
   unlessItFails([&] {
     const frmMain& main = desk.use<frmMain>();
     const double income = realOf(main.txtIncome.text());
     if (income != 0) lblOldShow.setCaption(toText(income / realOf(main.txtHours.text())));
   });
-  // As stored, not normalised. The page of the local tax is in sight while the screen loads, even if the page of the
-  // raise was asked for.
+  // As stored, not normalised: required. The Local Tax page is visible while the screen loads, even where the Raise
+  // page is to be shown.
   unlessItFails([&] { payData.localRate = realOf(settings::local.text()); });
   unlessItFails([&] { payData.applyTo = settings::applyTo.number(); });
   unlessItFails([&] { lstGrossPay.setEntry(settings::applyToDisp.number().value()); });
@@ -108,10 +108,11 @@ void frmMisc::raise() {
     unlessItFails(
         [&] { payData.taxableWage = fromReal(realOf(percent.text()) * toReal(payData.grossPay)) + payData.grossPay; });
   }
-  // By a new wage, taxableWage is still the reduced base of the last calculation, and Calculate takes that for income.
+  // Required: with a new wage, `taxableWage` is the reduced base of the last calculation, and Calculate uses it as
+  // income.
   frmMain& main = desk.use<frmMain>();
   unlessItFails([&] { main.txtIncome.setText(toText(realOf(newWage.text()) * realOf(main.txtHours.text()))); });
-  // Rounds the text that stands there, with its 15 digits, and not the product: 3553.265 becomes 3553.26.
+  // Rounds the text in the box, which has 15 digits, not the product: 3553.265 becomes 3553.26.
   unlessItFails([&] { main.txtIncome.setText(toText(roundedForDisplay(realOf(main.txtIncome.text())))); });
   Calculate();
   unlessItFails([&] { newWage.setText(currency(roundedForDisplay(realOf(newWage.text())))); });

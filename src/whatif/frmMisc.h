@@ -14,7 +14,7 @@ class frmMisc final : public Screen {
   static constexpr const char* screenName = "frmMisc";
   frmMisc();
 
-  /// 0 is the Local Tax page, 1 the Raise page; the other one lies out of sight.
+  /// 0 is the Local Tax page, 1 the Raise page; one of them is out of view.
   ControlArray<Panel, 2> pnlContainerMisc{*this, "pnlContainerMisc"};
   Label lblpercent{*this, "lblpercent", "Enter the Percent"};
   TextBox txtTaxPerCnt{*this, "txtTaxPerCnt"};
@@ -36,7 +36,7 @@ class frmMisc final : public Screen {
   Label lblCompare{*this, "lblCompare", "Enter your new hourly wage."};
   /// 0 is the raise percentage, 1 the new hourly wage.
   ControlArray<TextBox, 2> txtRaise{*this, "txtRaise"};
-  /// 0 takes the local tax, 1 performs the raise, 2 closes the screen.
+  /// 0 sets the local tax, 1 calculates the raise, 2 closes the screen.
   ControlArray<CommandButton, 3> cmdExit{*this, "cmdExit", {"OK", "", ""}};
   Image imgSeal{*this, "imgSeal"};
 

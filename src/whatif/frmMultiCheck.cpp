@@ -33,7 +33,7 @@ frmMultiCheck::frmMultiCheck() : Screen(screenName, "Multiple Check Worksheet") 
 
 void frmMultiCheck::Load() { backColour = colours::paper; }
 
-/// Shows a check's monthly amount and cuts it to the cents that are shown.
+/// Shows a check's monthly amount, and sets it to the rounded amount that is shown.
 void frmMultiCheck::TrimCheck(int check) {
   lblCheck.at(check)->setCaption(currency(checkAmount.at(check)));
   unlessItFails([&] { checkAmount.at(check) = toMoney(lblCheck.at(check)->caption()); });

@@ -4,7 +4,7 @@
 
 #include "library/paycheck.h"
 
-/// The C interface: checks what it is given, and turns what is thrown into what it returns.
+/// The C interface: checks its arguments and turns exceptions into results.
 
 using tallyfin::library::Column;
 using tallyfin::library::columnCount;
@@ -17,7 +17,7 @@ using tallyfin::library::resultNames;
 
 struct tallyfin99_paycheck {
   Paycheck paycheck;
-  bool outOfMemory = false;  ///< When it was worked last.
+  bool outOfMemory = false;  ///< In the last call of tallyfin99_work.
   std::string explanation;
 };
 
@@ -27,7 +27,7 @@ bool isColumn(int number) { return number >= 0 && static_cast<std::size_t>(numbe
 
 bool isResult(int number) { return number >= 0 && static_cast<std::size_t>(number) < resultCount; }
 
-/// What an act returns, or the other value where there is no memory for it: nothing else is thrown.
+/// The result of a function, or the other value where it throws std::bad_alloc. It throws nothing else.
 template <class Value, class Act>
 Value unlessNoMemory(Value otherwise, Act act) noexcept {
   try {
@@ -37,7 +37,7 @@ Value unlessNoMemory(Value otherwise, Act act) noexcept {
   }
 }
 
-/// Sets a column by an act on the paycheck.
+/// Sets a column by a function of the paycheck.
 template <class Act>
 bool set(tallyfin99_paycheck* paycheck, int column, Act act) noexcept {
   if (paycheck == nullptr || !isColumn(column)) return false;

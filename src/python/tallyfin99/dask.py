@@ -13,6 +13,6 @@ def work(frame, /, *, units=False, **columns):
     """
     meta = tallyfin99.work(pandas.DataFrame({"income": []}), units=units)
     meta.index = frame._meta.index
-    # A column that doesn't exist is told at once.
+    # A column that doesn't exist raises an error at once.
     tallyfin99.work(frame._meta, units=units, **columns)
     return frame.map_partitions(tallyfin99.work, units=units, meta=meta, **columns)
