@@ -19,9 +19,8 @@
 #include "script/session.h"
 #include "script/words.h"
 
-/// The module that a page loads: the line protocol as a function, the web app as its platform. What the
-/// program asks of the platform goes to functions that the page hands over when it loads the module; each may be
-/// missing.
+/// The module of the web app: the line protocol as a function. Its platform calls functions that JavaScript passes when
+/// it loads the module; each of them may be missing.
 
 // clang-format off
 EM_JS(int, pageHasStorage, (), { return Module["storage"] ? 1 : 0; });
@@ -44,8 +43,8 @@ namespace tallyfin::web {
 
 namespace {
 
-/// The browser's storage, by the functions that the page hands over: each takes texts, gives texts back, and throws
-/// where the storage is full, forbidden or gone. A reading gives what is stored at that moment, by whatever tab.
+/// The browser's storage, by functions that JavaScript passes: each takes and returns texts, and throws where the
+/// storage is full, forbidden or missing. A reading returns what is stored at that moment, also by other tabs.
 class PageStore : public SettingsStore {
  public:
   std::optional<std::string> read(std::string_view section, std::string_view key) const override {
@@ -62,7 +61,7 @@ class PageStore : public SettingsStore {
   }
   Sections all() const override {
     Sections sections;
-    const auto texts = carryOut({"all"});  // section, key and text by turns
+    const auto texts = carryOut({"all"});  // section, key and text alternate
     for (std::size_t i = 0; texts && i + 2 < texts->size(); i += 3) {
       sections[(*texts)[i].text][(*texts)[i + 1].text] = (*texts)[i + 2].text;
     }
@@ -70,7 +69,7 @@ class PageStore : public SettingsStore {
   }
 
  private:
-  /// What the storage gives back; none where it failed.
+  /// The result of the storage; none where it failed.
   static std::optional<std::vector<script::Word>> carryOut(const std::vector<std::string>& request) {
     const std::unique_ptr<char, decltype(&std::free)> texts(pageStores(json(request).c_str()), std::free);
     if (!texts) return std::nullopt;
@@ -96,8 +95,8 @@ class PageBeeper : public Beeper {
   void beep() override { pageBeeps(); }
 };
 
-/// The addresses of screens and controls that changed since the page last asked. Of a screen that isn't shown nothing
-/// is noted: all of it changes when it is.
+/// The addresses of screens and controls that changed since the last call of changes(). Changes of a screen that isn't
+/// shown aren't noted: all of it counts as changed when it is shown.
 class Changes final : public DeskWatcher {
  public:
   void shown(Screen& screen) override {
@@ -122,7 +121,7 @@ class Changes final : public DeskWatcher {
 
 /// One program.
 class Page {
-  /// In memory where nobody hands over a storage.
+  /// In memory where JavaScript passes no storage.
   static std::unique_ptr<SettingsStore> makeStore() {
     if (pageHasStorage() != 0) return std::make_unique<PageStore>();
     return std::make_unique<MemoryStore>();
@@ -144,8 +143,8 @@ Page& page() {
   return thePage;
 }
 
-/// How the last calculation was worked out, as JSON: the parts of the gross pay, each with its words and its fraction,
-/// the sentence about them, and what formsAsJson() gives: the heading and the worksheets.
+/// The explanation of the last calculation as JSON: the parts of the gross pay, each with its words and its fraction,
+/// the sentence about them, and the heading and worksheets of formsAsJson().
 std::string explained() {
   const Trace* trace = lastTrace();
   if (trace == nullptr) return "null";
@@ -155,7 +154,7 @@ std::string explained() {
          formsAsJson(*trace).substr(1);
 }
 
-/// A text that stays until the next call.
+/// A text that is valid until the next call.
 const char* handOver(std::string text) {
   static std::string kept;
   kept = std::move(text);
@@ -173,7 +172,7 @@ EMSCRIPTEN_KEEPALIVE const char* answer(const char* line) {
   return tallyfin::web::handOver(tallyfin::web::page().session.answer(line).value_or(""));
 }
 
-/// What has changed since the last call: a JSON list of addresses of shown screens and their controls.
+/// The changes since the last call: a JSON list of addresses of shown screens and their controls.
 EMSCRIPTEN_KEEPALIVE const char* changed() { return tallyfin::web::handOver(tallyfin::web::page().changes.take()); }
 
 /// The address of the control that has the focus, empty where none has.
@@ -185,6 +184,6 @@ EMSCRIPTEN_KEEPALIVE const char* focused() {
 /// Whether there is something to explain.
 EMSCRIPTEN_KEEPALIVE bool calculated() { return tallyfin::lastTrace() != nullptr; }
 
-/// How the last calculation was worked out; null before the first.
+/// The explanation of the last calculation; null before the first.
 EMSCRIPTEN_KEEPALIVE const char* explained() { return tallyfin::web::handOver(tallyfin::web::explained()); }
 }

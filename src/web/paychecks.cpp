@@ -18,11 +18,11 @@
 #include "library/paycheck.h"
 
 /// The module of the JavaScript package: paychecks as rows, and whole files of them. JavaScript writes texts into
-/// room() and reads results where the functions say. A table goes either way as one text: a cell ends with U+001F, a
-/// row with U+001E after that; neither is in a cell.
+/// room() and reads results at the addresses that functions return. A table is passed as one text: a cell ends with
+/// U+001F, a row with U+001E after that; no cell contains these characters.
 
 // clang-format off
-/// Fills a place with the next bytes of the file that is open; returns their number, 0 at the end.
+/// Reads the next bytes of the open file; returns their number, 0 at the end.
 EM_JS(int, fileGives, (char* place, int size), { return Module["read"](HEAPU8.subarray(place, place + size)); });
 // clang-format on
 
@@ -46,7 +46,7 @@ void addRow(std::string& table, std::initializer_list<std::string_view> cells) {
   table += rowEnd;
 }
 
-/// The part of a text before a divider, which both are taken off it.
+/// Removes the part of a text before a divider, and the divider, and returns the part.
 std::string_view cutTo(std::string_view& text, char divider) {
   const std::size_t end = text.find(divider);
   const std::string_view part = text.substr(0, end);
@@ -54,7 +54,7 @@ std::string_view cutTo(std::string_view& text, char divider) {
   return part;
 }
 
-/// Paychecks, of which JavaScript hands over many at a time.
+/// Works tables of paychecks.
 class Paychecks {
  public:
   char* room(std::size_t size) {
@@ -63,7 +63,8 @@ class Paychecks {
   }
   std::string_view text() const { return text_; }
 
-  /// Works the rows of a table of which the first has the numbers of the columns. Returns how many had a problem.
+  /// Works the rows of a table whose first row has the numbers of the columns. Returns the number of rows with a
+  /// problem.
   std::size_t work() {
     std::string_view rows = text_;
     readColumns(cutTo(rows, rowEnd));
@@ -88,13 +89,13 @@ class Paychecks {
     return problems;
   }
 
-  /// Of each row whether it has results (1) and a problem (2), as characters.
+  /// For each row a character: 1 for results plus 2 for a problem.
   const std::string& states() const { return states_; }
   const std::string& problems() const { return problems_; }
   const double* amounts() const { return amounts_.data(); }
   const std::int64_t* units() const { return units_.data(); }
 
-  /// How the results of the one row came about.
+  /// The explanation of the single row.
   std::string explanation() {
     std::string_view rows = text_;
     readColumns(cutTo(rows, rowEnd));
@@ -144,7 +145,7 @@ class File {
 
   std::string lacks() const { return beginning_.header.lacks(); }
 
-  /// Works the next block. Throws Trouble where nothing can be read behind it.
+  /// Works the next block. Throws Trouble where nothing can be read after it.
   void step() {
     if (begun_) {
       ended_ = !reader_.next(block_);
@@ -159,7 +160,7 @@ class File {
   }
   bool ended() const { return ended_; }
 
-  /// What has been worked and not been taken yet.
+  /// The output that hasn't been taken yet.
   std::string& out() { return out_; }
   batch::Account account() const { return tally_.account(); }
 
@@ -183,14 +184,14 @@ std::optional<File>& file() {
   return theFile;
 }
 
-/// A text that stays until the next call.
+/// A text that is valid until the next call.
 const char* handOver(std::string text) {
   static std::string kept;
   kept = std::move(text);
   return kept.c_str();
 }
 
-/// What an act on a file meets; empty for nothing.
+/// The error of a function on a file; empty for none.
 template <class Act>
 const char* troubleOf(Act act) {
   try {
@@ -261,10 +262,11 @@ EMSCRIPTEN_KEEPALIVE const char* states() {
   return handOver(std::move(table));
 }
 
-/// Room for a text of so many bytes, which the next call reads.
+/// A buffer of that many bytes for a text, which the next call reads.
 EMSCRIPTEN_KEEPALIVE char* room(std::size_t size) { return paychecks().room(size); }
 
-/// Works the table in the room, whose first row has the numbers of its columns. Returns how many rows had a problem.
+/// Works the table in the buffer, whose first row has the numbers of its columns. Returns the number of rows with a
+/// problem.
 EMSCRIPTEN_KEEPALIVE std::size_t work() { return paychecks().work(); }
 EMSCRIPTEN_KEEPALIVE const double* amounts() { return paychecks().amounts(); }
 EMSCRIPTEN_KEEPALIVE const std::int64_t* units() { return paychecks().units(); }
@@ -274,19 +276,19 @@ EMSCRIPTEN_KEEPALIVE const char* problems() { return paychecks().problems().c_st
 /// The explanation of the one row of such a table, as JSON.
 EMSCRIPTEN_KEEPALIVE const char* explanation() { return handOver(paychecks().explanation()); }
 
-/// Opens the file that Module.read gives. Returns why it can't be worked, if it can't.
+/// Opens the file that Module.read reads. Returns the reason where it can't be worked.
 EMSCRIPTEN_KEEPALIVE const char* openFile(char delimiter) {
   file().reset();
   return tallyfin::web::troubleOf([&] { file().emplace(delimiter); });
 }
-/// What the file lacks, though it can be worked.
+/// A warning about missing columns.
 EMSCRIPTEN_KEEPALIVE const char* fileLacks() { return handOver(file()->lacks()); }
-/// Works a block, unless the file has ended. Returns why it can't be read on, if it can't.
+/// Works a block, unless the file has ended. Returns the reason where it can't be read on.
 EMSCRIPTEN_KEEPALIVE const char* workBlock() {
   return tallyfin::web::troubleOf([] { file()->step(); });
 }
 EMSCRIPTEN_KEEPALIVE bool fileEnded() { return file()->ended(); }
-/// The text that has been worked since the last `outTaken`.
+/// The output since the last `outTaken`.
 EMSCRIPTEN_KEEPALIVE const char* out() { return file()->out().data(); }
 EMSCRIPTEN_KEEPALIVE std::size_t outSize() { return file()->out().size(); }
 EMSCRIPTEN_KEEPALIVE void outTaken() { file()->out().clear(); }
@@ -294,7 +296,7 @@ EMSCRIPTEN_KEEPALIVE double fileRows() { return static_cast<double>(file()->acco
 EMSCRIPTEN_KEEPALIVE double fileProblems() { return static_cast<double>(file()->account().problems); }
 EMSCRIPTEN_KEEPALIVE double firstProblem() { return static_cast<double>(file()->account().firstProblem); }
 
-/// The rows of the CSV text in the room.
+/// The rows of the CSV text in the buffer.
 EMSCRIPTEN_KEEPALIVE const char* cells(char delimiter) {
   return handOver(tallyfin::web::cellsOf(paychecks().text(), delimiter));
 }

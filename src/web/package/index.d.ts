@@ -1,7 +1,7 @@
-/** What a cell may hold. An empty text, null, undefined and NaN are an empty cell: the program's own default. */
+/** What a cell may hold. An empty text, null, undefined and NaN are an empty cell, which means the program's default. */
 export type Cell = string | number | bigint | boolean | null | undefined;
 
-/** The columns of a paycheck. Letter case doesn't count; other properties of a row are left out. */
+/** The columns of a paycheck. Letter case and other properties of a row are ignored. */
 export type ColumnName =
   | 'income' | 'rate_401k' | 'pre_tax' | 'pre_fica' | 'frequency' | 'status' | 'exemptions' | 'state'
   | 'self_employed' | 'state_401k' | 'state_pre_tax' | 'local_rate' | 'local_base' | 'state_dependents'
@@ -19,7 +19,7 @@ export type Columns = { [column in ColumnName]?: Cell | ArrayLike<Cell> } & { le
 
 /** The results of a row: dollars, with up to four decimals; null where a column can't be understood. */
 export type Results<Amount = number> = { [result in ResultName]: Amount | null } & {
-  /** What is wrong with the row; empty for nothing. A row with results may have a problem too. */
+  /** The problem of the row; empty for none. A row with results may have a problem too. */
   problem: string;
 };
 
@@ -66,9 +66,9 @@ export interface Tallyfin99 {
   /** The worksheet behind each result, by its title in the results; null where the row has no results. */
   explain(row: Row): { [title: string]: Line[] } | null;
 
-  /** What each state reads of the columns for states. */
+  /** The values that each state reads of the columns for states. */
   states(): StateValue[];
 }
 
-/** Loads the module. `wasm` holds the bytes of tallyfin99.wasm where they can't be loaded from beside this file. */
+/** Loads the module. `wasm` has the bytes of tallyfin99.wasm, for when they can't be loaded from the folder of this file. */
 export function load(options?: { wasm?: ArrayBuffer | Uint8Array }): Promise<Tallyfin99>;

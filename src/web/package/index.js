@@ -1,14 +1,14 @@
-// Paychecks as rows: what is withheld from United States paychecks of tax year 1999. README.md tells how to use it.
+// Paychecks as rows: what is withheld from United States paychecks of tax year 1999. README.md shows how to use it.
 
 import { cellEnd, hand, loadRaw, rowEnd, rowsOf, textFrom } from './raw.js';
 
-const atOnce = 1000; // rows that cross in one call
+const atOnce = 1000; // rows passed in one call
 
 /** A value as the text of a cell. */
 function textOf(value) {
   if (typeof value === 'number') return Number.isNaN(value) ? '' : String(value);
   if (value === null || value === undefined) return '';
-  return String(value).replace(/[\x1e\x1f]/g, '?'); // in no cell that can be understood
+  return String(value).replace(/[\x1e\x1f]/g, '?'); // separators of the table; no valid cell has them
 }
 
 const isColumn = (value) => Array.isArray(value) || (ArrayBuffer.isView(value) && 'length' in value);
@@ -18,7 +18,7 @@ export async function load(options) {
   const [columns, results] = rowsOf(textFrom(module, 'names'));
   const numberOf = new Map(columns.map((name, number) => [name, number]));
 
-  /** The column of a key, letter case and blanks at either end aside; undefined for a key that is none. */
+  /** The column of a key; letter case and blanks at either end are ignored; undefined for other keys. */
   const keys = new Map();
   const columnOf = (key) => {
     if (!keys.has(key)) keys.set(key, numberOf.get(key.trim().toLowerCase()));
@@ -41,7 +41,7 @@ export async function load(options) {
     if (names.length > 0) throw new TypeError(`no column is known: ${names.slice(0, 5).join(', ')}; columns are ${columns.join(', ')}`);
   }
 
-  /** Works `count` rows of the columns of these numbers; `cell(row, i)` gives the text of a cell, `take` the results. */
+  /** Works `count` rows of the columns of these numbers. `cell(row, i)` returns the text of a cell; `take` receives the results. */
   function workTable(numbers, count, cell, take) {
     const head = numbers.map((number) => number + cellEnd).join('') + rowEnd;
     for (let first = 0; first < count; first += atOnce) {
@@ -64,7 +64,7 @@ export async function load(options) {
     }
   }
 
-  /** Where results are read: dollars, or ten-thousandths of a dollar as BigInt. */
+  /** A view of the results: dollars, or ten-thousandths of a dollar as BigInt. */
   const reader = ({ units = false } = {}) => {
     if (!units) return (amount) => module.HEAPF64[amount];
     return (amount, unit) => new BigInt64Array(module.HEAPU8.buffer)[unit];

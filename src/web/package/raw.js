@@ -1,4 +1,4 @@
-// The WebAssembly module itself. A table crosses as one text: a cell ends with U+001F, a row with U+001E after that.
+// The WebAssembly module. A table is passed as one text: a cell ends with U+001F, a row with U+001E after that.
 
 import loadModule from './module.js';
 
@@ -15,7 +15,7 @@ async function bytesOf(address) {
   return response.arrayBuffer();
 }
 
-/** The module itself. `read` gives the bytes of the file that is worked. */
+/** Loads the module. `read` returns the bytes of the file that is worked. */
 export async function loadRaw({ wasm, read } = {}) {
   return loadModule({ wasmBinary: wasm ?? (await bytesOf(new URL('tallyfin99.wasm', import.meta.url))), read });
 }
@@ -23,7 +23,7 @@ export async function loadRaw({ wasm, read } = {}) {
 /** The text that an export of the module returns. */
 export const textFrom = (module, name, ...numbers) => module.UTF8ToString(module[`_${name}`](...numbers));
 
-/** Writes a text into the module's room. */
+/** Writes a text into the buffer of the module. */
 export function hand(module, text) {
   const bytes = new TextEncoder().encode(text);
   const place = module._room(bytes.length);

@@ -1,5 +1,5 @@
-// Ties elements to controls. An element carries the address of its control; what it shows and what the user can do with
-// it follows from its kind. Nothing here knows a screen.
+// Binds elements to controls. An element has the address of its control; what it shows and which acts it allows depends
+// on its kind. Nothing here depends on a screen.
 
 import * as protocol from './protocol.js';
 
@@ -54,7 +54,7 @@ function showGrid(table, { cells, kinds: kindsOfRows }) {
 
 const click = (element, address) => protocol.tell('click', address);
 
-/** A kind: the properties that it shows, how, and what the user's events tell the control. */
+/** A kind: the properties that it shows, how, and the commands for the user's events. */
 const kinds = {
   text: {
     properties: ['text', 'shown', 'selstart', 'sellength'],
@@ -109,7 +109,7 @@ const kinds = {
     properties: ['left', 'caption'],
     show(element, { left, caption }) {
       if (captionPlace(element)) showCaption(element, caption);
-      if (left < 0) element.hidden = true; // out of sight
+      if (left < 0) element.hidden = true; // out of view
     },
   },
   grid: { properties: ['cells', 'kinds'], show: showGrid },
@@ -137,13 +137,13 @@ function values(element, address) {
   return all;
 }
 
-/** What the pointer is told: the control's words, and the key that presses it. */
+/** The tooltip: the control's text and its key. */
 function tooltip(element, now) {
   const key = element.getAttribute('aria-keyshortcuts');
   return key ? `${now.tooltip || element.textContent.trim()} (${key})` : now.tooltip;
 }
 
-/** Makes an element show what its control holds. */
+/** Shows the control's properties in an element. */
 function refresh(element) {
   const { address } = element.dataset;
   const now = values(element, address);
@@ -159,7 +159,7 @@ function refresh(element) {
   kindOf(element).show?.(element, now);
 }
 
-/** Brings everything that changed up to date; `also` shows again what the user has just turned, carried out or not. */
+/** Updates everything that changed; `also` shows a control that the user has just changed, even if the act was refused. */
 export function refreshChanged(also) {
   const addresses = protocol.changed();
   for (const address of addresses) elements.get(address)?.forEach(refresh);
@@ -169,18 +169,18 @@ export function refreshChanged(also) {
 
 export const elementOf = (address) => elements.get(address)?.[0];
 
-/** The addressed element at or around a place of the page, the words of an option included. */
+/** The addressed element at or around a node, including the text of an option. */
 function addressedAt(place) {
   if (!(place instanceof Element)) return null;
   const option = place.closest('.option')?.querySelector('[data-address]');
   return option ?? place.closest('[data-address]');
 }
 
-/** A text box shows something else while it has the focus. A list doesn't: a click that gives it the focus has already moved
- * its marker in some browsers, and to show the control's choice again would undo the click. */
+/** The element, where it is a text box, which shows another text while it has the focus. Not a list: in some browsers a click
+ * that gives it the focus has already moved its marker, and an update would undo the click. */
 const boxOf = (element) => (element.dataset.address && kindOf(element) === kinds.text ? element : undefined);
 
-/** Ties all elements below `root`. `act` runs a function that acts and then brings the page up to date. */
+/** Binds all elements below `root`. `act` runs a function and then updates the page. */
 export function bind(root, act) {
   for (const element of root.querySelectorAll('[data-address]')) {
     const { address } = element.dataset;
@@ -197,7 +197,7 @@ export function bind(root, act) {
   on('change');
   on('click');
 
-  // Two clicks in a row are Click and DblClick. The clicks have been told when the browser says that it was a double one.
+  // A double click is Click and DblClick. The browser reports both clicks before the double click.
   root.addEventListener('dblclick', (event) => {
     const element = event.target.closest('[data-address]');
     if (element && !kindOf(element).dblclick) return;
@@ -210,12 +210,12 @@ export function bind(root, act) {
 
   root.addEventListener('focusin', ({ target }) => {
     const { address } = target.dataset;
-    if (!address || target.getAttribute('tabindex') === '-1') return; // a heading has no focus of the program's
+    if (!address || target.getAttribute('tabindex') === '-1') return; // a heading isn't a control that can have the focus
     act(() => {
       if (protocol.focused() !== address) protocol.tell('focus', address);
     }, boxOf(target));
   });
-  // A box that isn't being edited any more shows its format.
+  // A box shows its formatted text when editing ends.
   root.addEventListener('focusout', ({ target }) => {
     if (boxOf(target)) setTimeout(() => act(() => {}, target));
   });
@@ -246,7 +246,7 @@ function bindLists(root, act) {
     byKey = true;
     const list = listOf(event);
     if (event.key !== 'Enter' || list?.dataset.choose !== 'enter' || list.selectedIndex < 0) return;
-    event.preventDefault(); // the choice may move the focus to a button, which the key isn't for
+    event.preventDefault(); // the choice may move the focus to a button, which the key must not press
     pick(list);
   });
 }

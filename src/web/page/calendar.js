@@ -1,4 +1,4 @@
-// The month calendar's kind: a month to look at and to leaf in; the control's date is marked.
+// The kind `calendar`: shows a month, with buttons for other months; the control's date is marked.
 
 const monthName = new Intl.DateTimeFormat('en-US', { month: 'long', year: 'numeric', timeZone: 'UTC' });
 const dayName = new Intl.DateTimeFormat('en-US', { weekday: 'short', timeZone: 'UTC' });

@@ -1,9 +1,9 @@
 // Drop-downs: a box or a button, the control's element, and the list of its entries while it is open. Letters typed on a
-// closed one open it; the marker moves freely; a click or Enter chooses; Escape leaves all as it was.
+// closed one open it. Arrow keys move the marker; a click or Enter chooses; Escape changes nothing.
 
 import * as protocol from './protocol.js';
 
-const pause = 1000; // milliseconds after which typed letters begin anew
+const pause = 1000; // milliseconds after which typed letters start a new search
 
 let act;
 let open = null; // { box, list, marked, typed, at }
@@ -73,7 +73,7 @@ function find(beginning, from = 0) {
   return rows.findIndex((row, i) => i >= from && beginsWith(row.textContent, beginning));
 }
 
-/** Marks the entry that typed letters mean; one letter again and again goes through its entries. */
+/** Marks the entry that begins with the typed letters; the same letter repeated moves through its entries. */
 function search(letter, at) {
   if (at - open.at > pause) open.typed = '';
   open.at = at;
@@ -88,7 +88,7 @@ function search(letter, at) {
   mark(row);
 }
 
-/** What each key does to an open list, by the place of its marker and the last row. */
+/** The new marker for each key in an open list, from the marker and the last row. */
 const moves = {
   ArrowDown: (marked, last) => Math.min(marked + 1, last),
   ArrowUp: (marked) => Math.max(marked - 1, 0),
@@ -98,7 +98,7 @@ const moves = {
   End: (marked, last) => last,
 };
 
-/** An editable text that is an entry, letter case aside, chooses it. */
+/** Chooses the entry that equals an editable text, in any letter case. */
 function chooseTyped(box) {
   const wanted = box.value.toLowerCase();
   const number = entriesOf(box).findIndex((text) => text.toLowerCase() === wanted);
@@ -106,7 +106,7 @@ function chooseTyped(box) {
   edited = null;
 }
 
-/** Whether a key has been taken. */
+/** Whether a key has been handled. */
 function take(box, event) {
   const { key } = event;
   const opened = open?.box === box;
@@ -128,7 +128,7 @@ function take(box, event) {
   return true;
 }
 
-/** Ties all drop-downs below `root`; `carryOut` runs an act and brings the page up to date. */
+/** Binds all drop-downs below `root`; `carryOut` runs an act and updates the page. */
 export function bindDropDowns(root, carryOut) {
   act = carryOut;
   const boxOf = ({ target }) => (target.role === 'combobox' ? target : null);
@@ -143,7 +143,7 @@ export function bindDropDowns(root, carryOut) {
     const arrow = event.target.closest('.combo .arrow');
     if (arrow) event.preventDefault(); // the focus goes to the box
   });
-  // A click on its label gives a drop-down the focus, as it does to a box; it would press the button and open it.
+  // A click on the label gives a drop-down the focus, like a box. By default it would press the button and open the list.
   root.addEventListener('click', (event) => {
     const box = event.target.closest('label')?.control;
     if (box?.role !== 'combobox') return;

@@ -1,4 +1,4 @@
-// The explanation window: where the gross pay goes, and for each figure of the results the worksheet that led to it.
+// The explanation window: the shares of the gross pay, and the worksheet of each figure of the results.
 
 import * as protocol from './protocol.js';
 import { bindForm, formOf, textOf } from './form.js';
@@ -11,7 +11,7 @@ function part(tag, text) {
   return element;
 }
 
-/** The button works once there is something to explain. */
+/** Enables the button when there is something to explain. */
 export function refreshExplanation() {
   at('explain').disabled = !protocol.calculated();
 }
@@ -25,7 +25,7 @@ function drawBar(shares) {
       return share;
     }),
   );
-  // Words that have no room aren't cut off: the sentence below has them all.
+  // Words that don't fit are left out: the sentence below has them all.
   for (const share of at('shares').children) {
     if (share.scrollWidth > share.clientWidth) share.textContent = '';
   }
@@ -74,7 +74,7 @@ export function prepareExplanation(print) {
     const row = target.closest('tbody tr');
     if (row) show(row.sectionRowIndex);
   });
-  at('explanation-copy').hidden = !navigator.clipboard; // there is one on https and on this machine
+  at('explanation-copy').hidden = !navigator.clipboard; // browsers have it on https and on localhost
   at('explanation-copy').addEventListener('click', async () => {
     const said = at('explanation-said');
     said.textContent = '';

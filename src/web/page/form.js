@@ -27,7 +27,7 @@ function tableOf({ name, of, rows, used }) {
   return details;
 }
 
-/** The words of a line; those that name lines have their numbers. */
+/** The parts of a line; a part that refers to lines has their numbers. */
 function wordsOf(parts) {
   const words = part('span', 'words');
   words.append(...parts.map(([text, ...lines]) => {
@@ -55,23 +55,23 @@ function lineOf(line, isResult, spoken) {
 
 const lastNumber = (lines) => lines.filter(({ line }) => line !== undefined).at(-1);
 
-/** The elements of a form. With `spoken`, each line has what a screen reader says, and its table. */
+/** The elements of a form. With `spoken`, each line has its text for screen readers, and its table. */
 export function formOf({ title, lines }, { spoken = false } = {}) {
   const result = lastNumber(lines);
   return [part('h3', '', title), ...lines.map((line) => lineOf(line, line === result, spoken))];
 }
 
-/** The same as a text: a line each, with tabs before and behind the words. */
+/** The form as a text: number, words and figure of each line, separated by tabs. */
 export const textOf = ({ title, lines }) =>
   [title, ...lines.map(({ line, parts, figure }) => `${line ?? ''}\t${parts.map(([text]) => text).join('')}${figure === '' ? '' : `\t${figure}`}`)].join('\n');
 
-/** Pointing at the words "line 4" marks line 4. */
+/** Highlights line 4 while the pointer is at the words "line 4". */
 export function bindForm(view) {
   const mark = ({ target }) => {
     const lines = target.closest?.('.names')?.dataset.lines.split(' ') ?? [];
     for (const row of view.querySelectorAll('.form-line')) row.classList.toggle('marked', lines.includes(row.dataset.line));
   };
   view.addEventListener('mouseover', mark);
-  view.addEventListener('click', mark); // a finger doesn't hover
+  view.addEventListener('click', mark); // touch screens have no hover
   view.addEventListener('mouseleave', mark);
 }

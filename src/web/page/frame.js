@@ -1,4 +1,4 @@
-// The frame around the screens: which one is in front, its title, its tab, its mark in the list bar, and the focus.
+// The frame around the screens: the one in front, its title, its tab, its item in the list bar, and the focus.
 
 import * as protocol from './protocol.js';
 import { elementOf } from './binder.js';
@@ -22,7 +22,7 @@ export const frontScreen = () => documentOf(front());
 export const openWindows = () => [...document.querySelectorAll('dialog[open]')].reverse();
 export const countOpen = () => open.length + openWindows().length;
 
-/** The window in front; `act` carries acts out. A screen goes as its own way back does, where it has one. */
+/** Closes the window or screen in front; `act` runs acts. Presses the screen's data-way-back button, where it has one. */
 export function closeFront(act) {
   const [box] = openWindows();
   if (box?.dataset.screen) return act(() => protocol.tell('close', box.dataset.screen));
@@ -35,14 +35,14 @@ export function closeFront(act) {
 
 const usable = (element) => element?.isConnected && element.checkVisibility({ visibilityProperty: true }) && !element.disabled;
 
-/** The heading of what is in front: of its page, where it has several. */
+/** The heading of the screen or window in front; of its page, where it has several. */
 function headingOf(view) {
   const page = [...view.querySelectorAll('[data-kind=panel] .heading')].find((heading) => heading.checkVisibility());
   page?.setAttribute('tabindex', '-1');
   return page ?? view.querySelector('[data-title]');
 }
 
-/** The focus goes to where the user goes on: what had it before, or the heading. */
+/** Gives the focus to the element that had it before, or to the heading. */
 export function moveFocus() {
   const view = frontScreen();
   if (!view) return (at('ended').hidden ? document.querySelector('h1') : at('again')).focus();
@@ -50,13 +50,13 @@ export function moveFocus() {
   (usable(before) ? before : headingOf(view)).focus();
 }
 
-/** Where the focus has gone with what it was on, it moves. */
+/** Moves the focus where its element has been hidden or removed. */
 export function keepFocus() {
   if (openWindows().length > 0 || !at('failure').hidden) return;
   if (document.activeElement === document.body || !usable(document.activeElement)) moveFocus();
 }
 
-/** The rules have moved the focus. */
+/** Moves the focus to the control to which the program has moved it. */
 export function followFocus(address) {
   const element = elementOf(address);
   if (element && element !== document.activeElement && !element.closest('.combo')?.contains(document.activeElement)) element.focus();
@@ -68,7 +68,7 @@ function showBox(dialog, shown) {
   if (!shown && dialog.open) dialog.close();
 }
 
-/** Brings the frame up to date. `fromBar` is set for an act of the list bar, `act` carries out what its tabs do. */
+/** Updates the frame. `fromBar` is set for an act of the list bar; `act` runs the acts of the tabs. */
 export function updateFrame({ fromBar, act }) {
   const { shown } = protocol.ask('screens') ?? { shown: [] };
   at('ended').hidden = protocol.ask('running');
@@ -100,13 +100,13 @@ export function updateFrame({ fromBar, act }) {
   followHistory();
 }
 
-/** The letters of a screen's parts are keys while it is in front. */
+/** Makes the data-letter letters of the screen in front access keys. */
 function turnKeys(from, to) {
   for (const part of documentOf(from)?.querySelectorAll('[data-letter]') ?? []) part.accessKey = '';
   for (const part of documentOf(to)?.querySelectorAll('[data-letter]') ?? []) part.accessKey = part.dataset.letter;
 }
 
-/** The open screens, with a way to each and one to close it. */
+/** The tabs of the open screens, each with a button that closes it. */
 function showTabs(names, act) {
   const sorted = [...names].sort();
   const wanted = `${sorted} ${names[0]}`;

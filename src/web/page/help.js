@@ -1,4 +1,4 @@
-// The help viewer: topics of the two books, found by their contents and by the links in them.
+// The help viewer: topics of the two help files, with contents and links.
 
 import { followHistory } from './history.js';
 
@@ -9,7 +9,7 @@ const books = new Map();
 const past = [];
 let here = null;
 
-/** The topics of a book: each is a heading with an id and what follows it. */
+/** The topics of a help file: each is a heading with an id and the elements after it. */
 async function book(file) {
   if (books.has(file)) return books.get(file);
   const response = await fetch(`help/${file}`);
@@ -29,7 +29,7 @@ async function book(file) {
   return topics;
 }
 
-/** Markup of paper books has heading levels of its own, and looks that the page gives. */
+/** Adapts the markup of a topic: heading levels, and attributes that the style sheet replaces. */
 function shown(node) {
   const copy = document.importNode(node, true);
   if (copy.nodeType !== Node.ELEMENT_NODE) return copy;
@@ -69,7 +69,7 @@ async function show(file, id) {
   heading.focus();
 }
 
-/** The book can't be loaded now. */
+/** Shows that the help file can't be loaded. */
 function offerAgain(file, id) {
   const words = document.createElement('p');
   words.textContent = "The help can't be loaded.";
@@ -81,7 +81,7 @@ function offerAgain(file, id) {
   again.focus();
 }
 
-/** Opens a book at a topic. */
+/** Opens a help file at a topic. */
 export async function openHelp(file, id) {
   past.length = 0;
   if (!at('help').open) {
@@ -91,7 +91,7 @@ export async function openHelp(file, id) {
   await show(file, id);
 }
 
-/** Opens the book that has the topic, at it. */
+/** Opens the help file that has the topic, at the topic. */
 export async function openHelpOn(id) {
   const found = await Promise.all([program, form].map((file) => book(file).then((topics) => topics.has(id), () => false)));
   return found[1] ? openHelp(form, id) : openHelp(program, found[0] ? id : 'index');

@@ -6,7 +6,7 @@ let travelling = false;
 
 const depth = () => history.state?.open ?? 0;
 
-/** Makes the history as deep as there are open screens and windows. */
+/** Adds or removes history entries until there is one for each open screen and window. */
 export function followHistory() {
   if (travelling) return;
   const wanted = depthOf();
@@ -17,7 +17,7 @@ export function followHistory() {
   }
 }
 
-/** `countOpen` counts what Back can close, `close` closes the one in front. */
+/** `countOpen` returns the number of screens and windows that Back can close, `close` closes the one in front. */
 export function bindHistory(countOpen, close) {
   depthOf = countOpen;
   closeFront = close;

@@ -1,5 +1,5 @@
 // The link that carries the entries of the main screen in its fragment, which a browser doesn't send to the server. It is made
-// when the user asks for it, and holds what is on that screen alone: no name, no number.
+// when the user asks for it, and has only the entries of that screen: no name, no Social Security number.
 
 import { ask, quoted, tell } from './protocol.js';
 
@@ -35,7 +35,7 @@ function choose(entries, key) {
   if (number >= 0 && ask('get', list, 'index') !== number) tell('pick', list, number);
 }
 
-/** Puts the entries of a fragment on the main screen, as if the user entered them. What it doesn't hold stays. */
+/** Enters the entries of a fragment on the main screen, as the user would. Other entries don't change. */
 function enter(entries) {
   tell('click', 'MDIOpen.SSListBar1(Calc)');
   choose(entries, 'frequency'); // it changes the hours
@@ -49,7 +49,7 @@ function enter(entries) {
   choose(entries, 'state'); // State Options may open for it
 }
 
-/** Takes the entries of the page's fragment, if it has some. `act` carries an act out. */
+/** Enters the entries of the page's fragment, if it has any. `act` runs an act. */
 function takeEntries(act) {
   const entries = new URLSearchParams(location.hash.slice(1));
   if (!['income', 'frequency', 'state'].some((key) => entries.has(key))) return;
@@ -76,7 +76,7 @@ export function bindLink(act) {
   window.addEventListener('hashchange', () => takeEntries(act));
 }
 
-/** The link is out of date once an entry changes. */
+/** Hides the link, because an entry has changed. */
 export function withdrawLink() {
   at('link-row').hidden = true;
   at('link').value = at('link-said').textContent = '';

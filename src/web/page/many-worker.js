@@ -1,5 +1,5 @@
-// Works paychecks away from the page: the first rows of a file, whole files block by block, and single paychecks. A file is
-// read as it is worked and its result goes to a file of the browser's own, so that memory doesn't grow with either.
+// A worker for paychecks: the first rows of a file, whole files block by block, and single paychecks. A file is read while
+// it is worked, and the result is written to a file of the browser, so memory doesn't grow with the size of the file.
 
 import { load } from './paychecks/index.js';
 import { hand, loadRaw, rowsOf, textFrom } from './paychecks/raw.js';
@@ -11,7 +11,7 @@ const code = (character) => character.charCodeAt(0);
 
 let module;
 let paychecks;
-let file = null; // what is read: a Blob, and how far
+let file = null; // the Blob that is read, and the position
 let position = 0;
 let stopped = false;
 
@@ -22,16 +22,16 @@ function read(place) {
   return bytes.length;
 }
 
-/** The character that divides the cells of a header: that of which it has most. */
+/** The delimiter of a header: the candidate that occurs most often. */
 function delimiterOf(header) {
   const counts = [',', ';', '\t', '|'].map((character) => [header.split(character).length, character]);
   return counts.reduce((best, one) => (one[0] > best[0] ? one : best))[1];
 }
 
-/** What the page offers in place of an option of a command line. */
+/** Replaces advice about command-line options, which the web app doesn't have. */
 const inWords = (trouble) => trouble.replace(/: use (--delimiter .*|no --delimiter)$/, ': choose it below');
 
-/** Hands what has been worked over, as bytes that stand until the module goes on. */
+/** The output so far, as bytes that are valid until the next call of the module. */
 function takeOut(use) {
   const place = module._out();
   const used = use(module.HEAPU8.subarray(place, place + module._outSize()));
@@ -45,7 +45,7 @@ function openFile(blob, delimiter) {
   return inWords(textFrom(module, 'openFile', code(delimiter)));
 }
 
-/** The first rows of a file with their results, and which of the rows looked at have problems. */
+/** The first rows of a file with their results, and the problems among them. */
 function preview(blob, wanted) {
   const beginning = new TextDecoder().decode(reader.readAsArrayBuffer(blob.slice(0, previewSize)));
   const whole = blob.size <= previewSize ? beginning : beginning.slice(0, beginning.lastIndexOf('\n') + 1);
@@ -57,7 +57,7 @@ function preview(blob, wanted) {
   while (broken === '' && !module._fileEnded()) broken = textFrom(module, 'workBlock');
   hand(module, takeOut((bytes) => new TextDecoder().decode(bytes)));
   const [header, ...rows] = rowsOf(textFrom(module, 'cells', code(delimiter)));
-  return { delimiter, lacks, trouble: blob.size <= previewSize ? broken : '' /* the cut may do that */, header, rows: rows.filter((row) => row.length > 0) };
+  return { delimiter, lacks, trouble: blob.size <= previewSize ? broken : '' /* the truncation may cause it */, header, rows: rows.filter((row) => row.length > 0) };
 }
 
 /** Removes a file that has just been closed. Firefox may hold it for a moment longer. */
@@ -71,7 +71,7 @@ async function remove(folder, name, tries = 100) {
   }
 }
 
-/** Where a result goes: a file on the disk, or memory where the browser has none for a page. */
+/** Storage of a result: a file on the disk, or memory where the browser has no such files. */
 async function openResult(name) {
   try {
     const folder = await (await navigator.storage.getDirectory()).getDirectoryHandle(folderName, { create: true });
@@ -95,11 +95,11 @@ async function openResult(name) {
   }
 }
 
-const turn = () => new Promise((done) => setTimeout(done)); // a message to stop can come in
+const turn = () => new Promise((done) => setTimeout(done)); // lets a message to stop arrive
 
 const account = () => ({ rows: module._fileRows(), problems: module._fileProblems(), first: module._firstProblem() });
 
-/** Works a whole file. `tell` reports how much of it is read and how many rows are done. */
+/** Works a whole file. `tell` reports the part that is read and the number of rows done. */
 async function workFile(blob, delimiter, name, tell) {
   stopped = false;
   const trouble = openFile(blob, delimiter);
@@ -148,5 +148,5 @@ async function answer({ id, act, ...choices }) {
 let last = Promise.resolve();
 addEventListener('message', ({ data }) => {
   if (data.act === 'stop') stopped = true;
-  else last = last.then(() => answer(data)); // one after the other: they share the module
+  else last = last.then(() => answer(data)); // one after another, because they share the module
 });

@@ -1,5 +1,5 @@
 // The page for many paychecks: a file or pasted rows, their first rows and problems, the work and its result; and the gross
-// pay for one check that is wanted. All is worked in many-worker.js.
+// pay for a wanted check. many-worker.js does the work.
 
 import { bindWanted } from './wanted.js';
 
@@ -13,7 +13,7 @@ const worker = new Worker('many-worker.js', { type: 'module' });
 const waiting = new Map();
 let asked = 0;
 
-/** Asks the worker; fails with what failed there. */
+/** Sends a request to the worker; rejects with the worker's error. */
 function ask(act, choices = {}) {
   const id = ++asked;
   worker.postMessage({ id, act, ...choices });
@@ -67,7 +67,7 @@ function forget() {
   at('result').hidden = true;
 }
 
-/** Takes a file or a text, and shows how it begins. */
+/** Takes a file or a text, and shows its beginning. */
 async function take(blob, name, delimiter = '') {
   chosen = { blob, name };
   forget();
@@ -128,7 +128,7 @@ function offer(result, name) {
   at('save').focus();
 }
 
-/** Takes the results away that tabs have left which are gone: each tab holds a lock. */
+/** Removes the results of closed tabs: each open tab holds a lock. */
 async function tidy() {
   if (!navigator.locks || !navigator.storage?.getDirectory) return;
   navigator.locks.request(lockOf(own), () => new Promise(() => {}));

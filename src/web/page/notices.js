@@ -1,8 +1,8 @@
-// Lines above the screens for what the browser does: it stores nothing, or holds a new version.
+// Lines above the screens: the browser stores nothing, or has a new version.
 
 const at = (id) => document.getElementById(id);
 
-/** The storage, watched: while nothing can be saved, a line says so. */
+/** The storage, with a line that is shown while nothing can be saved. */
 export const watched = (storage) => ({
   ...storage,
   write(...texts) {
@@ -17,7 +17,7 @@ export const watched = (storage) => ({
   },
 });
 
-/** Says when a new version waits; it takes the old one's place when the user loads it. */
+/** Shows a line when a new version waits. It replaces the old version when the user loads it. */
 function watchVersions(registration) {
   const waits = () => {
     if (registration.waiting && navigator.serviceWorker.controller) at('newer').hidden = false;

@@ -1,4 +1,4 @@
-// The page: starts the program, carries the user's acts out and stands in for the machine around it.
+// The main module: starts the program, carries out the user's acts, and provides the platform functions.
 
 import * as protocol from './protocol.js';
 import * as storage from './store.js';
@@ -21,7 +21,7 @@ const calculate = 'frmMain.cmdToolBar(0)';
 addKind('calendar', calendar);
 addKind('engine', report);
 
-/** Carries an act out and brings the page up to date with what it changed. */
+/** Carries out an act and updates the page with its changes. */
 function act(deed, element) {
   const before = protocol.focused();
   const had = document.activeElement;
@@ -44,12 +44,12 @@ function update(element) {
   }
 }
 
-/** The check and the way to its explanation come into view. */
+/** Scrolls the check and the button of its explanation into view. */
 function showResults() {
   at('explain').scrollIntoView({ block: 'nearest' });
 }
 
-/** Without a frequency there is no table to take the federal tax from. */
+/** Shows a hint while no frequency is chosen, because there is no federal tax without one. */
 function sayWhyNoFederalTax() {
   const cells = protocol.ask('get', 'frmMain.dbgDisplay', 'cells') ?? [];
   at('no-frequency').hidden = cells.length === 0 || protocol.ask('get', 'frmMain.lstFrequency', 'index') !== -1;
@@ -69,7 +69,7 @@ function eraseStorage() {
   refreshExplanation();
 }
 
-/** Opens a window of the page's own. */
+/** Opens a dialog of the web app. */
 function openWindow(dialog) {
   dialog.showModal();
   followHistory();
@@ -99,14 +99,14 @@ function bindWindows() {
 
 const helpOnFront = () => openHelpOn(frontScreen()?.dataset.screen);
 
-/** Keys that act wherever the focus is. */
+/** Keys that work for any focus. */
 const keys = {
   F1: helpOnFront,
   F9: () => [...(frontScreen()?.querySelectorAll('[aria-keyshortcuts=F9]') ?? [])].find((button) => button.checkVisibility())?.click(),
 };
 
 function bindPage() {
-  // Forced colours draw a picture by its shape.
+  // With forced colours a picture is drawn as a mask.
   for (const picture of document.querySelectorAll('img')) picture.style.setProperty('--picture', `url("${picture.src}")`);
   bind(document.body, act);
   bindDropDowns(document.body, act);

@@ -1,11 +1,11 @@
-// What is pasted or dropped into a box: the first line, of a spreadsheet's selection the first cell, within bounds.
+// Text pasted or dropped into a box: the first line, or the first cell of a spreadsheet selection, of limited length.
 
-/** Characters that a box takes, as the boxes of the desktop do. */
+/** The greatest length of a box, the same as on the desktop. */
 export const most = 32767;
 
 const blanks = /[\u00a0\u2000-\u200b\u202f\u205f\u3000\ufeff]/g;
 
-/** The text that goes into a box for a pasted one. Blanks around it go only where it replaces the whole text. */
+/** The text to insert for a pasted one. Surrounding blanks are removed only where it replaces the whole text. */
 export function cleaned(text, { isAmount, replacesAll }) {
   let result = text.slice(0, most).split(/[\t\r\n\u2028\u2029]/, 1)[0];
   if (isAmount) result = result.replace(blanks, ' ').replaceAll('\u2212', '-');

@@ -1,4 +1,4 @@
-// Printing: an element of the page, a screen or another, without its buttons, with its texts and lists whole.
+// Printing of an element, such as a screen: without its buttons, with complete texts and lists.
 
 import { documentOf, frontScreen, openWindows } from './frame.js';
 
@@ -6,14 +6,14 @@ const at = (id) => document.getElementById(id);
 let wanted = null;
 let undo = [];
 
-/** What the browser's own Print prints: the window in front, else the screen. */
+/** The element that the browser's own Print prints: the window in front, else the screen. */
 function inFront() {
   const [box] = openWindows();
   if (box?.id === 'explanation') return at('explanation-paper');
   return box?.id === 'help' ? box : frontScreen();
 }
 
-/** Boxes and lists show on paper all that they hold. */
+/** Makes boxes and lists show their whole content on paper. */
 function unfold(element) {
   for (const box of element.querySelectorAll('input[type=text]')) {
     const text = document.createElement('span');

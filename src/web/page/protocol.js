@@ -4,12 +4,12 @@ import load from './tallyfin99.js';
 
 let module;
 
-/** Loads the module; `page` has the functions that the program asks of the machine. */
+/** Loads the module; `page` has the platform functions of the program. */
 export async function open(page) {
   module = await load(page);
 }
 
-/** A text goes over the heap, for the stack has no room for a long one. */
+/** Passes a text on the heap: a long one would overflow the stack. */
 function call(name, text) {
   if (text === undefined) return module.ccall(name, 'string', [], []);
   const place = module.allocateUTF8(text);
@@ -21,10 +21,10 @@ function call(name, text) {
   }
 }
 
-/** The answer to a line as it is. */
+/** The unchanged answer to a line. */
 export const line = (text) => call('answer', text);
 
-/** Carries a command out. Returns the answer's first word: "ok", or why not. Texts are quoted by `quoted`. */
+/** Sends a command. Returns the first word of the answer: "ok", or the reason. Quote texts with `quoted`. */
 export function tell(...words) {
   const answer = line(words.join(' '));
   return answer === 'ok' ? 'ok' : answer.split(' ')[1];
@@ -32,13 +32,13 @@ export function tell(...words) {
 
 export const quoted = JSON.stringify;
 
-/** The answer of a command that asks, read as JSON; undefined where it was refused. */
+/** The answer of a query, parsed as JSON; undefined where it was refused. */
 export function ask(...words) {
   const answer = line(words.join(' '));
   return answer.startsWith('= ') ? JSON.parse(answer.slice(2)) : undefined;
 }
 
-/** Addresses of what has changed since the last call. */
+/** The addresses that have changed since the last call. */
 export const changed = () => JSON.parse(call('changed'));
 
 /** The address of the control that has the focus, empty where none has. */
@@ -47,5 +47,5 @@ export const focused = () => call('focused');
 /** Whether there is something to explain. */
 export const calculated = () => Boolean(module._calculated());
 
-/** How the last calculation was worked out; null before the first. */
+/** The explanation of the last calculation; null before the first. */
 export const explained = () => JSON.parse(call('explained'));

@@ -1,4 +1,4 @@
-// The print engine's kind: the report as a sheet of Letter paper, on the screen at its zoom and on paper.
+// The kind `engine`: the report as a sheet of Letter paper, zoomed on the screen, and on paper.
 
 import { tell } from './protocol.js';
 
@@ -28,7 +28,7 @@ function tableOf({ cells, columns, kinds }) {
 
 const full = 816; // pixels of a sheet's width at 100 percent
 
-/** Turns the zoom so that the sheet is as wide as the preview. */
+/** Sets the zoom so that the sheet is as wide as the preview. */
 export function fit(preview) {
   const { paddingLeft, paddingRight } = getComputedStyle(preview);
   const room = preview.clientWidth - parseFloat(paddingLeft) - parseFloat(paddingRight);

@@ -1,5 +1,5 @@
-// Starts the page, and says what keeps it from working: a file that can't be loaded, or a failure later on. It is the one
-// script that needs no other.
+// Starts the web app, and shows errors: a file that can't be loaded, or a later failure. It is the only script that imports
+// no other.
 
 (() => {
   const at = (id) => document.getElementById(id);
@@ -16,7 +16,7 @@
 
   const nameOf = (address) => new URL(address).pathname.split('/').at(-1);
 
-  /** Why a file of the page can't be used; nothing where it can. */
+  /** The reason why a file can't be used; none where it can. */
   async function trouble(address) {
     try {
       const response = await fetch(address, { cache: 'reload' });
@@ -36,7 +36,7 @@
     fail(`Tallyfin 99 can't be loaded: ${what}.`, 'Try again', tryAgain);
   }
 
-  /** Files that were kept for use without a network may be the trouble. */
+  /** Removes the files kept for use without a network, which may be the cause. */
   async function tryAgain() {
     try {
       const own = (await caches.keys()).filter((name) => name.startsWith('tallyfin99-'));

@@ -1,5 +1,5 @@
-// The settings in the browser's own storage, one item for each key: "Tallyfin99/Settings/IncAmt". Each function gives a list
-// of texts, and throws where the storage is full or forbidden.
+// The settings in the browser's local storage, one item for each key: "Tallyfin99/Settings/IncAmt". Each function returns a
+// list of texts, and throws where the storage is full or forbidden.
 
 const application = 'Tallyfin99/';
 const nameOf = (section, key) => `${application}${section}/${key}`;
@@ -20,7 +20,7 @@ export function erase(section, key) {
   return [];
 }
 
-/** Section, key and text of each item by turns. */
+/** Section, key and text of each item, alternating. */
 export function all() {
   return Object.keys(localStorage).flatMap((name) => {
     const [, section, key] = name.startsWith(application) ? name.match(/^[^/]*\/([^/]*)\/(.*)$/s) ?? [] : [];

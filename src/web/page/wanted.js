@@ -1,4 +1,4 @@
-// The gross pay for a check that is wanted: a form with the columns of one paycheck.
+// The gross pay for a wanted check: a form with the columns of one paycheck.
 
 const at = (id) => document.getElementById(id);
 const dollars = new Intl.NumberFormat('en-US', { style: 'currency', currency: 'USD' });
@@ -12,7 +12,7 @@ function fill(select, entries, first) {
   select.append(...entries.map((caption) => new Option(caption)));
 }
 
-/** An element for a column of which a state offers these values. */
+/** An element for a column for which a state offers these values. */
 function fieldFor(offers) {
   const [{ value }] = offers;
   if (value === 'an amount') {
@@ -31,7 +31,7 @@ function fieldFor(offers) {
   return select;
 }
 
-/** The fields for what a state reads beside the columns that all have. */
+/** The fields for the columns that only this state reads. */
 function showState(states, name) {
   const byColumn = new Map();
   for (const offer of states) {
@@ -60,7 +60,7 @@ function show(result) {
   at('wanted-problem').textContent = result.problem && `${result.problem[0].toUpperCase()}${result.problem.slice(1)}.`;
 }
 
-/** `lists` has the entries of columns and what states offer; `ask` asks the worker. */
+/** `lists` has the entries of columns and the values of states; `ask` sends a request to the worker. */
 export function bindWanted({ entries, states }, ask) {
   const form = at('wanted');
   fill(form.elements.frequency, entries.frequency, '');

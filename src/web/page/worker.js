@@ -1,12 +1,11 @@
-// Keeps the whole page, so that it works without any network after its first load. The build puts the list of its files,
-// each with the hash of its bytes, and their version above these lines. A new version waits until the old one is open
-// nowhere or the user loads it: the two are never mixed.
+// The service worker: keeps all files, so that the web app works without a network after its first load. The build writes the
+// list of files with their hashes, and the version, above these lines. A new version waits until the old one is open in no
+// tab, or the user loads it: files of two versions are never mixed.
 
 const prefix = 'tallyfin99-';
 const kept = () => caches.open(prefix + version);
 
-/** A file as it stands in the list. The page has just loaded most of them; what the browser still has of it is taken, if it
- * is this version's. */
+/** Loads a file of the list. The browser's cache has most of them; a cached file is used if its hash is that of the list. */
 async function right(file, integrity) {
   try {
     return await fetch(file, { cache: 'force-cache', integrity });
