@@ -1,5 +1,6 @@
 # Where everything goes, and the Debian package.
 include(GNUInstallDirs)
+include(cmake/BillOfMaterials.cmake)
 
 install(TARGETS tallyfin99-script tallyfin99-batch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(TALLYFIN_DESKTOP)
@@ -35,8 +36,8 @@ tallyfin_compress(packaging/tallyfin99.3 tallyfin99.3)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/tallyfin99)
 tallyfin_install_compressed(packaging/changelog ${documents} changelog)
 set(library_packages "")
-# tallyfin_package(COMPONENT SECTION DESCRIPTION): the package of a component of that name, with its copyright and changelog.
-# Its DEPENDS and the like are set by the caller, under CPACK_DEBIAN_ and the name in capitals.
+# tallyfin_package(COMPONENT SECTION DESCRIPTION PARTS...): the package of a component of that name, with its copyright,
+# changelog and bill of materials. Its DEPENDS and the like are set by the caller, under CPACK_DEBIAN_ and the name in capitals.
 macro(tallyfin_package component section description)
   list(APPEND library_packages ${component})
   string(TOUPPER ${component} name)
@@ -47,13 +48,17 @@ macro(tallyfin_package component section description)
   set(CPACK_COMPONENT_${name}_DESCRIPTION "${description}")
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${component} RENAME copyright COMPONENT ${component}
     EXCLUDE_FROM_ALL)
-  install(FILES ${PROJECT_BINARY_DIR}/compressed/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${component}
-    COMPONENT ${component} EXCLUDE_FROM_ALL)
+  tallyfin_bill_of_materials(${PROJECT_BINARY_DIR}/bills/${component}/bill.spdx.json ${component} ${PROJECT_VERSION} ${ARGN})
+  install(FILES ${PROJECT_BINARY_DIR}/compressed/changelog.gz ${PROJECT_BINARY_DIR}/bills/${component}/bill.spdx.json
+    packaging/third-party-notices DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${component} COMPONENT ${component} EXCLUDE_FROM_ALL)
 endmacro()
 include(cmake/InstallLibrary.cmake)
 include(cmake/InstallBindings.cmake)
 install(FILES LICENSE DESTINATION ${documents} RENAME copyright)
-install(FILES packaging/README packaging/third-party-notices DESTINATION ${documents})
+# The web app's folder has a bill of its own.
+tallyfin_bill_of_materials(${PROJECT_BINARY_DIR}/bills/tallyfin99/bill.spdx.json tallyfin99 ${PROJECT_VERSION} json)
+install(FILES packaging/README packaging/third-party-notices ${PROJECT_BINARY_DIR}/bills/tallyfin99/bill.spdx.json
+  DESTINATION ${documents})
 
 # The tour of the screens as a page for the browser.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/tour.md)
@@ -87,6 +92,7 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL Unspecified ${library_packages})
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME tallyfin99)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/FinishPackages.cmake)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
     WORLD_EXECUTE)
 include(CPack)

@@ -18,7 +18,7 @@ if(TARGET python)
     FILES_MATCHING PATTERN "*.py" PATTERN "*.pyi" PATTERN "py.typed")
   tallyfin_package(python3-tallyfin99 python "works out United States paychecks of 1999 in Python
 A Python package that works out what is withheld from United States
-paychecks in tax year 1999, for NumPy and pandas, and lazily for Dask.")
+paychecks in tax year 1999, for NumPy and pandas, and lazily for Dask." pybind11)
   set(CPACK_DEBIAN_PYTHON3-TALLYFIN99_PACKAGE_DEPENDS "${interpreter}, python3-numpy, python3-pandas")
   set(CPACK_DEBIAN_PYTHON3-TALLYFIN99_PACKAGE_SUGGESTS "python3-dask")
 endif()

@@ -21,12 +21,11 @@ install(FILES ${PROJECT_BINARY_DIR}/compressed/tallyfin99.3.gz DESTINATION ${CMA
 
 tallyfin_package(libtallyfin99-1 libs "works out United States paychecks of 1999 (C library)
 A library for C and C++ that works out what is withheld from United
-States paychecks in tax year 1999.")
+States paychecks in tax year 1999." json)
 file(WRITE ${made}/shlibs "libtallyfin99 ${PROJECT_VERSION_MAJOR} libtallyfin99-1 (>= ${PROJECT_VERSION})\n")
 file(WRITE ${made}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_LIBTALLYFIN99-1_PACKAGE_CONTROL_EXTRA ${made}/shlibs ${made}/triggers)
 set(CPACK_DEBIAN_LIBTALLYFIN99-1_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
-set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/FinishPackages.cmake)
 tallyfin_package(libtallyfin99-dev libdevel "works out United States paychecks of 1999 (development files)
 The header, the files for pkg-config and CMake and the manual page of a
 library for C and C++ that works out what is withheld from United States

@@ -1,4 +1,4 @@
-// Pictures of all screens, wide, narrow and narrower, light and in forced colours: node screenshots.js FOLDER [NAME...].
+// Pictures of all screens and of the page for many paychecks, wide, narrow and narrower, light and in forced colours: node screenshots.js FOLDER [NAME...].
 // BROWSER=firefox takes them there; names are beginnings of screens' names.
 
 import { mkdir } from 'node:fs/promises';
@@ -20,14 +20,50 @@ const looks = {
   },
 };
 
+/** The worksheet of a federal tax: with the table open, and a line marked that words name. */
+async function worksheet(page, u, shot) {
+  await u.bar('Calc');
+  await u.pick('frmMain.lstFrequency', 0);
+  await u.type('frmMain.txtIncome', '1000');
+  await u.click('frmMain.cmdToolBar(0)');
+  await page.click('#results tbody tr:nth-child(5)', { count: 2 });
+  await page.click('.form-table summary');
+  await page.hover('#explanation-text .names');
+  await shot('worksheet', false);
+  await page.click('#explanation [data-dismiss]');
+}
+
+/** The page for many paychecks: empty, with rows and a problem, and with a result and the gross pay for a check. */
+async function manyPaychecks(page, size, media, shotOf) {
+  await page.setViewport(size);
+  if (media && !firefox) await emulate(page, media);
+  const shot = shotOf(page);
+  await page.goto(`${server.address}many.html`);
+  await page.waitForSelector('body[data-ready]');
+  await shot('many');
+  await page.type('#pasted', 'id,income,frequency,status,exemptions,state\n7,1000,Weekly,Single,1,Pennsylvania\n8,x,Weekly,Single,1,PA\n');
+  await page.click('#take-pasted');
+  await page.waitForSelector('#rows tbody tr', { visible: true });
+  await page.click('#work');
+  await page.waitForSelector('#save', { visible: true });
+  await page.type('#wanted-net', '663.01');
+  await page.select('#wanted-frequency', 'Weekly');
+  await page.select('#wanted-state', 'Michigan');
+  await page.click('#wanted button');
+  await page.waitForFunction(() => document.querySelector('#wanted-results').children.length > 0);
+  await shot('many, worked');
+  await page.close();
+}
+
 for (const [look, { prefs, media }] of Object.entries(looks)) {
   const browser = await browse(undefined, { prefs });
   for (const width of look === 'light' ? [1280, 360, 320] : [1280, 360]) {
     const page = await open(browser, server.address, { width, height: width === 320 ? 256 : width === 360 ? 560 : 800 });
     if (media && !firefox) await emulate(page, media);
     const u = user(page);
-    const shot = (name, fullPage = true) =>
-      page.screenshot({ path: join(folder, `${name.replace(/\W+/g, '-')}-${width}-${look}.png`), fullPage });
+    const shotOf = (shown) => (name, fullPage = true) =>
+      shown.screenshot({ path: join(folder, `${name.replace(/\W+/g, '-')}-${width}-${look}.png`), fullPage });
+    const shot = shotOf(page);
     for (const [name, go] of Object.entries(screens)) {
       if (!wanted(name)) continue;
       await go(u);
@@ -39,6 +75,8 @@ for (const [look, { prefs, media }] of Object.entries(looks)) {
       await shot(name, false);
       await page.click(close);
     }
+    if (wanted('worksheet')) await worksheet(page, u, shot);
+    if (wanted('many')) await manyPaychecks(await browser.newPage(), { width, height: 800 }, media, shotOf);
     if (page.troubles.length) console.log(page.troubles);
     await page.close();
   }
