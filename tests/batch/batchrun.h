@@ -9,7 +9,7 @@
 
 namespace tallyfin::batch {
 
-/// A source that gives a text, so many bytes at a time.
+/// A source that returns a text in pieces of a given size.
 inline BlockReader::Source sourceOf(std::string_view text, std::size_t atOnce = std::string_view::npos) {
   return [text, atOnce](char* place, std::size_t size) mutable {
     const std::size_t count = std::min({size, atOnce, text.size()});
@@ -19,7 +19,7 @@ inline BlockReader::Source sourceOf(std::string_view text, std::size_t atOnce = 
   };
 }
 
-/// What a whole run gives.
+/// The results of a whole run.
 struct Outcome {
   std::string out;
   std::string trouble;

@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// All rows of a text, a row its cells' texts with the line's end as the last.
+/// All rows of a text: the texts of the cells, then the line end.
 struct Reading {
   std::vector<std::vector<std::string>> rows;
   std::vector<std::string> bytes;
@@ -41,7 +41,7 @@ Reading readingOf(std::string_view text, std::size_t atOnce, char delimiter = ',
   return reading;
 }
 
-/// However the bytes arrive.
+/// Tested with pieces of every size.
 class CsvTest : public testing::TestWithParam<std::size_t> {
  protected:
   Reading read(std::string_view text) const { return readingOf(text, GetParam()); }
@@ -116,7 +116,7 @@ TEST_P(CsvTest, DividesCellsByAnotherCharacter) {
               ElementsAre(ElementsAre("a,b", "c;d", "\n"), ElementsAre("", "", "\n")));
 }
 
-/// How many readings a reader takes for its first block, of a source that gives these bytes first.
+/// The number of readings for the first block of a source that begins with these bytes.
 std::size_t readingsFor(std::string_view first) {
   std::size_t readings = 0;
   const std::vector<std::string_view> given{first, "z\n", "z\n"};

@@ -13,13 +13,13 @@
 #include "explain/jsontext.h"
 #include "script/session.h"
 
-/// A row gives what the program itself shows: started on a store with the row's choices, its boxes filled, Calculate
-/// pressed.
+/// The results of a row are those that the program shows after a start on a store with the row's choices, with its
+/// boxes filled in and Calculate pressed.
 
 namespace tallyfin::batch {
 namespace {
 
-/// A cell and what it chooses; a bad one chooses nothing.
+/// A cell and its choice; a bad cell has none.
 struct Choice {
   std::string cell;
   std::string stored;
@@ -75,7 +75,7 @@ rc::Gen<Choice> anyCount() {
       {{30, number}, {2, rc::gen::just(Choice{"", "0"})}, {1, rc::gen::just(Choice{"32768", "", true})}});
 }
 
-/// Texts of an amount box: numbers of all sizes and forms, and texts that are none.
+/// Texts of an amount box: numbers of all sizes and forms, and texts that aren't numbers.
 rc::Gen<Choice> anyAmount() {
   const auto cents =
       rc::gen::map(rc::gen::oneOf(rc::gen::inRange(0, 10'000), rc::gen::inRange(0, 3'000'000)),
@@ -119,7 +119,7 @@ Cells anyCells() {
           {"state_additional", *anyAmount()}};
 }
 
-/// The program with the row's choices: the twelve figures, each behind a comma.
+/// The program with the row's choices: the twelve figures, each after a comma.
 std::string shown(const Cells& cells) {
   MemoryStore store;
   const auto put = [&](std::string_view in, const char* key, const char* column) {

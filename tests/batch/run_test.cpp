@@ -29,7 +29,7 @@ std::vector<std::string> linesOf(const std::string& text) {
   return lines;
 }
 
-/// What is behind the input's own columns in the one row of a file.
+/// The results and the problem of a file with one row.
 std::string resultOf(const std::string& header, const std::string& row) {
   const std::string out = outcomeOf(header + "\n" + row + "\n").out;
   const std::vector<std::string> lines = linesOf(out);
@@ -108,8 +108,8 @@ TEST(Batch, StopsAtARowThatIsTooLong) {
 }
 
 TEST(Batch, LeavesMississippisExemptionToItsRow) {
-  // Its marital option 7 stands for an exemption of 10,000 where other states have an additional amount. Kentucky adds
-  // that amount to (0 * 52 - 650) * 0.02 / 52, which is -0.25.
+  // With marital option 7 Mississippi uses an exemption of 10,000 in place of the additional amount. Kentucky adds the
+  // amount to (0 * 52 - 650) * 0.02 / 52, which is -0.25.
   const auto stateTaxOfTheLast = [](const std::string& in) {
     const std::vector<std::string> lines = linesOf(outcomeOf(in).out);
     const std::string& last = lines.back();
@@ -168,7 +168,7 @@ TEST(Batch, TakesTheLocalTaxByRateAndBase) {
 
 // --- What goes wrong -------------------------------------------------------------------------------------------------
 
-/// A cell that names nothing: its column, the cell, why.
+/// A cell without a meaning: its column, the cell, the reason.
 struct BadCell {
   const char* column;
   const char* cell;
@@ -277,7 +277,7 @@ TEST(Batch, CarriesColumnsWithoutANameThrough) {
               ElementsAre(",frequency,\"\", " + results, "7,0,8,9,0,0,0,0,0,0,0,0,0,0,0,0,"));
 }
 
-/// A header without any column of the program's.
+/// A header without any known column.
 struct Foreign {
   std::string in;
   const char* why;

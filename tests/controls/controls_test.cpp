@@ -7,7 +7,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A shown document whose events are written down.
+/// A shown document that records its events.
 class ControlTest : public DeskTest {
  protected:
   ControlTest() {
@@ -142,7 +142,7 @@ TEST_F(CheckBoxes, ChangeTheirTickBeforeTheClick) {
   EXPECT_FALSE(ticked);
 }
 
-/// Three options of one group, each of which notes its clicks.
+/// Three options of one group that record their clicks.
 class OptionButtons : public DeskTest {
  protected:
   struct Options final : Screen {

@@ -12,13 +12,13 @@
 #include "controls/screen.h"
 #include "controls/texts.h"
 
-/// Small screens that write down what happens to them.
+/// Small screens that record their events.
 
 namespace tallyfin {
 
-/// What has happened, in order: "First Load", "Second Activate".
+/// The events in order: "First Load", "Second Activate".
 inline std::vector<std::string> journal;
-/// What a test wants done when something happens, by the entry in the journal.
+/// Actions of a test for entries of the journal.
 inline std::map<std::string, Handler> hooks;
 
 inline void note(const std::string& entry) {
@@ -53,7 +53,7 @@ struct SecondBox final : RecordedScreen {
   SecondBox() : RecordedScreen(screenName, "", Place::box) {}
 };
 
-/// A document; its control events go into the journal under the control's name.
+/// A document. The journal has the events of its controls under their names.
 class Document : public RecordedScreen {
  public:
   explicit Document(const char* screen) : RecordedScreen(screen, screen) {
@@ -99,7 +99,7 @@ struct Third final : Document {
   Third() : Document(screenName) {}
 };
 
-/// A run with nothing but the frame on the desk, and an empty journal.
+/// A run with only the frame, and an empty journal.
 class DeskTest : public testing::Test {
  protected:
   DeskTest() {
@@ -109,7 +109,7 @@ class DeskTest : public testing::Test {
   }
   ~DeskTest() override { desk.end(); }
 
-  /// What has happened since it was asked last.
+  /// The events since the last call.
   static std::vector<std::string> happened() { return std::exchange(journal, {}); }
   static std::vector<std::string> stack() {
     std::vector<std::string> names;

@@ -6,7 +6,7 @@
 namespace tallyfin::along {
 namespace {
 
-/// An amount that rises with the income by so many dollars a cent.
+/// An amount that rises with the income, by that many dollars for each cent.
 Amount rising(Money value, double slope = 0.01, double slack = 0) { return {value, {slope, slack}}; }
 
 class AlongTheIncome : public testing::Test {

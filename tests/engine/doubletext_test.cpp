@@ -8,12 +8,12 @@
 #include <cmath>
 #include <cstdint>
 
-/// The two ways to write and read a double give the same, whichever a standard library has.
+/// Both implementations that write and read doubles have the same results.
 
 namespace tallyfin {
 namespace {
 
-/// The user's locale, as the desktop has it: in some a number has a comma, or digits of more than a byte.
+/// The user's locale, as on the desktop. In some locales numbers have a comma, or digits of several bytes.
 [[maybe_unused]] const char* const usersLocale = std::setlocale(LC_ALL, "");
 
 double anyDouble() { return std::bit_cast<double>(*rc::gen::arbitrary<std::uint64_t>()); }

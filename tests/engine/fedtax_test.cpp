@@ -15,8 +15,8 @@ std::int64_t scaled(const std::string& text, std::size_t places) {
   return std::stoll(digits);
 }
 
-/// Cents of tax on so many cents, by the rows of a table, in whole numbers: hundred-thousandths of a dollar, an exact
-/// half cent away from zero.
+/// The tax in cents on a base in cents, by the rows of a table. Calculated with integers, in hundred-thousandths of a
+/// dollar; an exact half cent is rounded away from zero.
 std::int64_t taxOn(const std::vector<Row>& rows, std::int64_t cents) {
   for (const Row& row : rows) {
     if (row.at("upTo") != "above" && cents > scaled(row.at("upTo"), 2)) continue;

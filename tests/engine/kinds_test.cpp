@@ -6,7 +6,7 @@
 #include "engine/statelist.h"
 #include "support/paycheck.h"
 
-/// The two kinds of figures: whatever the record holds, both give the same to the last bit.
+/// Both kinds of figures have identical results for any record.
 
 namespace tallyfin {
 namespace {
@@ -28,7 +28,7 @@ class KindsTest : public PaycheckTest {
   int count() { return oneOf(0, 1, 2, 3, 4, 7, 10, 11, 12, 15, 16, -1, 32767); }
   Money amount() { return Money::ofUnits(std::int64_t{from(-10000, 40'000'000)}); }
 
-  /// Entries, choices and leftovers of any kind.
+  /// Random entries, choices and earlier values.
   void chooseAnything() {
     sheet.income = text();
     sheet.rate401k = text();
@@ -87,7 +87,7 @@ TEST_F(KindsTest, AgreeToTheLastBitOnAnyRecord) {
   }
 }
 
-/// A worksheet whose pre-tax amount is read without memory, within a statement.
+/// A worksheet that throws std::bad_alloc when the pre-tax amount is read, within a statement.
 struct WithoutMemory : WorksheetStandIn {
   const std::string& preTaxText() const override { throw std::bad_alloc(); }
 };

@@ -12,7 +12,7 @@ class LocalTaxTest : public PaycheckTest {
     payData.amt401k = 60;
     payData.preTax = 40;
     payData.stateDepsDed = 300;
-    payData.depsDed = 500;  // the federal one counts for nothing here
+    payData.depsDed = 500;  // the federal deduction isn't used
     payData.localRate = 0.02;
   }
 

@@ -11,7 +11,7 @@
 #include "engine/money.h"
 #include "engine/numbertext.h"
 
-/// Laws of amounts and number texts, held against wider or exact arithmetic on any values.
+/// Properties of amounts and number texts, compared with wider or exact arithmetic.
 
 namespace tallyfin {
 namespace {
@@ -23,7 +23,7 @@ bool fits(Wide number) {
   return number >= std::numeric_limits<Narrow>::min() && number <= std::numeric_limits<Narrow>::max();
 }
 
-/// Any 64-bit number, small and huge ones alike.
+/// Any 64-bit number, small or huge.
 rc::Gen<std::int64_t> anyUnits() {
   return rc::gen::oneOf(
       rc::gen::arbitrary<std::int64_t>(),
@@ -36,7 +36,7 @@ rc::Gen<std::int16_t> anyInt16() {
                         rc::gen::element<std::int16_t>(-32768, 32767));
 }
 
-/// The statement gives the wide result where that fits, and fails where it doesn't: it never wraps.
+/// The statement has the wide result where that fits, and fails where it doesn't. It never wraps.
 template <class Narrow, class Statement>
 void holdsOrFails(Wide wide, Statement statement) {
   if (fits<Narrow>(wide)) {
@@ -86,7 +86,7 @@ void fromRealIsNearest(double dollars) {
 }
 
 RC_GTEST_PROP(FromRealLaws, IsTheExactRoundingOfTheDoubleProduct, ()) {
-  // Multiples of a 32nd times small integers meet exact halves; the rest is any size.
+  // Multiples of 1/32 times small integers give exact halves; the others are of any size.
   fromRealIsNearest(static_cast<double>(*rc::gen::arbitrary<std::int32_t>()) / 32);
   fromRealIsNearest(std::ldexp(static_cast<double>(*anyUnits()), *rc::gen::inRange(-90, 60)));
 }
@@ -96,7 +96,7 @@ RC_GTEST_PROP(TextLaws, AnAmountComesBackFromItsText, ()) {
   RC_ASSERT(toMoney(toText(amount)) == amount);
 }
 
-/// What a text is to a function: a number, or nothing.
+/// The number that a function reads from a text, or none.
 template <class Read>
 auto reading(Read read, const std::string& text) {
   std::optional<decltype(read(text))> number;
@@ -105,7 +105,7 @@ auto reading(Read read, const std::string& text) {
 }
 
 RC_GTEST_PROP(TextLaws, AShortTextIsReadAsWithASign, ()) {
-  // Short texts of digits are read by a way of their own, those with a sign by the general one.
+  // Short texts of digits are parsed by a special function, those with a sign by the general one.
   const auto text =
       *rc::gen::container<std::string>(*rc::gen::inRange(0, 18), rc::gen::elementOf(std::string("0123456789.")));
   const std::string withSign = "+" + text;
@@ -149,7 +149,7 @@ RC_GTEST_PROP(TextLaws, ADoubleComesBackToFifteenDigits, ()) {
   RC_ASSERT(toText(back) == toText(value));
 }
 
-/// Whether the text is a number, as an expression of the platform's matcher sees it.
+/// Whether the text is a number, by a regular expression.
 bool matchesTheGrammar(const std::string& text) {
   // A digit among the commas of the whole part, or a bare fraction; then an exponent.
   static const std::string number = R"((,*[0-9][0-9,]*\.?[0-9]*|\.[0-9]+)([Ee][-+]?[0-9]+)?)";

@@ -13,7 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A store that takes nothing.
+/// A store in which every save fails.
 struct FullStore : MemoryStore {
   void write(std::string_view /*section*/, std::string_view /*key*/, const std::string& /*text*/) override {
     throw FailedStatement{};
@@ -25,7 +25,7 @@ struct SettingsTest : testing::Test {
   const Installed<SettingsStore*> installed{settingsStore, &store};
 };
 
-/// What a setting gives before it has been saved, and where it is then kept.
+/// The default of a setting, and its section and key.
 template <class Held>
 std::vector<std::string> kept(const Setting<Held>& setting, const Held& value) {
   MemoryStore store;

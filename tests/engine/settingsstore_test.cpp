@@ -48,7 +48,7 @@ TEST(Settings, StandUnderOneApplication) {
   EXPECT_EQ(getSetting("Another", section::settings, "Hours", "80"), "80");
 }
 
-/// A store that can't be read for a while.
+/// A store that can't be read temporarily.
 struct LockedStore : MemoryStore {
   std::optional<std::string> read(std::string_view section, std::string_view key) const override {
     if (locked) throw FailedStatement{};

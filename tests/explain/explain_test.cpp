@@ -6,12 +6,12 @@
 #include "explain/sample.h"
 #include "explain/shares.h"
 
-/// The explanation of each figure, read as people read it.
+/// The text of the explanation of each figure.
 
 namespace tallyfin {
 namespace {
 
-/// The user's locale, as the desktop has it: in some a number has a comma, or digits of more than a byte.
+/// The user's locale, as on the desktop. In some locales numbers have a comma, or digits of several bytes.
 [[maybe_unused]] const char* const usersLocale = std::setlocale(LC_ALL, "");
 
 TEST_F(ExplainTest, ThereIsNoneBeforeTheFirstCalculateOfARun) {

@@ -6,7 +6,7 @@
 #include "explain/json.h"
 #include "explain/sample.h"
 
-/// The worksheets as they are set on a form.
+/// The worksheets as forms.
 
 namespace tallyfin {
 namespace {
@@ -136,7 +136,7 @@ TEST_F(FormTest, IsHandedOverAsJson) {
                               R"x([["not over $51.00","$0.00"],["over $51.00 but)x"));
 }
 
-/// The tables of each kind that a state has.
+/// The tables of each kind among the states.
 TEST_F(FormTest, TellsWhatARowGives) {
   TableRow row{.lower = 100, .rate = 0.05};
   EXPECT_EQ(givenText(row), "5% of the amount over $100.00");

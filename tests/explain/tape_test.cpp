@@ -2,7 +2,7 @@
 
 #include "explain/explain.h"
 
-/// Worksheets written from tapes that were put together by hand: what no state does today, but a rule may.
+/// Worksheets of tapes made by hand, for operations that rules may use but no state does.
 
 namespace tallyfin {
 namespace {

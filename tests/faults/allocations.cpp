@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 
-/// Loaded before a program's own libraries, it lets allocations fail: FAILING_ALLOCATION=7 the seventh, and
-/// FAILING_ALLOCATION=7+ all from the seventh on. They are counted from the moment when the program's libraries are
-/// loaded, so that its static objects count too, and the loader's own don't.
+/// Preloaded into a program, it makes allocations fail: FAILING_ALLOCATION=7 the seventh, FAILING_ALLOCATION=7+ all
+/// from the seventh on. Counting starts when the program's libraries are loaded, so that allocations of static objects
+/// count and those of the loader don't.
 
 namespace {
 

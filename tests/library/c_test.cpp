@@ -14,7 +14,7 @@
 
 namespace {
 
-/// So many allocations of this thread succeed yet.
+/// The number of allocations of this thread that still succeed.
 thread_local long allocationsLeft = std::numeric_limits<long>::max();
 
 }  // namespace
@@ -135,7 +135,7 @@ TEST(CInterface, ReportsATextBeyondAllMemory) {
   EXPECT_TRUE(tallyfin99_work(paycheck.get()));
 }
 
-/// Calls act() with so many allocations.
+/// Calls act() with that number of allocations.
 template <class Act>
 auto withAllocations(long count, Act act) {
   allocationsLeft = count;

@@ -14,8 +14,8 @@
 #include "library/options.h"
 #include "library/paycheck.h"
 
-/// The help repeats amounts and rates of the rules. These tests read them there and hold each against the worksheets,
-/// which name every constant of a calculation, or against paychecks on both sides of a jump.
+/// The help repeats amounts and rates of the rules. These tests read the help and look for each figure in worksheets,
+/// which name every constant of a calculation, or in the rows of tables.
 
 namespace tallyfin::library {
 namespace {
@@ -91,7 +91,8 @@ std::vector<int> offered(int state, Column column) {
 constexpr std::size_t federalTax = 4;
 constexpr std::size_t stateTax = 5;
 
-/// Works paychecks of a state with all its options, and hands over each worksheet of the state tax, until told to stop.
+/// Works paychecks of a state with all its options, and calls `goesOn` with each worksheet of the state tax until it
+/// returns false.
 template <class Use>
 void forPaychecks(int state, int frequency, Use goesOn) {
   Paycheck paycheck;
@@ -120,8 +121,8 @@ void erase(std::set<Money>& figures, const std::set<Money>& others) {
   for (const Money figure : others) figures.erase(figure);
 }
 
-/// Amounts of the topics that no rule names: the jumps that HelpOfState.TellsJumpsOfTheTables holds, an additional
-/// amount as an example for Minnesota, and a text of Mississippi's options screen.
+/// Amounts of the topics that aren't constants of a rule: jumps of tables, which another test checks; an example of an
+/// additional amount for Minnesota; a text of Mississippi's options screen.
 const std::map<int, std::set<Money>> notOfTheRules{{6, {2700}}, {10, {13}}, {22, {toMoney("10.40")}},
                                                    {23, {500}}, {31, {24}}, {41, {769}}};
 

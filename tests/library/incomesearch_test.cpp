@@ -70,7 +70,7 @@ class RandomChoices {
 
 Money cents(std::int64_t count) { return Money::ofUnits(count * unitsPerCent); }
 
-/// The checks of all incomes from 0.01 up to so many cents.
+/// The checks of all incomes from 0.01 up to a number of cents.
 std::vector<Money> checksUpTo(Paycheck& paycheck, int most) {
   paycheck.set(Column::net, "");
   std::vector<Money> checks;
@@ -83,7 +83,7 @@ std::vector<Money> checksUpTo(Paycheck& paycheck, int most) {
   return checks;
 }
 
-/// Where the check jumps up or falls by more than ten cents from one cent of income to the next.
+/// The incomes at which the check rises or falls by more than ten cents for one cent of income.
 std::vector<std::size_t> jumpsIn(const std::vector<Money>& checks) {
   std::vector<std::size_t> jumps;
   for (std::size_t i = 1; i < checks.size(); ++i) {
@@ -93,13 +93,13 @@ std::vector<std::size_t> jumpsIn(const std::vector<Money>& checks) {
   return jumps;
 }
 
-/// The income, in cents, that trying cent after cent finds; 0 for none.
+/// The income, in cents, that a search of every cent finds; 0 for none.
 std::int64_t firstReaching(const std::vector<Money>& checks, Money wanted) {
   const auto found = std::find_if(checks.begin(), checks.end(), [&](Money check) { return check >= wanted; });
   return found == checks.end() ? 0 : found - checks.begin() + 1;
 }
 
-/// TARGETS=20000 tries so many, up to larger incomes; SEED begins elsewhere.
+/// TARGETS=20000 tries that many, up to larger incomes; SEED sets the seed.
 TEST(IncomeSearch, FindsWhatTryingEveryCentFinds) {
   const int wanted = setting("TARGETS", 500);
   constexpr int targetsOfOne = 100;

@@ -10,8 +10,8 @@
 #include "library/cells.h"
 #include "library/options.h"
 
-/// The manual page and the guide list columns, values and states as the tables have them. With TALLYFIN_REWRITE in the
-/// environment these tests write the lists anew.
+/// The lists of columns, values and states in the manual page and the guide are those of the tables. With
+/// TALLYFIN_REWRITE in the environment these tests rewrite the lists.
 
 namespace tallyfin::library {
 namespace {
@@ -25,7 +25,7 @@ std::string padded(std::string text, std::size_t width) {
   return text;
 }
 
-/// Puts words behind a beginning, in lines of at most 78 characters whose continuations are indented as much.
+/// Appends words to a beginning, in lines of at most 78 characters with a hanging indent.
 void addWrapped(Lines& lines, const std::string& beginning, const Lines& words) {
   std::string line = beginning;
   for (const std::string& word : words) {
@@ -51,7 +51,7 @@ std::string kindOf(const ColumnRule& rule) {
   return "";
 }
 
-/// Each column with its values, then what each state reads.
+/// Each column with its values.
 Lines columnLines() {
   Lines lines;
   for (std::size_t i = 0; i < columnCount; ++i) {
@@ -79,7 +79,7 @@ Lines stateLines() {
   return lines;
 }
 
-/// Holds what stands in a file between two lines against what belongs there.
+/// Compares the text between two lines of a file with the expected text.
 void expectBetween(const std::string& path, const std::string& begin, const std::string& end, const std::string& text) {
   std::ifstream in(path);
   std::stringstream read;

@@ -14,7 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// The columns that tell a state apart from its defaults, each with two values that both count.
+/// The columns of state options, each with two valid values.
 struct Probe {
   Column column;
   std::vector<int> values;
@@ -41,7 +41,7 @@ bool counts(int state, const Probe& probe) {
         paycheck.setInteger(Column::preTax, 90);
         paycheck.setInteger(Column::rate401k, 7);
         paycheck.setInteger(Column::stateMarital, marital);
-        // Mississippi's offered options have an amount of their own in place of the additional one.
+        // The options that Mississippi offers replace the additional amount.
         if (probe.column == Column::stateAdditional && !isOffered(state, Column::stateMarital, marital)) continue;
         std::set<std::int64_t> taxes;
         for (const int value : probe.values) {

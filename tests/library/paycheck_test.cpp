@@ -185,7 +185,7 @@ TEST(Paycheck, IsWorkedInARecordOfItsThread) {
 
 // --- The check that is wanted ----------------------------------------------------------------------------------------
 
-/// The gross pay that a wanted check takes, and the problem.
+/// The gross pay for a wanted check, and the problem.
 std::string grossFor(const std::string& net, const std::string& income = "") {
   Paycheck paycheck;
   paycheck.set(Column::frequency, "Weekly");

@@ -17,7 +17,7 @@ namespace {
 constexpr int threadCount = 8;
 constexpr int paycheckCount = 400;
 
-/// The results of a paycheck of its own for each number, with every state, and now and then the explanation.
+/// The results of a different paycheck for each number, in all states, sometimes with the explanation.
 std::string worked(Paycheck& paycheck, int number) {
   paycheck.setInteger(Column::income, 300 + 7 * number);
   paycheck.setInteger(Column::frequency, number % 4);

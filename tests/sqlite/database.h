@@ -23,7 +23,7 @@ class Database {
 
   sqlite3* connection() { return connection_.get(); }
 
-  /// The rows that a statement gives, or its error: cells divided by `|`, rows by line ends, NULL for none.
+  /// The rows of a statement, or its error: cells separated by `|`, rows by line ends, NULL for none.
   std::string ask(const std::string& statements) { return ask(statements, false); }
 
   /// The same with the names of the columns as the first row.

@@ -4,7 +4,7 @@
 
 #include "sqlite/database.h"
 
-/// Runs docs/sql.md: each block of SQL gives what the block behind it shows.
+/// Runs docs/sql.md: the result of each block of SQL is the block after it.
 
 namespace tallyfin::sqlite {
 namespace {

@@ -93,7 +93,7 @@ TEST_F(PaycheckTable, TakesAllTwentyArguments) {
       "0.0\n");
 }
 
-/// Behind its sixteenth condition SQLite compares by itself: NULL equals nothing there, and the row would be missing.
+/// After the sixteenth condition SQLite compares itself. NULL equals nothing there, so the row would be missing.
 TEST_F(PaycheckTable, RefusesNullWhereSqliteWouldDropTheRow) {
   const std::string sixteen = "1000, 0, 0, 0, 'Weekly', 0, 0, 0, 'N', 'N', 'N', 0, 1, 0, 0, 0";
   EXPECT_EQ(ask("SELECT federal_tax FROM paycheck(" + sixteen + ", 0, '', '')"), federalTaxOf1000);
@@ -132,7 +132,7 @@ TEST_F(PaycheckTable, WorksAPaycheckForEachSideOfOr) {
             "1\n");
 }
 
-/// SQLite weighs the sides of an OR without the conditions around it, and so may take a plan that lacks an argument.
+/// SQLite plans the operands of an OR without the other conditions, and may choose a plan that lacks an argument.
 TEST_F(PaycheckTable, RefusesAPlanThatLacksAnArgument) {
   EXPECT_EQ(ask("SELECT 1 FROM paycheck WHERE frequency = 0 AND status = 0 AND (income = 1000 OR net = 700)"),
             "error: income is read, but is no argument of the paycheck as SQLite plans it");

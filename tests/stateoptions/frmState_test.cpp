@@ -240,7 +240,7 @@ TEST_F(StateOptions, TickABoxForAnythingButN) {
     EXPECT_EQ(screen().chkExemp[0].value(), ticked) << text;
     EXPECT_FALSE(screen().chkExemp[1].value());
     accept();
-    EXPECT_EQ(storedState("sta401"), text);  // only a click repairs it
+    EXPECT_EQ(storedState("sta401"), text);  // only a click changes it
   }
   open();
   screen().chkExemp[0].userClick();

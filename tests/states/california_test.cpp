@@ -1,7 +1,7 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// California's gates, deductions and credits.
+/// California's low-income tests, deductions and credits.
 
 namespace tallyfin {
 namespace {
@@ -56,7 +56,7 @@ TEST_F(California, ChoosesTheDeductionOfAMarriedPersonByTheExemptionsParsedLast)
   payData.frequency = 1;
   payData.grossPay = 1000;
   sheet.exemptions = 2;
-  sheet.exemptionsEntry = "0";  // not looked at
+  sheet.exemptionsEntry = "0";  // not read
   CalifTax();
   EXPECT_EQ(sheet.stateWage, 780);
   EXPECT_EQ(payData.stateTax, dollars("11.32"));  // 4.28 + 352 at 2 percent

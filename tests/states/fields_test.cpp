@@ -15,15 +15,15 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// Whatever stands in the record, a state routine reads and writes the fields that its comment names and no other. Its
-/// tables stand in the header named after its source.
+/// For any record, a state routine reads and writes exactly the fields that its comment names. Its tables are in the
+/// header named after its source.
 
 namespace tallyfin {
 namespace {
 
 using Names = std::set<std::string>;
 
-/// The fields that a routine reads and writes. A field that it leaves as it was in some case isn't read by that.
+/// The fields that a routine reads and writes. Leaving a field unchanged doesn't count as reading it.
 struct Touched {
   Names reads;
   Names writes;
@@ -45,7 +45,7 @@ std::string textOf(const std::string& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// What lies between the first `from` behind the position and the next `to`.
+/// The text between the first `from` after the position and the next `to`.
 std::string between(const std::string& text, std::size_t position, const std::string& from, const std::string& to) {
   const auto start = text.find(from, position);
   if (start == std::string::npos) return "";
@@ -53,7 +53,7 @@ std::string between(const std::string& text, std::size_t position, const std::st
   return text.substr(inside, text.find(to, inside) - inside);
 }
 
-/// What the comment of a state's routine says: "Reads `a`, `b`. Writes `c`."
+/// The fields in the comment of a state's routine: "Reads `a`, `b`. Writes `c`."
 Touched toldOf(const State& state) {
   const std::string name = between(textOf("statelist.cpp"), 0, "{\"" + std::string(state.caption) + "\", ", ",");
   const std::string source = textOf(state.source);
@@ -88,7 +88,7 @@ TEST(StateSources, IncludeNoTablesButThoseOfTheirOwnName) {
   }
 }
 
-/// Mostly an everyday figure, now and then one at the end of its type.
+/// Mostly a usual figure, sometimes a limit of its type.
 Int16 anyCount() { return *rc::gen::oneOf(rc::gen::inRange(-1, 16), rc::gen::inRange(-32768, 32768)); }
 Money anyAmount() {
   return Money::ofUnits(*rc::gen::oneOf(
@@ -168,7 +168,8 @@ TEST_F(StateFields, NeverHoldANegativeTaxOnceTheFinishHasRun) {
 }
 
 TEST_F(StateFields, AreWrittenAlikeByTheSameCalculationTwice) {
-  // A routine that assigns its tax anew forgets the last one: Pennsylvania, Indiana, Illinois, Massachusetts, Michigan.
+  // Routines that always assign the tax don't read the last one: Pennsylvania, Indiana, Illinois, Massachusetts,
+  // Michigan.
   for (const std::size_t state : {34U, 13U, 12U, 20U, 21U}) {
     EXPECT_TRUE(rc::check(stateList[state].caption, [&] {
       fill(everydayAmount);
@@ -201,7 +202,7 @@ class Numbers {
   std::mt19937 random_{1999};
 };
 
-/// All that a routine may look at, by name.
+/// All fields that a routine may read, by name.
 struct Everything {
   PayData record;
   WorksheetFields work;
@@ -216,7 +217,7 @@ struct Everything {
 
 class StateRoutines : public PaycheckTest {
  protected:
-  /// What the routine makes of all fields.
+  /// All fields after the routine.
   Everything after(const State& state, const Everything& before) {
     payData = before.record;
     static_cast<WorksheetFields&>(sheet) = before.work;
@@ -236,7 +237,7 @@ class StateRoutines : public PaycheckTest {
     return values;
   }
 
-  /// What is found out by changing one field after the other.
+  /// The fields found by changing one field after another.
   Touched touchedBy(const State& state) {
     std::vector<std::string> names;
     Everything::each(Everything{}, [&](const char* name, const auto&) { names.emplace_back(name); });

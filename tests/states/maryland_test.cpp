@@ -76,7 +76,7 @@ TEST_F(MarylandTest, LosesTheLocalStepWholeBeyondSixteenBits) {
   payData.frequency = 1;
   payData.mMethod = 50;
   payData.grossPay = 100;
-  sheet.exemptionsEntry = "656";  // times 50 is 32,800: neither the exemption nor the clamp takes effect
+  sheet.exemptionsEntry = "656";  // times 50 is 32,800: neither the exemption nor the limits take effect
   Maryland();
   EXPECT_EQ(payData.localTax, dollars("1.08"));  // 85: 1.04 + 2 at 2 percent
 }

@@ -1,7 +1,7 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// Missouri deducts on the year and taxes the period.
+/// Missouri: deductions of the year, tables of the period.
 
 namespace tallyfin {
 namespace {

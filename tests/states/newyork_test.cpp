@@ -4,7 +4,7 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// New York, which a failure abandons.
+/// New York, which a failure ends.
 
 namespace tallyfin {
 namespace {

@@ -1,7 +1,7 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// Oklahoma's ceiling and its federal estimate.
+/// Oklahoma's limit and its federal estimate.
 
 namespace tallyfin {
 namespace {
@@ -34,7 +34,7 @@ TEST_F(OklahomaTest, EstimatesTheFederalTaxOfASinglePersonAtFarAboveTheWage) {
 
   payData.payPeriods = 52;
   payData.grossPay = dollars("384.6154");
-  payData.staAdd = 792;  // swallowed by -791.5329, rounded
+  payData.staAdd = 792;  // offset by -791.5329, rounded
   Oklahoma();
   EXPECT_EQ(payData.stateTax, 0);
   payData.staAdd = 800;

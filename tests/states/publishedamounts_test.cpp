@@ -6,7 +6,7 @@
 #include "support/paycheck.h"
 #include "support/published.h"
 
-/// The amounts of a pay period, for each frequency and each count, held against the published figures.
+/// The amounts of a pay period, for each frequency and each count, compared with the published figures.
 
 namespace tallyfin {
 namespace {
@@ -108,7 +108,7 @@ TEST_F(PublishedAmounts, OfMichigan) {
   forEachCount("MichiganTax", "Exemption amount", [&](int frequency, int count, double each) {
     freshRecord(frequency);
     sheet.exemptions = count;
-    sheet.exemptionsEntry = "99";  // not looked at
+    sheet.exemptionsEntry = "99";  // not read
     payData.grossPay = 10000;
     MichiganTax();
     EXPECT_EQ(payData.stateDepsDed, Money::ofUnits(rounded(each * count)));
@@ -150,7 +150,7 @@ TEST_F(PublishedAmounts, OfMassachusetts) {
 }
 
 TEST_F(PublishedAmounts, OfLouisiana) {
-  // Without pay periods the bracket step fails, and the exemption deduction stays to be seen.
+  // Without pay periods the bracket step fails, and the exemption deduction can be read.
   forEachCount("Louisiana", "Exemption amount (staExmp)", [&](int frequency, int count, double each) {
     freshRecord(frequency);
     payData.staExmp = count;

@@ -9,8 +9,8 @@
 #include "support/paycheck.h"
 #include "support/published.h"
 
-/// Every row of every band table, at its bound, a cent and a dollar to both sides, for every status and frequency, held
-/// against the published figures. `staAdd` stands high enough to show a negative tax too.
+/// Every row of every band table for every status and frequency, at its bound and a cent and a dollar to both sides,
+/// compared with the published figures. `staAdd` is large enough to show a negative tax.
 
 namespace tallyfin {
 namespace {
@@ -24,7 +24,7 @@ using published::wholeDollars;
 
 constexpr int additional = 5000;
 
-/// The tax that stood in the record before: what a gap leaves to the steps behind the table.
+/// The tax in the record before: a gap of the table leaves it unchanged.
 const Units formerTax = units("77.1234");
 
 Units integerRounded(Units amount) {
@@ -36,11 +36,11 @@ Money money(Units amount) { return Money::ofUnits(amount); }
 
 class PublishedTables : public PaycheckTest {
  protected:
-  /// How a routine is brought to a table, and what it does around it.
+  /// How to make a routine apply a table, and its other steps.
   struct Drive {
     /// Settings that choose the table, each to be tried.
     std::vector<std::function<void()>> settings{[] {}};
-    /// What comes off the gross on the way to x.
+    /// The amount that is subtracted from the gross to get x.
     Units deduction = 0;
     /// From the table's tax to the tax of the period, before `staAdd`.
     std::function<Units(Units)> after = [](Units tax) { return tax; };
@@ -99,7 +99,7 @@ class PublishedTables : public PaycheckTest {
     }
   }
 
-  /// A routine that goes straight from the gross to the table of its status.
+  /// A routine that applies the table of its status to the gross.
   void holdPlain(const std::string& routine, void (*run)()) {
     hold(routine, run, [](const Table& table) { return Drive{.settings = status(table)}; });
   }
@@ -186,7 +186,7 @@ TEST_F(PublishedTables, Maine) {
 }
 
 TEST_F(PublishedTables, Minnesota) {
-  // The additional amount is whole, so that rounding the sum is rounding the tax.
+  // The additional amount is whole, so rounding the sum rounds the tax.
   hold("Minnesota", Minnesota,
        [](const Table& table) { return Drive{.settings = status(table), .after = wholeDollars}; });
 }
@@ -371,7 +371,7 @@ TEST_F(PublishedTables, Oklahoma) {
     const int choice = table.selection.back() - '0';  // "staMarried 0"
     std::size_t held = 0;
     for (const Units wanted : table.probes()) {
-      // The wage next to it: x rises with the wage, but falls steeply for Single.
+      // The wage next to it: x rises with the wage, but falls for Single.
       Units from = units(-100);
       Units to = units(22560);
       while (to - from > 1) {

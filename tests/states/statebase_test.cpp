@@ -5,7 +5,7 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// What all state routines share, and what one leaves to the next.
+/// What all state routines share, and fields that one routine leaves for the next.
 
 namespace tallyfin {
 namespace {
@@ -82,11 +82,11 @@ TEST_F(StateSequence, ARunThroughSeveralStatesCarriesTheWorkingFieldsAlong) {
   EXPECT_EQ(sheet.exemptions, 1);
 
   sheet.exemptionsEntry = "4";
-  calculateFor(21);  // Michigan goes on with it
+  calculateFor(21);  // Michigan uses it
   EXPECT_EQ(payData.stateDepsDed, dollars("53.85"));
 
   payData.maritalStat = 2;
-  calculateFor(28);  // New York takes Michigan's deduction for its own, and writes the dependents
+  calculateFor(28);  // New York uses Michigan's deduction as its own, and writes the dependents
   EXPECT_EQ(payData.staDeps, 4);
   EXPECT_EQ(sheet.stateWage, dollars("369.15"));  // 500 - 4 * 19.25 - 53.85
 
@@ -157,7 +157,7 @@ TEST_F(StateSequence, AStepThatOverflowsIsLostWhole) {
   payData.grossPay = 1000;
   payData.stateTax = 0;
   payData.staAdd = most;
-  calculateFor(34);  // Pennsylvania: the addition doesn't fit, and the tax stands without it
+  calculateFor(34);  // Pennsylvania: the addition doesn't fit, and the tax is without it
   EXPECT_EQ(payData.stateTax, 28);
 }
 

@@ -7,8 +7,8 @@
 #include "support/paycheck.h"
 #include "support/published.h"
 
-/// The tables as an explanation shows them, row for row: also the figures that no tax shows, since whole dollars hide
-/// them or no wage leads there.
+/// The tables in explanations, row by row: also figures without an effect on any tax, because of rounding to dollars or
+/// because no wage reaches the row.
 
 namespace tallyfin {
 namespace {
@@ -22,7 +22,7 @@ Figures figuresOf(const published::Row& row) { return {row.test, row.bound, row.
 Figures figuresOf(const TableRow& row) {
   constexpr std::array tests{"<=", "<", ">", ">="};
   const std::string test = tests.at(static_cast<std::size_t>(row.test));
-  // The fractions are kept in single precision: the decimal that is meant has two places.
+  // The fractions are in single precision: their decimals have two places.
   const bool part = row.gives == TableRow::Gives::part;
   const double extra = part ? std::round(row.rate * 100) / 100 : row.credit;
   return {test, row.bound.units(), row.lower.units(), part ? 0 : row.rate, row.plus, extra};
@@ -30,7 +30,7 @@ Figures figuresOf(const TableRow& row) {
 
 class ToldTables : public PaycheckTest {
  protected:
-  /// All tables that a state looks something up in, with every choice of its options.
+  /// All tables that a state applies, for every choice of its options.
   std::set<Rows> tablesOf(int state) {
     std::set<Rows> tables;
     for (const int choice : {0, 1, 2, 3, 4, 5, 6, 8, 9}) {

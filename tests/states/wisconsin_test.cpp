@@ -1,7 +1,7 @@
 #include "states/states.h"
 #include "support/paycheck.h"
 
-/// Wisconsin's whole wage and its credit.
+/// Wisconsin's tables and its credit.
 
 namespace tallyfin {
 namespace {

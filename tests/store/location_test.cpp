@@ -10,12 +10,12 @@
 
 namespace {
 
-/// What the system's list of users answers instead of the truth.
+/// The fake answer of the user database.
 passwd* listed = nullptr;
 
 }  // namespace
 
-// It stands before the system's own.
+// Replaces the system's function.
 passwd* getpwuid(uid_t /*user*/) { return listed; }
 
 namespace tallyfin {

@@ -27,17 +27,17 @@
 
 namespace {
 
-/// What the connections of this process are told, by SQLite's number of the option or limit; the first of each.
+/// The settings of this process's connections, by SQLite's number of the option or limit; the first of each.
 std::map<int, int> options;
 std::map<int, int> limits;
 
-/// How many more calls of the kind succeed before one fails; none where all do.
+/// The number of calls that succeed before one fails; none where all do.
 std::optional<int> openingsUntilOneFails;
 std::optional<int> statementsUntilOneFails;
 
 bool fails(std::optional<int>& until) { return until && (*until)-- == 0; }
 
-/// Runs before the system is asked to write to the disk what it holds of a file.
+/// Called before a file is flushed to the disk.
 std::function<void()> beforeFlush;
 
 template <class Function>
@@ -47,7 +47,7 @@ Function* ofSqlite(const char* name) {
 
 }  // namespace
 
-// They stand before SQLite's own, note what is asked for, and pass it on.
+// These replace SQLite's functions: they record their arguments and call the originals.
 
 int sqlite3_db_config(sqlite3* connection, int what, ...) {
   std::va_list arguments;
@@ -102,7 +102,7 @@ std::string bytesOf(const fs::path& path) {
 
 unsigned modeOf(const fs::path& path) { return static_cast<unsigned>(fs::status(path).permissions()); }
 
-/// The file by SQLite alone, as its own command shows and changes it.
+/// The file, read and changed by SQLite without the store.
 class Sql {
  public:
   explicit Sql(const fs::path& path) { EXPECT_EQ(sqlite3_open(path.c_str(), &connection_), SQLITE_OK); }
@@ -119,7 +119,7 @@ class Sql {
   sqlite3* connection_ = nullptr;
 };
 
-/// An own folder, and nobody's privileges: to root no file is read-only.
+/// A separate folder, and the user `nobody`: for root no file is read-only.
 class StoreTest : public testing::Test {
  protected:
   StoreTest() {
@@ -148,7 +148,7 @@ class StoreTest : public testing::Test {
     return all;
   }
 
-  /// What stands in the store's place is no store: no reading and no save succeeds, and it stays as it is.
+  /// The file at the store's path isn't a store: every reading and every save fails, and it isn't changed.
   void expectLeftAlone() const {
     const bool file = fs::is_regular_file(path);
     const std::string before = file ? bytesOf(path) : "";
@@ -215,8 +215,9 @@ TEST_F(StoreTest, LeavesOneFileBehind) {
   EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite"));
 }
 
-/// Neither the file nor its log, once the program has closed them, holds what a longer, a shorter or no text replaced.
-/// Other texts stand before and behind it, so that the new one isn't written over the old one.
+/// After the program has closed them, neither the file nor its log contains a text that was replaced by a longer one or
+/// a shorter one, or was removed. Other texts are before and after it, so that the new text isn't written over the old
+/// one.
 TEST_F(StoreTest, KeepsNothingOfATextThatWasReplaced) {
   const std::string old = "123-45-6789 of Pat";
   for (const std::optional<std::string>& replacement :
@@ -252,7 +253,7 @@ TEST_F(StoreTest, KeepsNothingOfALongTextThatWasReplaced) {
   EXPECT_EQ(bytesOf(path).find("123-45-"), std::string::npos);
 }
 
-/// What is stored would be lost with the power, and a file half copied would be damaged.
+/// Else a loss of power would lose what is stored, or damage a file during a checkpoint.
 TEST_F(StoreTest, WritesItsLogToTheDiskBeforeTheFile) {
   FileStore store = opened();
   store.write(section::settings, "Hours", "0");
@@ -261,7 +262,7 @@ TEST_F(StoreTest, WritesItsLogToTheDiskBeforeTheFile) {
   const auto before = bytesOf(path);
   for (int i = 1; flushes < 2 && i < 1000; ++i) {
     store.write(section::settings, "Hours", std::to_string(i));
-    // The log comes first: as long as it isn't on the disk, the file is as it was.
+    // The log is flushed first: until then the file isn't changed.
     ASSERT_TRUE(flushes > 0 || bytesOf(path) == before) << i;
   }
   beforeFlush = nullptr;
@@ -339,7 +340,7 @@ TEST_F(StoreTest, GrowsNoFurtherThanItMay) {
   store.write(section::user, "9", large);
 }
 
-// --- Whose it is -----------------------------------------------------------------------------------------------------
+// --- Permissions -----------------------------------------------------------------------------------------------------
 
 /// The mask of new files' modes, until the end of the block.
 class Mask {
@@ -440,14 +441,14 @@ TEST_F(StoreTest, ReadsTheLargestFileThatItTakes) {
   EXPECT_THROW(kept("IncAmt"), FailedStatement);
 }
 
-/// SQLite takes a file of one byte for an empty database.
+/// SQLite treats a file of one byte as an empty database.
 TEST_F(StoreTest, LeavesOneByteAloneWhateverStandsBesideIt) {
   put(path, "x");
   put(path.string() + "-wal", "no log of SQLite's");
   expectLeftAlone();
 }
 
-/// Each opening is told to trust nothing that the file brings along, and to copy nothing into what may be no store.
+/// Each opening distrusts the schema of the file, and makes no checkpoint in a file that may not be a store.
 TEST_F(StoreTest, OpensAFileAsOneThatMayBeHostile) {
   opened().write(section::settings, "IncAmt", "1000");
   FileStore store = opened();
@@ -506,7 +507,7 @@ TEST_F(StoreTest, LeavesADamagedDatabaseWithoutTablesAlone) {
   expectLeftAlone();
 }
 
-/// Does something to a database in a program that is killed before it has closed it.
+/// Runs a function on a database in a process that is killed before it closes the database.
 void killedAfter(const fs::path& path, const char* sql) {
   const pid_t child = ::fork();
   if (child == 0) {
@@ -531,7 +532,7 @@ TEST_F(StoreTest, TakesBackAChangeThatAKilledProgramLeftHalfDone) {
 TEST_F(StoreTest, CompletesAChangeThatAKilledProgramHasMade) {
   opened().write(section::settings, "Hours", "40");
   killedAfter(path, "UPDATE setting SET text = '41'");
-  // As a full disk leaves the file while changes are being copied into it.
+  // The state of a file after a full disk during a checkpoint.
   std::ofstream(path, std::ios::binary | std::ios::app) << "part of a page";
   EXPECT_EQ(kept("Hours"), "41");
   EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite"));
@@ -559,7 +560,7 @@ RC_GTEST_FIXTURE_PROP(StoreTest, LeavesAnyBytesAlone, (const std::string& bytes)
   expectLeftAlone();
 }
 
-/// A page of a store with some bytes changed is a store with other texts or none; never more than an answer.
+/// With some bytes of a page changed, readings return other texts or none, but don't crash.
 RC_GTEST_FIXTURE_PROP(StoreTest, AnswersWhateverIsDamaged, ()) {
   opened().write(section::settings, "IncAmt", "1000");
   std::string bytes = bytesOf(path);
@@ -617,7 +618,7 @@ TEST_F(StoreTest, FailsWhereTheFolderCantBeMade) {
   }
 }
 
-/// While it lives no file grows beyond a length: a write fails as it does on a full disk.
+/// During its lifetime no file grows beyond a length: writes fail like on a full disk.
 class FullDisk {
  public:
   explicit FullDisk(rlim_t length) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -722,7 +723,7 @@ TEST_F(StoreTest, WaitsForABusyStoreLessThanASecond) {
   EXPECT_EQ(kept("Hours"), "42");
 }
 
-/// Runs the work in a program of its own; gives its exit status.
+/// Runs a function in a process of its own; returns its exit status.
 class OtherProgram {
  public:
   explicit OtherProgram(const std::function<void()>& work) : process_(::fork()) {
@@ -730,7 +731,7 @@ class OtherProgram {
       work();
       const int status = testing::Test::HasFailure() ? 1 : 0;
 #ifdef __SANITIZE_ADDRESS__
-      // A search for leaks would read an index that the work has cut.
+      // A search for leaks would read an index that the function has truncated.
       std::fflush(nullptr);
       ::_exit(status);
 #else
@@ -756,8 +757,8 @@ class OtherProgram {
   pid_t process_;
 };
 
-/// A pipe, on which one program waits for another. Each closes the end that it doesn't use, so that a wait ends with
-/// the other program.
+/// A pipe on which one process waits for another. Each closes the end that it doesn't use, so that a wait ends when the
+/// other process ends.
 class Signal {
  public:
   Signal() { EXPECT_EQ(::pipe(ends_), 0); }
@@ -768,7 +769,7 @@ class Signal {
   Signal(const Signal&) = delete;
   Signal& operator=(const Signal&) = delete;
 
-  /// Until the other gives it; false where the other ends without giving it.
+  /// Waits for the other process; false where it ends without a signal.
   bool await() {
     close(1);
     char byte = 0;
@@ -810,7 +811,7 @@ TEST_F(StoreTest, ReadsWhileAProgramThatClosesWaitsForTheDisk) {
   EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite"));
 }
 
-/// Keeps everybody else out, as a program may do for as long as it is open.
+/// Locks out all other programs during its lifetime.
 class Exclusive {
  public:
   explicit Exclusive(const fs::path& path) : other_(path) {
@@ -945,7 +946,7 @@ TEST_F(StoreTest, TakesNoLogForItsOwnThatIsAnothers) {
   for (const char* ending : {"-wal", "-shm"})
     fs::rename(path.string() + ending, folder / (std::string("copy") + ending));
   FileStore(folder / "copy").write(section::settings, "Hours", "41");
-  // The copy was closed: its file says all. It takes the place, and another program opens it.
+  // The copy was closed, so its file is complete. It replaces the file, and another program opens it.
   Sql{folder / "copy"}("SELECT * FROM setting");
   const std::string copied = bytesOf(folder / "copy");
   {

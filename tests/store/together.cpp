@@ -15,9 +15,9 @@
 
 /// store_together READS ROUNDS: many instances of the store at once, each of which lives for a statement or two.
 ///
-/// In the first part four processes open a store, read a text that stands in it all the time, now and then save
-/// another, and close it. In the second two or four processes start together on no store at all, and each saves a text.
-/// It ends with 1 where a text that is stored was read as missing, or where a save that was answered isn't there.
+/// In the first part four processes open a store, read a text that is always stored, sometimes save another text,
+/// and close the store. In the second part two or four processes start at once without a store, and each saves a text.
+/// The exit status is 1 where a stored text was read as missing, or where a successful save was lost.
 
 namespace {
 
@@ -27,7 +27,7 @@ using tallyfin::FileStore;
 
 constexpr int most = 4;  ///< Processes at once.
 
-/// However slow the machine is: what is refused is refused for another reason.
+/// Long enough for slow machines, so that a refusal has another reason.
 const tallyfin::Patience patience{std::chrono::minutes(5), std::chrono::minutes(5)};
 
 struct Shared {
@@ -36,11 +36,11 @@ struct Shared {
   std::atomic<int> refused = 0;  ///< Saves that failed.
 };
 
-/// Made before the first process is, so that all have the same.
+/// Created before the first process starts, so that all share it.
 Shared& shared =
     *new (::mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) Shared;
 
-/// Runs the work in so many processes and waits for them all.
+/// Runs a function in several processes and waits for them.
 template <class Work>
 void inProcesses(int count, const Work& work) {
   for (int who = 0; who < count; ++who) {
@@ -66,8 +66,8 @@ void save(FileStore& store, const std::string& key, const std::string& text) {
   }
 }
 
-/// Two processes save, two only read. The pauses let the last instance close now and then, which copies the log back
-/// and removes it; a text of many pages makes that copying long.
+/// Two processes save, two only read. In pauses the last instance may close, which makes a checkpoint and removes
+/// the log; a text of many pages makes that slow.
 void readAndClose(const fs::path& path, int reads) {
   FileStore(path).write("User", "UName", "Pat");
   inProcesses(most, [&](int who) {
@@ -102,7 +102,7 @@ void startTogether(const fs::path& path, int count) {
 int main(int argc, char** argv) {
   const int reads = argc > 1 ? std::atoi(argv[1]) : 10000;
   const int rounds = argc > 2 ? std::atoi(argv[2]) : 300;
-  // Where the system has a disk in memory nobody waits for a real one, and more happens at once.
+  // On a disk in memory nothing waits for the disk, and more happens at once.
   const fs::path memory = "/dev/shm";
   std::string name = ((fs::exists(memory) ? memory : fs::temp_directory_path()) / "togetherXXXXXX").string();
   const fs::path folder = ::mkdtemp(name.data());

@@ -27,7 +27,7 @@ class PaycheckTest : public testing::Test {
 /// The amount of a text, for figures with cents: dollars("71.1028").
 inline Money dollars(std::string_view text) { return toMoney(text); }
 
-/// How a failed expectation shows them.
+/// For messages of failed expectations.
 inline void PrintTo(Money amount, std::ostream* out) { *out << toText(amount); }
 inline void PrintTo(Int16 number, std::ostream* out) { *out << number.value(); }
 

@@ -10,8 +10,8 @@
 
 #include "support/table.h"
 
-/// The published tables of 1999 as test data, and the arithmetic to hold a routine against them: an own one, that
-/// knows nothing of the program's.
+/// The published tables of 1999 as test data, and arithmetic to compare a routine with them, which uses nothing of the
+/// program.
 
 namespace tallyfin::published {
 
@@ -49,7 +49,7 @@ struct Row {
 
   Units tax(Units x, int exemptions = 0) const { return rounded(real(x - lower) * rate + plus - extra * exemptions); }
 
-  /// The first wages between the two from which on the tax is a whole dollar more, to the nearest.
+  /// The wages between the two at which the tax, rounded to dollars, rises.
   std::vector<Units> risesOfADollar(Units from, Units to) const {
     std::vector<Units> wages;
     if (rate <= 0) return wages;
@@ -83,8 +83,8 @@ struct Table {
     return row ? std::optional(row->tax(x, exemptions)) : std::nullopt;
   }
 
-  /// Wages that tell each row from one with any other figure: a wage below zero and one far above, each bound with what
-  /// lies closely, a cent and a dollar around it, and, since rounding hides the rest, where the rounded tax rises.
+  /// Wages at which a row with any other figure would give another tax: one below zero and one far above; around each
+  /// bound closely, by a cent and by a dollar; and, because of rounding, where the rounded tax rises.
   std::vector<Units> probes() const {
     std::vector<Units> wages{units(-50), rows.back().bound + 123456700};
     Units from = 0;

@@ -13,7 +13,7 @@ namespace tallyfin {
 /// A row of a table of test data: its cells by the name of their column.
 using Row = std::map<std::string, std::string>;
 
-/// The pieces of a text between its dividers; none of an empty text.
+/// The parts of a text between its separators; none for an empty text.
 inline std::vector<std::string> splitAt(const std::string& text, char divider) {
   std::vector<std::string> pieces;
   std::istringstream stream(text);
@@ -22,7 +22,7 @@ inline std::vector<std::string> splitAt(const std::string& text, char divider) {
   return pieces;
 }
 
-/// The rows of a table of test data, tests/NAME: cells divided by tabs, a heading line, comments behind "#".
+/// The rows of a table of test data, tests/NAME: cells separated by tabs, a heading line, comments behind "#".
 inline std::vector<Row> tableOf(const std::string& name) {
   std::ifstream file(std::string(TESTS_FOLDER) + "/" + name);
   EXPECT_TRUE(file) << name;

@@ -8,7 +8,7 @@
 
 namespace tallyfin {
 
-/// A main screen that is nothing but its texts.
+/// A fake main screen: its texts only.
 class WorksheetStandIn : public Worksheet, public WorksheetProvider {
  public:
   std::string income;

@@ -2,8 +2,8 @@
 
 #include "support/program.h"
 
-/// Whatever stands in a box or in the store, the program starts, calculates by the rule of the failed statement, and
-/// leaves alone what the text has nothing to do with.
+/// With any text in a box or in the store, the program starts, skips the statements that fail, and doesn't change
+/// anything else.
 
 namespace tallyfin {
 namespace {

@@ -50,7 +50,7 @@ TEST_F(Shell, PutsBackWhatItFound) {
     EXPECT_EQ(desk.watcher, &watcher);
     EXPECT_NE(desk.actWatcher, former);
     EXPECT_EQ(&worksheet(), &desk.use<frmMain>());
-    desk.use<frmMain>().txtIncome.setFocus();  // of which nobody wants to know
+    desk.use<frmMain>().txtIncome.setFocus();  // without a watcher
   }
   EXPECT_FALSE(desk.running());
   EXPECT_EQ(settingsStore, &store);

@@ -107,7 +107,7 @@ TEST_F(PersonalAllowances, TurnThePages) {
   EXPECT_FALSE(sheet().pnlW4PersWkSht[0].inSight());
   EXPECT_TRUE(sheet().pnlW4PersWkSht[1].inSight());
   EXPECT_EQ(sheet().pnlW4PersWkSht[1].top(), 0);
-  EXPECT_TRUE(sheet().txtPersWkEnterDeps.focused());  // out of sight
+  EXPECT_TRUE(sheet().txtPersWkEnterDeps.focused());  // out of view
   sheet().txtChild.userFocus();
   sheet().cmdW4Back[1].userClick();
   EXPECT_EQ(sheet().pnlW4PersWkSht[0].left(), 0);
@@ -313,7 +313,7 @@ TEST_F(DeductionsAndAdjustments, TurnThePages) {
   EXPECT_EQ(sheet().optDedCategory[1].foreColour(), grey);
 }
 
-/// The worksheet of two earners, opened with so many allowances on line 1.
+/// The Two-Earner worksheet, opened with that number of allowances on line 1.
 class TwoEarners : public ProgramTest {
  protected:
   TwoEarners() { start(); }

@@ -137,14 +137,14 @@ TEST_F(RaiseCalculator, RoundsTheIncomeThatStandsInTheBox) {
   EXPECT_EQ(misc().lblOldShow.caption(), "$20.00");
   percent().userType("2.5");
   press();
-  EXPECT_EQ(main().txtIncome.text(), "3553.26");  // 20.5 times 173.33 stands there as 3553.265
+  EXPECT_EQ(main().txtIncome.text(), "3553.26");  // 20.5 times 173.33 is shown as 3553.265
 }
 
 TEST_F(RaiseCalculator, RoundsATieThatTheProductMisses) {
   main().txtHours.userType("37.5");
   newWage().userType("6.77");
   press();
-  EXPECT_EQ(main().txtIncome.text(), "253.88");  // 253.875 as a text, a shade less as a product
+  EXPECT_EQ(main().txtIncome.text(), "253.88");  // 253.875 as a text, slightly less as a product
 }
 
 TEST_F(RaiseCalculator, RoundsTheOldIncomeWhereTheProductFails) {
@@ -286,7 +286,7 @@ TEST_F(LocalTaxPage, KeepsTheRateWhereTheTextIsNoNumber) {
   EXPECT_EQ(payData.localRate, 3);  // its Load reads the stored text
   misc().txtTaxPerCnt.userType("abc");
   misc().cmdExit[0].userClick();
-  EXPECT_EQ(payData.localRate, 0.03);  // normalised all the same
+  EXPECT_EQ(payData.localRate, 0.03);  // normalised here
   EXPECT_EQ(stored("Local"), "abc");
 }
 
@@ -461,7 +461,7 @@ TEST_F(MultipleChecks, ColourTheHeadingOfTheFocusedColumn) {
 
 class Analysis : public ProgramTest {
  protected:
-  /// The figures of a calculation, set apart from any table.
+  /// The figures of a calculation, independent of any table.
   static void setFigures() {
     payData.grossPay = 1000;
     payData.fedTax = 100;
