@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""dependencies.py BUILD-FOLDER: holds who may include whom in src, as the compiler reads it.
+"""dependencies.py BUILD-FOLDER: checks the dependency rules of src against the includes that the compiler reads.
 
 A source may include the headers of its own library and of those that its library links by name; the rules are the link
 lines of src/**/CMakeLists.txt, and docs/architecture.md shows the same. No files of src may include each other in a
 circle; a source and the header of its name count as one, but for the screens, which open one another from their sources.
-The includes are those that the preprocessor reports, so that neither their form nor a detour matters."""
+The includes are those that the preprocessor reports, in any form, also indirect ones."""
 import collections
 import concurrent.futures
 import json
@@ -21,11 +21,11 @@ src = root / "src"
 
 
 class Libraries:
-    """Which library a file of src belongs to, and which libraries each links."""
+    """The library of each file of src, and the libraries that each library links."""
 
     def __init__(self):
         self.of_file = {}    # a source or header that a CMakeLists.txt names: its library or program
-        self.of_folder = {}  # the library of the files that none names
+        self.of_folder = {}  # the library of files that no CMakeLists.txt names
         self.links = collections.defaultdict(set)
         self.programs = set()
         for file in sorted(src.rglob("CMakeLists.txt")):
@@ -125,7 +125,7 @@ def circles(pairs, is_screen):
 
 
 def forms_that_slip_through():
-    """Each odd form of an include that includes_read doesn't see."""
+    """The unusual forms of an include that includes_read doesn't find."""
     forms = ['#include "engine/a.h"', "#include <engine/a.h>", '#  include "engine/a.h"', ' #include   "engine/a.h"',
              '/**/ #include "engine/a.h"', '#include "controls/../engine/a.h"', '#include "../engine/a.h"',
              '#define A "engine/a.h"\n#include A', '#include "controls/detour.inc"']
@@ -154,7 +154,7 @@ def main(build):
     wrong = [f"{a} includes {b}" for a, b in sorted(pairs) if not libraries.allows(a, b)]
     wrong += ["a circle: " + ", ".join(group) for group in circles(pairs, lambda file: libraries.library(file) == "screens")]
 
-    # Rules that refuse nothing would pass too.
+    # Rules that forbid nothing would pass too.
     for a, b in [("engine/fedtax.cpp", "states/statebase.h"), ("states/newyork.cpp", "ui/frmMain.h"),
                  ("controls/desk.cpp", "platform/platform.h"), ("controls/desk.cpp", "engine/settingsstore.h"),
                  ("engine/money.cpp", "engine/paydata.h"), ("ui/frmMain.cpp", "ui/qt/views/view.h"),

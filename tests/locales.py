@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""locales.py [SOURCE_FOLDER]: no source takes a number, or the letters of a caption, by a function of the C library that
-asks the locale."""
+"""locales.py [SOURCE_FOLDER]: no source reads a number, or compares letters of a caption, by a function of the C library
+that depends on the locale."""
 import pathlib
 import re
 import sys
@@ -11,7 +11,7 @@ asking = re.compile(
     r"|sto(i|l|ll|ul|ull|f|d|ld)|ato(f|i|l|ll)|isw?(alpha|alnum|digit|xdigit|space|upper|lower|punct|print|graph|cntrl|blank)"
     r"|tow?(upper|lower)|strftime|strcoll|strxfrm|put_time|get_time|[io]?stringstream|sscanf)\s*[({]"
     r"|\bstd::[io]?stringstream\b|\bQLocale(\(\)|::system\b)")
-# The C library is given the locale "C" there.
+# This header sets the locale "C" for the C library.
 kept = {"engine/doubletext.h"}
 
 wrong = []

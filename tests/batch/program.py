@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """program.py PROGRAM: the batch program as a process: its options, its exit statuses, its one line on standard error, a
-terminal, a reader that goes away, and memory that doesn't grow with the file."""
+terminal, a closed output, and memory that doesn't grow with the file."""
 import fcntl
 import os
 import pathlib
@@ -107,7 +107,7 @@ def names():
             answer = subprocess.run([program], input=header + row, stdout=full, stderr=subprocess.PIPE)
         expect(f"of the output: {answer.stderr}",
                answer.stderr == b"tallyfin99-batch: standard output: No space left on device\n")
-    # What a header holds doesn't reach the terminal as it is.
+    # The bytes of a header are escaped for the terminal.
     answer = run(stdin=b"a\x1b[31m\x9b\n")
     expect(f"escaped: {answer.stderr}", b"a\\x1b[31m\\x9b" in answer.stderr and b"\x1b" not in answer.stderr)
 
@@ -151,7 +151,7 @@ def same_file():
 
 
 def short_writes():
-    """A limit of the file's size cuts a write within the last block: that is reported."""
+    """A limit of the file's size cuts off the last block; that is reported."""
     with tempfile.TemporaryDirectory() as folder:
         rows = pathlib.Path(folder, "rows.csv")
         rows.write_bytes(header + row * 10_000)
@@ -170,7 +170,7 @@ def short_writes():
 
 
 def never_waiting():
-    """Streams that don't wait by themselves are waited for."""
+    """The program waits for non-blocking streams."""
     out, end = os.pipe()
     start, into = os.pipe()
     for descriptor in (end, start):

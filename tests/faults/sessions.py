@@ -12,9 +12,9 @@ import tempfile
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 from support import paychecks  # noqa: E402
 
-PATIENCE = 120  # seconds, that only a program that hangs takes
+PATIENCE = 120  # seconds; only a hanging program takes as long
 NAME = "Tallyfin99.sqlite"
-# A disk in memory, where the system has one, makes the many runs short.
+# A disk in memory, where there is one, makes the runs fast.
 DISK = "/dev/shm" if os.path.isdir("/dev/shm") else None
 
 STORED = {("User", "UName"): "Pat", ("User", "USSN"): "123-45-6789", ("User", "UAdd"): "1 Main St",
@@ -26,7 +26,7 @@ CALCULATION = ['type frmMain.txtIncome "1234.56"', 'type frmMain.txtHours "40"',
                "click frmMain.cmdToolBar(0)"]
 FIGURES = ["pay", "explain"]
 SAVE = 'store put User UCity "Albany"'
-# The acts come twice: where the first were refused, the second give the right figures.
+# The acts are repeated: where the first were refused, the second ones must give the right figures.
 LINES = [*START, *CALCULATION, *FIGURES, SAVE, *CALCULATION, *FIGURES]
 SECOND = len(START) + len(CALCULATION) + len(FIGURES) + 1
 SHOWN = {1: '= "Pat"', 2: '= "123-45-6789"'}
@@ -34,7 +34,7 @@ UNREAD = '= "-"'  # as the screen shows what can't be read
 
 
 def environment(**more):
-    # The search for leaks can't be traced, and a coverage build's counts are no file of the program's.
+    # Leak detection doesn't work under strace, and the counts of a coverage build aren't a file of the program.
     return os.environ | {"ASAN_OPTIONS": "detect_leaks=0", "LLVM_PROFILE_FILE": "/dev/null"} | more
 
 
@@ -56,7 +56,7 @@ def one_line(name, error):
 
 
 class Folder:
-    """A folder for a store, gone at its end."""
+    """A temporary folder for a store."""
 
     def __enter__(self):
         self._folder = tempfile.TemporaryDirectory(dir=DISK)

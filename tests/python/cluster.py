@@ -1,5 +1,5 @@
-"""cluster.py [ROWS [PARTITIONS]]: Dask works paychecks in worker processes on this computer. One of them is killed in the
-middle of its work, and the sum is that of the same rows worked here."""
+"""cluster.py [ROWS [PARTITIONS]]: Dask works paychecks in worker processes on this computer. One of them is killed during
+its work, and the sum must be that of the same rows worked here."""
 import os
 import pathlib
 import signal
@@ -30,7 +30,7 @@ def partition(number):
 
 
 def partition_of_a_mortal(number, killed):
-    """The same; the first worker that comes to the one in the middle is killed there."""
+    """The same; the first worker that gets the partition in the middle is killed."""
     if number == partitions // 2:
         try:
             os.close(os.open(killed, os.O_CREAT | os.O_EXCL))

@@ -1,4 +1,4 @@
-"""The stub tells type checkers the names that the package has."""
+"""The stub declares the names of the package for type checkers."""
 import ast
 import inspect
 import pathlib

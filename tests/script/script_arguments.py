@@ -27,7 +27,7 @@ with tempfile.TemporaryDirectory() as name:
     version = run("--version")
     assert version.returncode == 0 and re.fullmatch(rb"tallyfin99-script \d+\.\d+\.\d+\n", version.stdout), version
 
-    # The manual page tells every command, and no other.
+    # The manual page describes every command, and no other.
     shown = run("--help")
     assert shown.returncode == 0 and shown.stdout.startswith(b"usage: tallyfin99-script")
     commands = set(shown.stdout.decode().rpartition(": ")[2].split())
@@ -40,18 +40,18 @@ with tempfile.TemporaryDirectory() as name:
     memory = run()
     assert (memory.returncode, memory.stdout, memory.stderr) == (0, b"= {}\n", b"")
 
-    # A store that survives the process, in a folder that was missing, under the loosest mask.
+    # A store that survives the process, in a folder that was missing, with umask 0.
     store = folder / "new" / "Tallyfin99.sqlite"
     os.umask(0)
     run(str(store), text=b'store put User UName "Pat Doe"\n')
     assert run(str(store)).stdout == b'= {"User":{"UName":"Pat Doe"}}\n'
     assert [path.stat().st_mode & 0o777 for path in (store, store.parent)] == [0o600, 0o700]
 
-    # One that can't be used keeps nothing, and nothing is said of it.
+    # A store that can't be used keeps nothing, and nothing is reported.
     useless = run(str(folder), text=b'store put User UName "Pat"\nstore\n')
     assert (useless.returncode, useless.stdout, useless.stderr) == (0, b"ok\n= {}\n", b""), useless
 
-    # Whatever the input is, each line has its answer.
+    # For any input, each line has an answer.
     long_line = b'type frmMain.txtIncome "' + b"9" * 5_000_000 + b'"\n'
     assert run(text=b"start\n" + long_line).stdout.count(b"\n") == 2
     noise = bytes(range(256)) * 4000
@@ -60,7 +60,7 @@ with tempfile.TemporaryDirectory() as name:
     assert answers.returncode == 0
     assert answers.stdout.count(b"\n") == sum(1 for line in lines if line and not line.startswith(b"#"))
 
-# Output that can't be written, and no file, are one line and 2.
+# Output that can't be written, and a missing file, end in one line and status 2.
 def refused(command, **options):
     done = subprocess.run(["sh", "-c", command, program], input=b"store\n", stderr=subprocess.PIPE, timeout=60, **options)
     assert done.returncode == 2 and done.stderr.count(b"\n") == 1, done
@@ -76,8 +76,8 @@ broken = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.PI
 broken.stdout.close()
 assert b"Broken pipe" in broken.communicate(b"store\n", timeout=60)[1] and broken.returncode == 2
 
-# A line for which there is no memory is answered, and the next one is read.
-if b"asan" not in subprocess.run(["ldd", program], capture_output=True).stdout:  # which reserves more than that
+# A line without memory for it is answered, and the next one is read.
+if b"asan" not in subprocess.run(["ldd", program], capture_output=True).stdout:  # the sanitizer reserves more than that
     limited = subprocess.run(["sh", "-c", 'ulimit -v 100000; exec "$0"', program], capture_output=True, timeout=60,
                              input=b'store put User UName "' + b"x" * 100_000_000 + b'"\nstore\n')
     assert (limited.returncode, limited.stdout) == (0, b"! memory\n= {}\n"), limited.stderr[:200]

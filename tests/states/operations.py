@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Finds what would lose an operation where figures know how they came about: std::min, std::max, std::clamp and ?:
+"""Finds code in the rules whose operation wouldn't be recorded: std::min, std::max, std::clamp and ?:
 in the sources of the rules, which are compiled for each kind of figures, and numbers of the plain kinds.
 
     operations.py"""
@@ -12,10 +12,10 @@ FORBIDDEN = re.compile(r"std::(min|max|clamp)\b|\?|\b(Money|Int16)\s+\w+\s*[;={]
 
 
 def rules():
-    """The sources that stand in the namespace of the kind for which they are compiled."""
+    """The sources that are compiled for each kind of figures."""
     for file in sorted([*src.glob("engine/*.cpp"), *src.glob("states/*.cpp"), *src.glob("states/*.h")]):
         text = file.read_text()
-        if "namespace TALLYFIN_FIGURES" in text and file.name != "incomesearch.cpp":  # it reads the figures of the rules
+        if "namespace TALLYFIN_FIGURES" in text and file.name != "incomesearch.cpp":  # not a rule
             yield file.relative_to(src).as_posix(), text
 
 

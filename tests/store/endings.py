@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""endings.py SCRIPT_PROGRAM BATCH_PROGRAM [DESKTOP_PROGRAM]: SIGTERM, SIGINT and SIGHUP end the programs as their own end
-does. Nothing stays beside the store, above all no log with old texts."""
+"""endings.py SCRIPT_PROGRAM BATCH_PROGRAM [DESKTOP_PROGRAM]: SIGTERM, SIGINT and SIGHUP end the programs with the same
+cleanup as a normal end. No file stays beside the store, above all no log with old texts."""
 import os
 import pathlib
 import signal
@@ -11,7 +11,7 @@ import time
 
 script, batch, *desktop = sys.argv[1:]
 signals = [signal.SIGTERM, signal.SIGINT, signal.SIGHUP]
-patience = 120  # seconds, that only a failure takes
+patience = 120  # seconds; only a failure takes as long
 
 
 def until(true):
@@ -49,7 +49,7 @@ for ending in signals:
             assert process.wait(patience) == 0, process.returncode
             assert os.listdir(folder) == [store.name], os.listdir(folder)
 
-    # Whole rows alone: the one that was read in part is none.
+    # Only whole rows are written: not the one that was read in part.
     process = start(batch)
     process.stdin.write(b"income,frequency\n" + b"1000,Weekly\n" * 200 + b"20")
     process.stdin.flush()
@@ -59,7 +59,7 @@ for ending in signals:
     assert process.returncode == -ending, process.returncode
     assert (out + rest).endswith(b"\n")
 
-# One that was ignored stays ignored, as nohup wants it.
+# An ignored signal stays ignored, for nohup.
 process = subprocess.Popen([script], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                            preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN))
 process.stdin.write(b"store\n")

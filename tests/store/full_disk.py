@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""full_disk.py SCRIPT_PROGRAM: the store on a disk that fills up. What was stored stays, a start reads it, and with room
-again saves succeed. Skipped (77) where no disk can be made."""
+"""full_disk.py SCRIPT_PROGRAM: the store on a full disk. Stored texts stay and can be read, and saves succeed when there is
+room again. Skipped (77) where no disk can be mounted."""
 import json
 import os
 import pathlib
@@ -25,7 +25,7 @@ with tempfile.TemporaryDirectory() as folder:
     try:
         store = disk / "Tallyfin99.sqlite"
         filler = disk / "filler"
-        # Room for so many more bytes when the program starts on an empty disk, and when it has a store.
+        # The free bytes when the program starts on an empty disk, and on one with a store.
         for room in range(0, 160, 4):
             filler.write_bytes(bytes((256 - room) * 1024))
             held = run(store, 'store put User UName "Pat"')

@@ -28,7 +28,7 @@ def start(store):
 
 
 def dump(store):
-    """What a new start finds, and that it finds nothing to complain of."""
+    """The texts that a new start finds; fails where the file is damaged."""
     run = subprocess.run([program, store], input=b"store\n", capture_output=True, check=True)
     assert run.stderr == b"", run.stderr
     return json.loads(run.stdout.decode()[2:])
@@ -69,7 +69,7 @@ def check_folder(folder):
 
 
 def alone(folder, chance):
-    """Every answered save is there, at most one more is."""
+    """Every answered save is stored, and at most one more."""
     store = str(folder / name)
     state, saves, runs = {}, 0, 0
     end = time.monotonic() + seconds / 3
@@ -86,8 +86,8 @@ def alone(folder, chance):
 
 
 def calculated(folder, chance):
-    """The income, saved first, is that of the last calculation that was answered or of the one that was under way; the
-    hours, saved later, are of the same or of the one before."""
+    """The income, saved first, is that of the last answered calculation or of the unfinished one; the hours, saved later, are
+    of the same calculation or of the one before."""
     store = str(folder / name)
     last, runs = 0, 0
     end = time.monotonic() + seconds / 3
@@ -105,7 +105,7 @@ def calculated(folder, chance):
 
 
 def together(folder, chance):
-    """Two programs on one store, each killed at a moment of its own."""
+    """Two programs on one store, each killed at a random moment."""
     store = str(folder / name)
     states, saves, runs = [{}, {}], [0, 0], 0
     end = time.monotonic() + seconds / 3

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""watched_store.py SCRIPT_PROGRAM: what the store asks of the system, seen by strace.
+"""watched_store.py SCRIPT_PROGRAM: the system calls of the store, by strace.
 
 Every file and folder is the user's alone from the call that makes it. A calculation makes ten saves, each by itself and
 before the next, in their order. Nothing but the store, what SQLite keeps beside it and the folder is opened for writing."""
@@ -17,18 +17,17 @@ saves = ["IncAmt76543.21", "401k0", "NotTax0", "SSExmp0", "Hours12345", "State0"
 
 
 def traced(store, lines):
-    """The system calls of a run under the loosest mask, its output among them."""
+    """The system calls of a run with umask 0, including its output."""
     log = store.parent.parent / "calls"
     os.umask(0)
     subprocess.run(["strace", "-f", "-y", "-xx", "-s", "5000", "-e", f"trace={calls}", "-o", log, program, store],
                    input="".join(line + "\n" for line in lines), text=True, check=True, stdout=subprocess.DEVNULL,
-                   # The search for leaks can't be traced, and the counts of a coverage build are no file of the program's.
+                   # Leak detection doesn't work under strace, and the counts of a coverage build aren't a file of the program.
                    env=os.environ | {"ASAN_OPTIONS": "detect_leaks=0", "LLVM_PROFILE_FILE": "/dev/null"})
-    # With -xx every text stands in hexadecimal.
+    # With -xx all texts are hexadecimal.
     text = re.sub(r"(?:\\x[0-9a-f]{2})+", lambda match: bytes.fromhex(match[0].replace("\\x", "")).decode("latin-1"),
                   log.read_text())
-    # A page is full of zeros and may hold line ends: a call begins with the number of the process, behind which stand
-    # more blanks where it is short.
+    # A page has many zeros and may contain line ends. A call begins with the process number, padded with blanks.
     return re.split(r"\n(?=\d+ )", text)
 
 
@@ -39,7 +38,7 @@ with tempfile.TemporaryDirectory() as folder:
                "click frmMain.optStatus(1)", "click frmMain.cmdToolBar(0)"]
     log = traced(store, start + entries)
 
-    # --- Modes at the moment of making
+    # --- Modes at creation
     making = [call for call in log if "O_CREAT" in call and " = -1" not in call and '"/dev/null"' not in call]
     files = {re.search(r'"([^"]*)"', call)[1]: call for call in making}
     beside = {str(store) + ending for ending in ("", "-journal", "-wal", "-shm")}
@@ -54,7 +53,7 @@ with tempfile.TemporaryDirectory() as folder:
             assert re.search(r'"([^"]*)"', call)[1] in beside, call
 
     # --- Ten saves in order
-    # SQLite writes the page that a save has changed behind its log; a row stands there as section, key and text.
+    # SQLite appends the page that a save has changed to its log, with rows as section, key and text.
     def is_page(call):
         return re.match(r"\d+ +pwrite64\(\d+<[^>]*-wal>", call) and ", 4096, " in call
 

@@ -1,5 +1,5 @@
-"""Paychecks as rows, drawn at random: amounts, choices in each of their spellings, empty cells, and some that can't be
-understood. The same number gives the same rows."""
+"""Random paychecks as rows: amounts, choices in all spellings, empty cells, and some that can't be understood. The same seed
+gives the same rows."""
 import csv
 import random
 import subprocess
@@ -63,7 +63,7 @@ def text_of_units(units):
 
 
 def worked(batch, all_rows):
-    """What the batch program writes for the rows: for each its twelve results and its problem, as texts."""
+    """The batch program's output for the rows: for each row the twelve results and the problem, as texts."""
     cells = "\n".join(",".join(f'"{cell}"' for cell in row) for row in [COLUMNS, *all_rows]) + "\n"
     answer = subprocess.run([batch, "--problems-ok", "--quiet"], input=cells, stdout=subprocess.PIPE,
                             stderr=subprocess.DEVNULL, text=True, check=True)
@@ -83,6 +83,6 @@ def differ(given, wanted, all_rows):
 
 
 def states(batch):
-    """What the batch program prints for --states, without its header: tuples of texts."""
+    """The batch program's output for --states, without its header: tuples of texts."""
     answer = subprocess.run([batch, "--states"], stdout=subprocess.PIPE, text=True, check=True)
     return [tuple(line) for line in csv.reader(answer.stdout.splitlines())][1:]

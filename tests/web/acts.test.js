@@ -1,4 +1,4 @@
-// Each act of the user does what it says, and no more: to the program, to the browser's storage and to the page's own parts.
+// The effects of each act of the user on the program, the browser's storage and the page, and nothing else.
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';

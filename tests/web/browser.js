@@ -1,4 +1,4 @@
-// What the tests share: a server of the built page on the loopback address, a browser, and the screens' names.
+// Shared by the tests: a server of the built page on the loopback address, a browser, and the screens' names.
 
 import { execFileSync } from 'node:child_process';
 import { mkdtemp, readFile, rm, stat, writeFile } from 'node:fs/promises';
@@ -19,11 +19,11 @@ const types = {
   '.svg': 'image/svg+xml', '.json': 'application/json',
 };
 
-/** Serves the page; `bytes` counts what went over the wire, gzipped. `faults` says for a path what is answered instead. */
+/** Serves the page; `bytes` counts the gzipped bytes that were sent. `faults` has other answers for paths. */
 export async function serve(folder = builtPage) {
   const counter = { bytes: 0, requests: [] };
   const faults = new Map();
-  const zipped = new Map(); // each file once, as long as it stays the same
+  const zipped = new Map(); // each file once, until it changes
   const bodyOf = async (path) => {
     const name = `${path} of ${(await stat(path)).mtimeMs}`;
     if (!zipped.has(name)) zipped.set(name, gzipSync(await readFile(path), { level: 9 }));
@@ -76,9 +76,9 @@ export async function open(browser, address, size = { width: 1100, height: 800 }
   return enter(await browser.newPage(), address, size);
 }
 
-/** The same in a window of its own, which can be seen beside another. */
+/** The same in a separate window, so that both pages are visible. */
 export async function openWindow(context, address, size = { width: 1100, height: 800 }) {
-  if (firefox) return open(context, address, size); // works in a tab behind another too
+  if (firefox) return open(context, address, size); // works in a background tab too
   const client = await context.browser().target().createCDPSession();
   const before = new Set(context.targets());
   await client.send('Target.createTarget', { url: 'about:blank', browserContextId: context.id, newWindow: true });
@@ -86,7 +86,7 @@ export async function openWindow(context, address, size = { width: 1100, height:
   return enter(await target.page(), address, size);
 }
 
-/** A server and a browser for the tests of a file, and ways to a page over an empty store, away when its test is over. */
+/** A server and a browser for the tests of a file, and functions that open a page with an empty store during a test. */
 export async function setUp() {
   const server = await serve();
   const browser = await browse();
@@ -109,7 +109,7 @@ export async function visit(context, address, size = { width: 1100, height: 800 
 
 async function enter(page, address, size) {
   page.troubles = [];
-  if (firefox) await page.bringToFront(); // a window behind has no focus to show
+  if (firefox) await page.bringToFront(); // a window in the background shows no focus
   page.on('pageerror', (error) => page.troubles.push(String(error)));
   page.on('console', (message) => message.type() === 'error' && page.troubles.push(message.text()));
   await page.setViewport(size);
@@ -158,7 +158,7 @@ export const user = (page) => ({
   front: () => page.$eval('section[data-screen]:not([hidden])', (screen) => screen.dataset.screen),
 });
 
-/** The way to each screen from a fresh main screen; what is behind a page has its own line. */
+/** The commands that open each screen from a fresh main screen; a second page of a screen has its own line. */
 export const screens = {
   frmName: (u) => u.bar('Personal'),
   frmMain: async (u) => { await u.bar('Calc'); },
@@ -194,7 +194,7 @@ async function helpOnPersonal(u, page) {
   await page.waitForFunction(() => document.querySelector('#help-topic h3')?.textContent === 'Personal information' || document.querySelector('#erase').checkVisibility());
 }
 
-/** The windows above the screens, after those: the way to each, and what closes it. */
+/** The dialogs above the screens: the commands that open each, and the element that closes it. */
 export const windows = {
   explanation: [async (u, page) => { await u.bar('Calc'); await page.click('#explain'); }, '#explanation [data-dismiss]'],
   MsgBox: [async (u) => { await u.bar('Calc'); await u.click('frmMain.cmdToolBar(2)'); await u.bar('Analysis'); }, selector('MsgBox.OK')],
@@ -213,7 +213,7 @@ export function dice(start) {
   };
 }
 
-/** What the page would print, as text. */
+/** The text that the page would print. */
 export async function onPaper(t, page, ...options) {
   const folder = await mkdtemp(join(tmpdir(), 'web-'));
   t.after(() => rm(folder, { recursive: true, force: true }));

@@ -1,4 +1,4 @@
-// What goes wrong around the page: files that don't come, a module that dies, texts without end, the Back button.
+// Failures: files that can't be loaded, a module that crashes, very long texts, the Back button.
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
@@ -120,7 +120,7 @@ test('a module that dies is told, with a way to go on, and what was stored is th
   assert.equal(await valueOf(page, 'frmMain.txtIncome'), '$777.00');
 });
 
-/** Puts a text on the clipboard by the keys, without a box that would have to show all of it, and pastes it over what a box holds. */
+/** Copies a text by the keys, without a box that would show all of it, and pastes it over the text of a box. */
 async function paste(page, text, address, { over = true } = {}) {
   await page.evaluate((words) => {
     const source = document.createElement('textarea');

@@ -1,6 +1,6 @@
-// What the elements of the page show, compared with what their controls hold.
+// Compares what the elements show with the values of their controls.
 
-/** One line for each element of a shown screen that shows something else than its control holds. */
+/** One line for each element of a shown screen that doesn't show the value of its control. */
 export const differences = (page) =>
   page.evaluate(async () => {
     const { ask } = await import('./protocol.js');
@@ -25,7 +25,7 @@ export const differences = (page) =>
       compare(name, 'controls without an element that are seen', without.filter((address) => ask('get', address, 'visible') &&
         ask('get', address, 'caption') !== ''), []);
     }
-    // What has the focus on the page has it in the program.
+    // The element with the focus has it in the program too.
     const focused = document.activeElement?.tabIndex < 0 ? undefined : document.activeElement?.dataset.address;
     if (focused && ask('running')) compare(focused, 'focused', true, ask('get', focused, 'focused'));
 
@@ -72,7 +72,7 @@ export const differences = (page) =>
       if (open) compare(address, 'entries', [...open.children].map((entry) => entry.textContent), get('list'));
       if (kind === 'panel' && part.querySelector(':scope > [data-caption]')) compare(address, 'caption', caption(), get('caption'));
       if (kind === 'calendar') {
-        // Its control holds one date; the month that is looked at is the page's.
+        // The control has a date only; the shown month is a state of the page.
         const month = new Date(`${get('date')}T12:00`).toLocaleDateString('en-US', { month: 'long', year: 'numeric' });
         const here = element.querySelector('caption').textContent === month;
         compare(address, 'date', element.querySelector('[aria-current=date]')?.textContent, here ? String(Number(get('date').slice(-2))) : undefined);

@@ -41,7 +41,7 @@ const says = (page, pattern) => page.waitForFunction((source) => new RegExp(sour
 const shown = (page, where) => page.waitForSelector(where, { visible: true });
 const wanted = (path) => execFileSync(batch, ['--quiet', '--problems-ok', path], { encoding: 'utf8', maxBuffer: 1 << 30, stdio: ['ignore', 'pipe', 'ignore'] });
 
-/** The text of the result, read as the page has it: its policy forbids to fetch it. */
+/** The text of the result, read in the page, because the content security policy forbids to fetch it. */
 const text = (page) => page.evaluate(async () => {
   const root = await navigator.storage.getDirectory();
   const results = await root.getDirectoryHandle('tallyfin99');
@@ -73,7 +73,7 @@ test('a file is shown with its first rows and problems, worked, and its result i
   assert.deepEqual(page.troubles, []);
 });
 
-/** A page in a browser of its own, which saves into the folder without a question. */
+/** A page in a separate browser, which saves into the folder without a dialog. */
 async function enterSaving(t, address = server.address) {
   const own = await browse(undefined, { prefs: { 'browser.download.folderList': 2, 'browser.download.dir': folder, 'browser.download.always_ask_before_handling_new_types': false } });
   t.after(() => own.close());
@@ -86,7 +86,7 @@ async function enterSaving(t, address = server.address) {
   return [page, own];
 }
 
-/** Presses the link, and compares the file that the browser makes, once it stands there whole. */
+/** Presses the link, waits for the complete file, and compares it. */
 async function saves(page, name, contents) {
   await page.click('#save');
   const path = join(folder, name);
@@ -147,7 +147,7 @@ test('what can not be worked is told, and another choice of what divides the cel
   await says(page, /line 3: a quoted cell doesn't end/);
 });
 
-/** A file of at least so many megabytes. */
+/** A file of at least that many megabytes. */
 async function largeFile(size, name = 'large.csv') {
   const path = join(folder, name);
   const rows = Array.from({ length: 4000 }, (_, i) => `${i},${200 + i * 0.97},Weekly,Single,${i % 16},${['New York', 'Pennsylvania', 'Ohio', 'No State'][i % 4]},6\n`).join('');
@@ -155,7 +155,7 @@ async function largeFile(size, name = 'large.csv') {
   return path;
 }
 
-/** Megabytes that belong to the browser's processes, each shared page counted once. */
+/** Memory of the browser's processes in megabytes, with each shared page counted once. */
 async function memory(pid) {
   const parents = new Map();
   for (const name of (await readdir('/proc')).filter((entry) => /^\d+$/.test(entry))) {
@@ -170,7 +170,7 @@ async function memory(pid) {
   return sizes.reduce((sum, one) => sum + one, 0) / 1024;
 }
 
-/** Works a file and returns how many megabytes more than before that took at most. */
+/** Works a file and returns the greatest increase of memory in megabytes. */
 async function memoryFor(t, own, page, path) {
   const before = await memory(own.process().pid);
   await choose(page, basename(path));

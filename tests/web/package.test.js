@@ -1,4 +1,5 @@
-// The JavaScript package from its own archive, in Node and in a browser: its figures are the batch program's, its types fit.
+// The JavaScript package from its archive, in Node and in a browser: its figures are those of the batch program, and its types
+// are right.
 
 import assert from 'node:assert/strict';
 import { execFileSync, spawnSync } from 'node:child_process';
@@ -33,7 +34,7 @@ after(() => rm(folder, { recursive: true, force: true }));
 // Weekly, Single, 1 exemption, 6 percent of 1000 to the 401(k), Pennsylvania, as in the sample of the screens.
 const sample = { income: 1000, frequency: 'Weekly', status: 'Single', exemptions: 1, state: 'PA', rate_401k: 6 };
 
-/** Rows with some of all columns, of which some texts can't be understood. */
+/** Random rows, with some texts that can't be understood. */
 function someRows(count, { columns, states }) {
   const random = dice(7);
   const one = (list) => list[random(list.length)];
@@ -63,7 +64,7 @@ function someRows(count, { columns, states }) {
 const quoted = (text) => (/[",\n]/.test(text) ? `"${text.replaceAll('"', '""')}"` : text);
 const line = (cells) => `${cells.map(quoted).join(',')}\n`;
 
-/** A ten-thousandth's count as the batch program prints dollars. */
+/** Ten-thousandths as dollars, in the format of the batch program. */
 function dollars(units) {
   const digits = String(units < 0n ? -units : units).padStart(5, '0');
   const cents = digits.slice(-4).replace(/0+$/, '');

@@ -1,4 +1,4 @@
-// The page in a real browser: its screens, its store, what it asks of the network, printing, accessibility.
+// The web app in a real browser: its screens, its store, its network requests, printing, accessibility.
 
 import assert from 'node:assert/strict';
 import { createHash } from 'node:crypto';
@@ -78,7 +78,7 @@ test('the sample paycheck of a Single with no exemption', async (t) => {
   assert.deepEqual(page.troubles, []);
 });
 
-/** Elements in front that lie over one another, or whose words or boxes have no room. */
+/** Visible elements that overlap, or whose text or box is cut off. */
 const crowded = (page) =>
   page.evaluate(() => {
     const root = [...document.querySelectorAll('dialog[open]')].at(-1) ?? document.querySelector('section[data-screen]:not([hidden])');
@@ -104,7 +104,7 @@ for (const size of firefox ? sizes.slice(0, 2) : sizes) {
     const u = user(page);
     await page.evaluate(axe);
     const check = async (name) => {
-      await page.mouse.move(1, 1); // what is under the pointer is coloured
+      await page.mouse.move(1, 1); // the element at the pointer would be coloured
       const { violations, passes } = await page.evaluate(() => window.axe.run());
       assert.ok(passes.length > 10, `only ${passes.length} rules had something to look at`);
       const found = violations.map((v) => `${v.id}: ${v.nodes.map((n) => `${n.target} ${n.any[0]?.message ?? ''}`).join(' | ')}`);
@@ -446,7 +446,7 @@ test('by the keyboard alone', async (t) => {
   assert.equal(await exempt(), false);
 });
 
-/** Whether what has the focus is the last part of the page that the Tab key reaches. */
+/** Whether the focus is on the last element that the Tab key reaches. */
 const isLast = () => {
   const element = document.activeElement;
   const after = [...document.querySelectorAll('a[href], button, input, select, [tabindex="0"]')].filter((other) =>

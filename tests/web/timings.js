@@ -1,5 +1,5 @@
-// How fast the page is on this machine: node timings.js. First paint and ready beside an empty page, each in a browser
-// context of its own; Calculate from the click to the end of layout, and to the next frame.
+// Speed of the web app on this machine: node timings.js. First paint and ready beside an empty page, each in a new browser
+// context; Calculate from the click to the end of layout, and to the next frame.
 
 import { browse, open, serve, user } from './browser.js';
 

@@ -1,5 +1,5 @@
-// The same acts on the page and, as commands, on a headless session beside it: after each the store, the record, the screens
-// and every property of every control are the same. So an act that doesn't reach the program, or reaches another control, is seen.
+// The same random acts in the web app and, as commands, in a headless session: after each act the store, the record, the
+// screens and every property of every control must be equal. This finds acts that don't reach the program or the right control.
 
 import assert from 'node:assert/strict';
 import { readFile } from 'node:fs/promises';
@@ -15,7 +15,7 @@ const fields = ['grossPay', 'amt401k', 'taxableWage', 'preTax', 'preFica', 'fedT
   'checkAmt', 'depsDed', 'frequency', 'maritalStat', 'exemptions', 'staMarried', 'staDeps', 'staAdd', 'localRate', 'applyTo'];
 const texts = ['0', '1000', '$1,234.56', '(50)', '.06', '2', 'x', '', '99999999'];
 
-/** The answers to all questions about a session; `answer` answers a line. Runs in Node and in the page. */
+/** The answers to all queries of a session; `answer` answers a line. Runs in Node and in the page. */
 function everything(answer, names, ofRecord) {
   const ask = (line) => {
     const text = answer(line);
@@ -38,7 +38,7 @@ async function headless() {
   return (line) => module.ccall('answer', 'string', ['string'], [line]);
 }
 
-/** What the user could press or type into now, but for the page's own windows. */
+/** The elements that the user can press or type into now, except those of the dialogs of the web app. */
 const placesOf = (page) =>
   page.evaluate(() => {
     const box = document.querySelector('dialog[data-screen][open]');
@@ -49,7 +49,7 @@ const placesOf = (page) =>
     return window.places.length;
   });
 
-/** Where an element is pressed, what lies there, and what kind of thing it is. */
+/** Where an element is clicked, which element is there, and its kind. */
 const pressed = (place, entry) =>
   place.evaluate((element, n) => {
     element.scrollIntoView({ block: 'center' });
@@ -118,10 +118,10 @@ test(`${steps} acts on the page and on a headless session from seed ${seed}`, as
       }
     }
     await place.dispose();
-    // What lies under the pointer once a screen has changed is up to the browser: the pointer goes aside.
+    // Browsers differ in the element at the pointer after a change of screens, so the pointer is moved aside.
     await page.mouse.move(700, 3);
     if (now) tell(`leave ${now}`);
-    // A click on the words of a box moves the focus there, and the page gives it back where a screen was left.
+    // A click on the label of a box moves the focus there, and the page returns it where a screen was left.
     const active = await page.evaluate(() => new Promise((done) => setTimeout(() => done(document.activeElement.tabIndex < 0 ? '' : document.activeElement.dataset.address ?? ''))));
     if (active && answer(`get ${active} focused`) === '= false') tell(`focus ${active}`);
 
