@@ -4,16 +4,16 @@
 
 #include <cstdint>
 
-/// Counts the program's allocations, to show beside the times.
+/// Counts the program's allocations.
 namespace tallyfin::bench {
 
-/// How often memory has been asked for so far.
+/// The number of allocations so far.
 std::uint64_t allocations();
 
-/// How much memory is in use at this moment, bytes.
+/// The memory in use, bytes.
 std::uint64_t bytesInUse();
 
-/// Shows the allocations of one round of the loop between its life's beginning and end.
+/// Reports the allocations of one round of a loop during its lifetime.
 class AllocationsPerRound {
  public:
   explicit AllocationsPerRound(benchmark::State& state) : state_(state), before_(allocations()) {}

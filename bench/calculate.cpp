@@ -16,8 +16,8 @@ namespace tallyfin::bench {
 
 namespace {
 
-/// A weekly paycheck of a single person with two exemptions, 1 percent local tax and the options of a user who has
-/// been to the state's screen.
+/// A weekly paycheck of a single person with two exemptions, 1 percent local tax, and options as the state's screen
+/// sets them.
 void calculate(benchmark::State& rounds, int state) {
   MemoryStore store;
   store.write(section::stateInfo, "sta401", "Y");

@@ -13,13 +13,13 @@
 #include "ui/qt/widgets/look.h"
 #include "ui/screens.h"
 
-/// The desktop program's screens as their user meets them: from the wish to the drawn screen, and closed again.
+/// Opening each screen of the desktop program until it is drawn, and closing it.
 
 namespace tallyfin::bench {
 
 namespace {
 
-/// Everything that waits is done: laid out, drawn, and the widgets of closed screens gone.
+/// Processes all pending events: layout, drawing, and deletion of the widgets of closed screens.
 void settle() {
   QApplication::processEvents();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -72,7 +72,7 @@ struct Open {
   }
 };
 
-/// Without the frame, which is there from the beginning to the end of a run.
+/// Without the frame, which is open for the whole run.
 template <class Frame, class... Screens>
 struct WithoutFirst : Open<Screens...> {};
 
@@ -80,7 +80,7 @@ struct WithoutFirst : Open<Screens...> {};
 
 }  // namespace tallyfin::bench
 
-/// tallyfin99-desktop-bench [ROUNDS]: how often each screen is opened and closed, 10,000 times without a number.
+/// tallyfin99-desktop-bench [ROUNDS]: opens and closes each screen ROUNDS times (10,000).
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <QWidget>
 
-/// An empty window of the frame's size, which the desktop program's start is held against.
+/// An empty window of the frame's size, to compare with the start of the desktop program.
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);

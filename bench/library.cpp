@@ -6,8 +6,8 @@
 
 #include "library/c/tallyfin99.h"
 
-/// tallyfin99-library-bench PAYCHECKS: works so many through the C interface, with the columns and the values of
-/// bench/batch, and prints the sum of the checks. The difference of two runs is what the paychecks take.
+/// tallyfin99-library-bench PAYCHECKS: works that many through the C interface, with the columns and the values of
+/// bench/batch, and prints the sum of the checks. The difference of two runs is the cost of the paychecks.
 
 namespace {
 

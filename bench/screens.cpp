@@ -25,9 +25,9 @@ void openAndClose(benchmark::State& rounds) {
   program.start();
   const auto act = [] {
     desk.show<S>();
-    desk.userClose(desk.use<S>());  // with the act its memory goes
+    desk.userClose(desk.use<S>());  // the end of the act frees its memory
   };
-  act();  // what is made once and kept is made here
+  act();  // allocates what is kept for all rounds
   const std::uint64_t before = bytesInUse();
   {
     const AllocationsPerRound allocations(rounds);
@@ -47,13 +47,13 @@ struct OpenAndClose {
   }
 };
 
-/// Without the frame, which is there from the beginning to the end of a run.
+/// Without the frame, which is open for the whole run.
 template <class Frame, class... Screens>
 struct WithoutFirst : OpenAndClose<Screens...> {};
 
 const bool registered = AllScreens<WithoutFirst>::registered();
 
-/// Each of the ten values that the command saves is another one than the round before.
+/// Each of the ten values that the command saves differs from the round before.
 void toolbarCalculate(benchmark::State& rounds, SettingsStore& store) {
   Program program(store, plainPlatform());
   program.start();

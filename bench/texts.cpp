@@ -5,7 +5,7 @@
 #include "allocations.h"
 #include "engine/numbertext.h"
 
-/// The readers and the formats of numbers.
+/// Parsing and formatting of numbers.
 
 namespace tallyfin::bench {
 

@@ -7,8 +7,8 @@
 
 #include "batch/run.h"
 
-/// Any bytes as a CSV: the run ends, gives the same however the bytes arrive and with two threads, and counts no more
-/// problems than rows.
+/// Any bytes as a CSV file: the run ends, its output is the same for pieces of any size and for two threads, and it
+/// counts no more problems than rows.
 
 using namespace tallyfin::batch;
 

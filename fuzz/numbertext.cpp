@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-/// Reads any bytes as a number in each of the three ways, and holds the formats against the readers.
+/// Parses any bytes as a number of each of the three types, and parses the formatted results again.
 
 using namespace tallyfin;
 

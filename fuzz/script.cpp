@@ -4,8 +4,7 @@
 
 #include "script/session.h"
 
-/// Runs any bytes as a script on an empty store. Every line has one answer of one line, and the answer one of the
-/// three forms.
+/// Runs any bytes as a script on an empty store. Every line has one answer of one line, in one of the three forms.
 
 using namespace tallyfin;
 

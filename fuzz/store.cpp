@@ -8,8 +8,8 @@
 
 #include "engine/failure.h"
 
-/// Starts the store on a file of any bytes. Either it is a store: then a save succeeds, every other text stays, and the
-/// next start finds them; or it isn't: then it stays byte for byte, and nothing stands beside it.
+/// Opens the store on a file of any bytes. If it is a store, a save succeeds, the other texts don't change, and the
+/// next start reads them. If it isn't, no byte changes, and there is no file beside it.
 
 using namespace tallyfin;
 
@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const fs::path path = folder() / "Tallyfin99.sqlite";
   std::string bytes(reinterpret_cast<const char*>(data), size);
   const std::string text = bytes.substr(0, 20);
-  // A database is whole pages long. An odd last byte leaves the length as it is.
+  // The length of a database is a whole number of pages. With an odd last byte the length isn't changed.
   if (bytes.empty() || bytes.back() % 2 == 0) bytes.resize((size + 4095) / 4096 * 4096);
   std::ofstream(path, std::ios::binary) << bytes;
 

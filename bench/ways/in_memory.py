@@ -18,7 +18,7 @@ def work(table):
 
 
 def prepared(way, table, extension):
-    """What is to be timed."""
+    """The function to time."""
     if way == "sqlite":
         connection = sqlite3.connect(":memory:")
         connection.enable_load_extension(True)

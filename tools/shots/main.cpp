@@ -99,8 +99,9 @@ int main(int argc, char** argv) {
   while (!lines.atEnd()) {
     const QString line = lines.readLine().trimmed();
     if (line == "fresh") {
-      stage.reset();  // one after the other: each puts back what it found
-      QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // without a loop windows that closed stay
+      stage.reset();  // in this order: each restores what was there before
+      QApplication::sendPostedEvents(nullptr,
+                                     QEvent::DeferredDelete);  // without an event loop closed windows aren't deleted
       stage = std::make_unique<Stage>();
     } else if (line.startsWith("group ")) {
       auto* header = stage->desktop->frame()->findChild<QAbstractButton*>(line);
