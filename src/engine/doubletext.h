@@ -100,4 +100,15 @@ using clibrary::shortTextOf;
 
 #endif
 
+/// A number without an exponent, by the fewest decimals that read back as it, or by so many at least.
+template <class Real>
+std::string decimalTextOf(Real value, int decimals = 0) {
+  const clibrary::PlainLocale within;
+  std::array<char, 400> buffer{};
+  do {
+    std::snprintf(buffer.data(), buffer.size(), "%.*f", decimals++, static_cast<double>(value));
+  } while (static_cast<Real>(std::strtod(buffer.data(), nullptr)) != value);
+  return buffer.data();
+}
+
 }  // namespace tallyfin

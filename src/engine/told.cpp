@@ -176,16 +176,17 @@ void runStatement(OnFailure onFailure, const char* title, std::span<const Target
       recording().trace->statements.push_back({title, done, changesSince(before), recording().row});
     recording().within = false;
   };
-  const std::string skipped = quoted(title) + " is skipped, because ";
+  const auto fail = [&](const std::string& why) {
+    end(false, quoted(title) + " is skipped, because " + why + ".");
+    if (onFailure == OnFailure::passOn) throw;
+  };
   try {
     const bool assigned = run(statement);
     end(true, assigned ? "" : quoted(title) + " stays as it was: " + recording().whyKept + ".");
   } catch (const NotANumber& bad) {
-    end(false, skipped + quoted(bad.text.c_str()) + " isn't a number.");
-    if (onFailure == OnFailure::passOn) throw;
+    fail(quoted(bad.text.c_str()) + " isn't a number");
   } catch (const FailedStatement& failure) {
-    end(false, skipped + failure.why + ".");
-    if (onFailure == OnFailure::passOn) throw;
+    fail(failure.why);
   }
 }
 

@@ -20,8 +20,7 @@ class Writer {
 
   std::vector<ExplanationLine> write(bool ofState) {
     if (ofState && *trace_.state != '\0') remark("State", trace_.state);
-    const NodeId last = formula_.resolved(own_, &notes_);
-    gather(last);
+    lineOf(formula_.resolved(own_, &notes_));
     number();
     for (const auto& [title, choice] : choices_) remark(title.c_str(), choice);
     for (const NodeId id : order_) lines_.push_back(line(id));
@@ -39,46 +38,28 @@ class Writer {
 
   const Node& at(NodeId id) const { return formula_.at(id); }
 
-  /// Finds the lines that a figure needs, the figure's own last.
-  void gather(NodeId id) {
-    if (numbers_.contains(id)) return;
-    numbers_[id] = 0;
-    if (formula_.isLeaf(id)) {
-      first_.push_back(id);
-      return;
+  /// The number of a figure's line. As long as there are none, this finds the lines: writing one, for nothing yet,
+  /// asks for those that it names, which come before it.
+  int lineOf(NodeId id) {
+    const auto [known, isNew] = numbers_.try_emplace(id, 0);
+    if (isNew) {
+      line(id);
+      takeChoices(id);
+      (formula_.isLeaf(id) || isCount(id) ? first_ : order_).push_back(id);
     }
-    if (at(id).op != Op::titled) {
-      gatherOperands(id, Place::own);
-    } else {
-      gatherWithin(at(id).a, Place::own);
-      gatherCircumstances(id);
-    }
-    (isCount(id) ? first_ : order_).push_back(id);
+    return known->second;
   }
-  void gatherWithin(NodeId id, Place place) {
-    id = formula_.resolved(id, &notes_);
-    if (!formula_.inlined(id, place)) return gather(id);
-    gatherOperands(id, place);
-  }
-  void gatherOperands(NodeId id, Place place) {
-    formula_.eachOperand(id, place, [this](NodeId operand, Place its) { gatherWithin(operand, its); });
-  }
-  void gatherCircumstances(NodeId id) {
-    const Circumstances& its = formula_.circumstances(id);
-    if (its.row) gatherWithin(its.row->x, Place::alone);
-    for (const Asked& asked : its.asked) {
+
+  /// What the user chose, where the figure goes by it.
+  void takeChoices(NodeId id) {
+    if (formula_.isLeaf(id) || at(id).op != Op::titled) return;
+    for (const Asked& asked : formula_.circumstances(id).asked) {
       const NodeId a = formula_.resolved(asked.a);
-      if (auto choice = choiceOf(a)) {
-        if (*at(a).title != '\0') *choice = {at(a).title, asked.held ? "Yes" : "No"};
-        const auto known = std::find_if(choices_.begin(), choices_.end(),
-                                        [&](const ChoiceWords& other) { return other.title == choice->title; });
-        if (known == choices_.end()) choices_.push_back(*choice);
-        continue;
-      }
-      if (isMatterOfCourse(asked, its.asked)) continue;
-      for (const NodeId operand : {asked.a, asked.b, asked.c}) {
-        if (operand != noNode) gatherWithin(operand, Place::alone);
-      }
+      auto choice = choiceOf(a);
+      if (!choice) continue;
+      if (*at(a).title != '\0') *choice = {at(a).title, asked.held ? "Yes" : "No"};
+      const auto same = [&](const ChoiceWords& other) { return other.title == choice->title; };
+      if (std::none_of(choices_.begin(), choices_.end(), same)) choices_.push_back(*choice);
     }
   }
 
@@ -92,21 +73,14 @@ class Writer {
   /// Whether the answer to another question about the same figure says as much.
   bool isMatterOfCourse(const Asked& asked, const std::vector<Asked>& all) const {
     const NodeId a = formula_.resolved(asked.a);
-    if (at(a).op == Op::constant || choiceOf(a)) return true;
-    if (asked.how == Asked::How::equal && !asked.held) return true;
-    if (asked.b != noNode && at(asked.b).op == Op::constant && at(asked.b).value == Value(Int16(0)) &&
-        (asked.how == Asked::How::below || asked.how == Asked::How::atLeast)) {
-      return true;
-    }
-    const auto exact = [](const Asked& other) {
-      return other.held && (other.how == Asked::How::equal || other.how == Asked::How::from);
+    if (choiceOf(a) || (asked.how == Asked::How::equal && !asked.held)) return true;
+    if (asked.how == Asked::How::below && at(asked.b).value == Value(Int16(0))) return true;
+    const auto answers = [&](const Asked& other) {
+      const bool exact = other.how == Asked::How::equal || other.how == Asked::How::from;
+      return exact && other.held && formula_.resolved(other.a) == a;
     };
-    const auto about = [&](const Asked& other) { return formula_.resolved(other.a) == a; };
-    const auto answers = [&](const Asked& other) { return about(other) && exact(other); };
-    if (exact(asked)) {
-      return &asked != &*std::find_if(all.begin(), all.end(), answers);
-    }
-    return std::any_of(all.begin(), all.end(), answers);
+    const auto answer = std::find_if(all.begin(), all.end(), answers);
+    return answer != all.end() && &*answer != &asked;
   }
 
   /// A count that stands by itself, as that of the pay periods: it comes first, like the entries.
@@ -121,7 +95,7 @@ class Writer {
     for (const NodeId id : order_) numbers_[id] = ++next;
   }
 
-  ExplanationLine line(NodeId id) const {
+  ExplanationLine line(NodeId id) {
     const Node& node = at(id);
     ExplanationLine line;
     line.number = numbers_.at(id);
@@ -184,11 +158,11 @@ class Writer {
   Formula formula_;
   NodeId own_;
   std::map<NodeId, int> numbers_;
-  Phrases phrases_{formula_, numbers_};
   std::vector<NodeId> first_;  ///< Entries, rows and counts, which come before the sums.
   std::vector<NodeId> order_;
   std::vector<ChoiceWords> choices_;
-  std::vector<std::string> notes_;
+  Formula::Notes notes_;
+  Phrases phrases_{formula_, [this](NodeId id) { return lineOf(id); }, notes_};
   std::vector<ExplanationLine> lines_;
 };
 

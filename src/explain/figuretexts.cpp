@@ -1,7 +1,8 @@
 #include "explain/figuretexts.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cmath>
+#include <concepts>
 
 #include "engine/doubletext.h"
 #include "engine/numbertext.h"
@@ -10,52 +11,16 @@ namespace tallyfin {
 
 namespace {
 
-/// The digits of a finite number without sign and point, the first of which isn't 0, and the power of ten of that one.
-struct Digits {
-  std::string digits;
-  int power = 0;
-};
-
-/// The fewest digits that read back as the same number.
+/// 7.65%: the number's digits with the point two places further right.
 template <class Real>
-Digits shortestDigits(Real value) {
-  const std::string text = shortestTextOf(value);
-  const auto e = text.find('e');
-  Digits result{{}, -1};
-  bool fraction = false;
-  for (const char c : text.substr(0, e)) {
-    if (c == '.') {
-      fraction = true;
-    } else if (c == '0' && result.digits.empty()) {
-      result.power -= fraction ? 1 : 0;
-    } else if (c != '-') {
-      result.digits += c;
-      result.power += fraction ? 0 : 1;
-    }
-  }
-  result.digits.erase(result.digits.find_last_not_of('0') + 1);
-  if (e == std::string::npos) return result;
-  int exponent = 0;
-  std::from_chars(text.data() + e + 2, text.data() + text.size(), exponent);  // behind its sign
-  result.power += text[e + 1] == '-' ? -exponent : exponent;
-  return result;
-}
-
-/// The number times ten to a power, without an exponent.
-template <class Real>
-std::string decimalText(Real value, int shift) {
-  if (value == 0) return "0";
-  auto [digits, power] = shortestDigits(value);
-  power += shift;
-  const auto size = static_cast<int>(digits.size());
-  if (power < 0) {
-    digits = "0." + std::string(static_cast<std::size_t>(-power - 1), '0') + digits;
-  } else if (power + 1 >= size) {
-    digits += std::string(static_cast<std::size_t>(power + 1 - size), '0');
-  } else {
-    digits.insert(static_cast<std::size_t>(power) + 1, 1, '.');
-  }
-  return (value < 0 ? "-" : "") + digits;
+std::string percentText(Real fraction) {
+  std::string text = decimalTextOf(fraction, 2);
+  const auto point = text.find('.');
+  text.erase(point, 1);
+  if (point + 2 < text.size()) text.insert(point + 2, 1, '.');
+  const std::size_t sign = fraction < 0 ? 1 : 0;
+  const auto leading = std::min(text.find_first_not_of('0', sign), point + 1);
+  return text.erase(sign, leading - sign) + "%";
 }
 
 }  // namespace
@@ -72,15 +37,30 @@ std::string amountText(Money amount) {
   return negative ? "(" + text + ")" : text;
 }
 
-std::string rateText(double fraction) { return decimalText(fraction, 2) + "%"; }
-
-std::string numberText(double value) { return decimalText(value, 0); }
+std::string rateText(double fraction) { return percentText(fraction); }
 
 std::string plainText(const Value& value) {
-  if (const auto* amount = std::get_if<Money>(&value)) return toText(*amount);
-  if (const auto* count = std::get_if<Int16>(&value)) return toText(*count);
-  if (const auto* rate = std::get_if<double>(&value)) return decimalText(*rate, 0);
-  return decimalText(std::get<float>(value), 0);
+  return std::visit(
+      [](auto number) {
+        if constexpr (std::floating_point<decltype(number)>) {
+          return decimalTextOf(number == 0 ? 0 : number);
+        } else {
+          return toText(number);
+        }
+      },
+      value);
+}
+
+double realOf(const Value& value) {
+  return std::visit(
+      [](auto number) {
+        if constexpr (std::floating_point<decltype(number)>) {
+          return static_cast<double>(number);
+        } else {
+          return toReal(number);
+        }
+      },
+      value);
 }
 
 std::string textOf(const Value& value, As as) {
@@ -91,16 +71,12 @@ std::string textOf(const Value& value, As as) {
     if (std::abs(count->value()) >= 1000) text.insert(text.size() - 3, ",");
     return text;
   }
-  const auto* single = std::get_if<float>(&value);
-  if (as == As::percent) return single ? decimalText(*single, 2) + "%" : rateText(std::get<double>(value));
-  if (as == As::dollars) {
-    try {
-      const double rate = single ? static_cast<double>(*single) : std::get<double>(value);
-      if (toReal(fromReal(rate)) == rate) return amountText(fromReal(rate));
-    } catch (const FailedStatement&) {  // it is beyond every amount
-    }
+  if (as == As::percent) {
+    const auto* single = std::get_if<float>(&value);
+    return single ? percentText(*single) : percentText(std::get<double>(value));
   }
-  return plainText(value);
+  const double rate = realOf(value);
+  return as == As::dollars && toReal(fromReal(rate)) == rate ? amountText(fromReal(rate)) : plainText(value);
 }
 
 std::string boundsText(const AppliedRow& table, std::size_t row) {

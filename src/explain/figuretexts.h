@@ -14,11 +14,12 @@ std::string amountText(Money amount);
 /// A rate as percent, with as many decimals as it has: 7.65%.
 std::string rateText(double fraction);
 
-/// A real number, without an exponent: the fewest digits that read back as the same double.
-std::string numberText(double value);
-
-/// A figure as plain text: an amount with up to four decimals, a count, the shortest text of a rate in its precision.
+/// A figure as plain text: an amount with up to four decimals, a count, a rate without an exponent by the fewest digits
+/// that read back as the same in its precision.
 std::string plainText(const Value& value);
+
+/// A figure of any kind as a real number, dollars where it is an amount.
+double realOf(const Value& value);
 
 /// How a figure is written: a rate as dollars, as percent or as a bare number, a count as dollars or as a number.
 enum class As { dollars, percent, number };

@@ -18,7 +18,7 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// With a capital at its start, where that is a letter.
 std::string capitalised(std::string words) {
-  if (words.front() >= 'a' && words.front() <= 'z') words.front() = static_cast<char>(words.front() - 'a' + 'A');
+  if (words.front() >= 'a') words.front() = static_cast<char>(words.front() - 'a' + 'A');
   return words;
 }
 

@@ -2,13 +2,19 @@
 
 #include <algorithm>
 
+#include "explain/figuretexts.h"
+
 namespace tallyfin {
 
 namespace {
 
-Money amountOf(const Value& value) {
-  const auto* count = std::get_if<Int16>(&value);
-  return count ? Money(*count) : std::get<Money>(value);
+/// Equal as numbers, an amount and a count too.
+bool sameValue(const Value& a, const Value& b) {
+  const auto asAmount = [](const Value& value) -> Value {
+    const auto* count = std::get_if<Int16>(&value);
+    return count ? Money(*count) : value;
+  };
+  return asAmount(a) == asAmount(b);
 }
 
 bool isSum(Op op) { return op == Op::add || op == Op::subtract; }
@@ -16,15 +22,6 @@ bool isSum(Op op) { return op == Op::add || op == Op::subtract; }
 }  // namespace
 
 bool isReal(const Value& value) { return value.index() >= 2; }
-
-bool sameValue(const Value& a, const Value& b) {
-  if (isReal(a) || isReal(b)) return a == b;
-  return amountOf(a) == amountOf(b);
-}
-
-bool isZero(const Value& value) {
-  return std::visit([](auto number) { return number == decltype(number){}; }, value);
-}
 
 const Circumstances& Formula::circumstances(NodeId id) const {
   return tape_.circumstances[static_cast<std::size_t>(at(id).circumstances)];
@@ -48,10 +45,10 @@ void Formula::noteOf(NodeId id, Notes* notes) const {
 }
 
 void Formula::drop(NodeId id, Notes* notes) const {
-  if (notes == nullptr || rowOf(id) != nullptr) return;
+  if (id == noNode || notes == nullptr || rowOf(id) != nullptr) return;
   noteOf(id, notes);
-  if (at(id).a != noNode) drop(at(id).a, notes);
-  if (at(id).b != noNode && at(id).op != Op::titled) drop(at(id).b, notes);
+  drop(at(id).a, notes);
+  drop(at(id).b, notes);
 }
 
 std::optional<NodeId> Formula::sameAs(NodeId id, Notes* notes) const {
@@ -67,19 +64,15 @@ std::optional<NodeId> Formula::sameAs(NodeId id, Notes* notes) const {
       return sameValue(at(content).value, node.value) ? std::optional(node.a) : std::nullopt;
     }
     case Op::add:
-      if (isZero(at(node.b).value) && same(node.a)) return drop(node.b, notes), node.a;
-      if (isZero(at(node.a).value) && same(node.b)) return drop(node.a, notes), node.b;
-      return std::nullopt;
     case Op::subtract:
-      if (isZero(at(node.b).value) && same(node.a)) return drop(node.b, notes), node.a;
-      return std::nullopt;
+    case Op::least:
+    case Op::greatest:
     case Op::toInt16:
     case Op::roundCents:
     case Op::roundDollars:
-    case Op::least:
-    case Op::greatest:
-      if (same(node.a)) return node.a;
-      return same(node.b) ? std::optional(node.b) : std::nullopt;
+      if (same(node.a)) return drop(node.b, notes), node.a;
+      if (node.op != Op::subtract && same(node.b)) return drop(node.a, notes), node.b;
+      return std::nullopt;
     default: return std::nullopt;
   }
 }
@@ -97,7 +90,7 @@ NodeId Formula::resolved(NodeId id, Notes* notes) const {
 bool Formula::isExcess(NodeId id) const {
   const Node& node = at(id);
   return node.op == Op::subtract && at(node.b).op == Op::constant && at(resolved(node.a)).op != Op::constant &&
-         !isReal(node.value) && amountOf(node.value) >= 0;
+         realOf(node.value) >= 0;
 }
 
 bool Formula::isDollars(NodeId id) const {
@@ -119,24 +112,6 @@ bool Formula::inlined(NodeId id, Place place) const {
     case Place::bounded:
       return isSum(node.op) || node.op == Op::fromReal || node.op == Op::least || node.op == Op::greatest;
     default: return false;
-  }
-}
-
-void Formula::eachOperand(NodeId id, Place place, const std::function<void(NodeId, Place)>& visit) const {
-  const Node& node = at(id);
-  const auto operands = [&](Place its) {
-    if (node.a != noNode) visit(node.a, its);
-    if (node.b != noNode) visit(node.b, its);
-  };
-  switch (node.op) {
-    case Op::add:
-    case Op::subtract: return operands(place == Place::factor ? Place::alone : Place::term);
-    case Op::multiply: return operands(Place::factor);
-    case Op::least:
-    case Op::greatest: return operands(Place::bounded);
-    case Op::toReal: return operands(place == Place::factor ? place : Place::alone);
-    case Op::divide: return operands(Place::alone);
-    default: return operands(Place::own);
   }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -44,9 +43,6 @@ class Formula {
   /// Whether a resolved figure stands within the formula around it, and not in a line of its own.
   bool inlined(NodeId id, Place place) const;
 
-  /// Calls visit(operand, place) for the operands of an inlined figure.
-  void eachOperand(NodeId id, Place place, const std::function<void(NodeId, Place)>& visit) const;
-
   /// A wage less a bound, of which a product takes a part: "the amount of line 7 over $525.00".
   bool isExcess(NodeId id) const;
   /// A whole number that is dollars.
@@ -62,8 +58,5 @@ class Formula {
 };
 
 bool isReal(const Value& value);
-/// Equal as numbers.
-bool sameValue(const Value& a, const Value& b);
-bool isZero(const Value& value);
 
 }  // namespace tallyfin

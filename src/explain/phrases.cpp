@@ -47,12 +47,6 @@ int roundedWhere(double exact, double rounded, double unit) {
   return off < 0 ? -1 : 1;
 }
 
-double realOf(const Value& value) {
-  if (const auto* amount = std::get_if<Money>(&value)) return toReal(*amount);
-  if (const auto* count = std::get_if<Int16>(&value)) return toReal(*count);
-  return std::holds_alternative<double>(value) ? std::get<double>(value) : static_cast<double>(std::get<float>(value));
-}
-
 bool isHalf(double exact, double unit) {
   const double units = std::abs(exact / unit);
   return std::abs(units - std::floor(units) - 0.5) < 1e-9;
@@ -74,68 +68,74 @@ std::string Phrases::direction(NodeId id) const {
 }
 
 Phrase Phrases::phrase(NodeId id, Place place, As as) const {
-  id = formula_.resolved(id);
+  id = formula_.resolved(id, &notes_);
+  if (!formula_.inlined(id, place)) return line(id);
   const Node& node = formula_.at(id);
-  if (!formula_.inlined(id, place)) {
-    Phrase line{"line " + std::to_string(numbers_.at(id)), {}, true};
-    line.operand.origin = Operand::Origin::line;
-    line.operand.line = numbers_.at(id);
-    return line;
-  }
   switch (node.op) {
-    case Op::constant: {
-      Phrase constant{textOf(node.value, node.inDollars && as != As::number ? As::dollars : as), {}, false};
-      constant.operand.name = *node.name != '\0' ? node.name : "figure of the rules";
-      constant.operand.value = node.value;
-      return constant;
-    }
-    case Op::toReal: {
-      const Phrase inner = phrase(node.a, place == Place::factor ? place : Place::alone, as);
-      return {inner.words, result("toReal", {inner.operand}), inner.isLine};
-    }
+    case Op::constant: return constant(node, as);
+    case Op::toReal: return exact(node, place, as);
     case Op::add:
     case Op::subtract: return sum(id, place, as);
     case Op::multiply: return product(id);
-    case Op::divide: {
-      const Phrase a = phrase(node.a, Place::alone, As::number);
-      const Phrase b = phrase(node.b, Place::alone, As::number);
-      return {a.words + " divided by " + b.words, result("/", {a.operand, b.operand}), false};
-    }
-    case Op::least: return bounded(id, "least", ", but at most ");
-    case Op::greatest: return bounded(id, "greatest", ", but at least ");
-    case Op::fromReal: return rounded(id, "fromReal", direction(id));
-    case Op::toInt16: return rounded(id, "toInt16", direction(id));
-    case Op::roundCents: return rounded(id, "roundCents", direction(id));
-    default: return rounded(id, "roundDollars", direction(id));
+    case Op::divide: return quotient(node);
+    case Op::least: return bounded(node, "least", ", but at most ");
+    case Op::greatest: return bounded(node, "greatest", ", but at least ");
+    case Op::fromReal: return rounded(id, "fromReal");
+    case Op::toInt16: return rounded(id, "toInt16");
+    case Op::roundCents: return rounded(id, "roundCents");
+    default: return rounded(id, "roundDollars");
   }
 }
 
-Phrase Phrases::rounded(NodeId id, const char* operation, const std::string& how) const {
-  const Phrase inner = phrase(formula_.at(id).a, Place::own, As::dollars);
-  return {inner.words + how, result(operation, {inner.operand}), false};
+Phrase Phrases::line(NodeId id) const {
+  Phrase phrase{"", {}, true};
+  phrase.operand.origin = Operand::Origin::line;
+  phrase.operand.line = lineOf_(id);
+  phrase.words = "line " + std::to_string(phrase.operand.line);
+  return phrase;
 }
 
-Phrase Phrases::bounded(NodeId id, const char* operation, const char* how) const {
-  const Node& node = formula_.at(id);
+Phrase Phrases::constant(const Node& node, As as) {
+  Phrase phrase{textOf(node.value, node.inDollars && as != As::number ? As::dollars : as), {}, false};
+  phrase.operand.name = *node.name != '\0' ? node.name : "figure of the rules";
+  phrase.operand.value = node.value;
+  return phrase;
+}
+
+Phrase Phrases::exact(const Node& node, Place place, As as) const {
+  const Phrase inner = phrase(node.a, place == Place::factor ? place : Place::alone, as);
+  return {inner.words, result("toReal", {inner.operand}), inner.isLine};
+}
+
+Phrase Phrases::quotient(const Node& node) const {
+  const Phrase a = phrase(node.a, Place::alone, As::number);
+  const Phrase b = phrase(node.b, Place::alone, As::number);
+  return {a.words + " divided by " + b.words, result("/", {a.operand, b.operand}), false};
+}
+
+Phrase Phrases::rounded(NodeId id, const char* operation) const {
+  const Phrase inner = phrase(formula_.at(id).a, Place::own, As::dollars);
+  return {inner.words + direction(id), result(operation, {inner.operand}), false};
+}
+
+Phrase Phrases::bounded(const Node& node, const char* operation, const char* how) const {
   const Phrase x = phrase(node.a, Place::bounded, As::dollars);
   const Phrase bound = phrase(node.b, Place::bounded, As::dollars);
   return {x.words + how + bound.words, result(operation, {x.operand, bound.operand}), false};
 }
 
 Operand Phrases::addTerms(NodeId id, bool less, As as, std::vector<Term>& terms) const {
-  id = formula_.resolved(id);
+  id = formula_.resolved(id, &notes_);
   const Node& node = formula_.at(id);
-  if ((node.op != Op::add && node.op != Op::subtract) || !formula_.inlined(id, Place::term)) {
+  if (node.op != Op::add && node.op != Op::subtract) {
     terms.push_back({less, phrase(id, Place::term, as)});
     Term& term = terms.back();
     Operand operand = term.phrase.operand;
     if (node.op == Op::constant && realOf(node.value) < 0) {
       // The words have it without its sign.
       term.less = !less;
-      term.phrase.words =
-          textOf(std::holds_alternative<Money>(node.value) ? Value(Money() - std::get<Money>(node.value))
-                                                           : Value(-realOf(node.value)),
-                 as);
+      const auto negated = [](auto number) -> Value { return decltype(number){} - number; };
+      term.phrase.words = textOf(std::visit(negated, node.value), as);
     }
     return operand;
   }
@@ -192,20 +192,21 @@ Phrase Phrases::product(NodeId id) const {
 }
 
 std::string Phrases::answer(const Asked& asked) const {
-  if (formula_.at(formula_.resolved(asked.a)).op == Op::constant) return "";
-  const Phrase x = phrase(asked.a, Place::alone, As::number);
-  const auto other = [&](NodeId id) { return phrase(id, Place::alone, As::number).words; };
-  switch (asked.how) {
-    case Asked::How::equal: {
-      const std::string what = asked.b == noNode ? textOf(formula_.at(asked.a).value, As::number) : other(asked.b);
-      return x.words + (asked.held ? " is " : " is not ") + what;
-    }
-    case Asked::How::below: return x.words + (asked.held ? " is below " : " is not below ") + other(asked.b);
-    case Asked::How::atMost: return x.words + (asked.held ? " is not over " : " is over ") + other(asked.b);
-    case Asked::How::above: return x.words + (asked.held ? " is over " : " is not over ") + other(asked.b);
-    case Asked::How::atLeast: return x.words + (asked.held ? " is not below " : " is below ") + other(asked.b);
-    default: return x.words + (asked.held ? " is from " : " is not from ") + other(asked.b) + " to " + other(asked.c);
-  }
+  struct Verb {
+    const char* held;
+    const char* notHeld;
+  };
+  constexpr std::array<Verb, 6> verbs{{{" is ", " is not "},
+                                       {" is below ", " is not below "},
+                                       {" is not over ", " is over "},
+                                       {" is over ", " is not over "},
+                                       {" is not below ", " is below "},
+                                       {" is from ", " is not from "}}};
+  const auto figure = [&](NodeId id) { return phrase(id, Place::alone, As::number).words; };
+  const Verb& verb = verbs.at(static_cast<std::size_t>(asked.how));
+  std::string words = figure(asked.a) + (asked.held ? verb.held : verb.notHeld);
+  words += asked.b == noNode ? textOf(formula_.at(asked.a).value, As::number) : figure(asked.b);
+  return asked.c == noNode ? words : words + " to " + figure(asked.c);
 }
 
 std::string Phrases::reach(const AppliedRow& used) const {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include <functional>
 #include <string>
 
 #include "explain/figuretexts.h"
@@ -20,12 +20,13 @@ struct Phrase {
 
 class Phrases {
  public:
-  /// `numbers` are those of the figures that have a line.
-  Phrases(const Formula& formula, const std::map<NodeId, int>& numbers) : formula_(formula), numbers_(numbers) {}
+  /// `lineOf` gives the number of a figure's line. What is noted on figures that the words leave out goes to `notes`.
+  Phrases(const Formula& formula, std::function<int(NodeId)> lineOf, Formula::Notes& notes)
+      : formula_(formula), lineOf_(std::move(lineOf)), notes_(notes) {}
 
   Phrase phrase(NodeId id, Place place, As as) const;
 
-  /// A question and its answer: "line 4 is below $1,153.85"; empty where the answer is a matter of course.
+  /// A question and its answer: "line 4 is below $1,153.85".
   std::string answer(const Asked& asked) const;
 
   /// Where the row of a table holds: "where line 7 is over $525.00 but not over $1,125.00".
@@ -40,12 +41,17 @@ class Phrases {
   Phrase sum(NodeId id, Place place, As as) const;
   Operand addTerms(NodeId id, bool less, As as, std::vector<Term>& terms) const;
   Phrase product(NodeId id) const;
-  Phrase rounded(NodeId id, const char* operation, const std::string& how) const;
-  Phrase bounded(NodeId id, const char* operation, const char* how) const;
+  Phrase quotient(const Node& node) const;
+  Phrase line(NodeId id) const;
+  static Phrase constant(const Node& node, As as);
+  Phrase exact(const Node& node, Place place, As as) const;
+  Phrase rounded(NodeId id, const char* operation) const;
+  Phrase bounded(const Node& node, const char* operation, const char* how) const;
   std::string direction(NodeId id) const;
 
   const Formula& formula_;
-  const std::map<NodeId, int>& numbers_;
+  std::function<int(NodeId)> lineOf_;
+  Formula::Notes& notes_;
 };
 
 }  // namespace tallyfin

@@ -88,15 +88,32 @@ TEST(FigureTexts, AnAmountHasTwoDecimalsOrAsManyAsThereAre) {
 }
 
 TEST(FigureTexts, ARealNumberHasTheFewestDigitsAndNoExponent) {
-  EXPECT_EQ(numberText(0.0), "0");
-  EXPECT_EQ(numberText(0.1), "0.1");
-  EXPECT_EQ(numberText(150), "150");
-  EXPECT_EQ(numberText(-1.5), "-1.5");
-  EXPECT_EQ(numberText(1 - static_cast<double>(0.35F)), "0.6500000059604645");
-  EXPECT_EQ(numberText(5e-7), "0.0000005");
-  EXPECT_EQ(rateText(0.0765), "7.65%");
-  EXPECT_EQ(rateText(1.5), "150%");
+  EXPECT_EQ(plainText(0.0), "0");
+  EXPECT_EQ(plainText(-0.0), "0");
+  EXPECT_EQ(plainText(0.1), "0.1");
+  EXPECT_EQ(plainText(150.0), "150");
+  EXPECT_EQ(plainText(-1.5), "-1.5");
+  EXPECT_EQ(plainText(1 - static_cast<double>(0.35F)), "0.6500000059604645");
+  EXPECT_EQ(plainText(5e-7), "0.0000005");
+  EXPECT_EQ(plainText(-1e21), "-1000000000000000000000");
   EXPECT_EQ(plainText(0.35F), "0.35");
+}
+
+TEST(FigureTexts, ARateIsAPercentage) {
+  EXPECT_EQ(rateText(0.0765), "7.65%");
+  EXPECT_EQ(rateText(0.28), "28%");
+  EXPECT_EQ(rateText(1.5), "150%");
+  EXPECT_EQ(rateText(10), "1000%");
+  EXPECT_EQ(rateText(0.005), "0.5%");
+  EXPECT_EQ(rateText(-0.0012), "-0.12%");
+  EXPECT_EQ(rateText(0), "0%");
+  EXPECT_EQ(textOf(0.35F, As::percent), "35%");
+}
+
+TEST(FigureTexts, ARateIsDollarsWhereItIsAnAmount) {
+  EXPECT_EQ(textOf(86.5375, As::dollars), "$86.5375");
+  EXPECT_EQ(textOf(0.00005, As::dollars), "0.00005");
+  EXPECT_EQ(textOf(86.5375, As::number), "86.5375");
 }
 
 }  // namespace
