@@ -68,7 +68,7 @@ void Calculate() {
   GetPreTax();
 
   // A pre-tax amount that the pre-FICA amount includes is subtracted twice: required.
-  step("Wage less the 401(k), pre-FICA and pre-tax amounts", payData.taxableWage,
+  step("Wage less the amounts that are not taxed", payData.taxableWage,
        [] { return payData.taxableWage - (payData.amt401k + payData.preFica + payData.preTax); });
   step("Taxable wage", payData.taxableWage, [] { return atLeastZero(payData.taxableWage); });
 
@@ -92,8 +92,8 @@ void calculatePaycheck() {
 }
 
 void makeTotals() {
-  step("401(k), FICA and the federal, state and local tax", payData.totalDed, deductions);
-  step("Gross pay less these", payData.checkAmt, [] { return payData.grossPay - deductions(); });
+  step("Total of the deductions", payData.totalDed, deductions);
+  step("Gross pay less the deductions", payData.checkAmt, [] { return payData.grossPay - deductions(); });
 }
 
 }  // namespace TALLYFIN_FIGURES

@@ -19,8 +19,11 @@ Amount localBase() {
 }  // namespace
 
 void LocalTaxCalc() {
-  step("Local tax", payData.localTax,
-       [] { return fromReal(toReal(line("Pay subject to local tax", localBase())) * payData.localRate); });
+  step("Local tax", payData.localTax, [] {
+    const Amount base = line("Pay subject to local tax", localBase());
+    goesBy(payData.applyTo);
+    return fromReal(toReal(base) * payData.localRate);
+  });
 }
 
 }  // namespace TALLYFIN_FIGURES

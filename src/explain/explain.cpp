@@ -70,17 +70,18 @@ class Writer {
     return choiceWords(node.name, number->value(), trace_.statusChosen);
   }
 
-  /// Whether the answer to another question about the same figure says as much.
-  bool isMatterOfCourse(const Asked& asked, const std::vector<Asked>& all) const {
+  /// Whether the answer to another question about the same figure, or the row of the table, says as much.
+  bool isMatterOfCourse(const Asked& asked, const Circumstances& its) const {
     const NodeId a = formula_.resolved(asked.a);
+    if (its.row && formula_.resolved(its.row->x) == a) return true;
     if (choiceOf(a) || (asked.how == Asked::How::equal && !asked.held)) return true;
     if (asked.how == Asked::How::below && at(asked.b).value == Value(Int16(0))) return true;
     const auto answers = [&](const Asked& other) {
       const bool exact = other.how == Asked::How::equal || other.how == Asked::How::from;
       return exact && other.held && formula_.resolved(other.a) == a;
     };
-    const auto answer = std::find_if(all.begin(), all.end(), answers);
-    return answer != all.end() && &*answer != &asked;
+    const auto answer = std::find_if(its.asked.begin(), its.asked.end(), answers);
+    return answer != its.asked.end() && &*answer != &asked;
   }
 
   /// A count that stands by itself, as that of the pay periods: it comes first, like the entries.
@@ -147,7 +148,7 @@ class Writer {
     }
     std::vector<std::string> answers;
     for (const Asked& asked : its.asked) {
-      if (isMatterOfCourse(asked, its.asked)) continue;
+      if (isMatterOfCourse(asked, its)) continue;
       const std::string answer = phrases_.answer(asked);
       if (std::find(answers.begin(), answers.end(), answer) == answers.end()) answers.push_back(answer);
     }

@@ -171,9 +171,8 @@ FormHeading headingOf(const Trace& trace, const std::vector<Explanation>& explan
   for (std::size_t row = 0; row < explanations.size(); ++row) {
     if (resultRows[row].amount != &PayData::stateTax) continue;
     for (const ExplanationLine& line : explanations[row].lines) {
-      const bool isOption = line.from.origin == Operand::Origin::left && isStateOption(line.from.name);
       if (line.number == 0 && !line.title.empty()) add(line.title, line.words);
-      if (line.number != 0 && isOption) add(line.title, line.figure);
+      if (isStateOption(line.from.name)) add(line.title, line.figure);
     }
   }
   return heading;

@@ -17,8 +17,6 @@ bool sameValue(const Value& a, const Value& b) {
   return asAmount(a) == asAmount(b);
 }
 
-bool isSum(Op op) { return op == Op::add || op == Op::subtract; }
-
 }  // namespace
 
 bool isReal(const Value& value) { return value.index() >= 2; }
@@ -60,8 +58,7 @@ std::optional<NodeId> Formula::sameAs(NodeId id, Notes* notes) const {
     case Op::titled: {
       if (node.b != noNode || circumstances(id).row) return std::nullopt;
       const NodeId content = resolved(node.a);
-      if (!isLeaf(content) && at(content).op != Op::titled) return std::nullopt;
-      return sameValue(at(content).value, node.value) ? std::optional(node.a) : std::nullopt;
+      return isLeaf(content) || at(content).op == Op::titled ? std::optional(node.a) : std::nullopt;
     }
     case Op::add:
     case Op::subtract:
@@ -89,8 +86,7 @@ NodeId Formula::resolved(NodeId id, Notes* notes) const {
 
 bool Formula::isExcess(NodeId id) const {
   const Node& node = at(id);
-  return node.op == Op::subtract && at(node.b).op == Op::constant && at(resolved(node.a)).op != Op::constant &&
-         realOf(node.value) >= 0;
+  return node.op == Op::subtract && at(node.b).op == Op::constant && realOf(node.value) >= 0;
 }
 
 bool Formula::isDollars(NodeId id) const {
@@ -105,14 +101,8 @@ bool Formula::inlined(NodeId id, Place place) const {
   const Node& node = at(id);
   if (isLeaf(id) || node.op == Op::titled) return false;
   if (node.op == Op::constant || node.op == Op::toReal) return true;
-  switch (place) {
-    case Place::own: return true;
-    case Place::term: return isSum(node.op) || (isReal(node.value) && node.op == Op::multiply);
-    case Place::factor: return isExcess(id);
-    case Place::bounded:
-      return isSum(node.op) || node.op == Op::fromReal || node.op == Op::least || node.op == Op::greatest;
-    default: return false;
-  }
+  if (place == Place::factor) return isExcess(id);
+  return place == Place::own || (place == Place::term && node.op == Op::multiply);
 }
 
 }  // namespace tallyfin

@@ -14,11 +14,10 @@ namespace tallyfin {
 
 /// Where an operand stands in a formula.
 enum class Place {
-  own,      ///< It is the formula of a line.
-  term,     ///< Of a sum.
-  factor,   ///< Of a product.
-  bounded,  ///< That which has a floor or a ceiling.
-  alone     ///< Anywhere else: it has a line of its own unless it is a constant.
+  own,     ///< It is the formula of a line.
+  term,    ///< Of a sum.
+  factor,  ///< Of a product.
+  alone    ///< Anywhere else: it has a line of its own unless it is a constant.
 };
 
 class Formula {

@@ -119,8 +119,8 @@ Phrase Phrases::rounded(NodeId id, const char* operation) const {
 }
 
 Phrase Phrases::bounded(const Node& node, const char* operation, const char* how) const {
-  const Phrase x = phrase(node.a, Place::bounded, As::dollars);
-  const Phrase bound = phrase(node.b, Place::bounded, As::dollars);
+  const Phrase x = phrase(node.a, Place::alone, As::dollars);
+  const Phrase bound = phrase(node.b, Place::alone, As::dollars);
   return {x.words + how + bound.words, result(operation, {x.operand, bound.operand}), false};
 }
 

@@ -80,7 +80,7 @@ void Alabama() {
       payData.staExmp, payData.stateDepsDed);
   step("Year's federal tax", annualFedTax, [] { return payData.fedTax * payData.payPeriods; });
   step("Exemption for the dependents", dependentDeduction, [] { return payData.staDeps * perDependent; });
-  step("Year's wage less federal tax, exemptions and standard deduction", work.stateWage,
+  step("Year's wage less the deductions", work.stateWage,
        [&] { return work.stateWage - (annualFedTax + payData.stateDepsDed + payData.staExmp + dependentDeduction); });
   step("Year's tax", payData.stateTax, []() -> std::optional<Amount> {
     const Option* option = chosen();

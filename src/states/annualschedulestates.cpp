@@ -30,7 +30,7 @@ void Virginia() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step("Year's wage less exemptions and standard deduction", work.stateWage, [&] {
+  step("Year's wage less the deductions", work.stateWage, [&] {
     const Amount wage = line("Year's wage", yearsWage());
     return wage - (line("Personal exemptions", work.exemptions * perExemption) + standardDeduction);
   });
@@ -86,7 +86,7 @@ void SCarolina() {
         return true;
       },
       payData.stateDepsDed, work.stateStdDed);
-  step("Year's wage less both", work.stateWage,
+  step("Year's wage less the deductions", work.stateWage,
        [&] { return work.stateWage - (work.stateStdDed + payData.stateDepsDed); });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });
   step("Pay period's tax", payData.stateTax, [] { return perPeriod(payData.stateTax); });

@@ -77,8 +77,8 @@ void CalifTax() {
     if (payData.staDeps >= 0) return exemptionCredit[payData.staDeps.value()].now();
     return keep("the number of dependents is negative");
   });
-  step("Tax less the credit, with the additional amount", payData.stateTax,
-       [] { return (payData.stateTax - payData.stateDepsDed) + payData.staAdd; });
+  step("State tax with the additional amount", payData.stateTax,
+       [] { return line("Tax less the credit", payData.stateTax - payData.stateDepsDed) + payData.staAdd; });
   floorAtZero();
 }
 

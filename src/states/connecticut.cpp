@@ -62,11 +62,12 @@ void Connecticut() {
     if (!schedule) return keep(noSchedule);
     return taxBy(schedule->bands);
   });
-  step("Part of the tax that is credited", creditFraction, [&]() -> std::optional<Single> {
+  step("Part of the tax that is credited", creditFraction, [&]() -> Single {
     const Schedule* schedule = chosen();
-    if (!schedule) return keep(noSchedule);
-    if (schedule->credits.rows.empty()) return keep("that rate letter has no credits");
-    return named("credit", bandOf(schedule->credits, annualBase).fraction);
+    if (schedule && !schedule->credits.rows.empty())
+      return named("credit", bandOf(schedule->credits, annualBase).fraction);
+    note("That rate letter has no credits.");
+    return 0;
   });
   step("Year's tax less the credit", payData.stateTax, [&] {
     return fromReal(toReal(payData.stateTax) *

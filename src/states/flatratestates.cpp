@@ -60,7 +60,7 @@ void Illinois() {
   step("Allowance for the second count of dependents", secondDeduction,
        [] { return payData.illDeps * illinois::second.now(); });
   StateBase();
-  step("Wage less the allowances", work.stateWage, [&] {
+  step("Wage that the state taxes", work.stateWage, [&] {
     return payData.grossPay - ((payData.statePreTax + payData.state401k) + (payData.stateDepsDed + secondDeduction));
   });
   step("Illinois tax", payData.stateTax, [&] { return fromReal(toReal(work.stateWage) * illinois::rate); });
@@ -88,8 +88,10 @@ void MichiganTax() {
   using namespace michigan;
   Amount specialDeduction;
   Amount dependentDeduction;
-  step("Allowance for the exemptions counted last", payData.stateDepsDed,
-       [] { return worksheet().exemptions * perExemption.now(); });
+  step("Allowance for the exemptions counted last", payData.stateDepsDed, [] {
+    note("The exemptions are not counted anew here: they are those of the last state that counted them.");
+    return worksheet().exemptions * perExemption.now();
+  });
   step("Allowance for the special exemptions", specialDeduction,
        [] { return called("Special exemptions", payData.mMethod) * perSpecialExemption.now(); });
   step("Allowance of a dependent of somebody else", dependentDeduction, [] { return claimedByAnother.now(); });
@@ -105,7 +107,7 @@ void MichiganTax() {
     }
     const Amount deductions =
         payData.statePreTax + payData.state401k + payData.stateDepsDed + dependentDeduction + specialDeduction;
-    return fromReal(toReal(line("Wage less all allowances", payData.grossPay - deductions)) * rate);
+    return fromReal(toReal(line("Wage that the state taxes", payData.grossPay - deductions)) * rate);
   });
   finish();
 }
@@ -191,7 +193,7 @@ void Louisiana() {
        [] { return called("Exemptions for the state", payData.staExmp) * perExemption.now(); });
   step("Allowance for the dependents", work.stateStdDed, [] { return payData.staDeps * perDependent.now(); });
   StateBase();
-  step("Wage less the allowances", work.stateWage, [&] {
+  step("Wage that the state taxes", work.stateWage, [&] {
     return payData.grossPay - (payData.statePreTax + payData.state401k + payData.stateDepsDed + work.stateStdDed);
   });
   step("First tax", firstTax, [&] { return fromReal(toReal(work.stateWage) * firstRate); });

@@ -50,7 +50,7 @@ void Georgia() {
   step("Wage less the allowance for the dependents", work.stateWage, [&] {
     if (payData.staDeps != 0) return work.stateWage - dependentAllowance;
     note("Without dependents the personal allowance is given back.");
-    return work.stateWage + payData.stateDepsDed;
+    return line("Wage with the personal allowance given back", work.stateWage + payData.stateDepsDed);
   });
   step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
     if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(marriedClaimingSingle.now());

@@ -58,8 +58,7 @@ void Maryland() {
         deduction = line("Standard deduction within its limits", withinLimits(deduction));
       },
       payData.stateDepsDed, deduction);
-  step("Wage less the standard deduction and the allowance", work.stateWage,
-       [&] { return work.stateWage - (deduction + payData.stateDepsDed); });
+  step("Wage less the deductions", work.stateWage, [&] { return work.stateWage - (deduction + payData.stateDepsDed); });
   step("State's own tax by the table", payData.stateTax, [] { return taxBy(bands.now()); });
   step("County's standard deduction", localDeduction, [&] { return fromReal(toReal(localBase) * deductionRate); });
   step(
@@ -69,11 +68,12 @@ void Maryland() {
         localDeduction = line("County's standard deduction within its limits", withinLimits(localDeduction));
       },
       localExemption, localDeduction);
-  step("County's wage less both", localBase, [&] { return localBase - (localDeduction + localExemption); });
-  step("County's tax by the table", localResult, [&]() -> std::optional<Amount> {
+  step("County's wage less its deductions", localBase, [&] { return localBase - (localDeduction + localExemption); });
+  step("County's tax by the table", localResult, [&]() -> Amount {
     const PerFrequency<Bands>* tables = countyRate();
-    if (tables == nullptr) return keep("no county rate is chosen");
-    return taxOf(tables->now(), localBase);
+    if (tables != nullptr) return taxOf(tables->now(), localBase);
+    note("No county rate is chosen, so there is no county tax.");
+    return 0;
   });
   step("State's own tax with the additional amount", payData.stateTax,
        [] { return payData.stateTax + payData.staAdd; });

@@ -100,7 +100,7 @@ void Missouri() {
         return true;
       },
       federalDeduction, work.stateStdDed, payData.stateDepsDed);
-  step("Year's wage less these", work.stateWage,
+  step("Year's wage less the deductions", work.stateWage,
        [&] { return work.stateWage - (payData.stateDepsDed + work.stateStdDed + federalDeduction); });
   step("Pay period's wage", work.stateWage, [&] { return perPeriod(work.stateWage); });
   step("Tax by the table", payData.stateTax, [] { return taxBy(bands.now()); });

@@ -82,10 +82,11 @@ void NewYork() {
           });
         }
         StateBase();
-        part("Wage less the allowance and the standard deduction", work.stateWage,
+        part("Wage less the deductions", work.stateWage,
              [&] { return stateGross() - (work.stateStdDed + payData.stateDepsDed); });
         if (frequencyKnown()) part("Tax by the table", payData.stateTax, [] { return taxBy(bands.now()); });
         finish();
+        if (!frequencyKnown()) note("No pay frequency is chosen, so the table is not applied.");
       },
       payData.stateTax);
 }

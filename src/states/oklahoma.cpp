@@ -67,15 +67,17 @@ constexpr FixedAmount lowerFederalDeduction{"federal standard deduction", 4300};
 constexpr FixedAmount higherFederalDeduction{"federal standard deduction", 7200};
 constexpr const char* noRule = "the state has no rule for the filing status chosen";
 
+/// The dependents are subtracted before the multiplication, so the estimate is some 412.5 times the wage: required.
+static Amount timesExemption(const Amount& wage, const Count& dependents) {
+  note("The federal exemption is multiplied by the wage here, not by the number of dependents.");
+  const Amount less = line("Wage less the number of dependents", wage - dependents);
+  return line("That, times the federal exemption for each dependent", less * federalExemption);
+}
+
 /// The wage for the estimate of the federal tax; none for a status that isn't offered.
 static std::optional<Amount> federalBase(const Amount& wage, const Count& dependents) {
   switch (payData.staMarried.value()) {
-    // The dependents are subtracted before the multiplication, so the estimate is some 412.5 times the wage: required.
-    case stateStatus::single: {
-      note("The federal exemption is multiplied by the wage here, not by the number of dependents.");
-      const Amount less = line("Ceiling wage less the number of dependents", wage - dependents);
-      return line("That wage for the federal exemption", less * federalExemption) - lowerFederalDeduction;
-    }
+    case stateStatus::single: return timesExemption(wage, dependents) - lowerFederalDeduction;
     case stateStatus::married:
       return wage - line("Federal exemptions", dependents * federalExemption) - higherFederalDeduction;
     case stateStatus::spouseEmployed:
@@ -118,7 +120,7 @@ void Oklahoma() {
   step("Standard deduction within its limits", work.stateStdDed,
        [&] { return within(work.stateStdDed, leastDeduction, mostDeduction); });
   // The rule compares with the limit again. The limit has been applied above, so the comparison always holds.
-  step("Wage less deduction, exemptions and estimated federal tax", work.stateWage, [&]() -> std::optional<Amount> {
+  step("Wage less the deductions", work.stateWage, [&]() -> std::optional<Amount> {
     const std::optional<Amount> base = federalBase(work.stateWage, payData.staDeps);
     if (!base) return std::nullopt;
     const Amount estimate =

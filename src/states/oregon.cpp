@@ -35,13 +35,14 @@ void Oregon() {
   parseExemptions();
   step("Federal tax that is allowed", payData.stateDepsDed, [] { return least(payData.fedTax, federalCap.now()); });
   // Monthly has no such step: the limited tax is deducted once for any number of exemptions.
-  step("Federal tax allowed for each exemption", payData.stateDepsDed, [&] {
-    if (frequencyKnown() && payData.frequency != frequency::monthly) return payData.stateDepsDed * work.exemptions;
+  step("Federal tax that is allowed, once for each exemption", payData.stateDepsDed, [&]() -> std::optional<Amount> {
+    if (!frequencyKnown()) return keep("no pay frequency is chosen");
+    if (payData.frequency != frequency::monthly) return payData.stateDepsDed * work.exemptions;
     note("Paid monthly, the federal tax is allowed once, however many the exemptions.");
     return payData.stateDepsDed;
   });
   StateBase();
-  step("Wage less the allowance", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
+  step("Wage less the federal tax that is allowed", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
   step("Tax by the table", payData.stateTax, [&]() -> std::optional<Amount> {
     const PerFrequency<CreditedBands>* tables = chosenTables();
     if (!tables) return keep("the state has tables for Married and for Single only");

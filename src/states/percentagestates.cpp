@@ -13,8 +13,7 @@ constexpr FixedRate rate{"tax rate", 0.028};
 /// Reads `preTax`, `amt401k`, `grossPay`, `staAdd`. Writes `state401k`, `stateTax`, `statePreTax`.
 void Penn() {
   StateBase();
-  step("Pennsylvania tax", payData.stateTax,
-       [] { return fromReal(toReal(line("Wage that the state taxes", stateGross())) * pennsylvania::rate); });
+  step("Pennsylvania tax", payData.stateTax, [] { return fromReal(toReal(stateGross()) * pennsylvania::rate); });
   finish();
 }
 

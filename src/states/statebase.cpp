@@ -17,7 +17,9 @@ void StateBase() {
   });
 }
 
-Amount stateGross() { return payData.grossPay - (payData.statePreTax + payData.state401k); }
+Amount stateGross() {
+  return line("Wage that the state taxes", payData.grossPay - (payData.statePreTax + payData.state401k));
+}
 
 Amount yearsWage() { return stateGross() * payData.payPeriods; }
 
@@ -38,8 +40,8 @@ std::optional<Amount> taxByStatus(const PerFrequency<Bands>& married, const PerF
 Amount perPeriod(Amount annual) { return fromReal(toReal(annual) / toReal(payData.payPeriods)); }
 
 void finish() {
-  step("State tax with the additional amount", payData.stateTax,
-       [] { return atLeastZero(payData.stateTax + payData.staAdd); });
+  step("State tax", payData.stateTax,
+       [] { return atLeastZero(line("State tax with the additional amount", payData.stateTax + payData.staAdd)); });
 }
 
 void floorAtZero() {

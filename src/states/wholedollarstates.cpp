@@ -50,14 +50,15 @@ void IowaTax() {
   step("Year's wage less the standard deduction", work.stateWage,
        [&] { return work.stateWage - payData.stateDepsDed; });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });
-  step("Credit for the exemptions", credit, [&]() -> std::optional<Count> {
+  step("Credit for the exemptions", credit, [&]() -> Count {
     if (isFrom(0, work.exemptions, 2)) return work.exemptions * firstCredit;
     if (isFrom(3, work.exemptions, 15)) {
       const Count further =
           line("Exemptions beyond the first two", work.exemptions - named("first exemptions", Int16(2)));
       return line("Credit for these", further * furtherCredit) + creditOfTwo;
     }
-    return keep("the state has credits for up to 15 exemptions only");
+    note("There are credits for up to 15 exemptions only.");
+    return 0;
   });
   step("Pay period's tax", payData.stateTax,
        [&] { return perPeriod(line("Year's tax less the credit", payData.stateTax - credit)); });
@@ -213,7 +214,7 @@ void Mississippi() {
   StateBase();
   step("Year's wage", work.stateWage, yearsWage);
   step("Exemption for the dependents", payData.stateDepsDed, [] { return payData.staDeps * perDependent; });
-  step("Year's wage less deduction and exemptions", work.stateWage, [&] {
+  step("Year's wage less the deductions", work.stateWage, [&] {
     noteIfAny(
         payData.staAdd,
         "The additional amount is the personal exemption of the year here, and is added to the tax all the same.");

@@ -67,17 +67,17 @@ TEST_F(FormTest, IsReadAsATaxForm) {
   calculate();
   const Form form = formOf("Federal Tax");
   EXPECT_EQ(form.figure, "$172.49");
-  EXPECT_THAT(texts(form.lines),
-              ElementsAre("0 Pay frequency: Weekly ", "0 Marital status: Single ",
-                          "1 Gross Pay, from its own worksheet $1,000.00",
-                          "2 401k Deduction, from its own worksheet $60.00", "3 Exemptions, as chosen 1",
-                          "4 Wage less the 401(k), pre-FICA and pre-tax amounts. Line 1 less line 2 $940.00",
-                          "5 Federal allowance for the exemptions. Line 3 times $52.88 $52.88",
-                          "6 Taxable wage less the federal allowance. Line 4 less line 5 $887.12",
-                          "7 Federal tax by the table. $71.10 plus 28% of the amount of line 6 over $525.00, by the "
-                          "table \"Federal, Single, Weekly\", where line 6 is over $525.00 but not over $1,125.00 "
-                          "$172.4936",
-                          "8 Federal tax in whole cents. Line 7, rounded down to whole cents $172.49"));
+  EXPECT_THAT(
+      texts(form.lines),
+      ElementsAre("0 Pay frequency: Weekly ", "0 Marital status: Single ",
+                  "1 Gross Pay, from its own worksheet $1,000.00", "2 401k Deduction, from its own worksheet $60.00",
+                  "3 Exemptions, as chosen 1", "4 Wage less the amounts that are not taxed. Line 1 less line 2 $940.00",
+                  "5 Federal allowance for the exemptions. Line 3 times $52.88 $52.88",
+                  "6 Taxable wage less the federal allowance. Line 4 less line 5 $887.12",
+                  "7 Federal tax by the table. $71.10 plus 28% of the amount of line 6 over $525.00, by the "
+                  "table \"Federal, Single, Weekly\", where line 6 is over $525.00 but not over $1,125.00 "
+                  "$172.4936",
+                  "8 Federal tax in whole cents. Line 7, rounded down to whole cents $172.49"));
   EXPECT_EQ(form.lines[0].spoken, "Pay frequency: Weekly");
   EXPECT_EQ(form.lines[7].spoken,
             "Line 6. Taxable wage less the federal allowance. Line 4 less line 5. 887 dollars 12.");
@@ -99,6 +99,20 @@ TEST_F(FormTest, HasTheTableWithTheRowThatWasUsed) {
                           "over $1,125.00 but not over $2,535.00: $239.10 plus 31% of the amount over $1,125.00",
                           "over $2,535.00 but not over $5,475.00: $676.20 plus 36% of the amount over $2,535.00",
                           "over $5,475.00: $1,734.60 plus 39.6% of the amount over $5,475.00"));
+}
+
+/// The row's percentage counts from an amount above the one from which it holds.
+TEST_F(FormTest, ALineMayHaveNoTitle) {
+  startSample(38);
+  main().txtIncome.setText("900");
+  calculate();
+  const Form form = formOf("State Tax");
+  EXPECT_THAT(texts(form.lines),
+              testing::IsSupersetOf({"5 Line 4 less $899.00 ($50.92)",
+                                     "6 Tax by the table. $17.41 plus 7% of line 5, by the table \"Vermont, Single, "
+                                     "Weekly\", where line 4 is over $517.00 but not over $1,105.00 $13.8456",
+                                     "0 The row of the table counts its percentage from a higher amount than the one "
+                                     "it is used for. "}));
 }
 
 TEST_F(FormTest, BearsNameDateAndEntries) {

@@ -78,6 +78,27 @@ TEST_F(TapeTest, ARowThatDoesNotJoinTheOneBeforeTellsBothBounds) {
                   "it ends at $2.00 = $7.00"));
 }
 
+TEST_F(TapeTest, AnOpenRowWithoutOneBeforeTellsItsBound) {
+  AppliedRow row{.table = "Odd", .rows = {{.test = ::tallyfin::Test::above, .bound = 4}}, .number = 0, .x = wage};
+  const NodeId tax = titled(Money(7), add(Op::add, Money(7), wage, constant(Money(2))),
+                            {.asked = {}, .notes = {}, .row = std::move(row)});
+  EXPECT_THAT(
+      worksheetOf(tax),
+      ElementsAre(wageLine, "2. Tax: line 1 plus $2.00, by the table \"Odd\", where line 1 is over $4.00 = $7.00"));
+}
+
+TEST_F(TapeTest, WhatHasNoPlaceInAFormulaHasALineOfItsOwn) {
+  const NodeId more = add(Op::add, Money(8), wage, constant(Money(3)));
+  const NodeId less = add(Op::subtract, Money(-3), wage, more);
+  const NodeId three = constant(Int16(3));
+  EXPECT_THAT(worksheetOf(titled(Money(24), add(Op::multiply, Money(24), more, three))),
+              ElementsAre(wageLine, "2. line 1 plus $3.00 = $8.00", "3. Tax: line 2 times 3 = $24.00"));
+  EXPECT_THAT(worksheetOf(titled(Money(-9), add(Op::multiply, Money(-9), less, three))),
+              ElementsAre(wageLine, "2. line 1 less line 1, less $3.00 = ($3.00)", "3. Tax: line 2 times 3 = ($9.00)"));
+  EXPECT_THAT(worksheetOf(titled(Money(10), add(Op::greatest, Money(10), more, constant(Money(10))))),
+              ElementsAre(wageLine, "2. line 1 plus $3.00 = $8.00", "3. Tax: line 2, but at least $10.00 = $10.00"));
+}
+
 TEST_F(TapeTest, ARoundedHalfSaysWhereItGoes) {
   const NodeId half = add(Op::left, Money::ofUnits(25000), noNode, noNode, "stateWage");
   EXPECT_THAT(

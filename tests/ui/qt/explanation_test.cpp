@@ -219,8 +219,7 @@ TEST_F(ExplanationOfTheResults, IsReadLineByLine) {
   EXPECT_EQ(face.role(), QAccessible::Tree);
   std::vector<std::string> spoken;
   for (int i = 0; i < face.childCount(); ++i) spoken.push_back(face.child(i)->text(QAccessible::Name).toStdString());
-  EXPECT_THAT(spoken,
-              Contains("Line 3. Wage less the 401(k), pre-FICA and pre-tax amounts. Line 1 less line 2. 940 dollars."));
+  EXPECT_THAT(spoken, Contains("Line 3. Wage less the amounts that are not taxed. Line 1 less line 2. 940 dollars."));
 }
 
 TEST_F(ExplanationOfTheResults, PointingAtALineMarksIt) {
@@ -245,8 +244,7 @@ TEST_F(ExplanationOfTheResults, TheKeyboardMarksTheLinesThatTheCurrentOneNames) 
   press(Qt::Key_Home);
   EXPECT_THAT(page.marked(), IsEmpty());
   for (int i = 0; i < 4; ++i) press(Qt::Key_Down);
-  EXPECT_EQ(page.currentItem()->text(0).toStdString(),
-            "Wage less the 401(k), pre-FICA and pre-tax amounts. Line 1 less line 2");
+  EXPECT_EQ(page.currentItem()->text(0).toStdString(), "Wage less the amounts that are not taxed. Line 1 less line 2");
   EXPECT_THAT(page.marked(), ElementsAre(1, 2));
   const QRect marked = page.visualItemRect(page.topLevelItem(2));
   EXPECT_EQ(page.grab().toImage().pixelColor(page.viewport()->mapTo(&page, marked.topRight() - QPoint(2, -2))),
