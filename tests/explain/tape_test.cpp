@@ -97,6 +97,10 @@ TEST_F(TapeTest, WhatHasNoPlaceInAFormulaHasALineOfItsOwn) {
               ElementsAre(wageLine, "2. line 1 less line 1, less $3.00 = ($3.00)", "3. Tax: line 2 times 3 = ($9.00)"));
   EXPECT_THAT(worksheetOf(titled(Money(10), add(Op::greatest, Money(10), more, constant(Money(10))))),
               ElementsAre(wageLine, "2. line 1 plus $3.00 = $8.00", "3. Tax: line 2, but at least $10.00 = $10.00"));
+  const NodeId half = add(Op::left, Money::ofUnits(25000), noNode, noNode, "stateWage");
+  const NodeId whole = add(Op::roundDollars, Money(2), half);
+  EXPECT_THAT(worksheetOf(titled(Money(7), add(Op::add, Money(7), wage, whole))).back(),
+              "4. Tax: line 1 plus line 3 = $7.00");
 }
 
 TEST_F(TapeTest, ARoundedHalfSaysWhereItGoes) {
