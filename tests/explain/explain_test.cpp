@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
+#include <malloc.h>
 
 #include <clocale>
+#include <cstddef>
 
 #include "explain/figuretexts.h"
 #include "explain/sample.h"
@@ -8,11 +10,21 @@
 
 /// The text of the explanation of each figure.
 
+/// Of the address sanitizer, where it is there; it replaces what mallinfo2 looks at.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes()
+    __attribute__((weak));  // NOLINT(bugprone-reserved-identifier)
+
 namespace tallyfin {
 namespace {
 
 /// The user's locale, as on the desktop. In some locales numbers have a comma, or digits of several bytes.
 [[maybe_unused]] const char* const usersLocale = std::setlocale(LC_ALL, "");
+
+/// The bytes that are allocated at the time.
+std::size_t memoryInUse() {
+  if (__sanitizer_get_current_allocated_bytes != nullptr) return __sanitizer_get_current_allocated_bytes();
+  return mallinfo2().uordblks;
+}
 
 TEST_F(ExplainTest, ThereIsNoneBeforeTheFirstCalculateOfARun) {
   startSample();
@@ -33,6 +45,29 @@ TEST_F(ExplainTest, SharesAWholeDollarOutAndNothingOfNothing) {
   main().txtIncome.setText("0");
   calculate();
   EXPECT_TRUE(sharesOf(*lastTrace()).empty());
+}
+
+TEST_F(ExplainTest, KeepsNoMemoryFromCalculationToCalculation) {
+  startSample();
+  const auto work = [](int calculations) {
+    for (int i = 0; i < calculations; ++i) calculate();
+    return memoryInUse();
+  };
+  const std::size_t before = work(100);
+  EXPECT_LE(work(10'000), before + 1024);
+}
+
+TEST_F(ExplainTest, SharesNameAPartBelowATwentiethOfAPercent) {
+  startSample();
+  main().txt401k.setText(".0001");
+  calculate();
+  const auto shares = sharesOf(*lastTrace());
+  ASSERT_EQ(shares.size(), 6U);
+  EXPECT_EQ(shares[0].amount, dollars("0.1"));
+  EXPECT_EQ(shares[0].fraction, 0.0001);
+  EXPECT_EQ(shares[0].tenths, 0);
+  EXPECT_EQ(sharesText(*lastTrace()),
+            "Of the gross pay of $1,000.00: 401(k) 0%, federal tax 18.9%, state tax 2.8%, FICA 7.7%, check 70.6%.");
 }
 
 TEST_F(ExplainTest, SharesAddUpToAHundredPercent) {

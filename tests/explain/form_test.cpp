@@ -115,6 +115,17 @@ TEST_F(FormTest, ALineMayHaveNoTitle) {
                                      "it is used for. "}));
 }
 
+TEST_F(FormTest, BearsTheDateOfEachCalculationAndNotThatOfTheFirst) {
+  startSample();
+  calculate();
+  const auto dated = [] { return headingOf(*lastTrace(), explain(*lastTrace())).at(0).second; };
+  EXPECT_EQ(dated(), "Monday, May 17, 1999");
+  platform.time += std::chrono::days{1};
+  EXPECT_EQ(dated(), "Monday, May 17, 1999");
+  calculate();
+  EXPECT_EQ(dated(), "Tuesday, May 18, 1999");
+}
+
 TEST_F(FormTest, BearsNameDateAndEntries) {
   startSample(29);
   payData.staMarried = 3;

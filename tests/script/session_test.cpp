@@ -182,6 +182,38 @@ TEST_F(SessionTest, RefusesForTheFirstReasonThatApplies) {
   EXPECT_EQ(why("click frmPrint.cmdPrintMenu(0)"), "blocked");  // not loaded either
 }
 
+TEST_F(SessionTest, RefusesAQuestionForTheFirstReasonThatApplies) {
+  const auto both = [&] {
+    EXPECT_EQ(why("get frmNone.none none more"), "syntax");
+    EXPECT_EQ(why("get"), "syntax");
+    EXPECT_EQ(why("get frmNone title"), "unknown");
+    EXPECT_EQ(why("get frmState.none text"), "unknown");
+    EXPECT_EQ(why("get frmState.cboState none"), "unknown");
+  };
+  both();
+  EXPECT_EQ(why("get frmState.cboState text"), "not-running");
+  start();
+  both();
+  EXPECT_EQ(why("get frmState.cboState text"), "not-loaded");
+  EXPECT_EQ(ask("get frmMisc.lstGrossPay visible"), "= true");  // loaded, not shown
+  ask("click MDIOpen.SSListBar1(Analysis)");
+  both();
+  EXPECT_EQ(why("get frmState.cboState text"), "not-loaded");  // the box blocks no question
+  EXPECT_EQ(ask("get frmMain.txtIncome text"), "= \"0\"");
+}
+
+TEST_F(SessionTest, KillsARunWhileTheWarningStands) {
+  start();
+  ask("click MDIOpen.SSListBar1(Analysis)");
+  EXPECT_EQ(ask("get MsgBox front"), "= true");
+  EXPECT_EQ(ask("kill"), "ok");
+  EXPECT_EQ(ask("running"), "= false");
+  EXPECT_EQ(why("close MsgBox"), "not-running");
+  start();
+  EXPECT_EQ(why("get MsgBox front"), "not-loaded");
+  EXPECT_EQ(ask("type frmMain.txtIncome \"5\""), "ok");  // nothing is blocked
+}
+
 TEST_F(SessionTest, BlocksActionsButNoQuestionsUntilTheBoxIsAnswered) {
   start();
   ask("click MDIOpen.SSListBar1(Analysis)");

@@ -419,6 +419,18 @@ TEST_F(Report, NamesTheUserAndTheFigures) {
                                           RowKind::blank, RowKind::group, line, line));
 }
 
+TEST_F(Report, BearsTheDateOfEachMakingAndNotThatOfTheFirst) {
+  start();
+  const PrintEngine& engine = print().vsPrinter1;
+  EXPECT_EQ(engine.header(), " Prepared for - on Monday, May 17, 1999");
+  platform.time += std::chrono::days{1};
+  desk.use<frmPrint>().cmdPrintMenu[0].userClick();
+  EXPECT_EQ(engine.header(), " Prepared for - on Tuesday, May 18, 1999");
+  platform.time += std::chrono::days{1};
+  desk.use<frmPrint>().cmdPrintMenu[1].userClick();
+  EXPECT_EQ(print().vsPrinter1.header(), " Prepared for - on Wednesday, May 19, 1999");
+}
+
 TEST_F(Report, BeepsAndStaysWhereNoDocumentCanBeStarted) {
   start();
   platform.printerWorks = false;

@@ -32,6 +32,20 @@ TEST_F(RaiseCalculator, ShowsTheHourlyWageOfItsLoad) {
   EXPECT_EQ(misc().lblOldShow.caption(), "$20.00");
 }
 
+TEST_F(RaiseCalculator, GoesByTheHoursOfEachPressAndNotThoseOfTheFirst) {
+  percent().userType("3");
+  press();
+  EXPECT_EQ(main().txtIncome.text(), "824");  // 80 hours
+  misc().imgSeal.userClick();
+  main().txtHours.userType("40");
+  main().cmdAdditional[frmMain::raise].userClick();
+  EXPECT_EQ(misc().lblOldShow.caption(), "$20.60");
+  percent().userType("10");
+  press();
+  EXPECT_EQ(newWage().text(), "$22.66");
+  EXPECT_EQ(main().txtIncome.text(), "906.4");
+}
+
 TEST_F(RaiseCalculator, TakesAPercentage) {
   percent().userType("3");
   press();
@@ -522,6 +536,20 @@ TEST_F(Analysis, GoesByTheHoursInTheBoxOfAMainScreenBeneath) {
   main().txtHours.userType("10");
   choose("W4");
   choose("Analysis");  // closes the form only
+  EXPECT_EQ(desk.use<frmAnalysis>().lblOne[0].caption(), "$100.00");
+}
+
+TEST_F(Analysis, GoesByTheHoursOfEachOpeningAndNotThoseOfTheFirst) {
+  put("Frequency", "0");
+  start();
+  setFigures();
+  choose("W4");
+  choose("Analysis");
+  EXPECT_EQ(desk.use<frmAnalysis>().lblOne[0].caption(), "$25.00");
+  EXPECT_EQ(desk.userClose(desk.use<frmAnalysis>()), Refusal::none);
+  EXPECT_EQ(main().txtHours.userType("10"), Refusal::none);
+  choose("W4");
+  choose("Analysis");
   EXPECT_EQ(desk.use<frmAnalysis>().lblOne[0].caption(), "$100.00");
 }
 
