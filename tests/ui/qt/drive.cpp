@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -10,6 +12,8 @@
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
+#include <clocale>
 #include <iostream>
 
 /// Linked into the real program, its main.cpp unchanged, this types a name where TALLYFIN_TYPE gives one, accepts it,
@@ -32,17 +36,36 @@ int splashes() {
   return count;
 }
 
-void report(const QString& name, bool splashAtFirst) {
+/// Notices a splash that is shown.
+class SplashWatch : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Show && qobject_cast<QSplashScreen*>(watched) != nullptr) seen = true;
+    return false;
+  }
+
+  bool seen = false;
+};
+
+void report(const QString& name, bool splashSeen) {
   QFile written(qEnvironmentVariable("HOME") + QStringLiteral("/written"));
   const bool opened = written.open(QIODevice::WriteOnly);
   struct stat about {};
   stat(QFile::encodeName(written.fileName()).constData(), &about);
+  const QFontInfo system(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
   const QJsonObject seen{{"name", name},
-                         {"splashAtFirst", splashAtFirst},
+                         {"splashSeen", splashSeen},
                          {"splashes", splashes()},
                          {"style", QApplication::style()->metaObject()->className()},
                          {"font", QApplication::font().family()},
                          {"points", QApplication::font().pointSizeF()},
+                         {"tooltipPoints", QToolTip::font().pointSizeF()},
+                         {"systemFont", system.family()},
+                         {"systemPoints", system.pointSizeF()},
+                         {"decimal", std::localeconv()->decimal_point},
+                         {"application", QApplication::applicationName()},
+                         {"desktopFile", QApplication::desktopFileName()},
                          {"written", opened ? static_cast<int>(about.st_mode & 0777U) : -1}};
   std::cout << QJsonDocument(seen).toJson(QJsonDocument::Compact).toStdString() << std::endl;
 }
@@ -50,17 +73,18 @@ void report(const QString& name, bool splashAtFirst) {
 /// Runs when the program has made its application, before anything else of it.
 void drive() {
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) return;
+  QToolTip::setFont(QFont(QStringLiteral("Monospace"), 20));  // as a desktop may
+  auto* watch = new SplashWatch(qApp);
+  qApp->installEventFilter(watch);
   auto* timer = new QTimer(qApp);
-  QObject::connect(timer, &QTimer::timeout, timer, [timer] {
-    static bool splashAtFirst = false;
-    splashAtFirst = splashAtFirst || splashes() > 0;
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, watch] {
     QWidget* window = frame();
     auto* box = window == nullptr ? nullptr : window->findChild<QLineEdit*>(QStringLiteral("txtName"));
     if (box == nullptr) return;
     timer->stop();
     // The splash goes when the event loop has turned: it is awaited, not waited for.
-    const bool gone = QTest::qWaitFor([] { return splashes() == 0; });
-    report(box->text(), splashAtFirst || !gone);
+    static_cast<void>(QTest::qWaitFor([] { return splashes() == 0; }));
+    report(box->text(), watch->seen);
     const QString typed = qEnvironmentVariable("TALLYFIN_TYPE");
     if (!typed.isEmpty()) {
       box->setFocus();
