@@ -3,6 +3,7 @@
 cleanup as a normal end. No file stays beside the store, above all no log with old texts."""
 import os
 import pathlib
+import select
 import signal
 import subprocess
 import sys
@@ -23,8 +24,8 @@ def until(true):
 
 def start(*command, **options):
     # A shell in the background ignores SIGINT, and its children would too.
-    return subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL), **options)
+    return subprocess.Popen(command, **{"stdin": subprocess.PIPE, "stdout": subprocess.PIPE} | options,
+                            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
 
 
 for ending in signals:
@@ -58,6 +59,18 @@ for ending in signals:
     rest, _ = process.communicate(timeout=patience)
     assert process.returncode == -ending, process.returncode
     assert (out + rest).endswith(b"\n")
+
+    # The signal also ends a program that waits for room in a pipe that nobody reads.
+    for program, line in ((script, b"store\n"), (batch, b"1000,Weekly\n")):
+        with tempfile.TemporaryFile() as lines:
+            lines.write(b"income,frequency\n" + line * 50_000)
+            lines.seek(0)
+            process = start(program, stdin=lines)
+            # Once it has written, it sleeps only while the pipe is full.
+            until(lambda: select.select([process.stdout], [], [], 0)[0] and
+                  ") S " in pathlib.Path(f"/proc/{process.pid}/stat").read_text())
+            process.send_signal(ending)
+            assert process.wait(patience) == -ending, process.returncode
 
 # An ignored signal stays ignored, for nohup.
 process = subprocess.Popen([script], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
