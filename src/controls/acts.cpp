@@ -2,7 +2,7 @@
 #include "controls/desk.h"
 #include "controls/screen.h"
 
-/// What the user does to any control: the screen stack carries it out, or refuses it.
+/// The user's acts on controls. The screen stack carries them out or refuses them.
 
 namespace tallyfin {
 

@@ -2,11 +2,11 @@
 
 #include "controls/control.h"
 
-/// Controls that the user presses.
+/// Buttons, options, check boxes and items of the list bar.
 
 namespace tallyfin {
 
-/// A push button; one without a caption carries a picture.
+/// A push button. One without a caption has a picture.
 class CommandButton : public Clickable {
  public:
   CommandButton(Screen& screen, std::string name, std::string caption = "", std::string index = "");
@@ -36,7 +36,7 @@ class OptionGroup {
   }
 
   void add(OptionButton& option);
-  /// Clears all options; no handler runs.
+  /// Clears all options, without a handler.
   void clear();
 
  private:
@@ -53,7 +53,7 @@ class OptionButton : public Clickable {
   bool value() const { return set_; }
   /// Sets this option, clears the others, and runs Click, also when nothing changes.
   void select();
-  /// Clears this option; no handler runs.
+  /// Clears this option, without a handler.
   void deselect();
 
   void click() override { select(); }
@@ -73,7 +73,7 @@ class CheckBox : public Clickable {
 
   const std::string& caption() const { return caption_; }
   bool value() const { return ticked_; }
-  /// Ticks by code; no handler runs.
+  /// Ticks or clears the box by code, without a handler.
   void setValue(bool ticked);
 
   /// Changes the tick, then runs Click.
@@ -84,7 +84,7 @@ class CheckBox : public Clickable {
   bool ticked_ = false;
 };
 
-/// An item of the list bar, known by its key. It shows highlighted while the pointer is over it.
+/// An item of the list bar, identified by its key. It is highlighted while the pointer is over it.
 class ListBarItem : public Clickable {
  public:
   ListBarItem(Screen& screen, const std::string& name, const std::string& key, std::string group, std::string caption,

@@ -7,10 +7,11 @@
 
 #include "controls/property.h"
 
-/// The vocabulary of the screens: controls that hold what a window shows and know no toolkit.
+/// The controls of screens. They hold the values that a window shows, and don't depend on Qt.
 ///
-/// There are two ways to change a control. The program assigns (setText, setIndex, select, ...) and the rules say which
-/// handlers that runs. The user acts (userType, userPick, userClick, ...), which a hidden or disabled control refuses.
+/// There are two ways to change a control. The program assigns (setText, setIndex, select, ...); each function says
+/// which handlers it runs. The user acts (userType, userPick, userClick, ...); a hidden or disabled control refuses
+/// acts.
 
 namespace tallyfin {
 
@@ -19,10 +20,10 @@ class Screen;
 /// Why a user's act was refused. A refused act changes nothing.
 enum class Refusal { none, blocked, notShown, disabled, noEntry };
 
-/// Anything on a screen.
+/// A control of a screen.
 class Control : public Watched {
  public:
-  /// Registers itself with the screen, in the order of declaration. The index tells one of a control array.
+  /// Registers itself with the screen, in the order of declaration. The index is that of a control in a control array.
   Control(Screen& screen, std::string name, std::string index = "");
 
   Screen& screen() const { return screen_; }
@@ -42,22 +43,22 @@ class Control : public Watched {
   Handler onMouseLeave;
   Handler onMouseMove;
 
-  /// Moves the focus here by code: the control that had it loses it, then this one's handler runs.
+  /// Moves the focus here by code: the control that had the focus loses it, then the handler of this one runs.
   void setFocus();
   bool focused() const;
 
   Refusal userFocus();
   Refusal userEnter();
-  /// The pointer can always leave, whatever has become of the control meanwhile.
+  /// Never refused: the control may have been disabled or hidden meanwhile.
   void userLeave();
   Refusal userMove();
 
  protected:
   friend class Desk;
 
-  /// What the pointer does to the control itself, before the handler.
+  /// The effect of the pointer on the control, before the handler.
   virtual void pointerOver(bool /*over*/) {}
-  /// What gaining the focus does.
+  /// The effect of gaining the focus.
   virtual void gotFocus() { run(onGotFocus); }
 
  private:
@@ -75,18 +76,18 @@ class Clickable : public Control {
   Handler onDblClick;
 
   Refusal userClick();
-  /// Click once, then DblClick if the screen is still there.
+  /// Click, then DblClick if the screen still exists.
   Refusal userDblClick();
-  /// The second half of a double click whose first click has run already.
+  /// The rest of a double click whose Click has run already.
   Refusal userSecondClick();
-  /// What a click does: by the user, or "presses the button" by code.
+  /// The effect of a click, by the user or by code.
   virtual void click() { run(onClick); }
 
  protected:
   virtual void dblClick() { run(onDblClick); }
 };
 
-/// Controls under one name, told apart by their index.
+/// A control array: controls with one name and an index.
 template <class T, int count>
 class ControlArray {
  public:
@@ -102,13 +103,13 @@ class ControlArray {
   auto begin() { return controls_.begin(); }
   auto end() { return controls_.end(); }
 
-  /// Gives each control a handler that knows its index.
+  /// Gives each control a handler, which gets the index.
   template <class F>
   void on(Handler T::*event, F handler) {
     for (int i = 0; i < count; ++i) (*this)[i].*event = [handler, i] { handler(i); };
   }
 
-  /// Colours the text of each control at one event, and takes the colour back at another.
+  /// Sets the text colour of each control at one event, and resets it at another.
   void highlight(Handler T::*begin, Handler T::*end, Colour lit, Colour plain) {
     on(begin, [this, lit](int i) { (*this)[i].foreColour = lit; });
     on(end, [this, plain](int i) { (*this)[i].foreColour = plain; });

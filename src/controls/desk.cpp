@@ -52,7 +52,7 @@ Desk::Seat* Desk::seatOf(const Screen& screen) {
 
 Screen& Desk::load(std::unique_ptr<Screen> created) {
   Screen& screen = *created;
-  discarded_.reserve(discarded_.size() + seats_.size() + 1);  // so that a screen can be discarded without memory
+  discarded_.reserve(discarded_.size() + seats_.size() + 1);  // so that discarding a screen needs no memory
   seats_.push_back({std::move(created), true, false});
   if (screen.shown_ && watcher != nullptr) watcher->shown(screen);  // the frame is shown before its Load
   screen.Load();
@@ -73,10 +73,10 @@ void Desk::show(Screen& screen) {
   activateFront();
 }
 
-/// Runs Activate of the document that has come to the front, after its Load.
+/// Runs Activate of the new active document, after its Load.
 void Desk::activateFront() {
   Screen* front = activeDocument();
-  // Without a document both are null.
+  // Both are null without a document.
   if (front == activated_ || seatOf(*front)->loading) return;
   activated_ = front;
   front->Activate();

@@ -10,7 +10,7 @@
 
 namespace tallyfin {
 
-/// What the desk tells a binding.
+/// Notifications of the screen stack for a binding.
 class DeskWatcher {
  public:
   virtual ~DeskWatcher() = default;
@@ -19,7 +19,7 @@ class DeskWatcher {
   virtual void focusMoved() {}
 };
 
-/// Notified of each act of the user, one that runs within another excepted.
+/// Notified of each act of the user, except acts within an act.
 class ActWatcher {
  public:
   virtual ~ActWatcher() = default;
@@ -27,20 +27,20 @@ class ActWatcher {
   virtual void endAct() = 0;
 };
 
-/// Owns the screens and their life.
+/// The screen stack: owns the screens and controls their lifetime.
 ///
 /// A screen is created and loaded at its first use, which is the first access to anything of it or its first showing;
-/// closing runs its Unload and discards it. The shown documents form a stack whose front is the active document. While
-/// a screen loads it is in use already but can't be closed; while it unloads it can be neither shown nor closed.
+/// closing runs its Unload and discards it. The shown documents are a stack, with the active document in front. A
+/// screen can't be closed while it loads, and neither shown nor closed while it unloads.
 class Desk {
  public:
-  /// The screen; created and loaded where it isn't yet. The only way to another screen.
+  /// The screen; creates and loads it where necessary. The only way to another screen.
   template <class S>
   S& use() {
     if (Screen* screen = find(S::screenName)) return static_cast<S&>(*screen);
     return static_cast<S&>(load(std::make_unique<S>()));
   }
-  /// The screen if it is loaded, else none.
+  /// The screen if it is loaded, else null.
   Screen* find(std::string_view name) const;
   template <class S>
   S* find() const {
@@ -81,20 +81,20 @@ class Desk {
   /// The control that has the focus: one for the whole program.
   Control* focused() const { return focused_; }
   void moveFocus(Control& control);
-  /// The focus goes to something that is no control: the one that had it loses it.
+  /// Moves the focus to something that isn't a control: the control that had the focus loses it.
   void dropFocus();
 
-  /// A user's act on a control: refused where the control can't be reached, or for the reason given; else the screen
-  /// comes to the front and the act is carried out.
+  /// A user's act on a control. Refused where the control can't be reached, or for the given reason; else brings the
+  /// screen to the front and carries out the act.
   Refusal act(Control& control, const std::function<void()>& carryOut) { return act(control, Refusal::none, carryOut); }
   Refusal act(Control& control, Refusal further, const std::function<void()>& carryOut);
-  /// The same for the pointer, which brings nothing to the front.
+  /// The same for the pointer, without bringing the screen to the front.
   Refusal point(Control& control, const std::function<void()>& carryOut);
-  /// Runs as an act what can't be refused.
+  /// Runs a function as an act that can't be refused.
   void carryOut(const std::function<void()>& act);
   /// A user's act on the screen itself.
   Refusal act(Screen& screen, const std::function<void()>& carryOut);
-  /// The user closes a screen by its own frame; closing the frame of the program ends the run.
+  /// The user closes a screen by its window. Closing the frame of the program ends the run.
   Refusal userClose(Screen& screen);
   /// True while a box must be answered before anything else on this screen.
   bool blocked(std::string_view screenName) const;
@@ -111,12 +111,12 @@ class Desk {
     });
   }
   bool running() const { return running_; }
-  /// Ends the run at once: no handler runs, and no screen is left when the present act is over.
+  /// Ends the run at once: no handler runs, and all screens are destroyed at the end of the current act.
   void end();
 
-  /// The binding that is told, while a program runs; null otherwise.
+  /// The binding that is notified while a program runs; else null.
   DeskWatcher* watcher = nullptr;
-  /// Null where nothing depends on acts.
+  /// Null where nothing is notified of acts.
   ActWatcher* actWatcher = nullptr;
 
  private:
@@ -140,11 +140,11 @@ class Desk {
   std::string blocker_;
   bool running_ = false;
   int depth_ = 0;
-  /// Closed screens, kept until the act that closed them is over: a handler may close its own screen.
+  /// Closed screens, kept until the end of the act: a handler may close its own screen.
   std::vector<std::unique_ptr<Screen>> discarded_;
 };
 
-/// The one desk.
+/// The screen stack of the program.
 extern Desk desk;
 
 }  // namespace tallyfin

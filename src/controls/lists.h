@@ -5,12 +5,12 @@
 
 #include "controls/control.h"
 
-/// Controls that offer entries to choose from.
+/// Lists and drop-down lists.
 
 namespace tallyfin {
 
-/// A list of texts of which one, or none, is chosen. Entries count from 0; -1 means that none is chosen, and every list
-/// starts so.
+/// A list of texts of which one, or none, is chosen. Entries are numbered from 0; -1 means none, which is the initial
+/// value.
 class ListBox : public Control {
  public:
   ListBox(Screen& screen, std::string name, std::vector<std::string> entries = {}, std::string index = "");
@@ -19,11 +19,11 @@ class ListBox : public Control {
   int index() const { return index_; }
   /// Chooses an entry by code and runs Click, also when nothing changes; -1 chooses none. Fails outside the list.
   void setIndex(int index);
-  /// The same for a number, such as a stored one, that must be that of an entry: -1 fails too.
+  /// The same for a number, such as a stored one. Fails also for -1.
   void setEntry(int index);
-  /// The text of the chosen entry, empty if none is.
+  /// The text of the chosen entry; empty for none.
   virtual const std::string& text() const;
-  /// The number that add() gave the chosen entry.
+  /// The number of the chosen entry in its add().
   int itemData() const;
 
   virtual void clear();
@@ -49,8 +49,8 @@ class DropDown : public ListBox {
   using ListBox::ListBox;
 };
 
-/// A drop-down with an editable text, which code and user may set to anything: the entry with the same text is then the
-/// chosen one, or none is, and no Click runs.
+/// A drop-down with an editable text, which code and user may set to any text. The entry with the same text, or none,
+/// is then chosen, without Click.
 class EditableDropDown : public DropDown {
  public:
   using DropDown::DropDown;
@@ -68,7 +68,7 @@ class EditableDropDown : public DropDown {
   std::string text_;
 };
 
-/// A pair of arrows that turn a value.
+/// A pair of arrow buttons that change a value.
 class UpDown : public Control {
  public:
   UpDown(Screen& screen, std::string name, int from, int to, int value);

@@ -75,7 +75,7 @@ void PrintEngine::startDocument() {
 }
 
 void PrintEngine::endDocument() {
-  pages_ = 1;  // the one table of the system fits a page
+  pages_ = 1;  // the table fits on a page
   changed();
 }
 
@@ -88,7 +88,7 @@ void PrintEngine::setFont(int points, bool bold, bool italic) {
 void PrintEngine::addTable(std::string table, const std::vector<std::string>& totals) {
   table_ = std::move(table);
   std::vector<std::string> rows = splitAt(table_, ';');
-  rows.pop_back();  // every row ends in the divider
+  rows.pop_back();  // every row ends with the separator
   for (const std::string& column : splitAt(rows.front(), '|')) {
     int width = 0;
     std::from_chars(column.data() + 1, column.data() + column.size(), width);

@@ -9,11 +9,11 @@
 
 namespace tallyfin {
 
-/// What a row of a table is to its reader.
+/// The kind of a row of a table.
 enum class RowKind {
   line,
   heading,  ///< Of the columns.
-  group,    ///< The heading of the rows below it: words without a figure.
+  group,    ///< The heading of the rows below it: a text without a figure.
   total,
   result,
   blank,
@@ -21,7 +21,7 @@ enum class RowKind {
 /// "line", "heading", ...
 const char* nameOf(RowKind kind);
 
-/// A row of a grid as one text whose fields are divided by the separator and may be enclosed in the delimiter.
+/// A row of a grid as one text. The separator is between the fields, which may be enclosed in the delimiter.
 struct GridRow {
   std::string text;
   RowKind kind = RowKind::line;
@@ -35,7 +35,7 @@ class Grid : public Control {
 
   void setFieldDelimiter(char delimiter) { delimiter_ = delimiter; }
   void setFieldSeparator(char separator) { separator_ = separator; }
-  /// Puts rows in place of all that stood there; notifies once.
+  /// Replaces all rows; notifies once.
   void setRows(const std::vector<GridRow>& rows);
   void removeAll() { setRows({}); }
 
@@ -61,15 +61,15 @@ struct PrintColumn {
   int width = 0;  ///< Twips.
 };
 
-/// A print and preview facility: one document of a header, a table and a footer. A table comes as one text in which
-/// rows end in ";" and cells are divided by "|"; the first row gives the columns ("<3000|>1500;": left-aligned and 3000
-/// twips wide, right-aligned and 1500 twips wide), the second the headings.
+/// A print and preview facility: one document of a header, a table and a footer. A table is one text: rows end with
+/// ";", and "|" separates cells. The first row describes the columns ("<3000|>1500;": left-aligned and 3000 twips wide,
+/// right-aligned and 1500 twips wide), the second the headings.
 class PrintEngine : public Control {
  public:
   using Control::Control;
   using Cells = std::vector<std::string>;
 
-  /// Starts a new document in place of the old one.
+  /// Starts a new document, which replaces the old one.
   void startDocument();
   void endDocument();
 
@@ -91,7 +91,7 @@ class PrintEngine : public Control {
   const std::vector<Cells>& cells() const { return cells_; }
   const std::vector<RowKind>& kinds() const { return kinds_; }
   int zoom() const { return zoom_; }
-  /// Pages of the document that stands; 0 before the first.
+  /// Pages of the document; 0 before the first.
   int pages() const { return pages_; }
 
  private:

@@ -23,10 +23,10 @@ struct Colour {
   bool operator==(const Colour&) const = default;
 };
 
-/// No colour set: the screen's own.
+/// No colour: that of the screen.
 using OwnColour = std::optional<Colour>;
 
-/// Whatever a binding may watch: a control or a screen.
+/// A control or a screen, which a binding may watch.
 class Watched {
  public:
   Watched() = default;
@@ -42,7 +42,7 @@ class Watched {
   Handler watcher_;
 };
 
-/// A plain value of a control or screen that tells the watcher when it is assigned.
+/// A value of a control or screen that notifies the watcher of assignments.
 template <class T>
 class Property {
  public:

@@ -18,8 +18,8 @@ enum class Place {
   box,       ///< Above the frame.
 };
 
-/// A screen as a model: named controls, registered in the order of their declaration, and handlers. Its life (creation
-/// at first use, Load, Activate, Unload) is the desk's.
+/// A screen as a model: named controls, registered in the order of their declaration, and handlers. The screen stack
+/// controls its lifetime (creation at first use, Load, Activate, Unload).
 class Screen : public Watched {
  public:
   Screen(std::string name, std::string titleAtDesign, Place place = Place::document)
@@ -31,7 +31,7 @@ class Screen : public Watched {
 
   Property<std::string> title;
   Property<OwnColour> backColour{*this, std::nullopt};
-  /// Set to fill the shell.
+  /// Whether it fills the document area.
   Property<bool> maximized{*this, false};
   bool shown() const { return shown_; }
 
@@ -42,7 +42,7 @@ class Screen : public Watched {
   Refusal userDblClick();
 
  protected:
-  /// Gives every control the text colour.
+  /// Sets the text colour of every control.
   void setTextColour(Colour colour);
 
   virtual void Load() {}

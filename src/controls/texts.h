@@ -2,11 +2,11 @@
 
 #include "controls/control.h"
 
-/// Controls that show or take a text.
+/// Text boxes, masked boxes, labels and panels.
 
 namespace tallyfin {
 
-/// A box that the user types into.
+/// A text box.
 class TextBox : public Control {
  public:
   TextBox(Screen& screen, std::string name, std::string text = "", std::string index = "");
@@ -14,7 +14,7 @@ class TextBox : public Control {
   const std::string& text() const { return text_; }
   /// Replaces the text by code; the selection goes back to the start.
   void setText(std::string text);
-  /// The text that is displayed while the box isn't being edited.
+  /// The text that is shown while the box isn't edited.
   virtual std::string shown() const { return text_; }
 
   int selStart() const { return selStart_; }
@@ -27,7 +27,7 @@ class TextBox : public Control {
  protected:
   /// Selects the whole text.
   void gotFocus() override;
-  /// Whether the text is one that the user typed.
+  /// Whether the user typed the text.
   bool typed() const { return typed_; }
 
  private:
@@ -43,11 +43,11 @@ class TextBox : public Control {
 enum class Format {
   none,
   currency,  ///< "$#,##0.00;($#,##0.00)"
-  whole,     ///< "0", for a typed number only: a text that the program assigned stands as assigned
+  whole,     ///< "0", for a typed number only: a text that the program assigned isn't formatted
 };
 
-/// A box that shows its text in a format while it isn't being edited. Every character can be typed: the parser
-/// decides what is a number.
+/// A box that shows its text in a format while it isn't edited. Every character can be typed; the parser checks for
+/// numbers.
 class MaskedBox : public TextBox {
  public:
   MaskedBox(Screen& screen, std::string name, Format format, std::string tooltip = "");
@@ -58,8 +58,7 @@ class MaskedBox : public TextBox {
   Format format_;
 };
 
-/// A text on the screen that may serve as working storage. Clicks on one without handlers for them are clicks on its
-/// screen.
+/// A label. Its caption may be used as a variable. Clicks on a label without click handlers are clicks on its screen.
 class Label : public Clickable {
  public:
   Label(Screen& screen, std::string name, std::string caption = "", std::string index = "");
@@ -82,7 +81,7 @@ class Label : public Clickable {
   bool changing_ = false;
 };
 
-/// A rectangle that holds other controls; a page lies out of sight at left -10000. Twips.
+/// A rectangle with other controls. A page that is out of view is at left -10000. Twips.
 class Panel : public Control {
  public:
   Panel(Screen& screen, std::string name, std::string caption = "", std::string index = "");

@@ -14,7 +14,7 @@
 #include "store/store.h"
 
 /// tallyfin99-script [STORE-FILE]: one command a line on standard input, one answer a line on standard output. With
-/// STORE-FILE it works on the desktop program's store at that path, otherwise on one that ends with the process.
+/// STORE-FILE it uses a store in that file, like the desktop program; else a store in memory.
 
 namespace {
 
@@ -47,7 +47,7 @@ std::unique_ptr<SettingsStore> storeAt(const std::string& name) {
   return std::make_unique<FileStore>(path);
 }
 
-/// The answer to a line. What no memory is left for has failed as a whole; what it had stored stays.
+/// The answer to a line. Without memory the whole command has failed; texts that it had stored stay stored.
 std::optional<std::string> answerTo(Session& session, Lines::Reading reading, const std::string& line) {
   try {
     if (reading == Lines::Reading::tooLong) return noMemory;
@@ -86,8 +86,8 @@ int start(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  umask(S_IRWXG | S_IRWXO);       // whatever the program writes is the user's alone
-  std::signal(SIGPIPE, SIG_IGN);  // a failed write reports it instead
+  umask(S_IRWXG | S_IRWXO);       // files are accessible by the user only
+  std::signal(SIGPIPE, SIG_IGN);  // a failed write reports the error
   std::signal(SIGXFSZ, SIG_IGN);
   hideMemory();
   if (!fillStandardStreams()) {

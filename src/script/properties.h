@@ -11,7 +11,7 @@ class Screen;
 
 namespace tallyfin::script {
 
-/// A property as the protocol writes it; none where this kind of control, or a screen, has no such property.
+/// A property in the form of the protocol; none where this kind of control, or a screen, doesn't have it.
 std::optional<std::string> property(const Control& control, std::string_view name);
 std::optional<std::string> property(const Screen& screen, std::string_view name);
 

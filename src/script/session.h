@@ -15,12 +15,11 @@ namespace tallyfin::script {
 
 struct Word;
 
-/// The headless binding: carries out one command a line on the same models that the desktop shows, and answers each
-/// with one line.
+/// The headless binding: carries out one command a line on the screen models, and answers each with one line.
 class Session {
  public:
-  /// On a platform whose clock can be set and whose printed pages are counted; a binding on top is told what the desk
-  /// does.
+  /// Uses a platform with a clock that can be set, and counts printed pages. A further binding is notified of the
+  /// screens.
   explicit Session(SettingsStore& store, const Platform& runsOn = plainPlatform(), DeskWatcher* binding = nullptr);
 
   /// The answer to a line; none for a blank line or a comment.
@@ -30,7 +29,7 @@ class Session {
   static std::vector<std::string_view> commandNames();
 
  private:
-  /// A clock that stands still once it has been set.
+  /// A clock that stops when it is set.
   class Watch : public Clock {
    public:
     LocalTime now() const override { return stopped ? *stopped : system.now(); }
@@ -39,7 +38,7 @@ class Session {
    private:
     SystemClock system;
   };
-  /// Counts the pages that go to a printer.
+  /// Counts the printed pages.
   class PageCounter : public Printer {
    public:
     explicit PageCounter(Printer& printer) : printer_(printer) {}
@@ -54,8 +53,8 @@ class Session {
     Printer& printer_;
   };
 
-  /// What an address names: a control, or the screen itself. It is looked up on a screen of the same build that is
-  /// never loaded, so addresses are known whether or not their screen is.
+  /// The target of an address: a control, or a screen. Addresses are looked up on screen objects that are never loaded,
+  /// so they are known for all screens.
   struct Addressed {
     const Screen* design = nullptr;
     const Control* control = nullptr;
@@ -96,7 +95,7 @@ class Session {
   std::string printed(const Words& words);
 
   std::optional<Addressed> find(const std::string& address) const;
-  /// Why nothing can be done to the target at all; empty where it can.
+  /// The reason why no act on the target is possible; empty where acts are possible.
   std::string unreachable(const Addressed& target) const;
   template <class Kind, class Act>
   std::string actOn(const std::string& address, Act act);

@@ -24,13 +24,13 @@ Lines::Reading Lines::next(std::string& line) {
     unread_.remove_prefix(length == std::string_view::npos ? unread_.size() : length + 1);
     try {
       if (fits) line += part;
-    } catch (const std::exception&) {  // bad_alloc, or longer than any text
+    } catch (const std::exception&) {  // bad_alloc or length_error
       fits = false;
       std::string().swap(line);
     }
     if (length != std::string_view::npos) return fits ? Reading::line : Reading::tooLong;
   }
-  if (!begun || endingSignal() != 0) return Reading::end;  // half a line isn't what was meant
+  if (!begun || endingSignal() != 0) return Reading::end;  // an incomplete line isn't a command
   return fits ? Reading::line : Reading::tooLong;
 }
 
@@ -53,7 +53,7 @@ void writeOut(std::string_view text) {
   while (!text.empty()) {
     std::array<pollfd, 2> waited{{{STDOUT_FILENO, POLLOUT, 0}, {endingDescriptor(), POLLIN, 0}}};
     ::poll(waited.data(), waited.size(), -1);
-    if (waited[0].revents == 0 && endingSignal() != 0) return;  // nobody reads any longer
+    if (waited[0].revents == 0 && endingSignal() != 0) return;  // the reader has stopped
     const ssize_t count = ::write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
     if (count >= 0) {
       text.remove_prefix(static_cast<std::size_t>(count));

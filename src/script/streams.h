@@ -5,16 +5,16 @@
 #include <string>
 #include <string_view>
 
-/// Standard input by lines, and standard output, of the headless program. What can't be read or written throws Trouble.
+/// Standard input by lines, and standard output, of the headless program. Errors throw Trouble.
 
 namespace tallyfin::script {
 
-/// What went wrong, in words for the user.
+/// An error, with a message for the user.
 struct Trouble : std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-/// The lines of standard input, until a signal comes that ends the program.
+/// The lines of standard input, until a signal that ends the program.
 class Lines {
  public:
   enum class Reading {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r";
 
-/// The length of the quoted word at the front of a text; npos where it doesn't end.
+/// The length of the quoted word at the beginning of a text; npos where it isn't closed.
 std::size_t quotedLength(std::string_view text) {
   for (std::size_t i = 1; i < text.size(); ++i) {
     if (text[i] == '"') return i + 1;

@@ -41,7 +41,7 @@ void analysis() {
   }
 }
 
-/// The list bar: what stands where, and what a click does.
+/// The items of the list bar, and the effects of clicks.
 struct Item {
   const char* group;
   const char* caption;
@@ -68,7 +68,7 @@ constexpr std::array<Item, 14> items{{
     {"Help", "About", "About", "about", "Ctrl+0", [] { desk.show<frmAbt>(); }},
 }};
 
-/// The item that leads to a screen, or to the one from which it opens.
+/// The item that opens a screen, or the screen from which it opens.
 constexpr std::pair<std::string_view, std::string_view> itemOfScreen[] = {{"frmMain", "Calc"},
                                                                           {"frmMisc", "Calc"},
                                                                           {"frmPrint", "Calc"},

@@ -5,7 +5,7 @@
 
 namespace tallyfin {
 
-/// The states of a window that a user can ask for.
+/// The window states that a user can request.
 enum class WindowState { normal, maximized, minimized };
 
 /// The frame of the program: a window of fixed size with a list bar, and an area in which the documents open.
@@ -20,10 +20,10 @@ class MDIOpen final : public Screen {
 
   std::array<ListBarItem, 14> SSListBar1;
 
-  /// The item that leads to the page of this name, or to the one from which it opens; null for other screens.
+  /// The item that opens the screen of this name, or the screen from which it opens; null for other screens.
   const ListBarItem* itemOf(std::string_view page) const;
 
-  /// The user asks for a window state; the frame springs back to normal.
+  /// The user requests a window state; the frame returns to the normal state.
   Refusal userResize(WindowState state);
 
  protected:

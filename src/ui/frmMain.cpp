@@ -22,7 +22,7 @@ namespace {
 /// The hours of a full-time job in the pay period.
 constexpr std::array fullTimeHours{"40", "86.66", "80", "173.33"};
 
-/// What Sponsor Info shows; it is connected to no other data.
+/// The rows of Sponsor Info.
 constexpr std::array sponsorRows{"Accounts Desk,555-0110",
                                  "Payroll Desk,555-0121",
                                  "State Tables,555-0134",
@@ -49,7 +49,7 @@ frmMain::frmMain() : Screen(screenName, "Calculations") {
   cmdToolBar[print].tooltip = "Print";
   cmdToolBar[clear].tooltip = "Clear";
   cmdToolBar[exit].tooltip = "Exit";
-  cmdToolBar[sponsorInfo].tooltip = "Exit";  // said twice, on purpose
+  cmdToolBar[sponsorInfo].tooltip = "Exit";  // the same tip as Exit: required
 
   lstFrequency.onClick = [this] { lstFrequency_Click(); };
   cboState.onClick = [this] { cboState_Click(); };
@@ -71,21 +71,21 @@ void frmMain::Load() {
   txtPreTax.setText(settings::notTax.text());
   txtPreFICA.setText(settings::ssExmp.text());
   txtHours.setText(settings::hours.text());
-  unlessItFails([&] { cboState.setEntry(settings::state.number().value()); });  // may open the state options
+  unlessItFails([&] { cboState.setEntry(settings::state.number().value()); });  // its click may open the state options
   unlessItFails([&] { cboExemptions.setEntry(settings::deps.number().value()); });
   unlessItFails([&] { payData.frequency = settings::frequency.numberOr(lstFrequency.index()); });
   unlessItFails([&] { payData.maritalStat = settings::maritalStat.number(); });
-  // As stored, not normalised: a rate typed as 2 is 200 percent from here on.
+  // As stored, not normalised: a rate typed as 2 becomes 200 percent. Required.
   unlessItFails([&] { payData.localRate = realOf(settings::local.text()); });
   desk.use<frmMisc>().txtTaxPerCnt.setText(toText(payData.localRate));
   unlessItFails([&] { payData.mMethod = settings::mMethod.number(); });
   unlessItFails([&] { chkSelfEmployed.setValue(settings::self.number() != 0); });
   unlessItFails([&] { exemptions = toInt16(cboExemptions.text()); });
-  // Selecting runs the click, which replaces the hours by those of the frequency.
+  // Selecting runs Click, which replaces the hours by those of the frequency.
   unlessItFails([&] { lstFrequency.setEntry(payData.frequency.value()); });
   recordAllowance(exemptions);
   if (payData.maritalStat >= 0 && payData.maritalStat <= 2) optStatus[payData.maritalStat.value()].select();
-  desk.close<frmState>();  // its closing brings the saved state options into the record
+  desk.close<frmState>();  // its Unload assigns the saved state options to the record
 }
 
 void frmMain::showFigure(int label, Money figure) {
@@ -100,7 +100,7 @@ void frmMain::lstFrequency_Click() {
 }
 
 void frmMain::optStatus_Click(int index) {
-  // The caption decides about the third option; as it stands, that option yields the single tables.
+  // The caption of the third option decides its meaning. With the current caption it is Single.
   takeStatus(index, optStatus[2].caption() == "Married, Two Incomes");
 }
 

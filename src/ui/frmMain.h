@@ -11,8 +11,8 @@ namespace tallyfin {
 
 /// The paycheck worksheet: the inputs of one check, the results grid, the toolbar.
 ///
-/// It is closed and loaded again often; the record outlives it. Its Load is the only place where `depsDed` is made: a
-/// new number of exemptions counts once it has been saved by a Calculate and the screen has been loaded again.
+/// It is closed and loaded again often; the record outlives it. `depsDed` is assigned only in Load: a new number of
+/// exemptions takes effect when Calculate has saved it and the screen has been loaded again.
 class frmMain final : public Screen, public Worksheet {
  public:
   static constexpr const char* screenName = "frmMain";
@@ -79,7 +79,7 @@ class frmMain final : public Screen, public Worksheet {
   void clearCommand();
   void sponsorInfoCommand();
   void saveEntries();
-  /// Makes `totalDed` and `checkAmt` and adds the twelve result rows to the grid, which the caller has emptied.
+  /// Calculates `totalDed` and `checkAmt`, and adds the twelve result rows to the grid, which the caller has emptied.
   void GridPrint();
 
   OptionGroup status{optStatus};

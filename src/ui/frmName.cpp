@@ -33,7 +33,7 @@ void frmName::chkShow_Click() {
 }
 
 void frmName::cmdExit_Click() {
-  if (txtName.text().empty()) return txtName.setFocus();  // the one required field
+  if (txtName.text().empty()) return txtName.setFocus();  // the only required field
   settings::uName.save(txtName.text());
   settings::uAdd.save(txtAddress.text());
   settings::uCity.save(txtCity.text());

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* totalOfDeductions = "Total of Deductions";
 constexpr const char* checkAmount = "Check Amount";
 
-/// The report as one text for the print engine. totalDed and checkAmt are as the results grid left them.
+/// The report as one text for the print engine. Uses `totalDed` and `checkAmt` of the last GridPrint.
 std::string reportTable() {
   const auto amount = [](const char* title, Money figure) { return title + ("|" + currency(figure)) + ";"; };
   const std::string emptyRow = "|;";

@@ -6,9 +6,9 @@
 
 namespace tallyfin {
 
-/// The program, for whoever runs it: the desktop, the script, the page, a test. While it lives the rules have its
-/// store, its platform and the main screen as their worksheet, and the binding, if there is one, is told what the desk
-/// does; what was there before comes back when it goes. Store, platform and binding must live longer.
+/// The program in the desktop program, the script program, the web app or a test. During its lifetime its store, its
+/// platform, the main screen as worksheet and the binding, if there is one, are installed; the destructor restores the
+/// previous ones. Store, platform and binding must outlive it.
 class Program final : private WorksheetProvider, private ActWatcher {
  public:
   Program(SettingsStore& store, const Platform& runsOn, DeskWatcher* binding = nullptr);

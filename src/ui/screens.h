@@ -21,7 +21,7 @@
 
 namespace tallyfin {
 
-/// Every screen of the program, for bindings that go through them all.
+/// All screens of the program, for bindings.
 template <template <class...> class List>
 using AllScreens = List<MDIOpen, frmMain, frmState, frmName, frmMisc, frmMultiCheck, frmAnalysis, frmPrint,
                         frmPersWkSht, frmDednAdj, frm2Workers, frmTableOne, frmCalendar, frmW4, frmAbt, MsgBox>;

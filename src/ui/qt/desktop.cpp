@@ -28,12 +28,13 @@ Desktop::Desktop(SettingsStore& store, Dialogs& dialogs)
     moveMark(now);
     if (frame_ != nullptr && now != nullptr) frame_->confirm({});
   });
-  // The toolkit's own dialogs would keep a file of settings beside the store. There is no folder below a file.
+  // Qt's dialogs would write a settings file beside the store. A path below a file can't be created, which prevents
+  // that.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
 Desktop::~Desktop() {
-  disconnect(qApp, nullptr, this, nullptr);  // the keyboard wanders from widget to widget while they go
+  disconnect(qApp, nullptr, this, nullptr);  // the focus moves from widget to widget while they are destroyed
   delete ring_;
 }
 
@@ -67,8 +68,8 @@ void Desktop::showDocument(Screen& screen) {
   arrange();
 }
 
-/// Brings the active document to the front. It gets the keyboard once the act that opened it is over, for the rules may
-/// have moved the focus.
+/// Brings the active document to the front. It gets the keyboard focus after the act that opened it, because the act
+/// may move the focus.
 void Desktop::arrange() {
   if (frame_ == nullptr) return;
   frame_->area().arrange();
@@ -92,7 +93,7 @@ void Desktop::giveKeyboard() {
   }
 }
 
-/// Marks the widget that has the keyboard, and scrolls it into sight unless the mouse is at work on it.
+/// Shows the focus ring, and scrolls the widget with the focus into view, unless a mouse button is pressed on it.
 void Desktop::moveMark(QWidget* now) {
   const bool foreign = now == nullptr || now->window()->inherits("QFileDialog") ||
                        now->window()->inherits("QAbstractPrintDialog") || now->focusPolicy() == Qt::NoFocus ||
@@ -105,12 +106,12 @@ void Desktop::moveMark(QWidget* now) {
     auto* area = qobject_cast<QScrollArea*>(part);
     if (area == nullptr || QApplication::mouseButtons() != Qt::NoButton) continue;
     area->ensureWidgetVisible(now, look::row, look::row);
-    const QPoint begin = now->mapTo(area->widget(), QPoint());  // of one that is too wide, its beginning
+    const QPoint begin = now->mapTo(area->widget(), QPoint());  // the beginning of one that is too wide
     area->ensureVisible(begin.x(), begin.y(), look::row, 0);
   }
 }
 
-/// The widget of the control that has the focus; none if that has none.
+/// The widget of the control that has the focus; null for none.
 QWidget* Desktop::focusedWidget() const {
   const Control* control = desk.focused();
   if (control == nullptr) return nullptr;
@@ -118,8 +119,8 @@ QWidget* Desktop::focusedWidget() const {
   return entry == views_.end() || entry->second == nullptr ? nullptr : entry->second->widgetOf(*control);
 }
 
-/// Tells the model that a widget which belongs to no control has taken the keyboard. A view holds it while no control
-/// of its screen has been given it, and what a widget opens (the list of a drop-down) is part of it.
+/// Notifies the model that a widget without a control has taken the keyboard focus. A view has the focus while no
+/// control of its screen has it. The popup of a widget (the list of a drop-down) counts as the widget.
 void Desktop::dropFocus(const QWidget* now) {
   if (now == nullptr || dynamic_cast<const View*>(now) != nullptr) return;
   const QWidget* owner = focusedWidget();
@@ -144,7 +145,7 @@ void Desktop::showBox(Screen& screen) {
   layout->addWidget(view);
   views_[&screen] = view;
   boxes_[&screen] = box;
-  // Closed by its own frame, or by Escape, the box goes the way of every closing.
+  // Closing the box by its window or by Escape is an act like any other.
   connect(box, &QDialog::rejected, this, [view] {
     if (Screen* closed = view->screen()) desk.userClose(*closed);
   });
@@ -174,9 +175,9 @@ void Desktop::discarded(Screen& screen) {
       holder = holder->parentWidget();
     }
   }
-  // A button may be closing its own screen, so its widgets go when its event is over.
+  // A button may close its own screen, so its widgets are deleted after the event.
   if (holder != nullptr) holder->deleteLater();
-  afterThisEvent(*this, [this] { arrange(); });  // once the next document is the active one
+  afterThisEvent(*this, [this] { arrange(); });  // when the next document is active
 }
 
 void Desktop::focusMoved() {

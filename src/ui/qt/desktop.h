@@ -21,8 +21,8 @@ class FocusRing;
 class Frame;
 class View;
 
-/// The desktop binding as a whole: shows what the desk holds. A shown screen has a view; documents stand in the frame,
-/// boxes above it. While it lives it is also the program's beeper, mouse pointer, printer and help.
+/// The desktop binding: shows the screens of the screen stack. A shown screen has a view; documents are in the frame,
+/// boxes above it. During its lifetime it is also the program's beeper, mouse pointer, printer and help.
 class Desktop final : public QObject, private DeskWatcher {
  public:
   Desktop(SettingsStore& store, Dialogs& dialogs);
@@ -31,7 +31,7 @@ class Desktop final : public QObject, private DeskWatcher {
   /// Begins a run: the frame, then its first screen.
   void start();
   Frame* frame() const { return frame_.get(); }
-  /// The view of a shown screen; none if it isn't shown.
+  /// The view of a shown screen; null if it isn't shown.
   View* view(std::string_view screenName) const;
 
  private:
@@ -52,7 +52,7 @@ class Desktop final : public QObject, private DeskWatcher {
   std::map<const Screen*, QPointer<View>> views_;
   std::map<const Screen*, QPointer<QDialog>> boxes_;
   QPointer<FocusRing> ring_;
-  QPointer<View> said_;  ///< The page whose title has been told last.
+  QPointer<View> said_;  ///< The page whose title was announced last.
   DesktopBeeper beeper_;
   DesktopPointer pointer_;
   ScreenPrinter printer_;

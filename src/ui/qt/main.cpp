@@ -15,18 +15,18 @@
 #include "ui/qt/widgets/look.h"
 
 int main(int argc, char** argv) {
-  umask(S_IRWXG | S_IRWXO);  // whatever the program writes is the user's alone
+  umask(S_IRWXG | S_IRWXO);  // files are accessible by the user only
   tallyfin::hideMemory();
   tallyfin::fillStandardStreams();
   tallyfin::awaitEndings();
   QApplication application(argc, argv);
-  std::setlocale(LC_NUMERIC, "C");  // which it has set to the user's, where a number may have a comma
+  std::setlocale(LC_NUMERIC, "C");  // Qt has set it to the user's, where a number may have a comma
   QApplication::setApplicationName(QStringLiteral("Tallyfin99"));
   QApplication::setDesktopFileName(QStringLiteral("tallyfin99"));
   tallyfin::qt::look::apply(application);
 
-  // The splash stands while the frame is being made, and no longer. It is kept as drawn: drawing it took a tenth of
-  // the start.
+  // The splash is shown until the frame is created. It is a picture file, because drawing it took a tenth of the start
+  // time.
   auto* splash = new QSplashScreen(QPixmap(QStringLiteral(":/pictures/splash.png")));
   splash->setAttribute(Qt::WA_DeleteOnClose);
   splash->show();
@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
   const QSocketNotifier ending(tallyfin::endingDescriptor(), QSocketNotifier::Read);
   QObject::connect(&ending, &QSocketNotifier::activated, &application, &QApplication::quit);
   desktop.start();
-  // Waiting for the frame to be seen would keep it waiting itself.
+  // Waiting until the frame is visible would delay the frame itself.
   QTimer::singleShot(0, splash, &QWidget::close);
   return QApplication::exec();
 }

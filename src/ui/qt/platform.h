@@ -10,7 +10,7 @@ class DesktopBeeper : public Beeper {
   void beep() override;
 };
 
-/// The pointer of the whole program, as an hourglass or as it was.
+/// The mouse pointer of the program: an hourglass, or the previous one.
 class DesktopPointer : public MousePointer {
  public:
   ~DesktopPointer() override;

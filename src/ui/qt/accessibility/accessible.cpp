@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* roleProperty = "accessibleRole";
 
-/// A caption without its mark for the keyboard; of two marks the second is a character.
+/// A caption without its mnemonic `&`; of two `&` the second is a character.
 QString unmarked(QString caption) {
   for (qsizetype i = 0; i < caption.size(); ++i) {
     if (caption[i] == QLatin1Char('&')) caption.remove(i, 1);
@@ -31,8 +31,8 @@ QString nameOf(const QAbstractButton& button) {
 
 namespace {
 
-/// A button, option, check box or head of a group. The toolkit would let assistive technology change its mark alone;
-/// here whatever is done to it is a click, as the mouse's.
+/// A button, option, check box or group head. Qt would let assistive technology change only its check mark; here each
+/// action is a click, as by the mouse.
 class ButtonFace : public QAccessibleWidget {
  public:
   explicit ButtonFace(QAbstractButton& button) : QAccessibleWidget(&button, roleOf(button)), button_(button) {}
@@ -67,7 +67,7 @@ class ButtonFace : public QAccessibleWidget {
 
   void doAction(const QString& action) override {
     if (action != pressAction() && action != toggleAction()) return QAccessibleWidget::doAction(action);
-    // The press may open a dialog: assistive technology is answered first.
+    // The press may open a dialog, so it runs after the answer to assistive technology.
     afterThisEvent(button_, [&button = button_] {
       if (button.focusPolicy() & Qt::ClickFocus) button.setFocus(Qt::MouseFocusReason);
       button.click();
@@ -140,7 +140,7 @@ class TurnableFace : public QAccessibleWidget {
   const Turnable& page_;
 };
 
-/// A text that is read: as a value, and by characters, words and lines.
+/// A text for screen readers: as a value, and by characters, words and lines.
 class ReadableFace : public QAccessibleWidget, public QAccessibleTextInterface {
  public:
   ReadableFace(QWidget& widget, QAccessible::Role role, const Readable& readable)
@@ -222,7 +222,7 @@ Announcer::Announcer(QWidget* window) : QWidget(window) {
 }
 
 void Announcer::say(const QString& words) {
-  setAccessibleName(words);  // which tells of a new name
+  setAccessibleName(words);  // notifies of the new name
   for (const auto kind : {QAccessible::ObjectShow, QAccessible::Alert}) {
     QAccessibleEvent event(this, kind);
     QAccessible::updateAccessibility(&event);

@@ -5,14 +5,14 @@
 #include <QString>
 #include <QWidget>
 
-/// What assistive technology is told of the desktop where the toolkit's own answers would not do: buttons that it
-/// presses, figures with name and value, pages as text, roles of what only holds others.
+/// Accessible interfaces where those of Qt aren't enough: buttons that can be pressed, figures with name and value,
+/// pages as text, roles of containers.
 
 class QAbstractButton;
 
 namespace tallyfin::qt {
 
-/// A widget whose text is read as a value: its accessible name says what it is.
+/// A widget whose text is its accessible value; it has an accessible name too.
 class Readable {
  public:
   Readable() = default;
@@ -22,7 +22,7 @@ class Readable {
   virtual QString readable() const = 0;
 };
 
-/// A widget that is switched on and off like a check box, and isn't one.
+/// A widget that isn't a check box but has two states like one.
 class Switch {
  public:
   Switch() = default;
@@ -33,8 +33,8 @@ class Switch {
   virtual void turn() = 0;
 };
 
-/// A part of a page that may be out of view. Assistive technology isn't told then that it is showing, nor of what is on
-/// it, unless that has the keyboard.
+/// A part of a page that may be out of view. It is then not reported as showing, and neither are its children, except
+/// the one with the keyboard focus.
 class Turnable {
  public:
   Turnable() = default;
@@ -44,7 +44,7 @@ class Turnable {
   virtual bool inView() const = 0;
 };
 
-/// A checkable button that opens what stands below it.
+/// A checkable button that opens the items below it.
 class Expander {
  public:
   Expander() = default;
@@ -60,19 +60,19 @@ class FigureLabel : public QLabel, public Readable {
   QString readable() const override { return text(); }
 };
 
-/// What a button is called: its accessible name or its caption without the mark for the keyboard.
+/// The name of a button: its accessible name, or its caption without the mnemonic `&`.
 QString nameOf(const QAbstractButton& button);
 
-/// Installs the answers for the widgets of the program; further calls change nothing.
+/// Installs the accessible interfaces for the widgets of the program; further calls change nothing.
 void answerAssistiveTechnology();
 
-/// Gives a widget that only holds others its role. Before it gets a name: the toolkit asks then and keeps the answer.
+/// Sets the role of a container. Call it before the widget gets a name, because Qt then reads the role and caches it.
 void presentAs(QWidget& widget, QAccessible::Role role);
 
-/// Tells that a readable text has changed.
+/// Notifies assistive technology of a changed text.
 void tellReadable(const QWidget& widget, const QString& before, const QString& now);
 
-/// Says something aloud that stands nowhere, such as what has come to the front. One for a window.
+/// Announces a text that isn't shown, such as the title of the new active page. One for each window.
 class Announcer : public QWidget {
  public:
   explicit Announcer(QWidget* window);

@@ -27,7 +27,7 @@ void afterThisEvent(QObject& context, std::function<void()> work) {
   QTimer::singleShot(0, QCoreApplication::instance(), runDeferred);
 }
 
-/// Work may open a dialog, whose own event loop then runs the rest.
+/// Work may open a dialog, whose event loop then runs the rest.
 void runDeferred() {
   while (!queue().empty()) {
     const Deferred next = std::exchange(queue().front(), {});

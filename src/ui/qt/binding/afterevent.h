@@ -6,11 +6,11 @@ class QObject;
 
 namespace tallyfin::qt {
 
-/// Runs work once the present event is over, and before the next key or click of the user is heard, so that fast hands
-/// find all done that their last key has caused. Nothing runs when the context has gone.
+/// Runs work after the current event, and before the next key or click of the user is handled, so that all effects of a
+/// key are complete before the next key. Nothing runs when the context has been destroyed.
 void afterThisEvent(QObject& context, std::function<void()> work);
 
-/// Runs at once what is put off.
+/// Runs all deferred work at once.
 void runDeferred();
 
 }  // namespace tallyfin::qt

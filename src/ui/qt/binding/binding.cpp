@@ -48,7 +48,7 @@ void Binding::refresh() {
   if (control_->visible && (!shown || shown())) {
     const bool back = widget_.isHidden() && control_->focused();
     widget_.setVisible(true);
-    if (back) widget_.setFocus(Qt::ActiveWindowFocusReason);  // its control has kept the focus
+    if (back) widget_.setFocus(Qt::ActiveWindowFocusReason);  // its control still has the focus
   } else {
     hideQuietly(widget_);
   }
@@ -65,7 +65,7 @@ void hideQuietly(QWidget& widget) {
 
 void Binding::applyColours() {
   QPalette palette = colours;
-  // The style draws edges a little darker than what it takes for the ground: too little to be seen on the true one.
+  // The style draws edges slightly darker than the window colour: too little contrast on the real background.
   const QWidget* ground = widget_.parentWidget();
   const bool edged = widget_.inherits("QLineEdit") || widget_.inherits("QAbstractButton") ||
                      widget_.inherits("QAbstractItemView") || widget_.inherits("QComboBox");
@@ -74,7 +74,7 @@ void Binding::applyColours() {
     palette.setColor(QPalette::Window, dark ? look::light : look::lightEdge);
   }
   if (const OwnColour& fore = control_->foreColour) {
-    // The mark of an option or check box has the colour Text and stands on a light ground of its own.
+    // The check mark of an option or check box has the colour Text, on a light background.
     const bool marked = widget_.inherits("QRadioButton") || widget_.inherits("QCheckBox");
     for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
       if (marked && role == QPalette::Text) continue;
@@ -109,8 +109,8 @@ Binding& bindPlain(QWidget& widget, Control& control) { return *new Binding(widg
 
 namespace {
 
-/// Turns the mouse's clicks on a widget that has none of its own into acts. Of a double click the first release has
-/// run Click already, so the rest of it runs DblClick alone.
+/// Turns mouse clicks on a widget without a clicked signal into acts. The first release of a double click has run Click
+/// already, so the rest runs only DblClick.
 class ClickFilter : public QObject {
  public:
   ClickFilter(Binding& binding, Clickable& control) : QObject(&binding), binding_(binding), control_(control) {}
@@ -126,7 +126,7 @@ class ClickFilter : public QObject {
       binding_.act([this] { control_.userSecondClick(); });
     }
     doubled_ = type == QEvent::MouseButtonDblClick;
-    return doubled_;  // the model knows whose a double click is: the screen behind mustn't take it once more
+    return doubled_;  // the model handles the double click: the screen behind must not handle it again
   }
 
  private:
@@ -162,7 +162,7 @@ Binding& bind(QRadioButton& widget, OptionButton& option, QButtonGroup& group) {
   group.addButton(&widget);
   binding->show = [&widget, &option, &group] {
     if (nameOf(widget) != text(option.caption()).trimmed()) widget.setText(text(option.caption()));
-    group.setExclusive(false);  // else the last one set couldn't be cleared
+    group.setExclusive(false);  // else Qt wouldn't clear the last option
     widget.setChecked(option.value());
     group.setExclusive(true);
   };
@@ -181,7 +181,7 @@ Binding& bind(QCheckBox& widget, CheckBox& box) {
 
 namespace {
 
-/// Turns moving the marker, clicking and Enter in a list into picks; a click on the chosen row picks it again.
+/// Turns marker moves, clicks and Enter in a list into picks; a click on the chosen row picks it again.
 class PickFilter : public QObject {
  public:
   PickFilter(Binding& binding, QListWidget& widget, ListBox& list, Choose choose)
@@ -198,8 +198,8 @@ class PickFilter : public QObject {
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     switch (event->type()) {
-      // The toolkit marks the first row of a list that gets the focus with nothing chosen; there is no mark here until
-      // the user moves.
+      // Qt marks the first row of a list that gets the focus with nothing chosen. Here no row is marked until the user
+      // moves.
       case QEvent::FocusIn: afterThisEvent(binding_, [this] { binding_.refresh(); }); return false;
       case QEvent::KeyPress: return pickBy(static_cast<QKeyEvent&>(*event).key());
       default: return false;

@@ -35,12 +35,12 @@ namespace tallyfin::qt {
 
 class DropDownBox;
 
-/// Ties a widget to a control: what the control holds is shown, what the user does becomes an act of the control. It
-/// decides nothing and remembers nothing. The widget takes the control's address as its object name, and its tooltip.
+/// Binds a widget to a control: shows the control's properties, and turns the user's input into acts on the control. It
+/// decides nothing and keeps no state. The widget's object name is the control's address; it has the control's tooltip.
 ///
-/// Whatever the user does it with, a mouse, keys or assistive technology, is the same act.
+/// Mouse, keys and assistive technology cause the same acts.
 ///
-/// The control may go while the widget is still there (a button that closes its own screen): release() cuts the tie.
+/// The control may be destroyed before the widget (a button that closes its own screen): call release() first.
 class Binding : public QObject {
  public:
   Binding(QWidget& widget, Control& control);
@@ -49,17 +49,17 @@ class Binding : public QObject {
   QWidget& widget() const { return widget_; }
   void release();
 
-  /// Shows the control as it stands.
+  /// Shows the current properties of the control.
   void refresh();
-  /// What refresh does beyond enabling, hiding and colouring.
+  /// The part of refresh() beside enabling, hiding and colours.
   std::function<void()> show;
-  /// Whether the widget is to be seen at all; without it, that is as the control says.
+  /// Whether the widget is visible. Without it the control decides.
   std::function<bool()> shown;
-  /// The view's own colours of the widget; those of the control go over them.
+  /// The view's colours of the widget; those of the control override them.
   QPalette colours;
 
-  /// Runs an act of the user, unless the control is gone or the widget is only being refreshed. An act that the control
-  /// refuses leaves no trace on the widget.
+  /// Runs an act of the user, unless the control is destroyed or the widget is being refreshed. After a refused act the
+  /// widget shows the control again.
   template <class Act>
   void act(Act userAct) {
     if (control_ == nullptr || refreshing_) return;
@@ -79,13 +79,13 @@ class Binding : public QObject {
   bool refreshing_ = false;
 };
 
-/// Hides a widget; a focus inside it goes to nobody, where the toolkit would pass it on as if the user had moved it.
+/// Hides a widget and clears a focus inside it. Qt would move the focus to another widget, as if the user had moved it.
 void hideQuietly(QWidget& widget);
 
-/// How a row of a list is chosen by keyboard: as the marker moves, or by Enter and Space.
+/// How a row of a list is chosen by keyboard: by moving the marker, or by Enter and Space.
 enum class Choose { byMoving, byEnter };
 
-/// What a box takes: any text, or an amount.
+/// The content of a box: any text, or an amount.
 enum class Pasted { text, amount };
 
 // One function for each kind of widget.
@@ -97,9 +97,9 @@ Binding& bind(QCheckBox& widget, CheckBox& box);
 Binding& bind(QListWidget& widget, ListBox& list, Choose choose);
 Binding& bind(DropDownBox& widget, DropDown& dropDown);
 Binding& bind(DropDownBox& widget, EditableDropDown& dropDown);
-/// Turned by a step it picks at once, typed into when the number is complete.
+/// A step picks at once; a typed number picks when it is complete.
 Binding& bind(QSpinBox& widget, UpDown& upDown);
-/// A widget that only shows.
+/// A widget without acts.
 Binding& bindPlain(QWidget& widget, Control& control);
 
 }  // namespace tallyfin::qt

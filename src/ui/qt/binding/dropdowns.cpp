@@ -26,16 +26,16 @@ void takeTypedEntry(QWidget* focused) {
 
 namespace {
 
-/// What keys and wheel do to a drop-down. A closed one never chooses, for a choice may open another screen: keys open
-/// its list and move its marker there, typed letters to the first entry that begins with them. Enter chooses, Escape
-/// leaves all as it was.
+/// Keys and wheel on a drop-down. A closed one never chooses, because a choice may open another screen. Keys open its
+/// list and move the marker; typed letters move it to the first entry that begins with them. Enter chooses, Escape
+/// changes nothing.
 class DropDownKeys : public QObject {
  public:
   DropDownKeys(Binding& binding, DropDownBox& box, DropDown& dropDown)
       : QObject(&binding), binding_(binding), box_(box), dropDown_(dropDown) {
     box.installEventFilter(this);
     box.opened = [this] {
-      adoptList();  // before the keys that wait already
+      adoptList();  // before pending keys are handled
       if (dropDown_.index() < 0) box_.view()->selectionModel()->clear();
     };
   }
@@ -43,16 +43,16 @@ class DropDownKeys : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched != &box_) return hearList(*event);
     switch (event->type()) {
-      case QEvent::Wheel: event->ignore(); return true;  // it scrolls the page
+      case QEvent::Wheel: event->ignore(); return true;  // the page scrolls
       case QEvent::KeyPress: return openBy(static_cast<QKeyEvent&>(*event));
-      // The toolkit makes the list when it is first opened, or asked for by assistive technology.
+      // Qt creates the list when it is first opened, or when assistive technology requests it.
       case QEvent::ChildAdded: afterThisEvent(*this, [this] { adoptList(); }); return false;
       default: return false;
     }
   }
 
  private:
-  static constexpr int pause = 1000;  ///< Milliseconds after which typed letters begin anew.
+  static constexpr int pause = 1000;  ///< Milliseconds after which typed letters start a new search.
 
   bool openBy(QKeyEvent& key) {
     switch (key.key()) {
@@ -116,7 +116,7 @@ class DropDownKeys : public QObject {
     QString wanted = searched_ + key.text();
     int row = firstFrom(0, wanted);
     if (row < 0 && wanted.count(wanted.front(), Qt::CaseInsensitive) == wanted.size()) {
-      // One letter again and again goes through the entries that begin with it.
+      // The same letter repeated moves through the entries that begin with it.
       row = firstFrom(box_.view()->currentIndex().row() + 1, wanted.left(1));
       if (row < 0) row = firstFrom(0, wanted.left(1));
     }
@@ -157,8 +157,7 @@ void showEntries(DropDownBox& widget, const DropDown& dropDown) {
   }
 }
 
-/// The text of an editable drop-down. While an entry is being typed, nothing is written: Qt would forget what can be
-/// undone.
+/// The text of an editable drop-down. It isn't set while an entry is typed, because Qt would clear the undo history.
 class TypedEntry : public QObject {
  public:
   TypedEntry(Binding& binding, DropDownBox& box, EditableDropDown& dropDown)
@@ -190,7 +189,7 @@ class TypedEntry : public QObject {
       const int key = static_cast<QKeyEvent*>(event)->key();
       if (key == Qt::Key_Return || key == Qt::Key_Enter) take();
     } else if (event->type() == QEvent::FocusOut) {
-      // Neither another window in front nor a menu takes the user away from here.
+      // Another active window, or a menu, doesn't end editing.
       const auto reason = static_cast<QFocusEvent*>(event)->reason();
       if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) take();
     }
@@ -204,7 +203,7 @@ class TypedEntry : public QObject {
     binding_.act([&] { dropDown_.userType(now.toStdString()); });
   }
 
-  /// Chooses the entry that has been typed, letter case aside.
+  /// Chooses the entry that has been typed, in any letter case.
   void take() {
     if (!edit_.isModified()) return;
     const int row = box_.findText(edit_.text(), Qt::MatchFixedString);
@@ -237,7 +236,7 @@ Binding& bind(DropDownBox& widget, EditableDropDown& dropDown) {
   widget.setCompleter(nullptr);
   auto* typed = new TypedEntry(binding, widget, dropDown);
   auto* pasted = new PasteFilter(*widget.lineEdit(), Pasted::amount);
-  pasted->hear(widget);  // its line edit hears its keys through it
+  pasted->hear(widget);  // the line edit gets its keys from the drop-down
   binding.show = [typed] { typed->show(); };
   QObject::connect(&widget, &QComboBox::activated, &binding, [edit = widget.lineEdit()] { edit->setModified(false); });
   return binding;

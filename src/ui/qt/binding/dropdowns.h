@@ -5,7 +5,7 @@
 
 namespace tallyfin::qt {
 
-/// A drop-down that reports when its list has been opened, by whatever means.
+/// A drop-down that notifies when its list opens, for any reason.
 class DropDownBox : public QComboBox {
  public:
   using QComboBox::QComboBox;
@@ -13,11 +13,11 @@ class DropDownBox : public QComboBox {
   void showPopup() override;
 
   std::function<void()> opened;
-  /// Chooses the entry whose text has been typed, letter case aside; nothing happens where none has been.
+  /// Chooses the entry whose text has been typed, in any letter case; does nothing without one.
   std::function<void()> takeTyped;
 };
 
-/// A key of the page is about to act: where an entry is being typed, it is chosen first.
+/// Call before a key of the page acts: chooses an entry that is being typed.
 void takeTypedEntry(QWidget* focused);
 
 }  // namespace tallyfin::qt

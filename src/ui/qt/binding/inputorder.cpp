@@ -47,7 +47,7 @@ bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
-      if (watched->isWindowType()) runDeferred();  // before it is known which widget hears it
+      if (watched->isWindowType()) runDeferred();  // before Qt determines the target widget
       return false;
     case QEvent::InputMethod: runDeferred(); return false;
     case QEvent::Shortcut: {

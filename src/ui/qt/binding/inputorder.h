@@ -4,8 +4,8 @@
 
 namespace tallyfin::qt {
 
-/// Makes keys act in their order, at once. Qt lets 0.1 s pass before a mnemonic clicks its button, clicks by Space only
-/// when the key comes up, and runs what is put off only when no key is waiting.
+/// Makes keys act at once and in their order. Qt waits 0.1 s before a mnemonic clicks its button, clicks by Space when
+/// the key is released, and runs deferred work only when no key is pending.
 class InputOrder : public QObject {
  public:
   InputOrder();

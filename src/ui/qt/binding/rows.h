@@ -7,12 +7,12 @@
 #include "controls/lists.h"
 #include "ui/qt/binding/afterevent.h"
 
-/// What lists and drop-downs share: the rows that they show.
+/// The rows of lists and drop-downs.
 
 namespace tallyfin::qt {
 
-/// Reports a row that is selected while the marker stays elsewhere: so does assistive technology, and nobody else. Keys
-/// and mouse move both.
+/// Notifies of a row that is selected without moving the marker. Only assistive technology does that; keys and mouse
+/// move both.
 template <class Tie, class Picked>
 void onBareSelection(Tie& binding, QAbstractItemView& rows, Picked picked) {
   const auto look = [&binding, &rows, picked] {

@@ -22,12 +22,12 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-/// Qt begins a new undo step where the cursor has moved: it goes away and comes back. In an empty text it can't, and
-/// clearing that does nothing else.
+/// Qt begins a new undo step after a cursor move, so the cursor is moved away and back. In an empty text it can't move;
+/// clearing the text has the same effect.
 void beginUndoStep(QLineEdit& edit) {
   if (edit.text().isEmpty()) return edit.clear();
   const int end = static_cast<int>(edit.text().size());
-  const int cursor = std::min(edit.cursorPosition(), end);  // which Qt's redo may leave beyond the text
+  const int cursor = std::min(edit.cursorPosition(), end);  // Qt's redo may leave it beyond the text
   const int start = edit.selectionStart();
   const int length = edit.selectionLength();
   edit.setCursorPosition(cursor == 0 ? end : 0);
@@ -47,7 +47,7 @@ bool PasteFilter::eventFilter(QObject* /*watched*/, QEvent* event) {
     case QEvent::MouseButtonRelease:
     case QEvent::ContextMenu:
     case QEvent::Drop: return !edit_.isReadOnly() && edit_.isEnabled() && takeIn(*event);
-    default: return false;  // nor is the box touched: a widget that is being destroyed has events too
+    default: return false;  // don't access the box: a widget that is being destroyed gets events too
   }
 }
 
@@ -80,7 +80,7 @@ void PasteFilter::paste(const QString& text) {
   beginUndoStep(edit_);
 }
 
-/// Qt's own menu, whose Paste is ours.
+/// Qt's menu with our own Paste.
 void PasteFilter::showMenu(const QPoint& place) {
   QMenu* menu = edit_.createStandardContextMenu();
   menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -92,7 +92,7 @@ void PasteFilter::showMenu(const QPoint& place) {
   menu->popup(place);
 }
 
-/// A text that is only moved inside the box is left as it is.
+/// A text that is moved within the box isn't cleaned.
 bool PasteFilter::drop(QDropEvent& event) {
   if (event.source() == &edit_) return false;
   QMimeData data;
@@ -114,7 +114,7 @@ QString PasteFilter::cleaned(QString text, bool replacesAll) const {
 
 namespace {
 
-/// A box shows its plain text while it is being edited and its display format while it isn't.
+/// A box shows its plain text while it is edited, else the formatted text.
 class EditFilter : public QObject {
  public:
   EditFilter(Binding& binding, QLineEdit& edit, TextBox& box)
@@ -136,7 +136,7 @@ class EditFilter : public QObject {
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (binding_.control() == nullptr) return false;  // its screen has closed
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-      // A box that is given back the focus which its control has kept is left as it was.
+      // A box that gets the focus back, while its control still has it, isn't changed.
       const auto reason = static_cast<QFocusEvent*>(event)->reason();
       const bool gained = event->type() == QEvent::FocusIn && (!box_.focused() || reason == Qt::OtherFocusReason);
       afterThisEvent(*this, [this, gained] {

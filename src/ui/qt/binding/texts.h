@@ -9,14 +9,14 @@ class QLineEdit;
 
 namespace tallyfin::qt {
 
-/// Cleans what is pasted or dropped into a box. A line break or a tab ends it: of a spreadsheet's selection the first
-/// cell is meant. Where it replaces the whole text, the blanks at its ends are dropped. In an amount, what looks like
-/// a blank or a minus is one. Undo takes it back as one step.
+/// Cleans a text that is pasted or dropped into a box. It is cut at a line break or tab, so of a spreadsheet selection
+/// the first cell is used. Surrounding blanks are removed where it replaces the whole text. In an amount, all Unicode
+/// blanks and minus signs are accepted. It is one undo step.
 class PasteFilter : public QObject {
  public:
   PasteFilter(QLineEdit& edit, Pasted kind);
 
-  /// Hears the keys of the widget that stands before the line edit, as a drop-down does.
+  /// Handles the keys of a widget that gets them before the line edit, such as a drop-down.
   void hear(QWidget& widget) { widget.installEventFilter(this); }
 
  protected:

@@ -17,8 +17,8 @@ class FormView;
 class Frame;
 class Notice;
 
-/// The parts of the gross pay as one horizontal bar: each part is drawn in a ground of its own and bears its share,
-/// where that has room; the sentence beneath names them all.
+/// The parts of the gross pay as one horizontal bar: each part has its own background colour and shows its share where
+/// that fits; the sentence below names all parts.
 class ShareBar : public QWidget {
  public:
   explicit ShareBar(QWidget* parent);
@@ -33,16 +33,16 @@ class ShareBar : public QWidget {
   std::vector<Share> shares_;
 };
 
-/// The window that tells how each figure of the last calculation was worked out. It stands beside the frame, may stay
-/// open, and follows the next Calculate.
+/// The window that explains each figure of the last calculation. It is beside the frame, may stay open, and is updated
+/// by the next Calculate.
 class ExplanationWindow : public QDialog {
  public:
   explicit ExplanationWindow(Frame& frame);
 
-  /// Shows the figure of a row of the results; nothing happens where nothing has been calculated or there is no such
-  /// row. Makes the window of the frame where there is none.
+  /// Shows the figure of a row of the results; does nothing before a calculation or for an invalid row. Creates the
+  /// window if necessary.
   static void open(Frame& frame, const QString& title);
-  /// The results have changed: an open window shows the new ones.
+  /// Call when the results have changed: updates an open window.
   static void follow(const Frame& frame);
 
   /// The chosen explanation as text, its title first.
@@ -52,14 +52,14 @@ class ExplanationWindow : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// Takes a text to the clipboard.
+  /// Copies a text to the clipboard.
   void take(const QString& words);
   static ExplanationWindow* of(const Frame& frame);
   void refresh();
   void choose(const QString& title);
   void tell();
   void copy();
-  /// Says in a line of this window what the user must know; no words take the line away.
+  /// Shows a message in a line of this window; an empty text hides the line.
   void tellUser(const QString& words);
   void print();
 

@@ -17,7 +17,7 @@ namespace {
 
 QString text(const std::string& words) { return QString::fromStdString(words); }
 
-constexpr int given = Qt::UserRole;     ///< What the row of a table gives.
+constexpr int given = Qt::UserRole;     ///< The tax or amount of a row of a table.
 constexpr int used = Qt::UserRole + 1;  ///< Whether it is the row that was used.
 constexpr int padding = look::tight / 2;
 
@@ -61,7 +61,7 @@ class FormView::Delegate : public QStyledItemDelegate {
     return font;
   }
 
-  /// Where a table's rows say what they give: right of the widest bounds.
+  /// The left end of the second column of a table: right of the widest bounds.
   static QRect columnOf(const QRect& place, const QFont& font, const QModelIndex& index) {
     const QFontMetrics metrics(bold(font));
     int left = 0;
@@ -125,7 +125,7 @@ void FormView::addTable(QTreeWidgetItem& line, const FormTable& table) {
   }
 }
 
-/// For the width that is left beside a scroll bar, so that one that comes and goes changes no line.
+/// The width beside a scroll bar, also without one, so that showing a scroll bar doesn't rewrap lines.
 void FormView::setForm() {
   const int bar = verticalScrollBar()->sizeHint().width();
   set_ = setLines(form_, font(), width() - 2 * frameWidth() - bar - indentation() - look::tight);

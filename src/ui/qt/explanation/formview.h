@@ -8,8 +8,8 @@
 
 namespace tallyfin::qt {
 
-/// A worksheet as a form in a window, a row for each line. Below a line that used a table the table opens, its row
-/// marked. The lines that are named where the pointer is, and those that the current line names, are marked.
+/// A worksheet as a form in a window, a row for each line. A table opens below the line that used it, with its row
+/// highlighted. Lines that the text at the pointer or the current line refers to are highlighted.
 class FormView : public QTreeWidget {
  public:
   explicit FormView(QWidget* parent);
@@ -17,9 +17,9 @@ class FormView : public QTreeWidget {
 
   void show(Form form);
 
-  /// The numbers of the lines that are marked.
+  /// The numbers of the highlighted lines.
   std::vector<int> marked() const;
-  /// The current row as text, its figure behind a tab; empty where there is none.
+  /// The current row as text, with a tab before its figure; empty for none.
   QString currentText() const;
 
  protected:

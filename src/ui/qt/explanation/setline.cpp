@@ -72,7 +72,7 @@ void SetLine::draw(QPainter& painter, QPointF place, const QColor& colour) const
   drawLeader(painter, bottom);
 }
 
-/// The dots of all lines stand below each other.
+/// The dots of all lines are aligned.
 void SetLine::drawLeader(QPainter& painter, QPointF place) const {
   const QTextLine last = text_->lineAt(text_->lineCount() - 1);
   const double step = advance(font_, ". ");

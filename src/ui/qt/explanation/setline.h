@@ -32,7 +32,7 @@ class SetLine {
   double height() const;
   void draw(QPainter& painter, QPointF place, const QColor& colour) const;
 
-  /// The lines that are named at a point, which is relative to the place: "line 4".
+  /// The lines that the text at a point, relative to the place, refers to: "line 4".
   std::vector<int> namedAt(QPointF point) const;
 
  private:
@@ -41,8 +41,8 @@ class SetLine {
   const FormLine& line_;
   QFont font_;
   double width_;
-  double left_;   ///< Where the text begins.
-  double right_;  ///< Where the column of the figures begins.
+  double left_;   ///< The left end of the text.
+  double right_;  ///< The left end of the column of figures.
   std::unique_ptr<QTextLayout> text_;
 };
 

@@ -19,7 +19,7 @@ bool SystemDialogs::choosePrinter(QWidget& asking, QPrinter& printer, bool someP
 QString SystemDialogs::choosePdf(QWidget& asking, const QString& offered) {
   const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
   QFileDialog dialog(&asking, QStringLiteral("Save as PDF"), documents.path(), QStringLiteral("PDF files (*.pdf)"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);  // which asks before it replaces a file
+  dialog.setAcceptMode(QFileDialog::AcceptSave);  // asks before it replaces a file
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
   dialog.selectFile(offered);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().front() : QString();

@@ -19,7 +19,7 @@ namespace tallyfin::qt {
 namespace {
 
 int titleHeight() { return look::scaled(20); }
-constexpr int edge = 2;  ///< Of a document that lies over another.
+constexpr int edge = 2;  ///< Of a document above another.
 const QColor otherTitle{176, 190, 194};
 
 }  // namespace
@@ -77,7 +77,7 @@ void Document::showTitle() {
   if (screen == nullptr) return;
   title_->setText(QString::fromStdString(screen->title()));
   setAccessibleName(title_->text());
-  static_cast<DocumentArea*>(parentWidget())->arrange();  // one that fills the area covers the others
+  static_cast<DocumentArea*>(parentWidget())->arrange();  // a document that fills the area covers the others
 }
 
 void Document::place(const QSize& area) {
@@ -111,10 +111,11 @@ void Document::setActive(bool active) {
 }
 
 void Document::mousePressEvent(QMouseEvent* /*event*/) {
-  if (Screen* screen = view_.screen()) desk.act(*screen, [] {});  // a click on its frame brings it to the front
+  if (Screen* screen = view_.screen()) desk.act(*screen, [] {});  // a click brings it to the front
 }
 
-/// A document that doesn't fill the area has an edge: a dark line and a light one, for what is beneath may be either.
+/// A document that doesn't fill the area has an edge of a dark and a light line, because the background may be dark or
+/// light.
 void Document::paintEvent(QPaintEvent* /*event*/) {
   if (view_.screen() == nullptr || view_.screen()->maximized) return;
   QPainter painter(this);
@@ -136,7 +137,7 @@ void DocumentArea::arrange() {
       const Screen* front = desk.activeDocument();
       document->setActive(*screen == front);
       document->raise();
-      // What a full page covers is out of reach of the keyboard too.
+      // A document below a full page can't be reached by keyboard either.
       if (*screen != front && front->maximized) {
         hideQuietly(*document);
       } else {

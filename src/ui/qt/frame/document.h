@@ -18,11 +18,11 @@ class Document : public QWidget {
   Document(View& view, QWidget* parent);
 
   View& view() const { return view_; }
-  /// Takes the place that the screen's state asks for: the whole area, or its own size in the middle of it.
+  /// Sets the geometry for the screen's state: the whole area, or its own size in the middle.
   void place(const QSize& area);
-  /// Words in the title strip, that something went well.
+  /// Shows a message of success in the title strip.
   void confirm(const QString& words);
-  /// The active document's title strip is the lighter one, and it hears its keys.
+  /// The active document has a lighter title strip, and its keys are enabled.
   void setActive(bool active);
 
  protected:
@@ -38,20 +38,20 @@ class Document : public QWidget {
   QLabel* title_;
   QLabel* confirmed_;
   QScrollArea* scroll_;
-  QShortcut* escape_;  ///< Closes a page that lies over another.
+  QShortcut* escape_;  ///< Closes a page above another.
 };
 
-/// The area of the frame in which the documents stand, the active one in front.
+/// The area of the frame with the documents, the active one in front.
 class DocumentArea : public QWidget {
  public:
   explicit DocumentArea(QWidget* parent);
 
   void add(View& view);
-  /// Puts the documents in the order of the desk.
+  /// Stacks the documents in the order of the screen stack.
   void arrange();
-  /// The view of the active document; none without one.
+  /// The view of the active document; null for none.
   View* active() const;
-  /// Words in the title strip of the active document; the others have none.
+  /// Shows a message in the title strip of the active document only.
   void confirm(const QString& words);
   /// Whether a widget belongs to a document that isn't the active one.
   bool covers(const QWidget& widget) const;

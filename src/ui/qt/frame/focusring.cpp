@@ -11,9 +11,9 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr int outside = 2;  ///< How far it stands out from the widget, in pixels.
+constexpr int outside = 2;  ///< Distance from the widget in pixels.
 
-/// What the ring is drawn on: the page around the widget, or the part of it that scrolls.
+/// The widget on which the ring is drawn: the page around the widget, or its scrolled part.
 QWidget* groundOf(const QWidget& widget) {
   QWidget* ground = widget.parentWidget();
   while (ground != nullptr && !ground->isWindow() && dynamic_cast<View*>(ground) == nullptr) {

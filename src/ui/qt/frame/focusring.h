@@ -5,11 +5,11 @@
 
 namespace tallyfin::qt {
 
-/// The mark of the keyboard: a light and a dark line around the widget that has it, so that one of them stands out
-/// from whatever is there.
+/// The focus ring: a light and a dark line around the widget with the keyboard focus, so that one of them is visible on
+/// any background.
 class FocusRing : public QWidget {
  public:
-  /// Marks this widget, or none.
+  /// Shows the ring around this widget, or hides it for null.
   void mark(QWidget* widget);
 
  protected:

@@ -21,7 +21,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// Room for what a window manager puts around a window.
+/// Space for the window manager's decoration.
 constexpr QMargins windowEdges{4, 32, 4, 4};
 
 }  // namespace
@@ -31,7 +31,7 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
                  Qt::WindowCloseButtonHint);
   setWindowIcon(look::picture(QStringLiteral("tallyfin99")));
   look::setGround(*this, look::onDeep());
-  // It grows with the letters. On a screen without the room for it the pages scroll.
+  // It grows with the font. On a smaller display the pages scroll.
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(windowEdges);
   const QSize wanted(look::scaled(pixels(MDIOpen::width)), look::scaled(pixels(MDIOpen::height)));
   setFixedSize(wanted.boundedTo(room.size()));
@@ -55,7 +55,7 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
   move(room.center() - rect().center() - QPoint(windowEdges.left(), windowEdges.top()));
 }
 
-/// The keys that act on every page.
+/// The keys for all pages.
 void Frame::keys(const MDIOpen& screen) {
   for (const ListBarItem& item : screen.SSListBar1) {
     auto* button = static_cast<QAbstractButton*>(widgetOf(item));
@@ -177,7 +177,7 @@ void Frame::announce(const QString& words) { announcer_->say(words); }
 
 void Frame::closeEvent(QCloseEvent* event) {
   if (Screen* frame = screen()) {
-    event->ignore();  // where a box must be answered first, the frame stays
+    event->ignore();  // the frame isn't closed while a box must be answered
     desk.userClose(*frame);
   }
 }
@@ -201,7 +201,7 @@ bool Frame::focusNextPrevChild(bool next) {
   const View* page = area_->active();
   for (QWidget* widget = step(from); widget != from; widget = step(widget)) {
     if (!widget->isEnabled() || !widget->isVisible() || widget->focusProxy() != nullptr) continue;
-    // Which option of a group Tab may enter, the toolkit would decide by the one that has had the keyboard last.
+    // By default, Tab enters the option of a group that had the focus last.
     const QButtonGroup* group = groupOf(widget);
     if (group == nullptr ? !(widget->focusPolicy() & Qt::TabFocus) : group == groupOf(from)) continue;
     if (widget->window() != this || area_->covers(*widget)) continue;

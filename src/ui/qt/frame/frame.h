@@ -23,18 +23,18 @@ class Frame : public View {
  public:
   Frame(MDIOpen& screen, Dialogs& dialogs);
 
-  /// What its windows ask the user with.
+  /// The dialogs of its windows.
   Dialogs& dialogs() const { return dialogs_; }
   DocumentArea& area() const { return *area_; }
-  /// Says in a line below the documents what the user must know; no words take the line away.
+  /// Shows a message in a line below the documents; an empty text hides the line.
   void tell(const QString& words);
-  /// Says in the title strip of the page in front that something went well, until the focus moves on.
+  /// Shows a message of success in the title strip of the page in front, until the focus moves.
   void confirm(const QString& words);
-  /// Marks the item of the list bar that leads to the page in front.
+  /// Highlights the item of the list bar for the page in front.
   void markPage();
-  /// Lets keys act in another window as they do in the frame.
+  /// Enables the frame's keys in another window.
   void lendKeys(QWidget& window, std::initializer_list<QKeySequence> keys);
-  /// Says aloud what has happened, to who can't see it.
+  /// Announces an event to assistive technology.
   void announce(const QString& words);
 
   /// 1440 twips are an inch, 96 pixels are an inch.
@@ -43,7 +43,7 @@ class Frame : public View {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
-  /// Tab goes round the active document and the list bar; the documents beneath are passed over.
+  /// Tab moves through the active document and the list bar, and skips the other documents.
   bool focusNextPrevChild(bool next) override;
 
  private:

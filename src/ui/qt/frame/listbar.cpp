@@ -19,7 +19,7 @@ void BarButton::keyPressEvent(QKeyEvent* event) {
 
 namespace {
 
-/// The mark at the left end of what leads to where the user is.
+/// The mark at the left end of the item, or group, of the page in front.
 void drawHere(QPainter& painter, const QRect& place) {
   constexpr int thickness = 3;
   painter.fillRect(QRect(place.topLeft(), QSize(thickness, place.height())), look::lightYellow);
@@ -53,7 +53,7 @@ void GroupHeader::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(isChecked() ? look::lightYellow : look::light);
   painter.drawText(rect().adjusted(look::row, 0, -look::row, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
 
-  // The mark: down for the open group, to the right for a closed one.
+  // The arrow: down for the open group, to the right for a closed one.
   const QPointF middle(width() - 12.0, height() / 2.0);
   QPolygonF mark;
   if (isChecked()) {
@@ -103,7 +103,7 @@ void ListBarButton::paintEvent(QPaintEvent* /*event*/) {
   }
   const QRect pictureRect(inside.center().x() - 11, inside.top() + 4, 22, 22);
   if (highlighted || isDown()) {
-    // The light picture would drown in the light blue: its shape is drawn dark.
+    // The light picture has no contrast on light blue, so its shape is drawn dark.
     QPixmap picture = icon().pixmap(pictureRect.size() * devicePixelRatio());
     {
       QPainter shape(&picture);

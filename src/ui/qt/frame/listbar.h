@@ -14,7 +14,7 @@ class Binding;
 
 int listBarWidth();
 
-/// What stands in the list bar: pressed by the mouse, Space or Enter.
+/// A button of the list bar: pressed by the mouse, Space or Enter.
 class BarButton : public QAbstractButton {
  public:
   using QAbstractButton::QAbstractButton;
@@ -23,13 +23,13 @@ class BarButton : public QAbstractButton {
   void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// The head of a group of the list bar; a mark tells the open one.
+/// The head of a group of the list bar; an arrow shows which group is open.
 class GroupHeader : public BarButton, public Expander {
  public:
   GroupHeader(const QString& caption, QWidget* parent);
   QSize sizeHint() const override;
 
-  /// Marks the group that holds the item of the screen in front.
+  /// Marks the group with the item of the screen in front.
   void setHere(bool here);
 
  protected:
@@ -47,7 +47,7 @@ class ListBarButton : public BarButton {
   int heightForWidth(int width) const override;
 
   bool highlighted = false;
-  /// Marks the item whose screen is in front, for assistive technology too.
+  /// Marks the item of the screen in front, for assistive technology too.
   void setCurrent(bool current);
   bool current() const { return current_; }
 
@@ -58,7 +58,7 @@ class ListBarButton : public BarButton {
   bool current_ = false;
 };
 
-/// Binds an item's button; an item is no command button but clicks like one.
+/// Binds an item's button. An item isn't a command button but is clicked like one.
 Binding& bind(ListBarButton& widget, ListBarItem& item);
 
 }  // namespace tallyfin::qt

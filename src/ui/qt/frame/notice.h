@@ -4,8 +4,8 @@
 
 namespace tallyfin::qt {
 
-/// The line of a window that says what the user must know. A long one wraps, within a word too where it must, such as
-/// the path of a file. Without words it takes no room.
+/// A line of a window for messages. A long message wraps, within a word where necessary, such as in the path of a file.
+/// It is hidden when it is empty.
 class Notice : public QLabel {
  public:
   explicit Notice(QWidget* parent);

@@ -8,7 +8,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// What a window manager puts around a window that isn't shown yet.
+/// The window manager's decoration of a window that isn't shown yet.
 constexpr QMargins windowEdges{4, 32, 4, 4};
 
 int hidden(const QRect& place, const QRect& other) {
@@ -34,7 +34,7 @@ void placeBeside(QWidget& window, const QWidget& other) {
                            {room.left(), room.top()}};
   QRect best;
   for (const QPoint& place : places) {
-    // A window that is larger than the screen shows its title.
+    // The title of a window that is larger than the display stays visible.
     const QPoint inside(std::max(room.left(), std::min(place.x(), right)),
                         std::max(room.top(), std::min(place.y(), bottom)));
     const QRect there(inside, own.size());

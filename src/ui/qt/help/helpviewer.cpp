@@ -97,7 +97,7 @@ QUrl addressOf(const QString& file, const QString& id) {
 QString fileOf(const QUrl& address) { return address.path().section('/', 1, 1); }
 QString idOf(const QUrl& address) { return address.path().section('/', 2); }
 
-/// The page; it takes its text from the shelf.
+/// The page; it loads the topics of the help files.
 class HelpPage : public QTextBrowser {
  public:
   HelpPage(HelpShelf& shelf, QWidget* parent) : QTextBrowser(parent), shelf_(shelf) {}
@@ -244,7 +244,7 @@ void HelpWindow::fillContents() {
     top->setData(0, addressRole, addressOf(file, book->topics.front().id));
     QTreeWidgetItem* states = nullptr;
     for (const HelpTopic& topic : book->topics) {
-      // The pages of the states hang below the page on states.
+      // The topics of the states are below the topic on states.
       const bool ofStates = states != nullptr && topic.id.startsWith(QLatin1String("state-"));
       auto* item = new QTreeWidgetItem(ofStates ? states : top, {topic.title});
       item->setData(0, addressRole, addressOf(file, topic.id));
@@ -265,7 +265,7 @@ void HelpWindow::showTopic(const QString& file, const QString& id) {
   if (page_->source() != address) page_->setSource(address, QTextDocument::HtmlResource);
 }
 
-/// A link leads to a topic of this file, "#frmMain", or of the other one, "W4.hlp#10"; anything else isn't opened.
+/// A link is a topic of this file, "#frmMain", or of the other one, "W4.hlp#10"; other links aren't opened.
 void HelpWindow::follow(const QUrl& link) {
   if (!link.scheme().isEmpty() && link.scheme() != QLatin1String("help")) return;
   const QString file = link.path().section('/', -1);
@@ -276,7 +276,7 @@ void HelpWindow::follow(const QUrl& link) {
   }
 }
 
-/// Marks the page's topic in the contents and the hits on the page.
+/// Selects the page's topic in the contents, and highlights the hits on the page.
 void HelpWindow::arrivedAt(const QUrl& address) {
   const QSignalBlocker marking(contents_);
   const QTreeWidgetItem* marked = contents_->currentItem();
@@ -367,7 +367,7 @@ void DesktopHelp::openTopic(const QString& file, const QString& id) {
   frame_->tell({});
   window_->showTopic(file, id);
   if (missing) return;
-  // A box that must be answered first lets nobody work another window but those above itself.
+  // While a modal box is open, only windows above it accept input.
   QWidget* above = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : frame_.data();
   const bool opens = !window_->isVisible();
   if (window_->parentWidget() != above) window_->setParent(above, window_->windowFlags());
@@ -384,7 +384,7 @@ void DesktopHelp::openForActiveDocument() {
   const QWidget* front = QApplication::activeWindow();
   QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
   if (front != nullptr && front->objectName() == QLatin1String("explanation")) id = QStringLiteral("explained");
-  if (desk.blocked("MDIOpen")) id = QStringLiteral("frmAnalysis");  // the warning that there is nothing to analyse
+  if (desk.blocked("MDIOpen")) id = QStringLiteral("frmAnalysis");  // the box is the warning of the analysis
   const auto& files = HelpShelf::files;
   const auto file = std::find_if(files.begin(), files.end(), [&](const QString& candidate) {
     const HelpBook* book = shelf_.book(candidate);

@@ -14,7 +14,7 @@ class QTextBrowser;
 class QToolButton;
 class QTreeWidget;
 
-/// The program's help: its two files, the window that shows them, and the way in.
+/// The program's help: its two files, the window, and the keys that open it.
 
 namespace tallyfin::qt {
 
@@ -22,14 +22,14 @@ class Notice;
 
 class Frame;
 
-/// One topic of a help file: what follows a heading of the first order, up to the next one.
+/// One topic of a help file: from a first-level heading up to the next one.
 struct HelpTopic {
   QString id;
   QString title;
-  QString html;  ///< The heading included.
+  QString html;  ///< Including the heading.
 };
 
-/// A help file, taken apart into its topics.
+/// A help file with its topics.
 struct HelpBook {
   QString file;
   QString title;
@@ -44,13 +44,13 @@ class HelpShelf {
  public:
   explicit HelpShelf(QStringList folders);
 
-  /// None where the file isn't there.
+  /// None where the file is missing.
   const HelpBook* book(const QString& file);
-  /// Tells the user that a file is missing, and where it was looked for.
+  /// Reports a missing file and the folders that were searched.
   QString missing(const QString& file) const;
 
   static const QStringList files;
-  /// The program's own folder, then the one where a package puts the files.
+  /// The program's folder, then that of an installed package.
   static QStringList usualFolders();
 
  private:
@@ -63,7 +63,7 @@ class HelpWindow : public QDialog {
  public:
   HelpWindow(HelpShelf& shelf, QWidget* parent);
 
-  /// Shows a topic; the first one of the file where there is none of this name. A missing file is told.
+  /// Shows a topic, or the first one of the file where there is none of this name. Reports a missing file.
   void showTopic(const QString& file, const QString& id);
 
  private:
@@ -89,21 +89,21 @@ class HelpWindow : public QDialog {
   QTextBrowser* page_ = nullptr;
 };
 
-/// The program's help as the frame asks for it.
+/// The help of the program, for the frame.
 class DesktopHelp : public HelpViewer {
  public:
   explicit DesktopHelp(QStringList folders = HelpShelf::usualFolders());
   ~DesktopHelp() override;
 
-  /// Shows its window above this one from now on, and makes F1 open the help of the active document.
+  /// Makes F1 in this window open the help on the active document, in a window above it.
   void serve(Frame& frame);
-  /// Makes F1 act in a box that must be answered before the frame.
+  /// Makes F1 work in a modal box.
   void serveBox(QWidget& box);
-  /// A box is about to go: the help that it has opened stays.
+  /// Call before a box is destroyed: help that was opened from it stays open.
   void leave(const QWidget& box);
   void open(const std::string& file, int context) override;
   void openTopic(const QString& file, const QString& id);
-  /// The topic that bears the name of the active document, in whichever file it is.
+  /// The topic with the name of the active document, in either file.
   void openForActiveDocument();
 
   HelpWindow* window() const { return window_; }

@@ -14,7 +14,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-// Measures in twips, as those of the report.
+// Measures in twips.
 constexpr int inch = 1440;
 constexpr int margin = inch;
 constexpr int footerTop = inch / 5;
@@ -24,11 +24,11 @@ constexpr int formGap = 240;
 
 QString text(const std::string& words) { return QString::fromStdString(words); }
 
-/// What isn't parted at the end of a page.
+/// A block, which isn't split between pages.
 struct Block {
-  int gap;  ///< Above it, where it isn't the first of its page.
+  int gap;  ///< Space above it, except at the top of a page.
   int height;
-  bool keepsNext;  ///< It doesn't end a page.
+  bool keepsNext;  ///< It can't be the last block of a page.
   std::function<void(QPainter&, int top)> draw;
 };
 
@@ -37,7 +37,7 @@ std::vector<std::size_t> pagesOf(const std::vector<Block>& blocks, int room) {
   std::vector<std::size_t> starts{0};
   int top = 0;
   for (std::size_t i = 0; i < blocks.size();) {
-    std::size_t end = i + 1;  // of those that stay together
+    std::size_t end = i + 1;  // the end of the blocks that stay together
     int height = blocks[i].height;
     for (; end < blocks.size() && blocks[end - 1].keepsNext; ++end) height += blocks[end].gap + blocks[end].height;
     if (i > starts.back() && top + blocks[i].gap + height > room) {
@@ -50,7 +50,7 @@ std::vector<std::size_t> pagesOf(const std::vector<Block>& blocks, int room) {
   return starts;
 }
 
-/// Lays the blocks of a document out and draws its pages.
+/// Lays out the blocks of a document and draws its pages.
 class Document {
  public:
   Document(const FormPages& pages, QSize paper) : pages_(pages), paper_(paper), width_(paper.width() - 2 * margin) {
@@ -95,7 +95,7 @@ class Document {
     addTitle(form);
     SetLines set = setLines(form, font_, width_);
     for (std::size_t i = 0; i < set.size(); ++i) {
-      // A title stays with the first two lines, and the last two together.
+      // The title and the first two lines stay together, and so do the last two lines.
       const bool keepsNext = i + 1 < set.size() && (i == 0 || i + 2 == set.size());
       const int height = static_cast<int>(std::ceil(set[i]->height()));
       blocks_.push_back(

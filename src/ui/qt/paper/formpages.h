@@ -9,15 +9,15 @@ class QPagedPaintDevice;
 
 namespace tallyfin::qt {
 
-/// Worksheets on paper: the entries above, then one worksheet after the other, each below its title. Where a page has
-/// no room for the title and two lines, the worksheet begins on the next. The pages are numbered.
+/// Worksheets on paper: first the entries, then the worksheets, each below its title. A worksheet begins on a new page
+/// where the title and two lines don't fit. Pages are numbered.
 struct FormPages {
   QString title;
   FormHeading entries;
   QString sentence;  ///< Between the entries and the worksheets.
   std::vector<Form> forms;
 
-  /// Draws the pages that the device asks for; false where it can't be painted on.
+  /// Draws the pages that the device requests; false where painting fails.
   bool draw(QPagedPaintDevice& device) const;
 };
 

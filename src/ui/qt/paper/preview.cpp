@@ -22,13 +22,13 @@ const QColor previewGround{128, 134, 137};
 /// The sheet of paper with its shadow.
 class Preview::Sheet : public QWidget {
  public:
-  static constexpr int around = 12;  ///< Ground on each side of the paper.
+  static constexpr int around = 12;  ///< Margin around the paper, pixels.
 
   Sheet(const View& view, const PrintEngine& engine) : view_(view), engine_(engine) {
     setAccessibleName(QStringLiteral("Page"));
   }
 
-  /// Turns to a page and to the engine's zoom.
+  /// Shows a page at the engine's zoom.
   void showPage(int page) {
     page_ = page;
     const QSize paper = ReportPages::letter * engine_.zoom() / 100;
@@ -83,8 +83,8 @@ int Preview::pages() const { return ReportPages(engine_).count(); }
 int Preview::fitting(bool whole) const {
   const QSize room = maximumViewportSize() - QSize(2 * Sheet::around, 2 * Sheet::around);
   const QSize paper(Frame::pixels(ReportPages::letter.width()), Frame::pixels(ReportPages::letter.height()));
-  if (whole) return 100 * room.height() / paper.height();  // the room is wider than it is high, the paper isn't
-  // A page as wide as its room is higher than that and has a bar beside it.
+  if (whole) return 100 * room.height() / paper.height();  // the space is wider than it is high, the paper isn't
+  // A page of full width is higher than the space, so there is a scroll bar beside it.
   return 100 * (room.width() - verticalScrollBar()->sizeHint().width()) / paper.width();
 }
 

@@ -12,17 +12,17 @@ namespace tallyfin::qt {
 
 class View;
 
-/// The picture of the report: one page as a sheet of paper on a grey ground. The arrows, Page Up and Page Down, Home
-/// and End move the sheet.
+/// The picture of the report: one page as a sheet of paper on a grey background. The arrows, Page Up and Page Down,
+/// Home and End move the sheet.
 class Preview : public QScrollArea, public Readable {
  public:
   Preview(View& view, const PrintEngine& engine);
 
-  /// Shows a page, counted from 0, or the nearest one that there is, as large as the engine's zoom makes it.
+  /// Shows a page, counted from 0, or the nearest existing one, at the engine's zoom.
   void turnTo(int page);
   int page() const { return page_; }
   int pages() const;
-  /// The zoom, in percent, at which the page, or its width, is as large as it can be seen whole.
+  /// The zoom in percent at which the whole page, or its width, fits.
   int fitting(bool whole) const;
 
   QString readable() const override { return text_; }

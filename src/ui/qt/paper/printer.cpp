@@ -16,28 +16,29 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// Why the job that has just gone to a printer wasn't taken; in the words of the print server where the printer is
-/// still there. Empty if it was taken.
+/// The reason why the last print job was rejected, from the print server if the printer still exists. Empty if it was
+/// accepted.
 QString printTrouble(const QPrinter& printer) {
   if (printer.outputFormat() != QPrinter::NativeFormat) return {};
-  // The toolkit hands the job to the print server and keeps its answer to itself. The server's library has it still.
+  // Qt sends the job to the print server and doesn't report the answer, but the CUPS library still has it.
   QLibrary cups(QStringLiteral("cups"), 2);
   using Status = int (*)();
   using Words = const char* (*)();
   const auto status = reinterpret_cast<Status>(cups.resolve("cupsLastError"));
   const auto words = reinterpret_cast<Words>(cups.resolve("cupsLastErrorString"));
-  constexpr int firstError = 0x0400;  // those below are kinds of success
+  constexpr int firstError = 0x0400;  // smaller values mean success
   if (status == nullptr || words == nullptr || status() < firstError) return {};
-  QString answer = QString::fromUtf8(words());  // before the server is asked for its printers
+  QString answer = QString::fromUtf8(words());  // before the next request to the server
   if (QPrinterInfo::availablePrinterNames().contains(printer.printerName())) return answer;
   return QStringLiteral("The printer %1 is gone.").arg(printer.printerName());
 }
 
-/// Puts a whole file in the place of another one, or leaves that as it is. The last bytes may be refused only when they
-/// are flushed to the disk, before the new file has its name. Returns what went wrong, empty if nothing did.
+/// Replaces a file by a complete new one, or doesn't change it. Flushes the new file before the rename, because an
+/// error of the last bytes may be reported only then. Returns the error, empty for none.
 QString replaceFile(QSaveFile& opened, const QByteArray& content) {
   if (opened.write(content) != content.size() || !opened.flush()) return opened.errorString();
-  if (fsync(opened.handle()) != 0 && errno != EINVAL) return qt_error_string(errno);  // EINVAL: it can't be flushed
+  if (fsync(opened.handle()) != 0 && errno != EINVAL)
+    return qt_error_string(errno);  // EINVAL: not a file that can be flushed
   return opened.commit() ? QString() : opened.errorString();
 }
 
@@ -48,8 +49,7 @@ Outcome Paper::print(Dialogs& dialogs, QWidget& asking) const {
   printer.setDocName(title);
   if (!dialogs.choosePrinter(asking, printer, somePages)) return std::nullopt;
   if (printer.outputFormat() == QPrinter::PdfFormat) {
-    // Into a file that the user has named in the dialog. Qt would destroy it where the disk is full, and report
-    // nothing.
+    // To a file that the user chose in the dialog. On a full disk Qt would destroy an existing file without an error.
     const QString path = printer.outputFileName();
     const QString trouble = write(path, &printer);
     if (trouble.isEmpty()) return Printed{true, QStringLiteral("Saved as %1").arg(path)};

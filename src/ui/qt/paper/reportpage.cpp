@@ -38,15 +38,14 @@ int lineHeight(const QFont& font) { return qRound(QFontMetricsF(font).height());
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-/// The header without the middle of a name so long that most of it has no room anyway: laid out whole, a name of
-/// megabytes would hold the preview up for minutes.
+/// The header without the middle of a very long name: the layout of a name of megabytes would take minutes.
 QString headerText(const PrintEngine& engine) {
   constexpr qsizetype most = 2000;
   const QString whole = text(engine.header());
   return whole.size() <= most ? whole : whole.left(most / 2) + QChar(0x2026) + whole.right(most / 2);
 }
 
-/// Breaks a text into lines; a word that is wider than a line is broken too.
+/// Breaks a text into lines, and words that are wider than a line.
 std::vector<QString> linesOf(const QString& words, const QFont& font, int width) {
   QTextLayout layout(words, font);
   QTextOption option;
@@ -61,7 +60,7 @@ std::vector<QString> linesOf(const QString& words, const QFont& font, int width)
   return lines;
 }
 
-/// The header in its lines. Of a name that would fill more than these the middle is left out: the date must stay.
+/// The header in its lines. The middle of a long name is left out, so that the date fits.
 std::vector<QString> headerOf(const QString& header, const QFont& font, int width) {
   std::vector<QString> lines = linesOf(header, font, width);
   for (double room = headerLines; lines.size() > headerLines; room -= 0.25) {
@@ -70,7 +69,7 @@ std::vector<QString> headerOf(const QString& header, const QFont& font, int widt
   return lines;
 }
 
-/// A text in its cell. A figure that is wider than its cell stands out of it to the left.
+/// A text in its cell. A figure that is wider than its cell extends to the left.
 void drawCell(QPainter& painter, const QRect& cell, const QString& words, bool rightAligned) {
   const auto side = rightAligned ? Qt::AlignRight : Qt::AlignLeft;
   const int flags = static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip;
@@ -84,7 +83,7 @@ QFont paperFont(int points, bool bold) {
   font.setPixelSize(points * point);
   font.setBold(bold);
   font.setHintingPreference(QFont::PreferNoHinting);
-  // A trace of spacing keeps letters from being joined, so that a file can be searched for what is printed.
+  // A little letter spacing prevents ligatures, so that the text of a PDF file can be searched.
   font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
   return font;
 }
@@ -113,7 +112,7 @@ QRect ReportPages::tableArea() const {
 
 int ReportPages::rowsOfPage() const { return std::max(1, tableArea().height() / rowHeight() - 1); }
 
-/// A page ends a row earlier where the last one would be a heading without its rows.
+/// A page ends one row earlier where its last row would be a heading.
 std::vector<std::size_t> ReportPages::starts() const {
   const auto& cells = engine_.cells();
   std::vector<std::size_t> starts{1};
@@ -191,7 +190,7 @@ int ReportPages::drawRow(QPainter& painter, std::size_t row, int top) const {
   const bool total = kind == RowKind::total;
   const int thickness = heading || total ? 15 : 10;
   if (heading || total) {
-    // The ground leaves the rule of the row above alone.
+    // The background doesn't cover the rule of the row above.
     painter.fillRect(place.adjusted(0, thickness, 0, 0), heading ? headingGround : totalGround);
   }
   int left = place.left();

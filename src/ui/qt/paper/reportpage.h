@@ -19,12 +19,11 @@ namespace tallyfin::qt {
 /// The program's font on paper, in a painter whose unit is a twip.
 QFont paperFont(int points, bool bold = false);
 
-/// Begins to paint on the whole of the paper, in twips, and returns its size; none where the device can't be painted
-/// on.
+/// Begins to paint on the whole paper, in twips, and returns its size; none where painting fails.
 std::optional<QSize> beginPages(QPagedPaintDevice& device, QPainter& painter);
 
-/// The report's pages as they are on paper: header, table, footer, in twips. One drawing serves the preview, the
-/// printer and the PDF file. A table longer than a page goes on on the next, under its heading row.
+/// The pages of the report: header, table, footer, in twips. Preview, printer and PDF file use the same drawing. A long
+/// table continues on the next page, below its heading row.
 class ReportPages {
  public:
   /// A Letter page.
@@ -32,9 +31,9 @@ class ReportPages {
 
   explicit ReportPages(const PrintEngine& engine, QSize page = letter);
 
-  /// 0 where no document has been made.
+  /// 0 before a document has been made.
   int count() const;
-  /// What stands on a page, counted from 0: a line each, the cells of a row divided by tabs.
+  /// The text of a page, counted from 0: one line for each row, with tabs between cells.
   QString readable(int page) const;
   /// Draws a page, counted from 0. The painter's unit is a twip, its origin the paper's upper left corner.
   void draw(QPainter& painter, int page) const;
@@ -42,11 +41,11 @@ class ReportPages {
  private:
   int textWidth() const;
   int rowHeight() const;
-  /// Rows of a page, the heading row aside.
+  /// Rows of a page without the heading row.
   int rowsOfPage() const;
   /// The first row of each page.
   std::vector<std::size_t> starts() const;
-  /// The rows of a page, the last one excluded.
+  /// The range of rows of a page; the end is exclusive.
   struct Rows {
     std::size_t first;
     std::size_t end;
@@ -63,8 +62,8 @@ class ReportPages {
   QSize page_;
 };
 
-/// Draws the report onto a printer or into a file, on whatever paper is in it. False where the device can't be painted
-/// on, or there is no report.
+/// Draws the report on a printer or into a file, on paper of any size. False where painting fails, or there is no
+/// report.
 bool drawReport(QPagedPaintDevice& device, const PrintEngine& engine);
 
 }  // namespace tallyfin::qt

@@ -13,11 +13,11 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// What the widget draws, as drawing orders: drawn on a printer directly, it would come out as a picture of pixels.
+/// The drawing of the widget as a QPicture: rendered directly on a printer, it would be a bitmap.
 QPicture drawingOf(QWidget& widget) {
   QWidget* focused = QApplication::focusWidget();
   const bool mark = focused != nullptr && widget.isAncestorOf(focused);
-  if (mark) focused->clearFocus();  // neither the cursor nor the mark of the focus belongs on paper
+  if (mark) focused->clearFocus();  // the cursor and the focus ring aren't printed
   QPicture picture;
   {
     QPainter painter(&picture);
@@ -27,12 +27,12 @@ QPicture drawingOf(QWidget& widget) {
   return picture;
 }
 
-/// Draws a widget on one page, as large as the page's margins let it be and in vectors: words stay words.
+/// Draws a widget on one page, as large as the margins allow, as vectors, so that texts stay texts.
 bool drawWidget(QWidget& widget, QPagedPaintDevice& device) {
   const QPicture picture = drawingOf(widget);
   QPainter painter;
   if (!painter.begin(&device)) return false;
-  // A drawing keeps its size in inches wherever it is drawn.
+  // A QPicture keeps its size in inches on every device.
   const double width = widget.width() * static_cast<double>(device.logicalDpiX()) / picture.logicalDpiX();
   const double height = widget.height() * static_cast<double>(device.logicalDpiY()) / picture.logicalDpiY();
   const double scale = std::min(painter.viewport().width() / width, painter.viewport().height() / height);
@@ -56,7 +56,7 @@ int ScreenPrinter::printScreen(Screen& screen) {
   Frame& frame = static_cast<Frame&>(*view->window());
   const Outcome outcome = form.printOrSave(frame.dialogs(), frame);
   if (!outcome) return 0;
-  // What went well changes nothing on the form, which may be printed again.
+  // The form doesn't change, so it can be printed again.
   frame.tell(outcome->done ? QString() : outcome->words);
   if (outcome->done) frame.confirm(outcome->words);
   return outcome->done ? 1 : 0;

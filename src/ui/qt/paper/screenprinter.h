@@ -9,7 +9,7 @@ namespace tallyfin::qt {
 
 class View;
 
-/// Prints screens as the desktop shows them.
+/// Prints the views of screens.
 class ScreenPrinter : public Printer {
  public:
   /// The view of a shown screen, in the frame; null if it isn't shown.

@@ -40,7 +40,7 @@ class frmMainView : public View {
  private:
   Frame& frame() const { return static_cast<Frame&>(*window()); }
 
-  /// Alt and a letter, and the keys of what has no caption.
+  /// Mnemonics, and the keys of controls without a caption.
   void letters() {
     const auto button = [this](const char* name) { return findChild<QAbstractButton*>(QString::fromLatin1(name)); };
     const std::pair<const char*, char> marked[] = {
@@ -128,7 +128,7 @@ class frmMainView : public View {
     for (CommandButton& control : screen_.cmdAdditional) {
       QPushButton* widget = button(control);
       colour(widget, look::choicesOnDeep());
-      keepPlace(widget);  // the Raise button comes with the first Calculate
+      keepPlace(widget);  // the Raise button appears at the first Calculate
       row->addWidget(widget, 1);
     }
     return row;
@@ -146,7 +146,7 @@ class frmMainView : public View {
     return column;
   }
 
-  /// The five buttons in their order, in two rows: every one has its word, and Calculate, the main action, stands out.
+  /// The five buttons in their order, in two rows: each has a caption, and Calculate, the main action, is highlighted.
   QLayout* toolbar() {
     auto* rows = new QVBoxLayout;
     rows->setSpacing(look::tight);
@@ -176,7 +176,7 @@ class frmMainView : public View {
     return rows;
   }
 
-  /// Why the federal tax of the results is zero where no pay frequency is chosen.
+  /// The reason for a federal tax of zero where no pay frequency is chosen.
   QLabel* remark() {
     remark_ = new QLabel(QStringLiteral("Federal tax needs a pay frequency."), this);
     remark_->setObjectName(QStringLiteral("remark"));
@@ -220,8 +220,7 @@ class frmMainView : public View {
     return tied(table, binding);
   }
 
-  /// What can be done with the results: tell how the current one was worked out, and copy those that are selected, or
-  /// all.
+  /// Actions on the results: explain the current one, and copy those that are selected, or all.
   void offerActions(QTableWidget& table) {
     const auto explainRow = [this, &table] {
       const auto* title = table.item(table.currentRow(), 0);
@@ -290,7 +289,7 @@ class frmMainView : public View {
     frame().announce(remarked ? check + QStringLiteral(". ") + remark_->text() : check);
   }
 
-  /// The eight figures with their names, so that a raise can be seen.
+  /// The eight figures with their names, which show the effect of a raise.
   QLayout* strip() {
     auto* grid = new QGridLayout;
     grid->setVerticalSpacing(1);

@@ -11,7 +11,7 @@
 #include "ui/qt/widgets/look.h"
 #include "whatif/frmMisc.h"
 
-/// Local tax and raise: two pages of one size, of which one shows.
+/// Local tax and raise: two pages of one size, of which one is visible.
 
 namespace tallyfin::qt {
 
@@ -30,7 +30,7 @@ class frmMiscView : public PagedView {
     fillRaise(*page(screen.pnlContainerMisc[1], QStringLiteral("Raise")));
     setFixedWidth(look::scaled(width));
     levelPages(look::scaled(width) - sealSide - look::group - 2 * look::edge);
-    // Its letters are none of the main screen's, over which it lies.
+    // Its mnemonics differ from those of the main screen, which is below it.
     pressOn(Qt::CTRL | Qt::Key_Return, screen.cmdExit[0]);
     goOn(Qt::ALT | Qt::Key_B, findChild<QListWidget*>());
     pressOn(Qt::Key_F9, screen.cmdExit[1]);
@@ -40,7 +40,7 @@ class frmMiscView : public PagedView {
   static constexpr int width = 380;
   static constexpr int sealSide = 64;
 
-  /// The picture closes the screen; as a button it can be reached by keyboard too.
+  /// The picture that closes the screen, as a button, so that it can be reached by keyboard.
   QPushButton* seal() {
     auto* widget = new QPushButton(this);
     widget->setFlat(true);
@@ -72,7 +72,7 @@ class frmMiscView : public PagedView {
     layout.addWidget(command(button(screen_.cmdExit[0])), 0, Qt::AlignRight);
   }
 
-  /// Reads as a sentence: from the old wage, by a percentage or to a new wage.
+  /// In the order of a sentence: from the old wage, by a percentage or to a new wage.
   void fillRaise(QVBoxLayout& layout) {
     layout.setSpacing(look::row);
     layout.addWidget(paragraph(screen_.lblRaiseInst));
@@ -101,7 +101,7 @@ class frmMiscView : public PagedView {
     layout.addLayout(foot);
   }
 
-  /// A button with a light face: the colours that the screen gives its letters are dark.
+  /// A button with a light background, because the text colours of the screen are dark.
   QPushButton* command(QPushButton* widget) {
     colour(widget, look::lightFace());
     widget->setFixedSize(commandSize());

@@ -19,7 +19,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// The four periods of a row. Its options have no caption that could show the focus, so the row draws it.
+/// The four periods of a row. The options have no caption to show the focus, so the row draws it.
 class Periods : public QWidget {
  public:
   using QWidget::QWidget;

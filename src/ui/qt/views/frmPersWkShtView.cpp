@@ -14,7 +14,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// Two pages: lines A to E, then F to H with the ways on.
+/// Two pages: lines A to E, then F to H with the buttons of the next screens.
 class frmPersWkShtView : public WorksheetView {
  public:
   explicit frmPersWkShtView(frmPersWkSht& screen) : WorksheetView(screen, countWidth), screen_(screen) {
@@ -66,7 +66,7 @@ class frmPersWkShtView : public WorksheetView {
     return tied(widget, bind(*widget, screen_.cmdInstructions[index]));
   }
 
-  /// A line to tick, with the words that explain it under it.
+  /// A line with a check box, with its explanation below it.
   void explained(QBoxLayout* sheet, CheckBox& control, std::initializer_list<Label*> explanation) {
     QCheckBox* box = checkLine(control);
     line(sheet, box);

@@ -34,7 +34,7 @@ class frmPrintView : public View {
     bindEngine();
   }
 
-  /// The model doesn't maximise this screen; it takes the frame's whole document area all the same.
+  /// This screen fills the document area, although the model doesn't maximise it.
   QSize sizeHint() const override { return QSize(look::scaled(468), look::scaled(372)).expandedTo(minimumSizeHint()); }
 
  protected:
@@ -95,7 +95,7 @@ class frmPrintView : public View {
     widget->setObjectName(QString::fromLatin1(name));
     widget->setAutoDefault(true);
     QPalette face;
-    face.setColor(QPalette::Window, look::light);  // its edge, as that of the screen's own buttons
+    face.setColor(QPalette::Window, look::light);  // its edge, like that of the other buttons of the screen
     widget->setPalette(face);
     connect(widget, &QPushButton::clicked, this, [this, press] {
       if (this->screen() != nullptr) press();
@@ -153,7 +153,7 @@ class frmPrintView : public View {
     if (const Outcome outcome = paper_.save(frame().dialogs(), *this)) tell(outcome->words);
   }
 
-  /// Says in a line of this screen what the user must know; no words take the line away.
+  /// Shows a message in a line of this screen; an empty text hides the line.
   void tell(const QString& words) {
     notice_->tell(words);
     if (!words.isEmpty()) frame().announce(words);

@@ -15,7 +15,7 @@
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
 
-/// The state options. Everything stands in its place for every state, greyed where the state has no use for it.
+/// The state options. All controls are at the same place for every state, disabled where the state doesn't use them.
 
 namespace tallyfin::qt {
 
@@ -69,12 +69,12 @@ class frmStateView : public View {
     grid->addWidget(second, 1, 3);
     grid->addWidget(row(2, screen_.lblSpecialDeps, screen_.cboSpecialDeps, 'x'), 2, 1);
     for (const int column : {1, 3}) grid->setColumnStretch(column, 1);
-    // The caption of the special list changes with the state; the boxes stay where they are.
+    // The caption of the special list changes with the state; the boxes don't move.
     grid->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(QStringLiteral("Select Withholding Percentage")));
     return grid;
   }
 
-  /// Two columns, the longer captions in the second, so that the page needs no more than its width.
+  /// Two columns, with the longer captions in the second, so that they fit the width.
   QLayout* marital() {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(look::tight);

@@ -13,7 +13,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// A click on a row closes the screen, so the marker moves freely and Enter chooses.
+/// Choosing a row closes the screen, so the arrow keys only move the marker and Enter chooses.
 class frmTableOneView : public View {
  public:
   explicit frmTableOneView(frmTableOne& screen) : View(screen) {

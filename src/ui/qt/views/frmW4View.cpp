@@ -23,9 +23,9 @@ namespace tallyfin::qt {
 namespace {
 
 constexpr int margin = 13;         ///< For the line numbers of the form.
-constexpr int space = 3;           ///< Between a rule and what stands beside it.
+constexpr int space = 3;           ///< Between a rule and the text beside it.
 constexpr int lineNumber = 20;     ///< Width of the boxes of lines 5 to 7 with their numbers,
-constexpr int lineFigure = 76;     ///< and with what is entered.
+constexpr int lineFigure = 76;     ///< and of their entries.
 constexpr int numberColumn = 144;  ///< Width of line 2.
 constexpr int rightColumn = 262;   ///< Width of lines 3 and 4.
 
@@ -54,7 +54,7 @@ void showFocus(QPainter& painter, const QWidget& widget) {
   painter.drawRect(widget.rect().adjusted(0, 0, -1, -1));
 }
 
-/// An option or a check box as a form has them: a small square box, ticked by hand.
+/// An option or a check box of the form: a small square box.
 template <class Button>
 class FormTick : public Button {
  public:
@@ -91,8 +91,8 @@ class FormTick : public Button {
   }
 };
 
-/// A box without a frame: the form's own rules are around it. On paper its text is whole: in smaller letters where it
-/// is too long, in more than one line where these would be too small to read.
+/// A box without a frame: the form's own rules are around it. On paper its text isn't cut off: a long text has a
+/// smaller font, and several lines where that font would be too small.
 class FormBox : public Box {
  public:
   explicit FormBox(QWidget* parent) : Box(parent) { setFrame(false); }
@@ -109,12 +109,12 @@ class FormBox : public Box {
   }
 
  private:
-  static constexpr double leastPoints = 7 / 1.5;  ///< The form is half as large again on paper.
+  static constexpr double leastPoints = 7 / 1.5;  ///< The form is 1.5 times as large on paper.
   static constexpr double step = 0.25;
 
   void drawOnPaper(QPainter& painter) const {
     const QRectF room = QRectF(rect().marginsRemoved(textMargins())).adjusted(2, 0, -2, 0);
-    const double allowed = 0.98 * room.width();  // letters are a little wider on paper
+    const double allowed = 0.98 * room.width();  // text is slightly wider on paper
     constexpr int lines = static_cast<int>(Qt::AlignLeft) | Qt::TextWordWrap;
     QFont letters = font();
     const auto shrinkWhile = [&](const auto& tooLarge, double least) {
@@ -140,8 +140,8 @@ class FormBox : public Box {
   }
 };
 
-/// Line 7, on which "EXEMPT" may be written. The mouse takes the word away by a click and writes it by a double click;
-/// Space, Enter and assistive technology do the one or the other.
+/// Line 7, on which "EXEMPT" may be written. A click of the mouse removes the word, a double click writes it; Space,
+/// Enter and assistive technology toggle it.
 class ExemptLine : public PaddedLabel, public Switch {
  public:
   ExemptLine(QWidget* parent, int hanging, frmW4& screen) : PaddedLabel(parent, hanging), screen_(screen) {
@@ -150,7 +150,7 @@ class ExemptLine : public PaddedLabel, public Switch {
 
   bool on() const override { return screen_.Label27.visible; }
   void turn() override {
-    if (static_cast<const View*>(parentWidget())->screen() == nullptr) return;  // closed before its turn came
+    if (static_cast<const View*>(parentWidget())->screen() == nullptr) return;  // closed meanwhile
     on() ? screen_.Label20.userClick() : screen_.Label20.userDblClick();
   }
 
@@ -165,7 +165,7 @@ class ExemptLine : public PaddedLabel, public Switch {
   frmW4& screen_;
 };
 
-/// The form as it looks on paper: black rules on white, small print, and what is entered in its boxes.
+/// The form as on paper: black rules on white, small print, and the entries.
 class frmW4View : public View {
  public:
   explicit frmW4View(frmW4& screen) : View(screen), screen_(screen) {
@@ -173,7 +173,7 @@ class frmW4View : public View {
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Text, Qt::black);
     look::setGround(*this, palette);
-    // The least spacing keeps letters apart that would join, so that a printed file can be searched for its words.
+    // Minimal letter spacing prevents ligatures, so that the text of a PDF file can be searched.
     QFont letters = font();
     letters.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);
     setFont(letters);
@@ -324,7 +324,7 @@ class frmW4View : public View {
     return row;
   }
 
-  /// What the paper doesn't have.
+  /// The parts that aren't printed.
   QLayout* foot() {
     auto* row = new QHBoxLayout;
     row->setContentsMargins(0, space, 0, 0);

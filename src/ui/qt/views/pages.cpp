@@ -15,7 +15,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-/// Lets the pointer leave a widget that has moved away under it: the toolkit waits until the pointer itself moves.
+/// Sends the leave event to a widget that has moved away from the pointer: Qt sends it only when the pointer moves.
 void leaveBehind(QWidget& widget) {
   if (!widget.underMouse()) return;
   afterThisEvent(widget, [&widget] {
@@ -62,7 +62,7 @@ void PagedView::levelPages(int width) {
   for (const Page& page : all_) page.widget->setMinimumHeight(height);
 }
 
-/// Who can't see that a page is out of sight is told it with the name of whatever has the focus.
+/// When the focused control is on a page that is out of view, its accessible name starts with the title of that page.
 void PagedView::place(const Page& page) {
   if (screen() == nullptr) return;
   Part& widget = *page.widget;
@@ -88,7 +88,7 @@ void PagedView::place(const Page& page) {
 }
 
 void PagedView::resizeEvent(QResizeEvent* /*event*/) {
-  room_ = pages_->contentsRect().size();  // while the layout knows it: it forgets with each change
+  room_ = pages_->contentsRect().size();  // read here, because each change invalidates the layout
   for (const Page& page : all_) place(page);
 }
 

@@ -10,15 +10,16 @@ class Panel;
 
 namespace tallyfin::qt {
 
-/// A screen in pages, of which one is in sight. The others stand beside the view, as wide and high as in their place,
-/// and work there too.
+/// A screen with pages, of which one is visible. The others are beside the view, with the same size, and work there
+/// too.
 class PagedView : public View {
  protected:
   explicit PagedView(Screen& screen);
 
-  /// The place of the page in sight.
+  /// The geometry of the visible page.
   QVBoxLayout* pages() const { return pages_; }
-  /// A page that stands where its panel is, and the column of what is on it. Who can't see it goes by its name.
+  /// Adds a page at the position of its panel, and returns the layout of its content. The name is for assistive
+  /// technology.
   QVBoxLayout* page(Panel& panel, const QString& name);
   /// Makes every page as high as the highest one at this width.
   void levelPages(int width);
@@ -35,7 +36,7 @@ class PagedView : public View {
   void place(const Page& page);
 
   QVBoxLayout* pages_;
-  QSize room_;  ///< Of the page in sight.
+  QSize room_;  ///< Of the visible page.
   std::vector<Page> all_;
 };
 

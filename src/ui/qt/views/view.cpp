@@ -80,7 +80,7 @@ void View::onKey(const QKeySequence& key, const QString& words, std::function<vo
 
 namespace {
 
-/// Names a widget's key in its tooltip, behind what it is where it has none.
+/// Appends a widget's key to its tooltip, or to its name where it has no tooltip.
 void tellKey(QWidget& widget, const QKeySequence& key, const QString& name) {
   const QString words = widget.toolTip().isEmpty() ? name : widget.toolTip();
   widget.setToolTip(QStringLiteral("%1 (%2)").arg(words, key.toString(QKeySequence::NativeText)));
@@ -164,7 +164,7 @@ QLineEdit* View::amountBox(TextBox& control) {
 
 QPushButton* View::button(CommandButton& control) {
   auto* widget = new QPushButton(this);
-  widget->setAutoDefault(true);  // Enter presses the button that has the focus
+  widget->setAutoDefault(true);  // Enter presses the focused button
   return tied(widget, bind(*widget, control));
 }
 
@@ -221,7 +221,7 @@ FramedList* View::list(ListBox& control, Choose choose) {
 
 namespace {
 
-constexpr int visibleEntries = 12;  ///< Of an open list; the others are scrolled to.
+constexpr int visibleEntries = 12;  ///< Of an open list, which scrolls to the others.
 
 }  // namespace
 
@@ -260,7 +260,7 @@ void View::name(QLabel* label, QWidget* box, char letter) {
     label->setText(caption);
   };
   Binding* binding = bindingOf(label);
-  if (binding == nullptr) return mark(label->text());  // a label of the view's own
+  if (binding == nullptr) return mark(label->text());  // a label without a control
   binding->show = [mark, control = static_cast<Label*>(binding->control())] {
     mark(QString::fromStdString(control->caption()));
   };

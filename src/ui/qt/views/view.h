@@ -23,35 +23,35 @@ class ControlArray;
 
 namespace tallyfin::qt {
 
-/// The picture of a screen: lays widgets out and ties each to its control. Made when the screen is first shown, let go
-/// when it is discarded.
+/// The view of a screen: lays out widgets and binds each to its control. Created when the screen is first shown,
+/// deleted when it is discarded.
 class View : public QWidget {
  public:
   explicit View(Screen& screen);
   ~View() override;
 
   Screen* screen() const { return screen_; }
-  /// Cuts every tie to the screen, which is about to go.
+  /// Releases all bindings, before the screen is destroyed.
   void release();
-  /// The widget of a control; none if the view has none for it.
+  /// The widget of a control; null if there is none.
   QWidget* widgetOf(const Control& control) const;
-  /// Whether the user sees a widget of this page and can act on it.
+  /// Whether a widget of this page is visible and enabled.
   bool inSight(const QWidget& widget) const;
-  /// Takes the keyboard as if the user had moved there: the control that had it last, or else the first one.
+  /// Takes the keyboard focus as if the user had moved there: the control that had it last, or else the first one.
   void takeKeyboard();
-  /// Remembers which widget of this page has the keyboard.
+  /// Stores the widget of this page that has the keyboard focus.
   void noteFocus(QWidget& widget) { lastFocus_ = &widget; }
-  /// The keys of a page are heard while it is the active one.
+  /// Enables the keys of the page, while it is active.
   void setActive(bool active);
 
  protected:
-  // Each makes the widget of a control, tied to it.
+  // Each creates a widget that is bound to a control.
   QLabel* label(Label& control);
   /// A label in the heading font.
   QLabel* heading(Label& control);
   /// A label that wraps its text.
   QLabel* paragraph(Label& control);
-  /// A label for a figure: right-aligned, digits of one width; who makes it names it.
+  /// A label for a figure: right-aligned, with digits of equal width. The caller sets its accessible name.
   QLabel* figure(Label& control);
   QLineEdit* box(TextBox& control, Pasted pasted = Pasted::text);
   /// A box for an amount: right-aligned.
@@ -59,12 +59,12 @@ class View : public QWidget {
   QPushButton* button(CommandButton& control);
   /// A button that shows a picture, of a side in pixels, instead of a caption.
   QPushButton* pictureButton(CommandButton& control, const char* picture, const char* name, QSize size, int side = 18);
-  /// A button that shows a picture and a word, which the control has none of.
+  /// A button with a picture and a caption, for a control without a caption.
   QPushButton* wordButton(CommandButton& control, const char* picture, const char* word);
-  /// The same for buttons of the view's own.
+  /// The same for buttons without a control.
   static void showWord(QPushButton& button, const char* picture, const char* word);
   static void showPicture(QPushButton& button, const char* picture, const char* name, QSize size, int side);
-  /// Options that exclude one another, in one group of the keyboard.
+  /// Exclusive options, as one group for the arrow keys.
   std::vector<QRadioButton*> options(std::initializer_list<OptionButton*> controls);
   template <int count>
   std::vector<QRadioButton*> options(ControlArray<OptionButton, count>& controls);
@@ -73,7 +73,7 @@ class View : public QWidget {
   QComboBox* dropDown(DropDown& control);
   QComboBox* dropDown(EditableDropDown& control);
 
-  /// Registers a widget that a view has tied by itself.
+  /// Registers a widget that the view has bound itself.
   template <class Widget>
   Widget* tied(Widget* widget, Binding& binding) {
     bindings_.push_back(&binding);
@@ -81,27 +81,27 @@ class View : public QWidget {
     return widget;
   }
 
-  /// Makes a label the name of its box for screen readers, whatever its caption becomes; with a letter of the caption,
-  /// Alt and that letter move to the box.
+  /// Makes the label's caption the accessible name of its box, also when it changes. With a letter of the caption, that
+  /// letter is the mnemonic of the box.
   void name(QLabel* label, QWidget* box, char letter = '\0');
-  /// Gives a tied widget colours of its own, under those of its control.
+  /// Sets colours of a bound widget; those of its control override them.
   void colour(QWidget* widget, const QPalette& palette);
-  /// Nothing moves when the widget is hidden.
+  /// The widget keeps its space when it is hidden.
   static void keepPlace(QWidget* widget);
-  /// Alt and this letter of its caption press the button, option or check box.
+  /// Makes this letter of the caption the mnemonic of the button, option or check box.
   static void letter(QAbstractButton* button, char letter);
-  /// A key that acts while this page is the active one, whatever has the keyboard; the words tell what it does.
+  /// A key that works while this page is active, for any focus. `words` describes its action.
   void onKey(const QKeySequence& key, const QString& words, std::function<void()> act);
-  /// A key that presses a button, or goes to a widget, if it is in sight. The tooltip names it.
+  /// A key that presses a button, or moves to a widget, if it is in view. The tooltip names it.
   void pressOn(const QKeySequence& key, QAbstractButton* button);
   void pressOn(const QKeySequence& key, const CommandButton& control);
   void goOn(const QKeySequence& key, QWidget* widget);
-  /// Alt and the number or letter of a line of a form go to what stands there, in sight or not.
+  /// Alt and the number or letter of a line of a form move to its entry, also when it is out of view.
   void lineKeys(std::initializer_list<std::pair<char, Control*>> lines);
-  /// The control that a page which opens gives the keyboard to; none where nothing takes it.
+  /// The control that gets the focus when the page opens; null for none.
   virtual QWidget* firstControl() const;
 
-  /// Keeps the mark for the keyboard of a label that is out of sight from acting.
+  /// Disables the mnemonic of a label on a page that is out of view.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -115,10 +115,10 @@ class View : public QWidget {
   QPointer<QWidget> lastFocus_;
 };
 
-/// Where Tab goes that would go to a widget: of a group of options to the chosen one.
+/// The target of Tab for a widget: the chosen option of a group.
 QWidget& enteredAt(QWidget& widget);
 
-/// Makes the view of a screen.
+/// Creates the view of a screen.
 std::unique_ptr<View> viewOf(Screen& screen);
 
 template <int count>

@@ -15,7 +15,7 @@ struct Makers {
  private:
   template <class S>
   static void tryOne(Screen& screen, std::unique_ptr<View>& view) {
-    if constexpr (!std::is_same_v<S, MDIOpen>) {  // the frame is a view of its own kind
+    if constexpr (!std::is_same_v<S, MDIOpen>) {  // the frame has its own class
       if (auto* known = dynamic_cast<S*>(&screen)) view = makeView(*known);
     }
   }

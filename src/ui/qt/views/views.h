@@ -7,7 +7,7 @@
 
 namespace tallyfin::qt {
 
-/// Makes the view of a screen, each beside its class in its source.
+/// Create the view of a screen; defined in the source of its class.
 std::unique_ptr<View> makeView(MsgBox& screen);
 std::unique_ptr<View> makeView(frm2Workers& screen);
 std::unique_ptr<View> makeView(frmAbt& screen);

@@ -14,9 +14,9 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr QSize unfilled{460, 362};  ///< Of a worksheet that doesn't fill the shell.
+constexpr QSize unfilled{460, 362};  ///< Of a worksheet that doesn't fill the document area.
 
-/// A figure in a field of its own.
+/// A figure in a field.
 class Result : public FigureLabel {
  public:
   using FigureLabel::FigureLabel;

@@ -11,22 +11,22 @@ class QBoxLayout;
 
 namespace tallyfin::qt {
 
-/// What the worksheets of Form W-4 have in common: ruled paper in pages, line numbers hanging in the margin, what is
-/// entered and what comes out in one column at the right.
+/// The common parts of the Form W-4 worksheets: ruled pages, line numbers in the margin, entries and results in one
+/// column at the right.
 class WorksheetView : public PagedView {
  public:
   QSize sizeHint() const override;
 
  protected:
-  // Pixels at the normal size of letters.
-  static constexpr int countWidth = 48;   ///< Of the column at the right where it holds counts,
-  static constexpr int amountWidth = 92;  ///< and where it holds amounts.
+  // Pixels at the normal font size.
+  static constexpr int countWidth = 48;   ///< Of the right column with counts,
+  static constexpr int amountWidth = 92;  ///< and with amounts.
 
   WorksheetView(Screen& screen, int entryWidth);
 
-  /// A page with its heading. The lines go below each other on it.
+  /// Adds a page with its heading. Lines are added to it.
   QBoxLayout* page(Panel& panel, Label& heading, Label& pageNumber);
-  /// A line of the page, a hairline above it: its words, and the entry at the right if it has one.
+  /// Adds a line to the page, with a hairline above it: its text, and the entry at the right if it has one.
   void line(QBoxLayout* page, QWidget* words, QWidget* entry = nullptr);
   /// The foot of the page: pictures at its right end.
   void foot(QBoxLayout* page, std::initializer_list<QWidget*> pictures);
@@ -34,13 +34,13 @@ class WorksheetView : public PagedView {
   void keys(const CommandButton& calculate, const CommandButton& forward, const CommandButton& back);
 
   QLabel* caption(Label& control);
-  /// Options below each other, as far in as the words of a line.
+  /// Adds options below each other, aligned with the text of lines.
   template <int count>
   void optionLines(QBoxLayout* page, ControlArray<OptionButton, count>& controls) {
     for (QRadioButton* option : options(controls)) addIndented(page, option);
   }
   QCheckBox* checkLine(CheckBox& control);
-  /// A box or a figure in the column at the right, named by the words of its line.
+  /// A box or a figure in the right column; its accessible name is the text of its line.
   QLineEdit* entry(TextBox& control, const QString& words);
   QLabel* result(Label& control, const QString& words);
   static QString wordsOf(const Label& control) { return QString::fromStdString(control.caption()); }
@@ -49,7 +49,7 @@ class WorksheetView : public PagedView {
   void comesOut(QBoxLayout* page, Label& words, Label& figure) {
     line(page, caption(words), result(figure, wordsOf(words)));
   }
-  /// A line whose words surround a button.
+  /// Adds a line with a button within its text.
   QWidget* sentence(Label& first, CommandButton& button, Label& second);
 
  private:

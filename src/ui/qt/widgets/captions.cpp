@@ -17,7 +17,7 @@ struct Caption {
   QString words;
 };
 
-/// Parts a caption after its line number or dash, or after the blanks that stand in for one.
+/// Splits a caption after its line number or dash, or after blanks in place of one.
 Caption parted(const QString& text) {
   static const QRegularExpression number(QStringLiteral("^(\\d+\\.?|[A-Z]\\.|-)? +"));
   const auto match = number.match(text);
@@ -107,7 +107,7 @@ constexpr QMargins padding{6, 3, 6, 3};
 }  // namespace
 
 WrapButton::WrapButton(QWidget* parent) : QPushButton(parent) {
-  setAutoDefault(true);  // Enter presses the button that has the focus
+  setAutoDefault(true);  // Enter presses the focused button
   wrapsIn(*this);
 }
 
@@ -137,13 +137,13 @@ void SentenceWithButton::Words::paintEvent(QPaintEvent* /*event*/) {
   for (const Word& word : words) painter.drawText(word.base, word.text);
 }
 
-/// Sets words and a button one after the other, from line to line.
+/// Lays out words and a button in lines.
 class SentenceWithButton::Flow {
  public:
   Flow(const QFontMetrics& metrics, int margin, int width, int lineHeight)
       : metrics_(metrics), margin_(margin), width_(width), lineHeight_(lineHeight), x_(margin) {}
 
-  /// Gives each word its place; the words gathered belong to one caption.
+  /// Positions each word; consecutive words belong to one caption.
   void add(const QString& words, std::vector<Words::Word>& placed) {
     for (const QString& word : words.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
       const QRect room = next(metrics_.horizontalAdvance(word));
@@ -151,7 +151,7 @@ class SentenceWithButton::Flow {
     }
   }
 
-  /// The place of something as wide as this.
+  /// The position of an item of this width.
   QRect next(int width) {
     if (x_ + width > width_) {
       x_ = margin_;

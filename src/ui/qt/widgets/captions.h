@@ -4,14 +4,14 @@
 #include <QLabel>
 #include <QPushButton>
 
-/// Widgets for long captions, which the toolkit's own would leave on one line.
+/// Widgets for long captions, which Qt's widgets don't wrap.
 
 namespace tallyfin::qt {
 
-/// A caption that wraps and hangs its line number ("10.  Add lines ...") in the margin.
+/// A caption that wraps, with its line number ("10.  Add lines ...") in the margin.
 class HangingLabel : public QLabel {
  public:
-  /// The margin in pixels; a caption without a number stands in from it as well.
+  /// The margin in pixels; a caption without a number is indented by it too.
   HangingLabel(QWidget* parent, int margin);
 
   QSize sizeHint() const override;
@@ -19,7 +19,7 @@ class HangingLabel : public QLabel {
   int heightForWidth(int width) const override;
 
  protected:
-  /// The words as they are displayed at a width.
+  /// The text with its line breaks at a width.
   virtual QString words(int width) const;
   void paintEvent(QPaintEvent* event) override;
 
@@ -27,7 +27,7 @@ class HangingLabel : public QLabel {
   int margin_;
 };
 
-/// A caption of a form whose padding, a run of blanks or the dots at its end, gives way before the words wrap.
+/// A caption of a form. Its padding, blanks or dots at its end, is shortened before the text wraps.
 class PaddedLabel : public HangingLabel {
  public:
   using HangingLabel::HangingLabel;
@@ -36,10 +36,10 @@ class PaddedLabel : public HangingLabel {
   QString words(int width) const override;
 };
 
-/// A caption with a hanging line number, of a check box whose box stands at the right end of the line.
+/// A caption with a line number in the margin, for a check box whose box is at the right end of the line.
 class HangingCheckBox : public QCheckBox {
  public:
-  /// The caption leaves a column of this width free at its right, the box's.
+  /// The width of the column of the box at the right, which the caption leaves free.
   HangingCheckBox(QWidget* parent, int margin, int column);
 
   QSize sizeHint() const override;
@@ -68,17 +68,17 @@ class WrapButton : public QPushButton {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A sentence of two captions with a button in it: the first caption has a gap of two blanks, into which the button and
-/// then the second caption belong.
+/// A sentence of two captions with a button: the button and the second caption belong into a gap of two blanks in the
+/// first one.
 class SentenceWithButton : public QWidget {
  public:
-  /// A caption of the sentence, whose words the sentence places.
+  /// Adds a caption, whose words this widget positions.
   class Words;
 
   SentenceWithButton(QWidget* parent, int margin);
   Words* first() const { return first_; }
   Words* second() const { return second_; }
-  /// Takes the button when all captions are set.
+  /// Sets the button, after all captions.
   void setButton(QPushButton* button);
 
   QSize sizeHint() const override;
@@ -101,12 +101,12 @@ class SentenceWithButton::Words : public QLabel {
  public:
   using QLabel::QLabel;
   struct Word {
-    QPoint base;  ///< Left end of its base line.
+    QPoint base;  ///< Left end of the baseline.
     QString text;
   };
   std::vector<Word> words;
 
-  QSize minimumSizeHint() const override { return {}; }  // the sentence asks for their room
+  QSize minimumSizeHint() const override { return {}; }  // the sentence has the size hint
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -20,7 +20,7 @@ bool Box::cut() const {
   QStyleOptionFrame option;
   initStyleOption(&option);
   const QRect room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(textMargins());
-  constexpr int blank = 4;  // which the style leaves at the sides of a text
+  constexpr int blank = 4;  // the style's margin beside a text
   return fontMetrics().horizontalAdvance(text()) > room.width() - blank;
 }
 

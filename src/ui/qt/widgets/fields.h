@@ -3,11 +3,12 @@
 #include <QLineEdit>
 #include <QListWidget>
 
-/// Boxes and lists as all screens have them.
+/// Boxes and lists of all screens.
 
 namespace tallyfin::qt {
 
-/// A text box. Without the focus it shows the beginning of its text; where that isn't all, its tooltip tells the whole.
+/// A text box. Without the focus it shows the beginning of its text; where the text is cut off, the tooltip has the
+/// whole text.
 class Box : public QLineEdit {
  public:
   explicit Box(QWidget* parent);
@@ -18,7 +19,7 @@ class Box : public QLineEdit {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  /// Where the user was in the text when the box lost the focus.
+  /// The cursor position when the box lost the focus.
   struct Place {
     int cursor = 0;
     int selectionStart = -1;
@@ -29,8 +30,8 @@ class Box : public QLineEdit {
   Place left_;
 };
 
-/// A list with a frame that the rows don't cover. It asks for the height of some of its rows, or of all, and scrolls
-/// only where it has more.
+/// A list with a frame that the rows don't cover. Its size hint is the height of some or all of its rows; it scrolls
+/// where it has more.
 class FramedList : public QListWidget {
  public:
   explicit FramedList(QWidget* parent);

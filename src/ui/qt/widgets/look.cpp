@@ -50,8 +50,8 @@ bool hasTabularDigits(const QFont& font) {
   });
 }
 
-/// Fusion, but for the pictures of what is disabled: they fade into whatever ground they stand on. Fusion's take the
-/// colour of the application's own ground, and were brighter than the others on the deep one.
+/// Fusion style with paler icons for disabled buttons: they are blended with their background. Fusion blends with the
+/// application's window colour, which makes them too bright on the dark background.
 class Style : public QProxyStyle {
  public:
   Style() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -59,7 +59,7 @@ class Style : public QProxyStyle {
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override {
     switch (hint) {
-      // A drop-down opens a list of some rows with an edge, not one as high as the screen.
+      // A drop-down opens a list of some rows with an edge, not a popup as high as the display.
       case SH_ComboBox_Popup: return 0;
       case SH_ComboBox_PopupFrameStyle: return static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain);
       default: return QProxyStyle::styleHint(hint, option, widget, returned);
@@ -87,15 +87,15 @@ int scaled(int pixels) {
 void apply(QApplication& application) {
   application.setStyle(new Style);
   applyFont(application, QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).pointSizeF());
-  application.setPalette(onWhite());  // for the toolkit's own dialogs; every window of the program sets its ground
+  application.setPalette(onWhite());  // for Qt's dialogs; every window of the program sets its background
   QToolTip::setPalette(onPaper());
-  // The toolkit would keep what it has drawn by a name that counts palettes. The widgets of a screen take new palettes
-  // each time they are made, so nothing would be found again, and the names would never be let go.
+  // Qt caches rendered pixmaps under a key that contains the palette's serial number. The widgets of a screen get new
+  // palettes each time they are created, so nothing would be found again, and the keys would never be freed.
   QPixmapCache::setCacheLimit(0);
 }
 
 void applyFont(QApplication& application, double systemPoints) {
-  // Desktops come with sizes up to 11 points; whoever has set more wants larger letters here too.
+  // Default sizes of desktops are up to 11 points; a larger size was set by the user and applies here too.
   QFont font(QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family());
   font.setPointSizeF(normalPoints * std::max(1.0, systemPoints / 11.0));
   application.setFont(font);
@@ -169,7 +169,7 @@ QFont heading() {
 
 QFont figures() {
   QFont font = QApplication::font();
-  if (!hasTabularDigits(font)) font.setFamily(QStringLiteral("DejaVu Sans"));  // comes with the program
+  if (!hasTabularDigits(font)) font.setFamily(QStringLiteral("DejaVu Sans"));  // installed with the program
   return font;
 }
 
