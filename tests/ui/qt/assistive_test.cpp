@@ -300,6 +300,17 @@ TEST_F(Assistive, WhatCouldntBeSavedIsTold) {
   EXPECT_THAT(told, Contains("alert Saved as " + dialogs.path.toStdString()));
 }
 
+TEST_F(Assistive, WhatIsAnnouncedTwiceIsHeardTwice) {
+  stored(section::settings, "IncAmt", "1000");
+  stored(section::settings, "Frequency", "0");
+  startOnMain();
+  for (int time = 1; time <= 3; ++time) {
+    told.clear();
+    press("frmMain", "cmdToolBar(0)");
+    EXPECT_THAT(told, Contains("alert " + results().back()).Times(1)) << time;
+  }
+}
+
 TEST_F(Assistive, AReportIsToldWhenItHasChanged) {
   openReport();
   told.clear();

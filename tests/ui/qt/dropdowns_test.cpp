@@ -14,6 +14,8 @@ namespace tallyfin::qt {
 
 namespace {
 
+using ClosedList = DesktopTest;
+
 class TypedEntry : public DesktopTest {
  protected:
   void open() {
@@ -40,6 +42,19 @@ class TypedEntry : public DesktopTest {
     settle();
   }
 };
+
+TEST_F(ClosedList, LettersTypedAfterAPauseBeginAnew) {
+  startOnMain();
+  auto& box = find<QComboBox>("frmMain", "cboState");
+  const auto marked = [&] { return box.view()->currentIndex().data().toString(); };
+  box.setFocus();
+  QTest::keyClick(&box, Qt::Key_U);
+  EXPECT_EQ(marked(), "Utah");
+  QTest::qWait(1001);  // the pause itself
+  QTest::keyClick(box.view(), Qt::Key_O);
+  EXPECT_EQ(marked(), "Ohio");
+  QTest::keyClick(box.view(), Qt::Key_Escape);
+}
 
 TEST_F(TypedEntry, OpeningTheListChoosesNothing) {
   open();

@@ -353,6 +353,17 @@ TEST_F(ExplanationOfTheResults, PrintsAllTwelveAsTheReportIsPrinted) {
   EXPECT_THAT(paper, HasSubstr("$71.10 plus 28% of the amount of line 1 over $525.00, "));
 }
 
+TEST_F(ExplanationOfTheResults, TheNoticeOfAFileGoesWithTheNextCalculation) {
+  const QTemporaryDir folder;
+  dialogs.path = folder.filePath("explanation.pdf");
+  doubleClick(5);
+  click(part<QPushButton>("print"));
+  EXPECT_TRUE(part<QLabel>("notice").isVisible());
+  EXPECT_EQ(part<QLabel>("notice").text(), "Saved as " + dialogs.path);
+  calculate();
+  EXPECT_FALSE(part<QLabel>("notice").isVisible());
+}
+
 TEST_F(ExplanationOfTheResults, NoTitleEndsAPage) {
   const QTemporaryDir folder;
   const QString path = folder.filePath("explanation.pdf");

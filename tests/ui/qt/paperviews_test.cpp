@@ -523,6 +523,27 @@ TEST_F(Preview, TurnsThePagesOfALongReport) {
   EXPECT_EQ(number->text(), "Page 1 of 1");
 }
 
+TEST_F(Preview, TheZoomStaysOnThePage) {
+  start();
+  openReport();
+  std::string table = "<3000|>1500;Title|Value;";
+  for (int row = 1; row <= 80; ++row) table += "Row " + std::to_string(row) + "|1;";
+  PrintEngine& engineOfThreePages = desk.use<frmPrint>().vsPrinter1;
+  engineOfThreePages.startDocument();
+  engineOfThreePages.addTable(table);
+  engineOfThreePages.endDocument();
+  QTest::mouseClick(widget<QPushButton>("next"), Qt::LeftButton);
+  auto* sheet = widget<QScrollArea>("vsPrinter1")->widget();
+  const int zoom = widget<QSpinBox>("udZoom")->value();
+  const QImage second = sheet->grab().toImage();
+  for (const int other : {50, 200, zoom}) {
+    widget<QSpinBox>("udZoom")->setValue(other);
+    EXPECT_EQ(engineOfThreePages.zoom(), other);
+    EXPECT_EQ(widget<QLabel>("pageNumber")->text(), "Page 2 of 3") << other;
+  }
+  EXPECT_EQ(sheet->grab().toImage(), second);
+}
+
 TEST_F(Preview, FirstButtonMakesTheReportAgain) {
   start();
   openReport();
@@ -955,6 +976,20 @@ TEST_F(Help, AMissingFileLeavesTheOtherOpen) {
   QCoreApplication::processEvents();
   EXPECT_GT(notice->y(), shown->mapTo(help.window(), shown->rect().bottomLeft()).y());
   EXPECT_EQ(shown->document()->begin().text(), "Form W-4 from start to finish");
+}
+
+TEST_F(Help, TheNoticeOfAMissingFileGoesWithTheNextTopic) {
+  QTemporaryDir folder;
+  ASSERT_TRUE(QFile::copy(QDir(HelpShelf::usualFolders().front()).filePath("W4.hlp"), folder.filePath("W4.hlp")));
+  DesktopHelp help({folder.path()});
+  help.serve(*desktop_->frame());
+  help.open("W4.hlp", 10);
+  auto* shown = help.window()->findChild<QTextBrowser*>();
+  const auto* notice = help.window()->findChild<QLabel*>("notice");
+  Q_EMIT shown->anchorClicked(QUrl("Tallyfin.hlp#frmMain"));
+  EXPECT_TRUE(notice->isVisible());
+  Q_EMIT shown->anchorClicked(QUrl("W4.hlp#frmCalendar"));
+  EXPECT_FALSE(notice->isVisible());
 }
 
 TEST(HelpBookTest, IsTakenApartAtItsHeadingsOfTheFirstOrder) {

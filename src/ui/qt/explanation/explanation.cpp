@@ -178,6 +178,7 @@ void ExplanationWindow::follow(const Frame& frame) {
 void ExplanationWindow::refresh() {
   const Trace* trace = lastTrace();
   if (trace == nullptr) return;
+  notice_->tell(QString());  // it spoke of the figures before
   explanations_ = explain(*trace);
   forms_ = formsOf(explanations_);
   entries_ = headingOf(*trace, explanations_);
