@@ -7,13 +7,13 @@
 #include "controls/screen.h"
 #include "desktoptest.h"
 
-/// Every screen for people who can't see it, or use no mouse: names, roles, and room for what stands there.
+/// Accessibility of every screen: names, roles, tab order, and space for all texts.
 
 namespace tallyfin::qt {
 
 namespace {
 
-/// A way to a screen from the main screen.
+/// The actions that open a screen from the main screen.
 struct Way {
   const char* screen;
   std::function<void()> go;
@@ -21,7 +21,7 @@ struct Way {
 
 class Accessibility : public DesktopTest {
  protected:
-  /// Opens the screens one after the other and looks at each.
+  /// Opens each screen and checks it.
   template <class Look>
   void onEachScreen(Look look) {
     stored(section::settings, "IncAmt", "1000");
@@ -49,7 +49,7 @@ class Accessibility : public DesktopTest {
     }
   }
 
-  /// Every caption, figure, box and button has the room that it needs, on a page that may scroll.
+  /// Every caption, figure, box and button has the space that it needs, on a page that may scroll.
   void expectNothingCutOff(const Screen& screen) const {
     for (const Control* control : screen.controls()) {
       const QWidget& widget = widgetOf(*control);
@@ -69,7 +69,7 @@ class Accessibility : public DesktopTest {
         EXPECT_GE(widget.height(), widget.heightForWidth(widget.width())) << control->address();
         continue;
       }
-      // The style would have all buttons with words 80 pixels wide; some say how much they need.
+      // The style makes buttons with a caption at least 80 pixels wide; some have a smaller minimum.
       const int needed = widget.minimumWidth() > 0 ? widget.minimumWidth() : widget.minimumSizeHint().width();
       EXPECT_GE(widget.width(), needed) << control->address();
       if (qobject_cast<const QPushButton*>(&widget) != nullptr) {
@@ -86,7 +86,7 @@ class Accessibility : public DesktopTest {
   }
 };
 
-/// What a screen reader calls it: its own name or, as it is with drop-downs, that of the label beside it.
+/// The name for screen readers: its accessible name or, for drop-downs, that of the label beside it.
 std::string nameOf(QWidget& widget) {
   QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&widget);
   if (face->role() != QAccessible::ComboBox) return face->text(QAccessible::Name).toStdString();
@@ -155,7 +155,7 @@ TEST_F(Accessibility, EveryControlInViewIsReachedByTab) {
     }
     for (const Control* control : screen.controls()) {
       const QWidget& widget = widgetOf(*control);
-      // Of a group of options the set one is reached by Tab, the others by the arrows.
+      // Tab reaches the set option of a group, the arrow keys the others.
       if (!widget.isVisible() || !widget.isEnabled() || !(widget.focusPolicy() & Qt::TabFocus)) continue;
       const auto* option = qobject_cast<const QRadioButton*>(&widget);
       if (option != nullptr && !option->isChecked()) continue;

@@ -6,16 +6,16 @@
 #include "ui/screens.h"
 
 #ifdef __SANITIZE_ADDRESS__
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // the compiler brings no header for it
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // declared here, because there is no header
 #endif
 
-/// What a screen leaves behind when it is closed: nothing, or a day's work would fill the memory.
+/// A closed screen must leave no memory allocated.
 
 namespace tallyfin::qt {
 
 namespace {
 
-/// The memory in use, bytes. Only the address sanitizer counts it without what the allocator keeps for the next time.
+/// The memory in use, bytes. Only the address sanitizer counts it without memory that the allocator keeps.
 std::size_t bytesInUse() {
 #ifdef __SANITIZE_ADDRESS__
   return __sanitizer_get_current_allocated_bytes();
@@ -38,8 +38,8 @@ class ClosedScreen : public DesktopTest {
     }
   }
 
-  /// Whether twenty openings leave less than a hundred bytes each, now or after some more: a table of the toolkit may
-  /// grow once, but what is lost at each opening grows every time.
+  /// Whether twenty openings leave less than a hundred bytes each, now or after some more: a table of Qt may grow once,
+  /// but a leak grows with each opening.
   bool settlesInMemory() {
     for (int round = 0; round < 5; ++round) {
       const std::size_t bytes = bytesInUse();
@@ -50,7 +50,7 @@ class ClosedScreen : public DesktopTest {
   }
 };
 
-/// Without the frame, which is there from the beginning to the end of a run.
+/// Without the frame, which is open for the whole run.
 template <class Frame, class... Screens>
 struct WithoutFirst {
   using Types = ::testing::Types<Screens...>;
@@ -67,18 +67,18 @@ TYPED_TEST_SUITE(ClosedScreen, AllScreens<WithoutFirst>::Types, ScreenName);
 
 TYPED_TEST(ClosedScreen, LeavesNoWidgetAndNoMemory) {
   this->startOnMain();
-  this->openAndClose(10);  // what is made once and kept is made here
+  this->openAndClose(10);  // allocates what is kept
   const auto widgets = QApplication::allWidgets().size();
   EXPECT_TRUE(this->settlesInMemory());
   EXPECT_EQ(QApplication::allWidgets().size(), widgets);
 
-  // The toolkit would keep what it draws by ever new names.
+  // Qt would cache drawn pixmaps under ever new keys.
   EXPECT_FALSE(QPixmapCache::insert("drawn", QPixmap(1, 1)));
 }
 
 using Released = DesktopTest;
 
-/// The control may be there still when the widget is gone. The address sanitizer sees who is told then.
+/// The control may outlive the widget. The address sanitizer detects notifications to a deleted widget.
 TEST_F(Released, ABindingIsToldNothingMore) {
   startOnMain();
   Control& control = desk.use<frmAnalysis>().lblOne[0];  // which has no widget yet

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-/// Contrast of colours as the accessibility guidelines measure it: 1 for none, 21 for black on white.
+/// Contrast of colours by the WCAG formula: 1 for none, 21 for black on white.
 
 namespace tallyfin::qt {
 

@@ -65,7 +65,7 @@ const View& DesktopTest::view(const char* screen) const {
 }
 
 void DesktopTest::click(QWidget& widget) {
-  // The left end of an option or check box is its mark; a widget may be wider than what it shows.
+  // The indicator of an option or check box is at its left end; a widget may be wider than its text.
   const bool marked = qobject_cast<QRadioButton*>(&widget) != nullptr || widget.inherits("QCheckBox");
   QTest::mouseClick(&widget, Qt::LeftButton, {}, marked ? QPoint(8, widget.height() / 2) : widget.rect().center());
   settle();
@@ -117,7 +117,7 @@ std::string DesktopTest::text(const char* screen, const QString& name) const {
   QWidget& widget = find(screen, name);
   if (const auto* edit = qobject_cast<QLineEdit*>(&widget)) return edit->text().toStdString();
   if (const auto* label = qobject_cast<QLabel*>(&widget)) {
-    // A label that names a box may mark a letter.
+    // A label of a box may have a mnemonic.
     return (label->buddy() == nullptr ? label->text() : label->text().remove('&')).toStdString();
   }
   if (const auto* box = qobject_cast<QComboBox*>(&widget)) return box->currentText().toStdString();

@@ -24,8 +24,8 @@
 #include "ui/qt/frame/document.h"
 #include "ui/qt/frame/frame.h"
 
-/// The ground of the desktop's tests: the whole program without a display, on a store file of the test's own, worked by
-/// clicks and keys on widgets found by their names.
+/// Fixture of the desktop's tests: the whole program without a display, with a temporary store file, driven by clicks
+/// and keys on widgets found by their names.
 
 namespace tallyfin::qt {
 
@@ -34,17 +34,17 @@ class DesktopTest : public ::testing::Test {
   DesktopTest();
   ~DesktopTest() override;
 
-  /// What an earlier run has left in the store.
+  /// Stores a setting, as from an earlier run.
   void stored(std::string_view section, std::string_view key, const std::string& text);
   void start();
   /// As start, where the personal information isn't asked for: the main screen comes first.
   void startOnMain();
-  /// What stands in the store's file at the next start.
+  /// The stored text at the next start.
   void putFile(const QByteArray& content) const;
   QString storePath() const { return folder_.filePath("settings.sqlite"); }
   /// Ends the program and starts it again on the same store file.
   void restart();
-  /// Lets the program do what it has put off.
+  /// Runs deferred work of the program.
   static void settle();
 
   Desktop& desktop() const { return *desktop_; }
@@ -61,7 +61,7 @@ class DesktopTest : public ::testing::Test {
     return *widget;
   }
 
-  /// Whether a widget stands on a page that is in sight.
+  /// Whether a widget is on a visible page.
   bool inSight(const char* screen, const QString& name) const {
     const QWidget& widget = find(screen, name);
     return widget.isVisible() && widget.mapTo(&view(screen), widget.rect().topRight()).x() >= 0;
@@ -71,7 +71,7 @@ class DesktopTest : public ::testing::Test {
   void click(const char* screen, const QString& name) const { click(find(screen, name)); }
   /// Clicks an item of the list bar, after its group's header where the group is closed.
   void clickItem(const char* key) const;
-  /// Clicks the box and types over what stands in it.
+  /// Clicks the box and replaces its text.
   void type(const char* screen, const QString& name, const QString& text) const;
   /// Chooses an entry of a list or, by the keyboard, of an opened drop-down.
   void choose(const char* screen, const QString& name, const QString& entry) const;

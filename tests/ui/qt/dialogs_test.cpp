@@ -16,7 +16,7 @@
 #include "desktoptest.h"
 #include "ui/qt/frame/focusring.h"
 
-/// The dialog for a PDF file, as it comes up.
+/// The dialog for a PDF file when it opens.
 
 namespace tallyfin::qt {
 
@@ -33,7 +33,7 @@ class PdfDialog : public DesktopTest {
     dialogs.onPdf = [](QWidget& asking, const QString& offered) { return SystemDialogs().choosePdf(asking, offered); };
   }
 
-  /// Asks for the printing of the form; what comes up meanwhile is answered one after the other.
+  /// Prints the form, and answers the dialogs that open in turn.
   void printForm(std::vector<Answer> answers) {
     answerWith(std::move(answers));
     startOnMain();
@@ -53,15 +53,15 @@ class PdfDialog : public DesktopTest {
     return [path](QWidget& dialog) {
       auto* edit = qobject_cast<QLineEdit*>(dialog.focusWidget());
       ASSERT_NE(edit, nullptr);
-      EXPECT_EQ(edit->text(), "Form W-4.pdf");  // what is offered
+      EXPECT_EQ(edit->text(), "Form W-4.pdf");  // the default name
       EXPECT_EQ(dialog.windowTitle(), "Save as PDF");
       EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).nameFilters(), QStringList("PDF files (*.pdf)"));
       expectNoMark(dialog);
-      edit->setText(path);  // typed, it would be completed
+      edit->setText(path);  // setText, because typing would complete it
       QTest::keyClick(edit, Qt::Key_Return);
     };
   }
-  /// The mark of the keyboard is the program's; the toolkit's dialogs have their own.
+  /// The focus ring is only for the program's windows; Qt's dialogs draw their own.
   static void expectNoMark(QWidget& dialog) {
     ASSERT_TRUE(QTest::qWaitFor([&dialog] { return dialog.isAncestorOf(QApplication::focusWidget()); }));
     for (const QObject* part : dialog.findChildren<QWidget*>()) {
@@ -181,8 +181,7 @@ TEST_F(FormOnPaper, HasNoMarkOfTheKeyboard) {
   EXPECT_EQ(withKeyboard.size(), saved().size());
 }
 
-/// An address that is wider than its box is whole on paper, in letters that can be read; one that would need smaller
-/// ones takes two lines.
+/// On paper a long address isn't cut off and has a readable font; one that would need a smaller font takes two lines.
 TEST_F(FormOnPaper, HasWholeTextsWithoutSelectionOrCursor) {
   dialogs.path = folder_.filePath("form.pdf");
   const QString address = "17 North Second Street, Apt 3";
@@ -203,7 +202,7 @@ TEST_F(FormOnPaper, HasWholeTextsWithoutSelectionOrCursor) {
     double right = 0;
     std::set<int> tops;
     for (const QString& word : text.split(' ')) {
-      if (word.size() < 4) continue;  // it may stand elsewhere on the form too
+      if (word.size() < 4) continue;  // it may be elsewhere on the form too
       const QRegularExpression place("xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" yMax=\"([\\d.]+)\">" +
                                      QRegularExpression::escape(word) + "<");
       const auto found = place.match(page);

@@ -8,7 +8,7 @@
 
 namespace tallyfin::qt {
 
-/// The answers of a user to the dialogs, which don't come up.
+/// Fake dialogs with the answers of a user.
 struct DialogsStandIn : Dialogs {
   bool hasPrinter() const override { return static_cast<bool>(onPrinter); }
   bool choosePrinter(QWidget& /*asking*/, QPrinter& printer, bool somePagesOffered) override {
@@ -22,13 +22,13 @@ struct DialogsStandIn : Dialogs {
     return onPdf ? onPdf(asking, name) : path;
   }
 
-  /// Sets the printer up; false doesn't print after all. Without it there is no printer.
+  /// Sets up the printer; false cancels. Without it there is no printer.
   std::function<bool(QPrinter&)> onPrinter;
-  QString path;                                            ///< Where a PDF file is saved; empty doesn't save after all.
+  QString path;                                            ///< The path of the PDF file; empty cancels.
   std::function<QString(QWidget&, const QString&)> onPdf;  ///< Instead of that path.
   int asked = 0;
-  std::optional<bool> somePages;  ///< Whether the latest printing offered to print some pages alone.
-  QString offered;                ///< The name that was offered for the latest PDF file.
+  std::optional<bool> somePages;  ///< Whether the last print dialog offered a page range.
+  QString offered;                ///< The default name of the last PDF file.
 };
 
 }  // namespace tallyfin::qt

@@ -16,8 +16,8 @@
 #include <clocale>
 #include <iostream>
 
-/// Linked into the real program, its main.cpp unchanged, this types a name where TALLYFIN_TYPE gives one, accepts it,
-/// reports what it has seen as JSON and closes the frame.
+/// Linked into the real program, this types the name in TALLYFIN_TYPE, accepts it, reports the state as JSON and closes
+/// the frame.
 
 namespace {
 
@@ -36,7 +36,7 @@ int splashes() {
   return count;
 }
 
-/// Notices a splash that is shown.
+/// Detects the splash.
 class SplashWatch : public QObject {
  public:
   using QObject::QObject;
@@ -70,10 +70,10 @@ void report(const QString& name, bool splashSeen) {
   std::cout << QJsonDocument(seen).toJson(QJsonDocument::Compact).toStdString() << std::endl;
 }
 
-/// Runs when the program has made its application, before anything else of it.
+/// Runs right after the program has created its QApplication.
 void drive() {
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) return;
-  QToolTip::setFont(QFont(QStringLiteral("Monospace"), 20));  // as a desktop may
+  QToolTip::setFont(QFont(QStringLiteral("Monospace"), 20));  // like a desktop theme
   auto* watch = new SplashWatch(qApp);
   qApp->installEventFilter(watch);
   auto* timer = new QTimer(qApp);
@@ -82,7 +82,7 @@ void drive() {
     auto* box = window == nullptr ? nullptr : window->findChild<QLineEdit*>(QStringLiteral("txtName"));
     if (box == nullptr) return;
     timer->stop();
-    // The splash goes when the event loop has turned: it is awaited, not waited for.
+    // The splash is hidden by the event loop, so wait for that.
     static_cast<void>(QTest::qWaitFor([] { return splashes() == 0; }));
     report(box->text(), watch->seen);
     const QString typed = qEnvironmentVariable("TALLYFIN_TYPE");

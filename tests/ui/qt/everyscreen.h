@@ -2,13 +2,13 @@
 
 #include "desktoptest.h"
 
-/// A walk through all screens of the program, one after the other.
+/// Opens all screens of the program in turn.
 
 namespace tallyfin::qt {
 
 class EveryScreen : public DesktopTest {
  protected:
-  /// Opens each screen in each of its pages, with figures to show, and looks at it.
+  /// Opens each page of each screen, with figures, and calls a function.
   void onEveryScreen(const std::function<void(const Screen&)>& look);
 };
 

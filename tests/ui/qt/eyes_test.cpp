@@ -12,19 +12,19 @@
 #include "everyscreen.h"
 #include "ui/qt/widgets/look.h"
 
-/// What the eyes get: contrast, measured in the pictures of the screens.
+/// Contrast tests, measured in pictures of the screens.
 
 namespace tallyfin::qt {
 
 namespace {
 
-/// A part of a picture: its ground is the commonest colour, its letters the one that stands out most.
+/// A part of a picture: its background is the most frequent colour, its text the one with the highest contrast.
 struct Part {
   QColor ground;
   double letters = 1;
 };
 
-/// A place of a widget in a picture, which may have more pixels than the widget counts.
+/// The rectangle of a widget in a picture, which may have a higher resolution.
 QRect inPicture(const QImage& picture, const QRect& place) {
   const double scale = picture.devicePixelRatio();
   return QRectF(place.x() * scale, place.y() * scale, place.width() * scale, place.height() * scale).toAlignedRect();
@@ -58,7 +58,7 @@ class Eyes : public EveryScreen {
   static bool seen(const QWidget& widget) { return widget.isVisible() && !widget.visibleRegion().isEmpty(); }
 };
 
-/// Where a widget's words stand, a frame and an indicator aside.
+/// The rectangle of a widget's text, without frame and indicator.
 QRect wordsOf(const QWidget& widget) {
   QRect place = widget.rect();
   if (qobject_cast<const QCheckBox*>(&widget) != nullptr || qobject_cast<const QRadioButton*>(&widget) != nullptr) {
@@ -88,7 +88,7 @@ TEST_F(Eyes, EveryTextStandsOut) {
   EXPECT_GT(texts, 200);
 }
 
-/// What can't be pressed stands out less than it does once it can.
+/// A disabled button has less contrast than an enabled one.
 TEST_F(Eyes, WhatIsDisabledLooksSo) {
   int disabled = 0;
   onEveryScreen([&](const Screen& screen) {
@@ -107,8 +107,7 @@ TEST_F(Eyes, WhatIsDisabledLooksSo) {
   EXPECT_GT(disabled, 4);
 }
 
-/// How much the weakest side of a box stands out from the ground around it: the best of the lines where that side's
-/// edge may lie.
+/// The contrast of the weakest side of a box with its background: the best of the lines where the edge may be.
 double edgeOf(const QImage& picture, const QRect& where, const QColor& ground) {
   const QRect box = inPicture(picture, where);
   const int depths = 4;
@@ -120,7 +119,7 @@ double edgeOf(const QImage& picture, const QRect& where, const QColor& ground) {
     const auto at = [&](int x, int y) {
       return picture.rect().contains(x, y) ? contrast(ground, picture.pixelColor(x, y)) : 1.0;
     };
-    // A chosen row reaches from side to side; the edge is seen above or below it.
+    // A chosen row covers the whole width; the edge is visible above or below it.
     for (const int y : {box.top() + box.height() / 4, box.center().y(), box.bottom() - box.height() / 4}) {
       left = std::max(left, at(box.left() + depth, y));
       right = std::max(right, at(box.right() - depth, y));

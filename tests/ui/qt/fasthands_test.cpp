@@ -11,7 +11,7 @@
 #include "ui/frmMain.h"
 #include "ui/qt/accessibility/accessible.h"
 
-/// Keys that come faster than the event loop turns: each acts before the next one is heard.
+/// Keys that arrive faster than the event loop runs: each acts before the next one.
 
 namespace tallyfin::qt {
 
@@ -23,7 +23,7 @@ class FastHands : public DesktopTest {
     stored(section::settings, "IncAmt", "1000");
     stored(section::settings, "Frequency", "0");
   }
-  /// Presses keys as the window system delivers a burst of them, with no turn of the event loop in between.
+  /// Delivers keys in a burst, without running the event loop in between.
   static void burst(std::initializer_list<const char*> keys) {
     for (const char* key : keys) {
       const QKeyCombination one = QKeySequence(QString::fromLatin1(key))[0];

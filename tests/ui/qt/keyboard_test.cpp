@@ -39,7 +39,7 @@ class Keyboard : public EveryScreen {
     const QKeyCombination combination = sequence[0];
     QWindow* window = QGuiApplication::focusWindow();
     QTest::keyClick(window, combination.key(), combination.keyboardModifiers());
-    // A button that a letter presses is seen going down for a tenth of a second.
+    // A button pressed by its mnemonic is drawn pressed for 0.1 s.
     if (combination.keyboardModifiers() == Qt::AltModifier) QTest::qWait(150);
     settle();
   }
@@ -50,7 +50,7 @@ class Keyboard : public EveryScreen {
   QAbstractItemView& listOf(const char* box) const { return *find<QComboBox>("frmMain", box).view(); }
 };
 
-// --- The page that opens
+// --- A page that opens
 
 TEST_F(Keyboard, APageThatOpensGivesTheKeyboardToItsFirstControl) {
   startOnMain();
@@ -234,7 +234,7 @@ TEST_F(Keyboard, AnEditableDropDownIsEditedWhereTheCursorIs) {
   EXPECT_EQ(box.currentText(), "125");
   EXPECT_EQ(desk.use<frmState>().cboDeps[0].text(), "125");
   press("Home");
-  QGuiApplication::clipboard()->setText("\t \n");  // of which nothing stays
+  QGuiApplication::clipboard()->setText("\t \n");  // nothing of which is pasted
   press("Ctrl+V");
   write("9");
   EXPECT_EQ(desk.use<frmState>().cboDeps[0].text(), "9125");
@@ -502,7 +502,7 @@ TEST_F(Keyboard, F1OnTheWarningOpensHelpThatCanBeRead) {
   const auto* help = frame().findChild<QDialog*>("help");
   ASSERT_NE(help, nullptr);
   EXPECT_TRUE(help->isVisible());
-  EXPECT_EQ(help->parentWidget(), &box);  // one of the frame's would be behind the warning
+  EXPECT_EQ(help->parentWidget(), &box);  // a child of the frame would be behind the warning
   click("MsgBox", "OK");
   EXPECT_FALSE(shown("MsgBox"));
   help = frame().findChild<QDialog*>("help");
@@ -605,7 +605,7 @@ TEST_F(Keyboard, APastedCellLosesItsLineBreakAndItsBlanks) {
   EXPECT_EQ(screen.txtIncome.text(), "1 ");
 }
 
-// --- The mark of the focus
+// --- The focus ring
 
 TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
   onEveryScreen([this](const Screen& screen) {
@@ -634,11 +634,11 @@ TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
   });
 }
 
-// --- The page of the help that lists the keys
+// --- The help topic with the keys
 
 QString unmarked(QString caption) { return caption.remove('&').simplified(); }
 
-/// "Alt+I Income Amount" of all that is in a page, or in the frame and no page.
+/// "Alt+I Income Amount" for all widgets of a page, or of the frame without pages.
 std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullptr) {
   std::set<std::string> keys;
   const auto add = [&](const QKeySequence& key, const QString& words) {
@@ -714,7 +714,7 @@ TEST_F(Keyboard, TheHelpListsEveryKey) {
     if (screen.place() == Place::box) return;
     const bool whole = screen.place() == Place::frame;
     const std::set<std::string> keys = whole ? keysIn(frame(), &frame().area()) : keysIn(view(screen.name().c_str()));
-    // The title of a table tells which table it is.
+    // The title of the screen depends on the table.
     const std::string title = screen.name() == "frmTableOne" ? "The tables" : screen.title();
     if (!keys.empty()) program[whole ? "On every page" : title].insert(keys.begin(), keys.end());
   });

@@ -15,7 +15,7 @@
 #include "ui/qt/frame/placement.h"
 #include "ui/qt/widgets/look.h"
 
-/// What a person sees of texts, lists, marks and notices, whatever the size of the font and the screen.
+/// Legibility of texts, lists, marks and messages, with fonts and displays of several sizes.
 
 namespace tallyfin::qt {
 
@@ -117,7 +117,7 @@ TEST_F(Legibility, AnOpenListShowsTwelveRowsWithAnEdge) {
   box.hidePopup();
 }
 
-// --- Larger letters
+// --- Larger fonts
 
 TEST_F(Legibility, TheFrameGrowsWithTheLettersAndTheResultsAreWhole) {
   enlargeFont();
@@ -153,7 +153,7 @@ TEST_F(Legibility, TheStateOptionsStandOut) {
   const QColor ground = view("frmState").palette().color(QPalette::Window);
   EXPECT_EQ(option.palette().color(QPalette::WindowText), QColor(255, 128, 128));
   EXPECT_GE(contrast(ground, QColor(255, 128, 128)), 4.5);
-  // The dot in the middle of the mark against the lightest of what is around it.
+  // Contrast of the dot in the indicator with the lightest colour around it.
   const QPoint centre(7, option.height() / 2);
   const QColor dot = picture.pixelColor(centre);
   double best = 1;
@@ -196,7 +196,7 @@ TEST_F(Legibility, TheResultsSayThatTheFederalTaxNeedsAPayFrequency) {
   EXPECT_FALSE(remark.isVisible());
 }
 
-// --- Where one is
+// --- The current page in the list bar
 
 TEST_F(Legibility, TheListBarMarksThePageInFront) {
   startOnMain();
@@ -237,7 +237,7 @@ TEST_F(Legibility, TheMarkOfThePageInFrontIsSeenOnTheHeadOfAClosedGroup) {
   EXPECT_EQ(mark(), look::lightYellow);
 }
 
-// --- What went well, and what didn't
+// --- Messages of success and of errors
 
 TEST_F(Legibility, WhatIsCopiedIsConfirmedUntilTheFocusMovesOn) {
   startOnMain();

@@ -5,7 +5,7 @@
 #include "engine/paydata.h"
 #include "ui/frmMain.h"
 
-/// The main screen, worked by hand.
+/// The main screen, by mouse and keyboard.
 
 namespace tallyfin::qt {
 

@@ -31,10 +31,10 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-/// A caption without its mark for the keyboard.
+/// A caption without the mnemonic `&`.
 QString unmarked(QString caption) {
   for (qsizetype i = 0; i < caption.size(); ++i) {
-    if (caption[i] == QLatin1Char('&')) caption.remove(i, 1);  // of two the second stays
+    if (caption[i] == QLatin1Char('&')) caption.remove(i, 1);  // of two `&` the second stays
   }
   return caption;
 }
@@ -45,7 +45,7 @@ QString joined(const std::vector<std::string>& texts) {
   return list.join(QLatin1Char('|'));
 }
 
-/// A tooltip without the key that it names at its end.
+/// A tooltip without the key at its end.
 QString withoutKey(QString tooltip) {
   static const QRegularExpression key(QStringLiteral(" \\((F\\d+|(Ctrl|Alt|Shift)\\+[^)]+)\\)$"));
   return tooltip.remove(key);
@@ -155,7 +155,7 @@ void Mirror::compare(const Tie& tie, const View& view) {
   bool inSight = control.visible;
   for (const Panel* page : tie.pages) inSight = inSight && page->visible && page->left >= 0;
   if (control.screen().place() == Place::frame) {
-    // The list bar shows the items of one group at a time: an item stands in its group, in sight or not.
+    // The list bar shows the items of one group at a time; items of closed groups are hidden.
     same("visible", control.visible ? 1 : 0, widget.isHidden() ? 0 : 1);
     same("enabled", control.enabled ? 1 : 0, widget.isEnabled() ? 1 : 0);
     if (!control.tooltip.empty()) same("tooltip", control.tooltip, withoutKey(widget.toolTip()));
@@ -185,7 +185,7 @@ void Mirror::compareContent(const Control& control, QWidget& widget) {
     same("highlighted", item->highlighted() ? 1 : 0, button.highlighted ? 1 : 0);
   } else if (const auto* command = dynamic_cast<const CommandButton*>(&control)) {
     const QString shown = unmarked(dynamic_cast<QAbstractButton&>(widget).text());
-    if (!command->caption().empty()) same("caption", command->caption(), shown);  // else the view has a word for it
+    if (!command->caption().empty()) same("caption", command->caption(), shown);  // else the view has a caption
   } else if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
     const auto& button = dynamic_cast<QRadioButton&>(widget);
     same("caption", option->caption(), unmarked(button.text()));
@@ -199,7 +199,7 @@ void Mirror::compareContent(const Control& control, QWidget& widget) {
     QStringList entries;
     for (int i = 0; i < combo.count(); ++i) entries << combo.itemText(i);
     same("entries", joined(dropDown->entries()), entries.join(QLatin1Char('|')));
-    // A text that is being typed leaves the widget's own index, which nobody sees.
+    // While a text is typed, the widget's index doesn't change; it isn't visible.
     if (!combo.isEditable() || dropDown->index() >= 0) same("index", dropDown->index(), combo.currentIndex());
     same("text", dropDown->text(), combo.currentText());
   } else if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
@@ -207,7 +207,7 @@ void Mirror::compareContent(const Control& control, QWidget& widget) {
     QStringList entries;
     for (int i = 0; i < rows.count(); ++i) entries << rows.item(i)->text();
     same("entries", joined(list->entries()), entries.join(QLatin1Char('|')));
-    // In the table where Enter chooses, the marker is the user's own.
+    // In a list where Enter chooses, the marker is independent of the choice.
     if (control.name() != "lstTableOne") {
       const auto selected = rows.selectionModel()->selectedRows();
       same("index", list->index(), selected.isEmpty() ? -1 : selected.front().row());
@@ -220,7 +220,7 @@ void Mirror::compareContent(const Control& control, QWidget& widget) {
     same("cells", joined(cells), rowsOf(dynamic_cast<QTableWidget&>(widget)));
   } else if (const auto* engine = dynamic_cast<const PrintEngine*>(&control)) {
     const QWidget* sheet = dynamic_cast<QScrollArea&>(widget).widget();
-    same("zoom", Frame::pixels(12240 * engine->zoom() / 100) + 24, sheet->width());  // 12 of ground around it
+    same("zoom", Frame::pixels(12240 * engine->zoom() / 100) + 24, sheet->width());  // a margin of 12
     const auto* number = widget.parentWidget()->findChild<QLabel*>(QStringLiteral("pageNumber"));
     same("pages", engine->pages() == 0 ? QStringLiteral("No report") : QStringLiteral("Page 1 of 1"), number->text());
   } else if (const auto* calendar = dynamic_cast<const MonthCalendar*>(&control)) {
@@ -235,7 +235,7 @@ void Mirror::compareColours(const Control& control, const QWidget& widget) {
   const auto one = [&](const char* what, const OwnColour& held, QPalette::ColorRole role) {
     const QColor shown = widget.palette().color(QPalette::Active, role);
     if (held) return same(what, look::colour(*held).name(), shown.name());
-    // One that isn't the control's is the view's, and always the same.
+    // A colour that isn't the control's is the view's, and constant.
     const auto own = own_.try_emplace(address_ + what, shown).first;
     same(what, own->second.name(), shown.name());
   };
@@ -261,18 +261,18 @@ void Mirror::compareNames(const Control& control, QWidget& widget) {
   if (const auto* button = qobject_cast<QAbstractButton*>(&widget)) {
     same("accessible mark", button->isChecked() ? 1 : 0, face->state().checked ? 1 : 0);
   }
-  const bool named = !name.isEmpty() || qobject_cast<QComboBox*>(&widget) != nullptr;  // that goes by its label's name
+  const bool named = !name.isEmpty() || qobject_cast<QComboBox*>(&widget) != nullptr;  // named by its label
   if (widget.focusPolicy() != Qt::NoFocus && !named) differ(QStringLiteral("has no accessible name"));
 }
 
-/// The active document stands in front, the others beneath it in their order.
+/// The active document is in front, the others behind it in their order.
 void Mirror::compareDocuments(const Desktop& desktop) {
   address_ = QStringLiteral("documents");
   if (desktop.frame() == nullptr) return;
   QStringList held;
   for (const Screen* screen : desk.documents()) {
     held << text(screen->name());
-    if (screen->maximized) break;  // it covers those beneath
+    if (screen->maximized) break;  // it covers the others
   }
   QStringList shown;
   for (const QObject* child : desktop.frame()->area().children()) {
@@ -287,8 +287,8 @@ void Mirror::compareDocuments(const Desktop& desktop) {
   same("order", held.join(QLatin1Char(' ')), shown.join(QLatin1Char(' ')));
 }
 
-/// The control that has the focus is the one whose widget has it. Where a screen has just come to the front nothing
-/// takes the keys yet; whatever else takes them takes the focus from the controls.
+/// The focused control is that of the focused widget. Right after a screen has come to the front no widget has the
+/// focus yet. A widget without a control takes the focus from the controls.
 void Mirror::compareFocus(const Desktop& desktop) {
   address_ = QStringLiteral("focus");
   const auto name = [](const Control* control) {
@@ -304,7 +304,7 @@ void Mirror::compareFocus(const Desktop& desktop) {
   } else if (held != nullptr && &held->screen() == desk.activeDocument() && desktop.frame()->isActiveWindow()) {
     same("focus", name(held), QStringLiteral("none"));
   }
-  // What a box selects when it gets the focus is selected in its widget; from then on the user selects.
+  // The selection of a box when it gets the focus is that of its widget; later the user may change it.
   const auto* box = dynamic_cast<const TextBox*>(held);
   const auto* edit = qobject_cast<const QLineEdit*>(widget);
   if (!std::exchange(userSelects_, false) && held != focused_ && box != nullptr && edit != nullptr && shown == held &&

@@ -12,27 +12,27 @@
 #include "controls/texts.h"
 #include "ui/qt/desktop.h"
 
-/// Holds every widget of every shown screen against its control.
+/// Consistency of views and models: compares every widget of every shown screen with its control.
 
 namespace tallyfin::qt {
 
 class Mirror {
  public:
-  /// Compares everything. What differs stands in differences() then, a line each, and all that the screens hold in
+  /// Compares everything. The differences are then in differences(), one on each line, and the state of all screens in
   /// held().
   void look(const Desktop& desktop);
   const std::string& differences() const { return differences_; }
   const std::string& held() const { return held_; }
-  /// The user's own act selects a part of a box: what the box selects by itself isn't compared at the next look.
+  /// Call when an act selects a part of a box's text: the selection isn't compared at the next look().
   void userSelects() { userSelects_ = true; }
-  /// The control that a widget shows, or the one around it; none where the widget is the desktop's own.
+  /// The control of a widget, or of a parent; null for a widget without a control.
   Control* controlOf(const QWidget* widget) const;
 
  private:
   struct Tie {
     Control* control;
     QWidget* widget;
-    std::vector<const Panel*> pages;  ///< On which it stands.
+    std::vector<const Panel*> pages;  ///< That contain it.
   };
   struct Ties {
     QPointer<View> view;

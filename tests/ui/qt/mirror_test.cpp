@@ -19,10 +19,10 @@
 #include "platform/platform.h"
 #include "ui/qt/frame/listbar.h"
 
-/// A random walk over the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After
-/// each act every widget shows what its control holds; an act that the control refuses leaves all screens as they were.
+/// Random acts on the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After each
+/// act every widget must show the value of its control. A refused act must not change any screen.
 ///
-/// TALLYFIN_MIRROR_SEED chooses another walk, TALLYFIN_MIRROR_ACTS another length.
+/// TALLYFIN_MIRROR_SEED is the seed, TALLYFIN_MIRROR_ACTS the number of acts.
 
 namespace tallyfin::qt {
 
@@ -33,7 +33,7 @@ int fromEnvironment(const char* name, int usual) {
   return value == 0 ? usual : value;
 }
 
-/// The same day in each run, and none of what leaves the program.
+/// A fixed date, and fakes of everything outside the program.
 class StandingClock : public Clock {
  public:
   LocalTime now() const override {
@@ -48,7 +48,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
         random_(seed_) {}
 
   void begin() {
-    // A menu of the toolkit (that of the calendar's months) has a loop of its own.
+    // A menu of Qt (that of the calendar's months) runs its own event loop.
     QObject::connect(&closeMenus_, &QTimer::timeout, &closeMenus_, [] {
       if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) menu->close();
     });
@@ -64,12 +64,12 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     mirror_.look(desktop());
   }
 
-  /// One act of the user; says what it was.
+  /// Does one random act; returns its description.
   std::string act() {
     if (QWidget* popup = QApplication::activePopupWidget()) return actOnPopup(*popup);
     if (QApplication::activeWindow() == nullptr) {
       activate();
-      mirror_.look(desktop());  // a box may have got the focus by that
+      mirror_.look(desktop());  // that may have given the focus to a box
     }
     const int kind = below(100);
     if (kind < 38) return clickSomething();
@@ -119,13 +119,13 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     return of[static_cast<std::size_t>(below(static_cast<int>(of.size())))];
   }
 
-  /// Without a window manager nobody else activates the frame when a box above it has gone.
+  /// Without a window manager nothing else activates the frame when a box above it is closed.
   void activate() {
     frame().activateWindow();
     settle();
   }
 
-  // --- What can be acted on
+  // --- Targets of acts
 
   /// A widget of the active window, mostly of the document in front.
   QWidget* something() {
@@ -137,20 +137,20 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     std::vector<QWidget*> candidates;
     for (QWidget* widget : from->findChildren<QWidget*>()) {
       if (!widget->isVisible() || widget->width() == 0 || widget->height() == 0) continue;
-      if (widget->mapTo(window, QPoint()).x() < 0) continue;  // on a page out of sight
+      if (widget->mapTo(window, QPoint()).x() < 0) continue;  // on a page out of view
       const bool tied = widget->objectName().contains(QLatin1String("(")) || mirror_.controlOf(widget) != nullptr;
       if (tied || qobject_cast<QAbstractButton*>(widget) != nullptr) candidates.push_back(widget);
     }
     if (candidates.empty()) return window;
     QWidget* chosen = one(candidates);
-    // What would leave the program, or this run, comes seldom.
+    // Acts that end the run are rare.
     static const QStringList leaves{"print", "savepdf", "cmdToolBar(3)", "SSListBar1(ExitProgram)"};
     if (leaves.contains(chosen->objectName()) && below(12) > 0) return something();
     return chosen;
   }
 
   QPoint pointIn(const QWidget& widget) {
-    // The mark of an option or check box is at its left end.
+    // The indicator of an option or check box is at its left end.
     if (below(3) == 0) return {std::min(8, widget.width() / 2), widget.height() / 2};
     return {below(widget.width()), below(widget.height())};
   }
@@ -160,19 +160,19 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     return name.toStdString();
   }
 
-  /// As the window system does: it knows windows only.
+  /// Sends the event to the window, like the window system.
   static void clickAt(const QWidget& widget, QPoint point) {
     const QWidget* window = widget.window();
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget.mapTo(window, point));
   }
 
-  /// Moves the pointer there as a hand does, before it presses.
+  /// Moves the pointer there before a press.
   void pointAt(const QWidget& widget, QPoint point) {
     QCursor::setPos(widget.mapToGlobal(point));
     settle();
   }
 
-  /// Remembers what the screens hold, where the coming act will be refused.
+  /// Stores the state of the screens if the next act will be refused.
   void noteRefusal(const QWidget& widget) {
     const Control* control = mirror_.controlOf(QApplication::widgetAt(QCursor::pos()));
     if (control == nullptr || control != mirror_.controlOf(&widget)) return;
@@ -201,7 +201,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     std::string words = "double click " + named(widget);
     pointAt(widget, point);
     noteRefusal(widget);
-    mirror_.userSelects();  // the word that is clicked
+    mirror_.userSelects();  // a double click selects a word
     QTest::mouseDClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
     return words;
   }
@@ -237,8 +237,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     return "press " + QKeySequence(key).toString().toStdString();
   }
 
-  /// A button that is pressed by its letter stays down for a tenth of a second before it is clicked. The click is a
-  /// part of this act, not of one of the next.
+  /// A button pressed by its mnemonic is clicked after 0.1 s. The click must be a part of this act, not of a later one.
   void awaitClick() {
     const auto pressed = [] {
       const auto widgets = QApplication::allWidgets();
@@ -327,7 +326,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
       const QPoint point = rows->viewport()->mapTo(&popup, rows->visualRect(row).center());
       QCursor::setPos(popup.mapToGlobal(point));
       settle();
-      // A list that has just opened takes no release for some milliseconds: the second click finds it ready.
+      // A list ignores a release for some milliseconds after it has opened, so a second click is needed.
       QTest::mouseClick(popup.windowHandle(), Qt::LeftButton, {}, point);
       return "choose entry " + std::to_string(row.row());
     }
@@ -336,7 +335,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     return "press " + QKeySequence(key).toString().toStdString() + " in the list";
   }
 
-  /// Closes the toolkit's own windows, such as that for the name of a file.
+  /// Closes Qt's own windows, such as the file dialog.
   static void dismissForeign() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       auto* dialog = qobject_cast<QDialog*>(window);

@@ -8,11 +8,11 @@ class QIcon;
 class QImage;
 class QWidget;
 
-/// What is drawn, as words: the same on every machine, where pixels would differ by a shade.
+/// Drawing operations as text: the same on every computer, where pixels would differ slightly.
 
 namespace tallyfin::qt {
 
-/// A ground that notes what is drawn on it, one line for each text, filled place, line and picture.
+/// A paint device that records one line for each text, filled area, line and picture.
 class PaintLog : public QPaintDevice {
  public:
   explicit PaintLog(QSize size);
@@ -30,10 +30,10 @@ class PaintLog : public QPaintDevice {
   std::unique_ptr<Engine> engine_;
 };
 
-/// What a widget itself draws, without what lies in it.
+/// The drawing of a widget without its children.
 QStringList drawnBy(QWidget& widget);
 
-/// The name of the program's picture that looks so; "a picture" if it is none of them.
+/// The name of the program's picture that is equal; "a picture" for any other.
 QString pictureName(const QImage& image);
 QString pictureName(const QIcon& icon, QSize size);
 

@@ -7,7 +7,7 @@
 #include "controls/desk.h"
 #include "desktoptest.h"
 
-/// What arrives on paper, and what is told when nothing does. Runs on the print server of the script beside it.
+/// Printed pages, and messages of failures. Runs with the print server of the script `printing`.
 
 namespace tallyfin::qt {
 
@@ -32,7 +32,7 @@ class Printing : public DesktopTest {
     for (const QString& file : folder.entryList(QDir::Files)) folder.remove(file);
   }
 
-  /// Waits for what a queue delivers: the file, until it stops growing.
+  /// Waits until the file that a queue writes stops growing.
   static QString arrived(const char* queue) {
     QString path = QDir(qEnvironmentVariable("PRINTED")).filePath(QLatin1String(queue) + ".pdf");
     const auto whole = [&] { return answerOf("pdfinfo", {path}).find("Page size") != std::string::npos; };
@@ -41,7 +41,7 @@ class Printing : public DesktopTest {
     return path;
   }
 
-  /// The user chooses a queue and a paper.
+  /// Chooses a queue and a paper size in the dialog.
   void choosePrinter(const char* queue, QPageSize::PageSizeId paper) {
     dialogs.onPrinter = [=](QPrinter& printer) {
       printer.setPrinterName(QLatin1String(queue));
@@ -74,7 +74,7 @@ class Printing : public DesktopTest {
   }
 };
 
-/// The words of a file all stand within its margins, in points.
+/// All words of a file must be within its margins, in points.
 void expectWithin(const QString& path, double margin, double width, double height) {
   static const QRegularExpression word(R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">)re");
   const QString words = QString::fromStdString(answerOf("pdftotext", {"-bbox", path, "-"}));
@@ -94,7 +94,7 @@ TEST_F(Printing, TheReportArrivesOnLetterPaper) {
   const QString file = arrived("letter");
   EXPECT_THAT(answerOf("pdfinfo", {file}), HasSubstr("612 x 792"));
   EXPECT_THAT(answerOf("pdftotext", {"-layout", file, "-"}), AllOf(HasSubstr("Gross"), HasSubstr("$1,000.00")));
-  expectWithin(file, 70, 612, 792);  // an inch, less the blank at a word's side
+  expectWithin(file, 70, 612, 792);  // an inch, less the space beside a word
 }
 
 TEST_F(Printing, TheReportArrivesOnA4) {

@@ -31,7 +31,7 @@ QDialog* boxAbove(const Frame& frame) {
   return nullptr;
 }
 
-/// A page with its strip: what holds what scrolls it.
+/// The document widget of a page.
 const QWidget* documentOf(const View& view) { return view.parentWidget()->parentWidget()->parentWidget(); }
 
 TEST_F(ShellDesktop, PersonalInformationComesFirstOnAFreshStore) {
@@ -44,7 +44,7 @@ TEST_F(ShellDesktop, PersonalInformationComesFirstOnAFreshStore) {
   EXPECT_FALSE(shown("frmName"));
 }
 
-/// How far apart two pictures are: the mean of the differences of a colour's parts, of 255.
+/// The difference of two pictures: the mean difference of colour components, of 255.
 double difference(const QImage& one, const QImage& other) {
   double sum = 0;
   for (int y = 0; y < one.height(); ++y) {
@@ -57,7 +57,7 @@ double difference(const QImage& one, const QImage& other) {
   return sum / (3.0 * one.width() * one.height());
 }
 
-/// The splash is kept as tools/screenshots draws it. Fonts differ a little from machine to machine.
+/// The splash is a file drawn by tools/screenshots. Fonts differ slightly between computers.
 TEST_F(ShellDesktop, TheSplashIsItsDrawing) {
   QSvgRenderer drawing(QStringLiteral(TESTS_FOLDER "/../src/ui/qt/pictures/splash.svg"));
   for (const char* file : {":/pictures/splash.png", ":/pictures/splash@2x.png"}) {
@@ -241,7 +241,7 @@ TEST_F(ShellDesktop, TheLightPictureOfAnItemIsDarkWhileItIsHighlighted) {
     for (int x = 0; x < drawn.width(); ++x) ++colours[drawn.pixel(x, y)];
   }
   EXPECT_GT(colours[look::deep.rgb()], 20);
-  EXPECT_GT(colours[look::lightBlue.rgb()], 100);  // the ground around its shape
+  EXPECT_GT(colours[look::lightBlue.rgb()], 100);  // the background around its shape
 }
 
 TEST_F(ShellDesktop, TheOtherButtonBringsAPageToTheFrontToo) {
@@ -277,7 +277,7 @@ TEST_F(ShellDesktop, TheFrameStaysWhileAWarningMustBeAnswered) {
   EXPECT_TRUE(desk.running());
 }
 
-/// Pictures fade where their buttons are disabled, as fine as they are.
+/// Pictures of disabled buttons are paler, with the same resolution.
 TEST_F(ShellDesktop, APictureFadesWhereItIsDisabled) {
   QPixmap picture(8, 8);
   picture.setDevicePixelRatio(2);

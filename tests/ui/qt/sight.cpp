@@ -59,7 +59,7 @@ QString alignmentText(Qt::Alignment alignment) {
 
 QString sizeText(QSize size) { return QStringLiteral("%1x%2").arg(size.width()).arg(size.height()); }
 
-/// What the words for one kind of widget are gathered in.
+/// The text of one widget.
 class Words {
  public:
   void add(const QString& words) { words_ << words; }
@@ -132,7 +132,7 @@ void addEntries(QStringList& rows, const QTreeWidgetItem& item, const QString& i
   }
 }
 
-/// What a widget shows, by its kind.
+/// The content of a widget, by its type.
 void addContent(Words& words, const QWidget& widget) {
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
     words.add(quoted(label->text()));
@@ -229,7 +229,7 @@ void addContent(Words& words, const QWidget& widget) {
   if (const auto* area = qobject_cast<const QAbstractScrollArea*>(&widget)) addBars(words, *area);
 }
 
-/// Lines of a widget that its first one has no room for.
+/// Further lines of a widget.
 QStringList partsOf(const QWidget& widget) {
   if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) return rowsOf(*table);
   QStringList rows;
@@ -247,7 +247,7 @@ QStringList partsOf(const QWidget& widget) {
   return rows;
 }
 
-/// What assistive technology is told.
+/// The accessible interface.
 QString toldOf(QWidget& widget) {
   QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&widget);
   if (face == nullptr) return {};
@@ -331,7 +331,7 @@ bool isOwn(const QWidget& widget) {
   return type.find("tallyfin") != std::string_view::npos && dynamic_cast<const View*>(&widget) == nullptr;
 }
 
-/// Parts that the toolkit makes for itself and shows as one with the widget around them.
+/// Internal widgets of Qt that are a part of the widget around them.
 bool isInner(const QWidget& widget) {
   if (widget.isWindow() || qobject_cast<const QScrollBar*>(&widget) != nullptr) return true;
   if (widget.inherits("QHeaderView") || widget.inherits("QTableCornerButton")) return true;
@@ -341,7 +341,7 @@ bool isInner(const QWidget& widget) {
   return qobject_cast<const QAbstractSpinBox*>(around) != nullptr || qobject_cast<const QLineEdit*>(around) != nullptr;
 }
 
-/// A widget that shows nothing of itself and is told to nobody.
+/// A widget that draws nothing and isn't accessible.
 bool isPlain(const QWidget& widget) {
   const bool bare = typeid(widget) == typeid(QWidget) || widget.objectName().startsWith(QLatin1String("qt_scrollarea"));
   return bare && widget.accessibleName().isEmpty() && widget.toolTip().isEmpty() && lookOf(widget).isEmpty();
@@ -413,7 +413,7 @@ class Sight {
     words.add(QStringLiteral("flags %1").arg(static_cast<int>(window.windowFlags()), 0, 16));
   }
 
-  /// What Tab reaches one after the other.
+  /// The widgets in the order of Tab.
   QString tabs() const {
     QStringList names;
     const QWidget* widget = &part_;

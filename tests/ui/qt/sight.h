@@ -4,16 +4,16 @@
 
 class QWidget;
 
-/// What a person meets in a part of the desktop, by eye, by keyboard or told aloud, written down in words.
+/// Snapshots: a description of a part of the desktop as text: drawing, keyboard, accessibility.
 
 namespace tallyfin::qt {
 
-/// The widgets of a part in the order of their places, each with its class and role, name, place in the part, content,
-/// words for assistive technology, state, colours and font where they differ from what is around it, and drawing.
-/// Behind them the order of Tab and the keys. What lies in `without` is left out.
+/// The widgets of a part in the order of their positions, each with its class and role, name, position, content,
+/// accessible texts, state, colours and font where they differ from those of its parent, and drawing. Then the order of
+/// Tab and the keys. Widgets in `without` are left out.
 QStringList sightOf(QWidget& part, const QWidget* without = nullptr);
 
-/// The fonts and colours of the whole program.
+/// The fonts and colours of the application.
 QStringList sightOfTheLook();
 
 }  // namespace tallyfin::qt

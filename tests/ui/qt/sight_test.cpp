@@ -14,15 +14,15 @@
 #include "platform/platform.h"
 #include "ui/frmPrint.h"
 
-/// What a user sees of every screen and window, held against the sights that are written down in the folder sights.
-/// With --rewrite what is seen now is written there instead, and with a second run what is told by its difference from
-/// that: read the change before you keep it. Another version of the toolkit draws some of it otherwise.
+/// Snapshot tests: compares every screen and window with the snapshots in the folder sights. --rewrite writes the
+/// snapshots, in a second run those that are stored as differences: read the change before you commit it. Other
+/// versions of Qt draw some of it differently.
 
 namespace tallyfin::qt {
 
 namespace {
 
-/// Before the application begins: one font, drawn alike on all machines, and one language.
+/// Before the application starts: one font, drawn equally on all computers, and one language.
 const bool prepared =
     qputenv("FONTCONFIG_FILE", TALLYFIN_SIGHTS "/fonts.conf") && qputenv("LC_ALL", "C.UTF-8") && qputenv("TZ", "UTC");
 
@@ -37,7 +37,7 @@ std::string joined(const QStringList& lines) { return lines.join(QLatin1Char('\n
 
 QString pathOf(const QString& name) { return QStringLiteral(TALLYFIN_SIGHTS "/%1.txt").arg(name); }
 
-/// What `diff` says of a sight that is written down and this text.
+/// The output of `diff` for a stored snapshot and this text.
 std::string differenceFrom(const QString& name, const std::string& text) {
   QProcess diff;
   diff.start(QStringLiteral("diff"), {pathOf(name), QStringLiteral("-")});
@@ -47,7 +47,7 @@ std::string differenceFrom(const QString& name, const std::string& text) {
   return diff.readAllStandardOutput().toStdString();
 }
 
-/// A sight that is nearly another one is written down as the difference, below the line "like NAME".
+/// A snapshot that is similar to another one is stored as the difference, below the line "like NAME".
 void compare(const char* name, const QStringList& lines) {
   static const QRegularExpression like(QStringLiteral("^like (.+)\n"));
   QFile file(pathOf(QLatin1String(name)));
@@ -66,7 +66,7 @@ void compare(const char* name, const QStringList& lines) {
   EXPECT_EQ(stored.toStdString(), seen) << "in " << name;
 }
 
-/// The version of the toolkit that the sights were written down with.
+/// The version of Qt with which the snapshots were made.
 constexpr std::string_view madeWith = "6.4.";
 
 class Sights : public EveryScreen {
@@ -86,7 +86,7 @@ class Sights : public EveryScreen {
     platform.clock = &clock_;
   }
 
-  /// A screen with what is around it: its title strip, or its window.
+  /// A screen with its title strip, or its window.
   void see(const char* name, const Screen& screen) const {
     QWidget* part = desktop().view(screen.name());
     if (screen.place() == Place::frame) return compare(name, sightOf(*part, &frame().area()));
@@ -109,7 +109,7 @@ class Sights : public EveryScreen {
     settle();
   }
 
-  /// A weekly paycheck in which no figure is another's.
+  /// A weekly paycheck in which all figures differ.
   void enterPaycheck() const {
     choose("frmMain", "lstFrequency", "Weekly");
     choose("frmMain", "cboExemptions", "2");
@@ -178,7 +178,7 @@ TEST_F(Sights, TheSharesOfAHighIncome) {
   grid.setFocus(Qt::TabFocusReason);
   grid.setCurrentCell(4, 0);
   press(Qt::Key_Return);
-  seeWindow("explanation-of-a-high-income", "explanation");  // the dark shares have room for words
+  seeWindow("explanation-of-a-high-income", "explanation");  // the dark shares are wide enough for text
 }
 
 TEST_F(Sights, TheReport) {
@@ -244,7 +244,7 @@ TEST_F(Sights, LargerLetters) {
   QApplication::setFont(normal);
 }
 
-/// A printer that takes no document: nothing is made.
+/// A printer that accepts no document.
 class NoPrinter : public Printer {
  public:
   bool startDocument() override { return false; }
@@ -328,7 +328,7 @@ TEST_F(Sights, TheWorksheets) {
   see("two-workers-second", "frm2Workers");
 }
 
-/// Where Table 1 leaves nothing for the second page, the form follows the first.
+/// Where Table 1 gives no additional amount, the form follows the first page.
 TEST_F(Sights, TwoWorkersWithTheFirstTableAlone) {
   startOnMainInMay();
   payData.w4Allowances = 5;

@@ -6,7 +6,7 @@
 #include "everyscreen.h"
 #include "ui/qt/help/helpviewer.h"
 
-/// The program on a screen that has no room for it; the test is run once on each of several.
+/// The program on displays that are too small for it; the test runs once for each of several sizes.
 
 namespace tallyfin::qt {
 

@@ -5,7 +5,7 @@
 #include "engine/numbertext.h"
 #include "engine/paydata.h"
 
-/// The state options, worked by hand.
+/// The state options, by mouse and keyboard.
 
 namespace tallyfin::qt {
 

@@ -2,7 +2,7 @@
 
 #include "desktoptest.h"
 
-/// Local tax, raise, several checks and the analysis, worked by hand.
+/// Local tax, raise, several checks and the analysis, by mouse and keyboard.
 
 namespace tallyfin::qt {
 
@@ -57,7 +57,7 @@ TEST_F(Tools, ARaiseByPercentage) {
 TEST_F(Tools, ThePageOutOfSightTakesKeysAndNoMarkLeadsThere) {
   startWithAPaycheck();
   click("frmMain", "cmdAdditional(1)");
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);  // the mark of the local tax
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);  // the mnemonic of the local tax
   EXPECT_EQ(focused(), "txtRaise(0)");
   auto& rate = find<QLineEdit>("frmMisc", "txtTaxPerCnt");
   rate.setFocus();

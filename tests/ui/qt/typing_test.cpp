@@ -13,8 +13,8 @@
 #include "ui/frmMain.h"
 #include "ui/frmName.h"
 
-/// Keys, undo, redo and paste in the boxes. The model holds what a line edit of Qt alone would hold; only what is
-/// pasted or dropped is cleaned before it goes in.
+/// Keys, undo, redo and paste in the boxes. The model has the same text as a plain QLineEdit; only pasted or dropped
+/// text is cleaned first.
 
 namespace tallyfin::qt {
 
@@ -103,7 +103,7 @@ TEST_F(Typing, WhatLooksLikeABlankOrAMinusIsOneInAnAmount) {
   edit.selectAll();
   paste(edit, QString::fromUtf8("\uFEFF\u221290\u200B"));
   EXPECT_EQ(income(), "-90");
-  clickItem("Personal");  // a name keeps what it has inside
+  clickItem("Personal");  // a name keeps its inner blanks
   QLineEdit& name = open("frmName", "txtName", "1");
   paste(name, QString::fromUtf8("Ann\u00A0Lee \u2212"));
   EXPECT_EQ(desk.use<frmName>().txtName.text(), "Ann\u00A0Lee \u2212");
@@ -131,7 +131,7 @@ TEST_F(Typing, WhatIsDroppedIsCleanedToo) {
   QMimeData cells;
   cells.setText(" 725.50 \n900");
   QDragEnterEvent enter(edit.rect().center(), Qt::CopyAction, &cells, Qt::LeftButton, {});
-  QApplication::sendEvent(&edit, &enter);  // which makes the box the one that is dropped on
+  QApplication::sendEvent(&edit, &enter);  // which makes the box the drop target
   QDropEvent drop(edit.rect().center(), Qt::CopyAction, &cells, Qt::LeftButton, {});
   QApplication::sendEvent(&edit, &drop);
   settle();
@@ -151,10 +151,10 @@ TEST_F(Typing, ADropDownTakesTheFirstCellToo) {
   EXPECT_EQ(box.currentText(), "7");
 }
 
-// --- Against a line edit of Qt alone
+// --- Comparison with a plain QLineEdit
 
 struct Act {
-  QString pasted;  ///< What the clipboard holds; empty for a key.
+  QString pasted;  ///< The clipboard's text; empty for a key.
   int key = 0;
   int modifiers = 0;
 };
@@ -198,7 +198,7 @@ rc::Gen<Act> anyAct() {
   });
 }
 
-/// What of a pasted text goes into an amount, by the rule and not by the program.
+/// The cleaned text of a pasted amount, by the rule and not by the program.
 QString cleaned(QString pasted, bool replacesAll) {
   for (const char16_t blank : {u'\u00A0', u'\u2009', u'\u200B', u'\uFEFF'}) pasted.replace(QChar(blank), ' ');
   pasted.replace(QChar(u'\u2212'), '-');
@@ -219,11 +219,11 @@ void play(QLineEdit& edit, const Act& act, const QString& clip) {
 
 bool undoes(const Act& act) { return act.key == Qt::Key_Z; }
 
-/// Plays the acts on a box and on a line edit alone, which is given what is pasted cleaned. Qt's undo and redo may
+/// Does the acts on a box and on a plain QLineEdit, into which the cleaned text is pasted. Qt's undo and redo may
 /// leave cursor and selection beyond the text, where its own paste goes wrong: a paste after them goes to the end.
 void compare(QLineEdit& edit, const std::vector<Act>& acts, const std::function<std::string()>& held) {
   QLineEdit alone;
-  edit.setText({});  // which forgets what could be undone
+  edit.setText({});  // which clears the undo history
   bool undone = false;
   for (const Act& act : acts) {
     if (undone && !act.pasted.isEmpty()) {

@@ -204,7 +204,7 @@ TEST_F(W4ViewsTest, TabFollowsTheLines) {
     }
     return names;
   };
-  // A page that has been moved away keeps its place in the order.
+  // A page that is out of view keeps its place in the tab order.
   const Names pages{"chkPersWkShtA(0)",   "chkPersWkShtA(1)",   "chkPersWkShtA(2)",   "txtPersWkEnterDeps",
                     "chkPersWkShtA(4)",   "cmdW4Back(0)",       "chkPersWkShtA(3)",   "txtChild",
                     "cmdInstructions(0)", "cmdInstructions(1)", "cmdInstructions(2)", "cmdPersWrkCalc(0)",
@@ -304,7 +304,7 @@ TEST_F(W4ViewsTest, TheExplanationLightsUpWithItsLine) {
   EXPECT_EQ(find(sheet, "lblPart1of3").palette().color(QPalette::WindowText), QColor(64, 64, 64));
 }
 
-/// The window system tells of every move of the pointer, the widget only if it has asked for them.
+/// The window system reports every move of the pointer; a widget gets them only with mouse tracking.
 TEST_F(W4ViewsTest, ThePointerThatMovesOverALineLightsItUp) {
   View& sheet = open<frmPersWkSht>();
   const auto move = [&](const char* name) {
@@ -497,7 +497,7 @@ TEST_F(FormPrintTest, ThePaperHasTheFormInWordsAndWithoutExitAndHint) {
   EXPECT_THAT(paper, HasSubstr("Additional amount, if any, you want withheld from each paycheck"));
   EXPECT_THAT(paper, Not(HasSubstr("Double Click Form To Print")));
   EXPECT_THAT(paper, HasSubstr("Check4"));
-  // Vectors, not pixels: the list of pictures in the file has its heading alone.
+  // Vectors, not pixels: the list of pictures in the file has only its heading.
   EXPECT_THAT(outputOf("pdfimages", {"-list", dialogs.path}), testing::EndsWith("-"));
 }
 
@@ -526,7 +526,7 @@ TEST_F(FormPrintTest, ADoubleClickOnFixedTextIsOneOnTheForm) {
   View& form = openForm();
   doubleClick(find(form, "Label2"));
   EXPECT_EQ(dialogs.asked, 1);
-  doubleClick(find(form, "txtName"));  // a box keeps its own
+  doubleClick(find(form, "txtName"));  // a box handles its own
   EXPECT_EQ(dialogs.asked, 1);
 }
 

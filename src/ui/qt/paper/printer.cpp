@@ -37,8 +37,7 @@ QString printTrouble(const QPrinter& printer) {
 /// error of the last bytes may be reported only then. Returns the error, empty for none.
 QString replaceFile(QSaveFile& opened, const QByteArray& content) {
   if (opened.write(content) != content.size() || !opened.flush()) return opened.errorString();
-  if (fsync(opened.handle()) != 0 && errno != EINVAL)
-    return qt_error_string(errno);  // EINVAL: not a file that can be flushed
+  if (fsync(opened.handle()) != 0 && errno != EINVAL) return qt_error_string(errno);  // EINVAL: no flushing
   return opened.commit() ? QString() : opened.errorString();
 }
 

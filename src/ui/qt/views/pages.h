@@ -16,7 +16,7 @@ class PagedView : public View {
  protected:
   explicit PagedView(Screen& screen);
 
-  /// The geometry of the visible page.
+  /// The layout at the place of the visible page.
   QVBoxLayout* pages() const { return pages_; }
   /// Adds a page at the position of its panel, and returns the layout of its content. The name is for assistive
   /// technology.

@@ -27,8 +27,7 @@ inline const QColor lightBlue{192, 192, 255};
 inline const QColor paper{255, 255, 204};      ///< Background of the worksheets.
 inline const QColor paperLine{214, 210, 160};  ///< Hairlines on it.
 inline const QColor greyText{64, 64, 64};      ///< Text on it.
-inline const QColor lightEdge{150, 150,
-                              120};  ///< From which the style calculates the edges of boxes on a light background.
+inline const QColor lightEdge{150, 150, 120};  ///< For edges of boxes on a light background.
 
 /// Spaces in pixels: between a label and its box, rows, groups, and at the edges.
 inline constexpr int tight = 4;
