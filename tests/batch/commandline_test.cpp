@@ -21,7 +21,7 @@ std::string refusalOf(const std::vector<const char*>& words) {
   return "none";
 }
 
-TEST(BatchCommandLine, StartsAsManyThreadsAsJobsSays) {
+TEST(BatchCommandLine, StartsTheThreadsOfTheOptionJobs) {
   EXPECT_EQ(of({}).choices.jobs, 1U);
   EXPECT_EQ(of({"--jobs", "1"}).choices.jobs, 1U);
   EXPECT_EQ(of({"--jobs=2"}).choices.jobs, 2U);

@@ -59,7 +59,7 @@ TEST_P(CsvTest, EndsRowsInEitherWay) {
   EXPECT_THAT(read("a,\"b\"\r\n\"c\"").rows, ElementsAre(ElementsAre("a", "b", "\r\n"), ElementsAre("c", "")));
 }
 
-TEST_P(CsvTest, TakesACarriageReturnInsideACellForItself) {
+TEST_P(CsvTest, KeepsACarriageReturnInsideACell) {
   EXPECT_THAT(read("a\rb,\r\n").rows, ElementsAre(ElementsAre("a\rb", "", "\r\n")));
 }
 
@@ -69,7 +69,7 @@ TEST_P(CsvTest, UnquotesCells) {
   EXPECT_THAT(read("\"\"\"\",\"a\"b\"c,d\"e\n").rows, ElementsAre(ElementsAre("\"", "ab\"c", "d\"e", "\n")));
 }
 
-TEST_P(CsvTest, TakesWhatIsBehindAClosingQuoteForItself) {
+TEST_P(CsvTest, KeepsTextAfterAClosingQuote) {
   EXPECT_THAT(read("\"ab\"c,\"\"d\n").rows, ElementsAre(ElementsAre("abc", "d", "\n")));
 }
 
@@ -77,7 +77,7 @@ TEST_P(CsvTest, KeepsTheBytesOfARow) {
   EXPECT_THAT(read("\"a\"\"\",b \r\n c\n").bytes, ElementsAre("\"a\"\"\",b ", " c"));
 }
 
-TEST_P(CsvTest, TakesAnEmptyLineForNoCells) {
+TEST_P(CsvTest, HasNoCellsInAnEmptyLine) {
   EXPECT_THAT(read("\n\r\na\n").rows, ElementsAre(ElementsAre("\n"), ElementsAre("\r\n"), ElementsAre("a", "\n")));
 }
 
@@ -93,7 +93,7 @@ TEST_P(CsvTest, AcceptsAByteOrderMarkInFrontOnly) {
   EXPECT_THAT(read("\xEF\xBB\xBF").rows, ElementsAre());
 }
 
-TEST_P(CsvTest, TellsTheLineOfAQuoteThatDoesNotEnd) {
+TEST_P(CsvTest, ReportsTheLineOfAQuoteThatDoesNotEnd) {
   const Reading reading = read("a\n\"b\nc\"\nd,\"e\n\"\"\nf");
   EXPECT_THAT(reading.rows, ElementsAre(ElementsAre("a", "\n"), ElementsAre("b\nc", "\n")));
   EXPECT_EQ(reading.trouble, "line 4: a quoted cell doesn't end");
@@ -102,11 +102,11 @@ TEST_P(CsvTest, TellsTheLineOfAQuoteThatDoesNotEnd) {
   EXPECT_EQ(read("\n\"").trouble, "line 2: a quoted cell doesn't end");
 }
 
-TEST_P(CsvTest, TellsTheLineOfEachRow) {
+TEST_P(CsvTest, ReportsTheLineOfEachRow) {
   EXPECT_THAT(read("a\n\n\"b\nc\",\"d\n\"\ne\n").lines, ElementsAre(1, 2, 3, 6));
 }
 
-TEST_P(CsvTest, TakesAQuoteWithinACellForItself) {
+TEST_P(CsvTest, KeepsAQuoteWithinACell) {
   EXPECT_THAT(read("a\"b,c\n\"d\"e\"\nf\"\n").rows,
               ElementsAre(ElementsAre("a\"b", "c", "\n"), ElementsAre("de\"", "\n"), ElementsAre("f\"", "\n")));
 }

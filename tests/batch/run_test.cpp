@@ -57,7 +57,7 @@ TEST(Batch, FillsInARowThatIsTooShort) {
                   "8,,,0,0,0,0,0,0,0,0,0,0,0,0," + noFrequency));
 }
 
-TEST(Batch, CarriesOtherColumnsThroughAsTheyStand) {
+TEST(Batch, CopiesOtherColumns) {
   EXPECT_EQ(resultOf("name,income,note", "\"Doe, \"\"J\"\"\",100, x "),
             ",100,0,0,0,0,0,0,7.65,6.2,1.45,7.65,92.35," + noFrequency);
 }
@@ -81,7 +81,7 @@ TEST(Batch, KnowsEveryLetterInEitherCase) {
               StartsWith(",1000,0,0,0,142.71,28.542,"));
 }
 
-TEST(Batch, RowsDoNotKnowOfEachOther) {
+TEST(Batch, RowsShareNoState) {
   const std::string header = "income,frequency,state,local_rate,state_401k,rate_401k\n";
   const std::string first = "3000,Weekly,Maryland,2,Y,10\n";
   const std::string second = "10,,No State,,,\n";
@@ -146,7 +146,7 @@ TEST(Batch, GivesEachRowInAnyOrderWhatItGivesAlone) {
   EXPECT_EQ(linesOf(outcomeOf(in).out), linesOf(alone));
 }
 
-TEST(Batch, HandsTheStateOptionsOverWhereTheStateOpensThem) {
+TEST(Batch, UsesTheStateOptionsWhereTheStateOpensThem) {
   // Pennsylvania doesn't open the options: 1000 * 0.028. Kentucky does: (0 * 52 - 650) * 0.02 / 52 + 5.
   EXPECT_THAT(resultOf("income,state,state_additional", "1000,Pennsylvania,5"), StartsWith(",1000,0,0,0,0,28,"));
   EXPECT_THAT(resultOf("frequency,state,state_additional", "0,Kentucky,5"), StartsWith(",0,0,0,0,0,4.75,"));
@@ -314,7 +314,7 @@ TEST(Batch, CutsALongHeaderThatItShows) {
             "no column is one of the program's: the header is \"" + std::string(60, 'x') + "\"");
 }
 
-TEST(Batch, TellsCommasFromTheDelimiter) {
+TEST(Batch, DistinguishesCommasFromTheDelimiter) {
   EXPECT_EQ(outcomeOf("income,frequency\n", {.delimiter = ';'}).trouble,
             "the cells look divided by commas: use no --delimiter");
 }
@@ -327,7 +327,7 @@ TEST(Batch, NoticesWhatTheHeaderLacks) {
   EXPECT_EQ(outcomeOf("state\n").notice, "there is no column frequency, and neither income nor net");
 }
 
-TEST(Batch, DividesCellsAsTold) {
+TEST(Batch, UsesTheDelimiterOption) {
   const Choices semicolons{.delimiter = ';'};
   EXPECT_EQ(outcomeOf("frequency;income\n0;1,000\n", semicolons).out,
             "frequency;income;gross_pay;amt_401k;non_taxable;pre_fica_pay;federal_tax;state_tax;local_tax;fica;"
@@ -352,13 +352,13 @@ TEST(Batch, QuotesACellThatNeedsIt) {
   EXPECT_EQ(cell("a\rb"), "\"a\rb\"");
 }
 
-TEST(Batch, TellsTheLineOfTheFirstProblem) {
+TEST(Batch, ReportsTheLineOfTheFirstProblem) {
   const Outcome outcome = outcomeOf("frequency,note\n0,\"a\nb\"\n\n4,\n5,\n");
   EXPECT_EQ(outcome.account.problems, 2U);
   EXPECT_EQ(outcome.account.firstProblem, 5U);
 }
 
-TEST(Batch, TellsNoLineWhereNoRowHadAProblem) {
+TEST(Batch, ReportsNoLineWhereNoRowHadAProblem) {
   const Outcome outcome = outcomeOf("frequency\n0\n1\n");
   EXPECT_EQ(outcome.account.rows, 2U);
   EXPECT_EQ(outcome.account.problems, 0U);
@@ -476,7 +476,7 @@ TEST(Batch, CarriesAnEmptyLineThrough) {
   EXPECT_EQ(outcomeOf("frequency,x\n\n1,2\n\n").out, "frequency,x" + results + "\n\n1,2,0,0,0,0,0,0,0,0,0,0,0,0,\n\n");
 }
 
-TEST(Batch, LeavesTheHeaderOutWhereToldSo) {
+TEST(Batch, OmitsTheHeaderByOption) {
   EXPECT_EQ(outcomeOf("frequency\n1\n", {.writeHeader = false}).out, "1,0,0,0,0,0,0,0,0,0,0,0,0,\n");
 }
 

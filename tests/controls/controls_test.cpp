@@ -248,7 +248,7 @@ TEST_F(Texts, OfAWholeNumberBoxAreFormattedOnlyWhereTheyWereTyped) {
   EXPECT_EQ(page.whole.shown(), "173.33");
 }
 
-TEST_F(Texts, OfABoxWithoutAFormatShowAsTheyStand) {
+TEST_F(Texts, OfABoxWithoutAFormatAreShownUnchanged) {
   page.free.userType("1234.5");
   EXPECT_EQ(page.free.shown(), "1234.5");
 }

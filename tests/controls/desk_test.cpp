@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Notes where the acts begin and end.
-class ActsOfADesk : public DeskTest, private ActWatcher {
+class ActNotifications : public DeskTest, private ActWatcher {
  protected:
   void beginAct() override { note("begin"); }
   void endAct() override { note("end"); }
@@ -21,7 +21,7 @@ class ActsOfADesk : public DeskTest, private ActWatcher {
   const Installed<ActWatcher*> installed_{desk.actWatcher, this};
 };
 
-TEST_F(ActsOfADesk, AreOneWithTheActsTheyHold) {
+TEST_F(ActNotifications, IncludeTheActsWithinThem) {
   for (int i = 0; i < 2; ++i) {
     desk.carryOut([] {
       desk.carryOut([] { note("within"); });
@@ -31,7 +31,7 @@ TEST_F(ActsOfADesk, AreOneWithTheActsTheyHold) {
   }
 }
 
-TEST_F(ActsOfADesk, EndWhereTheyAreBrokenOff) {
+TEST_F(ActNotifications, EndWithAnException) {
   EXPECT_THROW(desk.carryOut([] { throw std::bad_alloc(); }), std::bad_alloc);
   EXPECT_THAT(happened(), ElementsAre("begin", "end"));
 }
@@ -547,7 +547,7 @@ TEST_F(ProgramRun, TakesTheSecondClickForTheDoubleClickAlone) {
   EXPECT_THAT(happened(), ElementsAre("First button DblClick"));
 }
 
-class WhatABindingIsTold : public DeskTest, private DeskWatcher {
+class BindingNotifications : public DeskTest, private DeskWatcher {
  protected:
   void shown(Screen& screen) override { note("told of " + screen.name() + " shown"); }
   void discarded(Screen& screen) override { note("told of " + screen.name() + " discarded"); }
@@ -557,7 +557,7 @@ class WhatABindingIsTold : public DeskTest, private DeskWatcher {
   const Installed<DeskWatcher*> installed_{desk.watcher, this};
 };
 
-TEST_F(WhatABindingIsTold, ComesBeforeActivateAndAfterUnload) {
+TEST_F(BindingNotifications, ComeBeforeActivateAndAfterUnload) {
   desk.show<First>();
   desk.use<First>().box.setFocus();
   desk.close<First>();
@@ -565,12 +565,12 @@ TEST_F(WhatABindingIsTold, ComesBeforeActivateAndAfterUnload) {
                                       "told of the focus", "First Unload", "told of First discarded"));
 }
 
-TEST_F(WhatABindingIsTold, ComesBeforeTheLoadOfTheFrame) {
+TEST_F(BindingNotifications, ComeBeforeTheLoadOfTheFrame) {
   desk.start<ShellFrame>();
   EXPECT_THAT(happened(), ElementsAre("told of Shell discarded", "told of Shell shown", "Shell Load"));
 }
 
-TEST_F(WhatABindingIsTold, IsEveryChangeOfAControl) {
+TEST_F(BindingNotifications, IncludeEveryChangeOfAControl) {
   First& first = desk.use<First>();
   int changes = 0;
   first.box.watch([&] { ++changes; });

@@ -37,7 +37,7 @@ TEST_F(GridTest, AlwaysHasTwoCells) {
               ElementsAre(ElementsAre("", ""), ElementsAre("Main Office", ""), ElementsAre("a", "$1.00")));
 }
 
-TEST_F(GridTest, TellsTheKindOfEachRow) {
+TEST_F(GridTest, ReturnsTheKindOfEachRow) {
   grid.setRows({{"a,1"}, {"b,2", RowKind::result}});
   EXPECT_THAT(grid.kinds(), ElementsAre(RowKind::line, RowKind::result));
 }
@@ -79,7 +79,7 @@ TEST_F(PrintEngineTest, LaysOutATableThatComesAsOneText) {
   EXPECT_EQ(engine.pages(), 1);
 }
 
-TEST_F(PrintEngineTest, TellsTheKindOfEachRow) {
+TEST_F(PrintEngineTest, ReturnsTheKindOfEachRow) {
   engine.startDocument();
   engine.addTable("<3000|>1500;Category|Amount;Tax|$5.00;|;Sum|$5.00;Of it|;|$1.00;", {"Sum"});
   EXPECT_THAT(engine.kinds(), ElementsAre(RowKind::heading, RowKind::line, RowKind::blank, RowKind::total,

@@ -182,7 +182,7 @@ bool hasJump(const Jump& jump) {
   return found;
 }
 
-TEST(HelpOfStates, TellsJumpsOfTheTables) {
+TEST(HelpOfStates, NamesJumpsOfTheTables) {
   for (const Jump& jump :
        {Jump{6, 10'000, 300, 2'700, "passes $10,000: by $2,700 for the year"},
         Jump{10, 308, 19, -13, "falls by some $13 where the taxed pay passes $308"},

@@ -78,7 +78,7 @@ std::vector<std::string> linesOf(std::string_view state) {
   return lines;
 }
 
-TEST(Options, TellEachValueAndItsMeaning) {
+TEST(Options, ListEachValueAndItsMeaning) {
   EXPECT_THAT(linesOf("Illinois"), ElementsAre("IL,state_401k,Y or N,Deduct from Taxable State Amount? 401k",
                                                "IL,state_pre_tax,Y or N,Deduct from Taxable State Amount? Pre-Tax Amt",
                                                "IL,state_dependents,0 to 15,Dependents (State)",

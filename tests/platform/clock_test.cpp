@@ -42,7 +42,7 @@ void expectAhead(std::chrono::seconds difference) {
   EXPECT_LE(told, after + difference);
 }
 
-TEST(SystemClock, TellsTheTimeOfTheUsersZoneAndNotThatOfGreenwich) {
+TEST(SystemClock, ReturnsTheTimeOfTheUsersZoneAndNotThatOfGreenwich) {
   {
     const InZone zone("JST-9");
     expectAhead(std::chrono::hours{9});

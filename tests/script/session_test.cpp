@@ -202,7 +202,7 @@ TEST_F(SessionTest, RefusesAQuestionForTheFirstReasonThatApplies) {
   EXPECT_EQ(ask("get frmMain.txtIncome text"), "= \"0\"");
 }
 
-TEST_F(SessionTest, KillsARunWhileTheWarningStands) {
+TEST_F(SessionTest, KillsARunWhileTheWarningIsShown) {
   start();
   ask("click MDIOpen.SSListBar1(Analysis)");
   EXPECT_EQ(ask("get MsgBox front"), "= true");
@@ -305,7 +305,7 @@ TEST_F(SessionTest, ListsTheControlsOfALoadedScreenInItsOwnOrder) {
   EXPECT_THAT(ask("controls frmMain"), Not(HasSubstr(", ")));
 }
 
-TEST_F(SessionTest, TellsTheRecordInDeclarationOrder) {
+TEST_F(SessionTest, ReturnsTheRecordInDeclarationOrder) {
   start();
   ask("poke rate401k .06");
   ask("poke checkAmt ($1,234.50)");
@@ -319,7 +319,7 @@ TEST_F(SessionTest, TellsTheRecordInDeclarationOrder) {
   EXPECT_EQ(ask("pay rate401k"), "= 0.06");
 }
 
-TEST_F(SessionTest, TellsAndSetsTheWorkingFieldsOfALoadedMainScreen) {
+TEST_F(SessionTest, ReadsAndSetsTheWorkingFieldsOfALoadedMainScreen) {
   start();
   EXPECT_EQ(ask("pay stateWage"), "= 0");
   EXPECT_EQ(ask("poke stateWage 12.34565"), "ok");
@@ -350,7 +350,7 @@ TEST_F(SessionTest, ReachesTheStoreWithoutARun) {
   EXPECT_EQ(ask("store"), "= {\"Settings\":{\"401k\":\"6\",\"Hours\":\"\"}}");
 }
 
-TEST_F(SessionTest, StandsTheClockStill) {
+TEST_F(SessionTest, StopsTheClock) {
   EXPECT_EQ(ask("clock \"2000-02-29T00:00:05\""), "ok");
   start();
   ask("click MDIOpen.SSListBar1(W4)");
@@ -392,7 +392,7 @@ TEST_F(SessionTest, SpringsTheFrameBack) {
   EXPECT_EQ(ask("get MDIOpen front"), "= true");
 }
 
-TEST_F(SessionTest, TellsThePropertiesOfEveryKind) {
+TEST_F(SessionTest, ReturnsThePropertiesOfEveryKind) {
   start();
   ask("pick frmMain.lstFrequency 0");
   ask("type frmMain.txtIncome \"1000\"");

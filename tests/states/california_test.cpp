@@ -8,7 +8,7 @@ namespace {
 
 class California : public PaycheckTest {};
 
-TEST_F(California, GoesOnBehindTheGate) {
+TEST_F(California, GoesOnAfterTheLowIncomeTest) {
   payData.grossPay = 100;
   payData.staAdd = 2;
   payData.staDeps = 1;
@@ -34,7 +34,7 @@ TEST_F(California, EndsAtTheGateForAWeeklyHeadOfFamily) {
   EXPECT_EQ(payData.stateTax, dollars("52.2902"));  // 1.97 + 16.01 at 2 percent, and 50
 }
 
-TEST_F(California, GoesOnBehindTheGateForAMonthlyHeadOfFamily) {
+TEST_F(California, GoesOnAfterTheLowIncomeTestForAMonthlyHeadOfFamily) {
   payData.staMarried = 9;
   payData.frequency = 3;
   payData.grossPay = 1340;

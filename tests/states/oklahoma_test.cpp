@@ -51,7 +51,7 @@ TEST_F(OklahomaTest, HasNothingAboveTheCeilingAtExactlyTheCeiling) {
   EXPECT_EQ(payData.stateTax, 61);    // (709.5 + 256 at 9 percent) / 12 = 61.045
 }
 
-TEST_F(OklahomaTest, ClampsTheStandardDeduction) {
+TEST_F(OklahomaTest, LimitsTheStandardDeduction) {
   payData.payPeriods = 1;
   for (const auto& [wage, deduction] : {std::pair{"6666.66", "1000"},
                                         {"6666.67", "1000.0005"},

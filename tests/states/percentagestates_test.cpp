@@ -20,7 +20,7 @@ TEST_F(Pennsylvania, LosesThePreTaxAmountWhereTheUserChoseSo) {
   EXPECT_EQ(payData.stateTax, dollars("25.2"));
 }
 
-TEST_F(Pennsylvania, SwallowsASmallAdditionalAmountBelowANegativeBase) {
+TEST_F(Pennsylvania, OffsetsASmallAdditionalAmountWithANegativeBase) {
   payData.grossPay = 100;
   payData.preTax = 300;
   payData.staAdd = 5;

@@ -161,7 +161,7 @@ TEST_F(StateSequence, AStepThatOverflowsIsLostWhole) {
   EXPECT_EQ(payData.stateTax, 28);
 }
 
-TEST_F(StateSequence, WithoutPayPeriodsTheAnnualTaxStandsUndivided) {
+TEST_F(StateSequence, WithoutPayPeriodsTheAnnualTaxIsNotDivided) {
   payData.payPeriods = 0;
   payData.grossPay = 1000;
   payData.stateTax = 50;

@@ -56,7 +56,7 @@ TEST_F(WisconsinTest, TakesTheLastTaxOfMarriedClaimingSingleForAnAnnualOne) {
   EXPECT_EQ(payData.stateTax, dollars("1.5385"));  // 80 / 52
 }
 
-TEST_F(WisconsinTest, CreditsTheSameInTheYearWhateverThePeriods) {
+TEST_F(WisconsinTest, CreditsTheSameInTheYearForAllFrequencies) {
   // 39,000 a year, Married: 2,279 + 3,500 at 6.93 percent.
   payData.payPeriods = 12;
   payData.grossPay = 3250;

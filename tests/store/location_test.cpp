@@ -50,7 +50,7 @@ TEST_F(Location, IsInTheFolderOfConfigurations) {
   EXPECT_EQ(usersStore(), "/configurations/Tallyfin99/Tallyfin99.sqlite");
 }
 
-TEST_F(Location, TakesNoPathThatIsRelative) {
+TEST_F(Location, IgnoresARelativePath) {
   ::setenv("HOME", "/home/pat", 1);
   for (const char* relative : {"", "configurations", "./x"}) {
     ::setenv("XDG_CONFIG_HOME", relative, 1);
@@ -68,7 +68,7 @@ TEST_F(Location, AsksTheListOfUsersWithoutAHome) {
   EXPECT_EQ(usersStore(), "/nonexistent/.config/Tallyfin99/Tallyfin99.sqlite");
 }
 
-TEST_F(Location, MakesTheFolderTheUsersAlone) {
+TEST_F(Location, MakesTheFolderPrivate) {
   const fs::path folder = home / ".config" / "Tallyfin99";
   fs::create_directories(folder);
   fs::permissions(home / ".config", fs::perms::all);
@@ -78,7 +78,7 @@ TEST_F(Location, MakesTheFolderTheUsersAlone) {
   EXPECT_EQ(fs::status(home / ".config").permissions(), fs::perms::all);
 }
 
-TEST_F(Location, LeavesAloneWhatIsNoFolderOfTheUsers) {
+TEST_F(Location, DoesNotChangeAFolderOfSomeoneElse) {
   fs::create_directories(home / ".config");
   const fs::path file = home / ".config" / "Tallyfin99";
   std::ofstream(file) << "no folder";

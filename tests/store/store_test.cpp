@@ -201,7 +201,7 @@ TEST_F(StoreTest, MakesNothingByReading) {
   EXPECT_THAT(names(), IsEmpty());
 }
 
-TEST_F(StoreTest, TakesAnEmptyFileForItsOwnWhenItSaves) {
+TEST_F(StoreTest, MakesAnEmptyFileAStoreWhenItSaves) {
   put(path, "");
   EXPECT_EQ(kept("IncAmt"), std::nullopt);
   EXPECT_EQ(bytesOf(path), "");
@@ -309,7 +309,7 @@ TEST_F(StoreTest, GivesBackAwkwardTexts) {
   EXPECT_EQ(opened().read("", ""), "x");
 }
 
-TEST_F(StoreTest, TellsKeysApartByEveryByte) {
+TEST_F(StoreTest, DistinguishesKeysByEveryByte) {
   FileStore store = opened();
   for (const std::string& key : {std::string("a"), std::string("A"), std::string("a\0", 2), std::string("a ")}) {
     store.write(section::settings, key, key);
@@ -354,7 +354,7 @@ class Mask {
   mode_t before_;
 };
 
-TEST_F(StoreTest, IsTheUsersAloneWhateverTheMask) {
+TEST_F(StoreTest, IsPrivateWithAnyUmask) {
   for (const mode_t mask : {0U, 0777U}) {
     path = folder / std::to_string(mask) / "config" / "Tallyfin99.sqlite";
     const Mask set(mask);
@@ -367,7 +367,7 @@ TEST_F(StoreTest, IsTheUsersAloneWhateverTheMask) {
   }
 }
 
-TEST_F(StoreTest, TakesAwayWhatOthersMayDo) {
+TEST_F(StoreTest, RemovesPermissionsOfOthers) {
   opened().write(section::user, "USSN", "1");
   fs::permissions(path, fs::perms(0666));
   FileStore store = opened();
@@ -442,7 +442,7 @@ TEST_F(StoreTest, ReadsTheLargestFileThatItTakes) {
 }
 
 /// SQLite treats a file of one byte as an empty database.
-TEST_F(StoreTest, LeavesOneByteAloneWhateverStandsBesideIt) {
+TEST_F(StoreTest, DoesNotChangeAFileOfOneByteWithAnyFileBesideIt) {
   put(path, "x");
   put(path.string() + "-wal", "no log of SQLite's");
   expectLeftAlone();
@@ -520,7 +520,7 @@ void killedAfter(const fs::path& path, const char* sql) {
   ASSERT_EQ(status, 0);
 }
 
-TEST_F(StoreTest, TakesBackAChangeThatAKilledProgramLeftHalfDone) {
+TEST_F(StoreTest, RollsBackAChangeOfAKilledProgram) {
   opened().write(section::settings, "Hours", "40");
   killedAfter(path, "PRAGMA journal_mode = DELETE; BEGIN; UPDATE setting SET text = '41'");
   ASSERT_GT(fs::file_size(path.string() + "-journal"), 0U);
@@ -538,7 +538,7 @@ TEST_F(StoreTest, CompletesAChangeThatAKilledProgramHasMade) {
   EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite"));
 }
 
-TEST_F(StoreTest, TakesADatabaseWithoutTablesForItsOwnWhenItSaves) {
+TEST_F(StoreTest, MakesADatabaseWithoutTablesAStoreWhenItSaves) {
   killedAfter(path, "PRAGMA journal_mode = WAL; CREATE TABLE other(a); DROP TABLE other");
   ASSERT_GT(fs::file_size(path.string() + "-wal"), 0U);
   EXPECT_EQ(kept("Hours"), std::nullopt);
@@ -939,7 +939,7 @@ TEST_F(StoreTest, LosesNothingWhereItsLogIsRemoved) {
   EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
 }
 
-TEST_F(StoreTest, TakesNoLogForItsOwnThatIsAnothers) {
+TEST_F(StoreTest, IgnoresALogOfAnotherStore) {
   FileStore store = opened();
   store.write(section::settings, "Hours", "40");
   fs::copy_file(path, folder / "copy");
@@ -959,7 +959,7 @@ TEST_F(StoreTest, TakesNoLogForItsOwnThatIsAnothers) {
   EXPECT_EQ(store.read(section::settings, "IncAmt"), "1000");
 }
 
-TEST_F(StoreTest, TakesNoRoomForATextThatStandsThere) {
+TEST_F(StoreTest, NeedsNoSpaceForATextThatIsStoredAlready) {
   FileStore store = opened();
   store.write(section::settings, "Hours", "40");
   const auto length = fs::file_size(path.string() + "-wal");
@@ -1040,7 +1040,7 @@ TEST_F(StoreTest, GoesOnAfterAnOpeningThatFailed) {
   }
 }
 
-TEST_F(StoreTest, BeginsAnewWhereTheFileHasBeenRemoved) {
+TEST_F(StoreTest, CreatesTheFileAgainWhereItHasBeenRemoved) {
   FileStore store = opened();
   store.write(section::settings, "Hours", "40");
   fs::remove(path);

@@ -446,7 +446,7 @@ TEST_F(MainScreen, LeavesTheOptionsOfAStateThatOpensNoScreenAtZero) {
   EXPECT_EQ(payData.staAdd, dollars("12.5"));
 }
 
-TEST_F(MainScreen, TellsWhatItsControlsAreFor) {
+TEST_F(MainScreen, HasTooltips) {
   start();
   EXPECT_EQ(main().txtIncome.tooltip, "Enter your income amount.");
   EXPECT_EQ(main().txtHours.tooltip, "Enter the number of hours it took to earn the Income Amount.");

@@ -115,7 +115,7 @@ TEST_F(PersonalAllowances, TurnThePages) {
   EXPECT_TRUE(sheet().txtChild.focused());
 }
 
-TEST_F(PersonalAllowances, StandInTheNormalTextColour) {
+TEST_F(PersonalAllowances, AreInTheNormalTextColour) {
   sheet().cmdInstructions[0].userClick();
   sheet().cmdInstructions[1].userClick();
   desk.use<frm2Workers>().cmdTable1Show[0].userClick();

@@ -143,7 +143,7 @@ TEST_F(RaiseCalculator, RoundsTheIncomeToCents) {
   EXPECT_EQ(payData.grossPay, dollars("826.664"));
 }
 
-TEST_F(RaiseCalculator, RoundsTheIncomeThatStandsInTheBox) {
+TEST_F(RaiseCalculator, RoundsTheTextOfTheIncomeBox) {
   misc().imgSeal.userClick();
   main().lstFrequency.userPick(3);
   main().txtIncome.userType("3466.60");
@@ -458,7 +458,7 @@ TEST_F(MultipleChecks, GoToTheMainScreenAsAMonthlyIncome) {
   EXPECT_EQ(main().txtIncome.text(), "433.33");  // the earlier total
 }
 
-TEST_F(MultipleChecks, StandOnPaperInTheNormalTextColour) {
+TEST_F(MultipleChecks, AreInTheNormalTextColourOnPaper) {
   EXPECT_EQ(screen().backColour(), (Colour{255, 255, 204}));
   for (const Control* control : screen().controls()) {
     EXPECT_EQ(control->foreColour(), (Colour{64, 64, 64})) << control->address();

@@ -79,7 +79,7 @@ TYPED_TEST(ClosedScreen, LeavesNoWidgetAndNoMemory) {
 using Released = DesktopTest;
 
 /// The control may outlive the widget. The address sanitizer detects notifications to a deleted widget.
-TEST_F(Released, ABindingIsToldNothingMore) {
+TEST_F(Released, ABindingIsNotNotified) {
   startOnMain();
   Control& control = desk.use<frmAnalysis>().lblOne[0];  // which has no widget yet
   {

@@ -169,7 +169,7 @@ TEST_F(FormOnPaper, FillsThePage) {
   EXPECT_LT(right, 612);
 }
 
-TEST_F(FormOnPaper, HasNoMarkOfTheKeyboard) {
+TEST_F(FormOnPaper, HasNoFocusRing) {
   dialogs.path = folder_.filePath("form.pdf");
   startOnMain();
   clickItem("W4");

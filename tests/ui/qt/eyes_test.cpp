@@ -68,7 +68,7 @@ QRect wordsOf(const QWidget& widget) {
   return place.adjusted(3, 3, -3, -3);
 }
 
-TEST_F(Eyes, EveryTextStandsOut) {
+TEST_F(Eyes, EveryTextHasContrast) {
   int texts = 0;
   onEveryScreen([&](const Screen& screen) {
     QWidget& window = *view(screen.name().c_str()).window();

@@ -136,7 +136,7 @@ TEST_F(Keyboard, FromWhatIsOutOfViewTabLeadsBackIntoView) {
   }
 }
 
-TEST_F(Keyboard, WhatGetsTheFocusIsScrolledIntoSight) {
+TEST_F(Keyboard, TheFocusedWidgetIsScrolledIntoView) {
   const QFont normal = QApplication::font();
   QFont large = normal;
   large.setPointSizeF(2 * normal.pointSizeF());
@@ -174,7 +174,7 @@ TEST_F(Keyboard, LettersWalkThroughAnOpenedListToTheEntry) {
   EXPECT_EQ(listOf("cboState").currentIndex().data().toString().front(), 'I');
 }
 
-TEST_F(Keyboard, LettersThatComeAtOnceAreOneWord) {
+TEST_F(Keyboard, LettersTypedQuicklyAreOneWord) {
   startOnMain();
   auto& box = find<QComboBox>("frmMain", "cboState");
   box.setFocus();
@@ -195,7 +195,7 @@ TEST_F(Keyboard, ANumberIsThatNumberAndNotTheNext) {
   EXPECT_EQ(text("frmMain", "cboExemptions"), "1");
 }
 
-TEST_F(Keyboard, OneLetterAgainAndAgainGoesThroughItsEntries) {
+TEST_F(Keyboard, ARepeatedLetterMovesThroughItsEntries) {
   startOnMain();
   find("frmMain", "cboState").setFocus();
   write("n");
@@ -333,7 +333,7 @@ TEST_F(Keyboard, KeysOfTheToolbarAndOfThePages) {
   EXPECT_EQ(focused(), "chkPersWkShtA(0)");
 }
 
-TEST_F(Keyboard, EscapeLeavesAPageThatLiesOverNoOther) {
+TEST_F(Keyboard, EscapeDoesNotCloseAPageThatIsAboveNoOther) {
   startOnMain();
   press("Esc");
   EXPECT_TRUE(shown("frmMain"));
@@ -666,7 +666,7 @@ std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullpt
   return keys;
 }
 
-TEST_F(Keyboard, APageThatLiesOverAnotherSharesNoLetterWithIt) {
+TEST_F(Keyboard, APageAboveAnotherHasOtherMnemonics) {
   const auto lettersOf = [](const QWidget& page) {
     std::set<std::string> letters;
     for (const std::string& key : keysIn(page)) letters.insert(key.substr(0, key.find(' ')));

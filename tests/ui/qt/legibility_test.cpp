@@ -119,7 +119,7 @@ TEST_F(Legibility, AnOpenListShowsTwelveRowsWithAnEdge) {
 
 // --- Larger fonts
 
-TEST_F(Legibility, TheFrameGrowsWithTheLettersAndTheResultsAreWhole) {
+TEST_F(Legibility, TheFrameGrowsWithTheFontAndTheResultsAreNotCutOff) {
   enlargeFont();
   startOnMain();
   choose("frmMain", "lstFrequency", "Weekly");
@@ -142,7 +142,7 @@ TEST_F(Legibility, TheFrameGrowsWithTheLettersAndTheResultsAreWhole) {
 
 // --- Contrast of the state options
 
-TEST_F(Legibility, TheStateOptionsStandOut) {
+TEST_F(Legibility, TheStateOptionsHaveContrast) {
   startOnMain();
   clickItem("StateInfo");
   choose("frmState", "cboState", "California");
@@ -309,7 +309,7 @@ TEST_F(Legibility, AboutTellsItsVersionToAssistiveTechnology) {
   EXPECT_TRUE(words.startsWith("Version 1.")) << words.toStdString();
 }
 
-TEST_F(Legibility, AWindowStandsBesideTheFrameWhereTheScreenHasRoom) {
+TEST_F(Legibility, AWindowIsBesideTheFrameWhereItFits) {
   startOnMain();
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
   frame().move(room.topLeft());

@@ -88,7 +88,7 @@ TEST_F(MainScreen, GainingTheFocusSelectsTheWholeText) {
   }
 }
 
-TEST_F(MainScreen, AmountsThatAreNoNumbersStandAsTyped) {
+TEST_F(MainScreen, AmountsThatAreNoNumbersAreShownAsTyped) {
   startOnMain();
   type("frmMain", "txtIncome", "lots");
   click("frmMain", "txtHours");
@@ -195,7 +195,7 @@ TEST_F(MainScreen, TheRaiseButtonComesWithTheFirstCalculateAndMovesNothing) {
   EXPECT_EQ(find("frmMain", "cmdAdditional(0)").geometry(), before);
 }
 
-TEST_F(MainScreen, EveryFigureOfTheStripStandsBesideItsName) {
+TEST_F(MainScreen, EveryFigureOfTheStripIsBesideItsName) {
   startOnMain();
   const std::vector<std::pair<const char*, std::string>> names{
       {"lbl1", "Federal"},  {"lbl2", "State"},     {"lbl3", "401(k)"},   {"lbl4", "FICA"},

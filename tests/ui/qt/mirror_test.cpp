@@ -360,7 +360,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
   int refusals_ = 0;
 };
 
-TEST_P(Walk, EveryWidgetShowsWhatItsControlHolds) {
+TEST_P(Walk, EveryWidgetShowsTheValueOfItsControl) {
   std::cout << "seed " << seed() << std::endl;
   begin();
   const int acts = fromEnvironment("TALLYFIN_MIRROR_ACTS", 5000);

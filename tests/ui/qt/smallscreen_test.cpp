@@ -26,7 +26,7 @@ TEST_F(SmallScreen, TheWindowOpensWithItsTitleOnTheScreen) {
   EXPECT_LE(frame().pos().x() + frame().width(), room().right() + 1);
 }
 
-TEST_F(SmallScreen, EveryControlCanBeScrolledIntoSight) {
+TEST_F(SmallScreen, EveryControlCanBeScrolledIntoView) {
   int looked = 0;
   onEveryScreen([&](const Screen& screen) {
     if (screen.place() != Place::document) return;

@@ -124,7 +124,7 @@ TEST_F(StateOptions, ConnecticutExplainsARateUnderThePointer) {
   EXPECT_EQ(find("frmState", "mskAdditional").geometry(), foot);
 }
 
-TEST_F(StateOptions, TheSecondIllinoisBoxComesAliveAfterTheFirst) {
+TEST_F(StateOptions, TheSecondIllinoisBoxIsEnabledByTheFirst) {
   open("Illinois");
   EXPECT_FALSE(find("frmState", "cboDeps(1)").isEnabled());
   choose("frmState", "cboDeps(0)", "2");

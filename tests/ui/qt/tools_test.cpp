@@ -54,7 +54,7 @@ TEST_F(Tools, ARaiseByPercentage) {
   EXPECT_FALSE(shown("frmMisc"));
 }
 
-TEST_F(Tools, ThePageOutOfSightTakesKeysAndNoMarkLeadsThere) {
+TEST_F(Tools, ThePageOutOfViewTakesKeysAndHasNoMnemonics) {
   startWithAPaycheck();
   click("frmMain", "cmdAdditional(1)");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);  // the mnemonic of the local tax

@@ -253,7 +253,7 @@ TEST_F(Typing, APasteAfterARedoGoesToTheEndWhereTheCursorIsBeyondIt) {
   EXPECT_EQ(income(), "122");
 }
 
-TEST_F(Typing, ABoxHoldsWhatALineEditAloneWould) {
+TEST_F(Typing, ABoxHasTheTextOfAPlainLineEdit) {
   startOnMain();
   QLineEdit& edit = open("frmMain", "txtIncome", "");
   EXPECT_TRUE(rc::check([&] {
@@ -262,7 +262,7 @@ TEST_F(Typing, ABoxHoldsWhatALineEditAloneWould) {
   }));
 }
 
-TEST_F(Typing, ADropDownHoldsWhatALineEditAloneWould) {
+TEST_F(Typing, ADropDownHasTheTextOfAPlainLineEdit) {
   startOnMain();
   clickItem("StateInfo");
   auto& box = find<QComboBox>("frmState", "cboDeps(0)");

@@ -105,7 +105,7 @@ TEST_F(W4ViewsTest, TheCalendarsControlFollowsTheKeyboardAndTheMarkedDay) {
   EXPECT_TRUE(control.date() == std::chrono::May / 18 / 1999);
 }
 
-TEST_F(W4ViewsTest, TheCalendarTakesNoTypedDateAndLeavesNothingOfOne) {
+TEST_F(W4ViewsTest, TheCalendarAcceptsNoTypedDateAndLeaksNothing) {
   auto& widget = find<QCalendarWidget>(open<frmCalendar>(), "mthTwoWorkers");
   const QDate before = widget.selectedDate();
   QTest::keyClick(widget.focusProxy(), Qt::Key_2);
@@ -164,7 +164,7 @@ struct LargeLetters {
   LargeLetters& operator=(const LargeLetters&) = delete;
 };
 
-TEST_F(W4ViewsTest, AtLargeLettersPagesScrollAndNothingIsCutOff) {
+TEST_F(W4ViewsTest, WithALargeFontPagesScrollAndNothingIsCutOff) {
   const LargeLetters large;
   const auto whole = [](const View& sheet) {
     for (const Control* control : sheet.screen()->controls()) {
@@ -232,7 +232,7 @@ TEST_F(W4ViewsTest, EveryControlThatTakesTheFocusHasAnAccessibleName) {
   }
 }
 
-TEST_F(W4ViewsTest, TheKeyboardGoesToTheBoxThatHasMovedAway) {
+TEST_F(W4ViewsTest, TheFocusMovesToTheBoxOnThePageOutOfView) {
   View& sheet = open<frmPersWkSht>();
   frmPersWkSht& screen = *desk.find<frmPersWkSht>();
   click(sheet, "cmdW4Back(0)");
@@ -257,7 +257,7 @@ TEST_F(W4ViewsTest, TheCardsTickHasItsCaption) {
   EXPECT_GE(tick.minimumSizeHint().width(), tick.fontMetrics().horizontalAdvance("Check4"));
 }
 
-TEST_F(W4ViewsTest, TheMarkOfTheFocusIsALineAroundWhatStandsOnTheForm) {
+TEST_F(W4ViewsTest, TheFocusRingIsALineAroundTheWidgetsOfTheForm) {
   const View& form = open<frmW4>();
   for (const char* name : {"optMarried", "Check4"}) {
     auto& tick = find<QAbstractButton>(form, name);
@@ -530,7 +530,7 @@ TEST_F(FormPrintTest, ADoubleClickOnFixedTextIsOneOnTheForm) {
   EXPECT_EQ(dialogs.asked, 1);
 }
 
-TEST_F(FormPrintTest, ASavedFormTakesTheNoticeOfAnEarlierOneAway) {
+TEST_F(FormPrintTest, ASavedFormHidesTheMessageOfAnEarlierOne) {
   View& form = openForm();
   const auto& notice = *desktop.frame()->findChild<QLabel*>("notice", Qt::FindDirectChildrenOnly);
   const QString good = std::exchange(dialogs.path, folder.filePath("no such folder/form.pdf"));
