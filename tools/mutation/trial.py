@@ -38,7 +38,8 @@ def program_of(file):
     name = pathlib.Path(file).stem
     if re.match(r"frm(W4|2Workers|DednAdj|PersWkSht|Calendar|TableOne)View|worksheet|captions", name):
         return "w4views_test"
-    return "paperviews_test" if name in ("frmPrintView", "preview", "reportpage", "helpviewer", "printer") else "desktop_test"
+    of_paper = {"frmPrintView", "preview", "reportpage", "printer", "desktophelp", "helpfile", "helpwindow"}
+    return "paperviews_test" if name in of_paper else "desktop_test"
 
 
 def of_binding(mutant):

@@ -8,9 +8,9 @@
 #include "controls/desk.h"
 #include "ui/program.h"
 #include "ui/qt/binding/inputorder.h"
-#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/desktopplatform.h"
+#include "ui/qt/help/desktophelp.h"
 #include "ui/qt/paper/screenprinter.h"
-#include "ui/qt/platform.h"
 
 class QDialog;
 

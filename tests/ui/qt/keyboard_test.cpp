@@ -21,7 +21,7 @@
 #include "ui/frmMain.h"
 #include "ui/frmPrint.h"
 #include "ui/qt/accessibility/accessible.h"
-#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/help/helpfile.h"
 #include "ui/qt/paper/printer.h"
 
 /// The program by keyboard alone.
@@ -693,8 +693,8 @@ TEST_F(Keyboard, APageAboveAnotherHasOtherMnemonics) {
 }
 
 TEST_F(Keyboard, TheHelpListsEveryKey) {
-  HelpShelf shelf(HelpShelf::usualFolders());
-  const QString topic = shelf.book("Tallyfin.hlp")->find("keys")->html;
+  HelpFiles files(HelpFiles::usualFolders());
+  const QString topic = files.find("Tallyfin.hlp")->find("keys")->html;
   std::map<std::string, std::set<std::string>> told;
   std::string heading;
   static const QRegularExpression part("<h2>(.*?)</h2>|<tr><td>(.*?)</td><td>(.*?)</td></tr>");

@@ -34,7 +34,8 @@
 #include "ui/frmPrint.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame/frame.h"
-#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/help/helpfile.h"
+#include "ui/qt/help/helpwindow.h"
 #include "ui/qt/paper/printer.h"
 #include "ui/qt/paper/reportpage.h"
 #include "ui/qt/views/view.h"
@@ -868,15 +869,15 @@ TEST_F(Help, LinksToElsewhereArentOpened) {
 
 TEST_F(Help, AllLinksOfBothFilesLeadToATopic) {
   static const QRegularExpression link("href=\"([^\"#]*)#?([^\"]*)\"");
-  HelpShelf shelf(HelpShelf::usualFolders());
+  HelpFiles files(HelpFiles::usualFolders());
   int links = 0;
-  for (const QString& file : HelpShelf::files) {
-    const HelpBook* book = shelf.book(file);
-    ASSERT_NE(book, nullptr) << qPrintable(file);
-    for (const HelpTopic& topic : book->topics) {
+  for (const QString& file : HelpFiles::files) {
+    const HelpFile* help = files.find(file);
+    ASSERT_NE(help, nullptr) << qPrintable(file);
+    for (const HelpTopic& topic : help->topics) {
       for (auto next = link.globalMatch(topic.html); next.hasNext(); ++links) {
         const auto match = next.next();
-        const HelpBook* target = shelf.book(match.captured(1).isEmpty() ? file : match.captured(1));
+        const HelpFile* target = files.find(match.captured(1).isEmpty() ? file : match.captured(1));
         ASSERT_NE(target, nullptr) << qPrintable(match.captured());
         EXPECT_NE(target->find(match.captured(2)), nullptr) << qPrintable(match.captured());
       }
@@ -886,13 +887,13 @@ TEST_F(Help, AllLinksOfBothFilesLeadToATopic) {
 }
 
 TEST_F(Help, EveryScreenHasItsTopicInOneFile) {
-  HelpShelf shelf(HelpShelf::usualFolders());
+  HelpFiles files(HelpFiles::usualFolders());
   for (const char* screen :
        {"MDIOpen", "frmMain", "frmState", "frmName", "frmMisc", "frmMultiCheck", "frmAnalysis", "frmPrint", "frmAbt"}) {
-    EXPECT_NE(shelf.book("Tallyfin.hlp")->find(screen), nullptr) << screen;
+    EXPECT_NE(files.find("Tallyfin.hlp")->find(screen), nullptr) << screen;
   }
   for (const char* screen : {"frmPersWkSht", "frmDednAdj", "frm2Workers", "frmTableOne", "frmCalendar", "frmW4"}) {
-    EXPECT_NE(shelf.book("W4.hlp")->find(screen), nullptr) << screen;
+    EXPECT_NE(files.find("W4.hlp")->find(screen), nullptr) << screen;
   }
 }
 
@@ -963,7 +964,7 @@ TEST_F(Help, AMissingFileIsToldByNameAndPlace) {
 
 TEST_F(Help, AMissingFileLeavesTheOtherOpen) {
   QTemporaryDir folder;
-  ASSERT_TRUE(QFile::copy(QDir(HelpShelf::usualFolders().front()).filePath("W4.hlp"), folder.filePath("W4.hlp")));
+  ASSERT_TRUE(QFile::copy(QDir(HelpFiles::usualFolders().front()).filePath("W4.hlp"), folder.filePath("W4.hlp")));
   DesktopHelp help({folder.path()});
   help.serve(*desktop_->frame());
   help.open("W4.hlp", 10);
@@ -980,7 +981,7 @@ TEST_F(Help, AMissingFileLeavesTheOtherOpen) {
 
 TEST_F(Help, TheNoticeOfAMissingFileGoesWithTheNextTopic) {
   QTemporaryDir folder;
-  ASSERT_TRUE(QFile::copy(QDir(HelpShelf::usualFolders().front()).filePath("W4.hlp"), folder.filePath("W4.hlp")));
+  ASSERT_TRUE(QFile::copy(QDir(HelpFiles::usualFolders().front()).filePath("W4.hlp"), folder.filePath("W4.hlp")));
   DesktopHelp help({folder.path()});
   help.serve(*desktop_->frame());
   help.open("W4.hlp", 10);
@@ -992,18 +993,18 @@ TEST_F(Help, TheNoticeOfAMissingFileGoesWithTheNextTopic) {
   EXPECT_FALSE(notice->isVisible());
 }
 
-TEST(HelpBookTest, IsTakenApartAtItsHeadingsOfTheFirstOrder) {
-  const HelpBook book = HelpBook::read("X.hlp",
+TEST(HelpFileTest, IsTakenApartAtItsHeadingsOfTheFirstOrder) {
+  const HelpFile help = HelpFile::read("X.hlp",
                                        "<html><head><title>A &amp; B</title></head><body><p>before</p>"
                                        "<h1 id=\"one\">First <i>one</i></h1><p>1</p><h2>more</h2>"
                                        "<h1 id=\"2\">Second</h1><p>2</p></body></html>");
-  EXPECT_EQ(book.title, "A & B");
-  ASSERT_EQ(book.topics.size(), 2U);
-  EXPECT_EQ(book.topics[0].id, "one");
-  EXPECT_EQ(book.topics[0].title, "First one");
-  EXPECT_EQ(book.topics[0].html, "<h1 id=\"one\">First <i>one</i></h1><p>1</p><h2>more</h2>");
-  EXPECT_EQ(book.find("2")->html, "<h1 id=\"2\">Second</h1><p>2</p>");
-  EXPECT_EQ(book.find("3"), nullptr);
+  EXPECT_EQ(help.title, "A & B");
+  ASSERT_EQ(help.topics.size(), 2U);
+  EXPECT_EQ(help.topics[0].id, "one");
+  EXPECT_EQ(help.topics[0].title, "First one");
+  EXPECT_EQ(help.topics[0].html, "<h1 id=\"one\">First <i>one</i></h1><p>1</p><h2>more</h2>");
+  EXPECT_EQ(help.find("2")->html, "<h1 id=\"2\">Second</h1><p>2</p>");
+  EXPECT_EQ(help.find("3"), nullptr);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <QScrollBar>
 
 #include "everyscreen.h"
-#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/help/helpwindow.h"
 
 /// The program on displays that are too small for it; the test runs once for each of several sizes.
 

@@ -231,8 +231,8 @@ void ExplanationWindow::print() {
                     .file = windowTitle() + QStringLiteral(".pdf"),
                     .somePages = true,
                     .draw = [&](QPagedPaintDevice& device) { return pages.draw(device); }};
-  const Outcome outcome = paper.printOrSave(frame_.dialogs(), *this);
-  if (outcome) tellUser(outcome->words);
+  const std::optional<Printed> printed = paper.printOrSave(frame_.dialogs(), *this);
+  if (printed) tellUser(printed->words);
 }
 
 }  // namespace tallyfin::qt

@@ -43,7 +43,7 @@ QString replaceFile(QSaveFile& opened, const QByteArray& content) {
 
 }  // namespace
 
-Outcome Paper::print(Dialogs& dialogs, QWidget& asking) const {
+std::optional<Printed> Paper::print(Dialogs& dialogs, QWidget& asking) const {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(title);
   if (!dialogs.choosePrinter(asking, printer, somePages)) return std::nullopt;
@@ -61,7 +61,7 @@ Outcome Paper::print(Dialogs& dialogs, QWidget& asking) const {
   return Printed{false, QStringLiteral("The %1 couldn't be printed. %2").arg(name, trouble)};
 }
 
-Outcome Paper::save(Dialogs& dialogs, QWidget& asking) const {
+std::optional<Printed> Paper::save(Dialogs& dialogs, QWidget& asking) const {
   const QString path = dialogs.choosePdf(asking, file);
   if (path.isEmpty()) return std::nullopt;
   const QString trouble = write(path);
@@ -69,7 +69,7 @@ Outcome Paper::save(Dialogs& dialogs, QWidget& asking) const {
   return Printed{false, QStringLiteral("The %1 couldn't be saved. %2: %3").arg(name, path, trouble)};
 }
 
-Outcome Paper::printOrSave(Dialogs& dialogs, QWidget& asking) const {
+std::optional<Printed> Paper::printOrSave(Dialogs& dialogs, QWidget& asking) const {
   return dialogs.hasPrinter() ? print(dialogs, asking) : save(dialogs, asking);
 }
 

@@ -17,7 +17,6 @@ struct Printed {
   bool done;
   QString words;
 };
-using Outcome = std::optional<Printed>;
 
 /// A document for paper or a PDF file.
 struct Paper {
@@ -29,11 +28,11 @@ struct Paper {
   std::function<bool(QPagedPaintDevice&)> draw;
 
   /// Prints it on the printer that the user chooses.
-  Outcome print(Dialogs& dialogs, QWidget& asking) const;
+  std::optional<Printed> print(Dialogs& dialogs, QWidget& asking) const;
   /// Saves it as the PDF file that the user names.
-  Outcome save(Dialogs& dialogs, QWidget& asking) const;
+  std::optional<Printed> save(Dialogs& dialogs, QWidget& asking) const;
   /// Prints it, or saves it where there is no printer.
-  Outcome printOrSave(Dialogs& dialogs, QWidget& asking) const;
+  std::optional<Printed> printOrSave(Dialogs& dialogs, QWidget& asking) const;
 
   /// Writes a PDF file on Letter paper, or as a printer is set up. Returns the error, empty for none. An existing file
   /// is replaced only by a complete one.

@@ -54,12 +54,12 @@ int ScreenPrinter::printScreen(Screen& screen) {
                    .file = title + QStringLiteral(".pdf"),
                    .draw = [view](QPagedPaintDevice& device) { return drawWidget(*view, device); }};
   Frame& frame = static_cast<Frame&>(*view->window());
-  const Outcome outcome = form.printOrSave(frame.dialogs(), frame);
-  if (!outcome) return 0;
+  const std::optional<Printed> printed = form.printOrSave(frame.dialogs(), frame);
+  if (!printed) return 0;
   // The form doesn't change, so it can be printed again.
-  frame.tell(outcome->done ? QString() : outcome->words);
-  if (outcome->done) frame.confirm(outcome->words);
-  return outcome->done ? 1 : 0;
+  frame.tell(printed->done ? QString() : printed->words);
+  if (printed->done) frame.confirm(printed->words);
+  return printed->done ? 1 : 0;
 }
 
 }  // namespace tallyfin::qt

@@ -16,9 +16,9 @@ namespace tallyfin::qt {
 
 namespace {
 
-class MsgBoxView : public View {
+class MsgBoxView : public ScreenView {
  public:
-  explicit MsgBoxView(MsgBox& screen) : View(screen) {
+  explicit MsgBoxView(MsgBox& screen) : ScreenView(screen) {
     look::setGround(*this, look::onDeep());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);
@@ -44,9 +44,9 @@ class MsgBoxView : public View {
   static constexpr int signSide = 36;
 };
 
-class frmAbtView : public View {
+class frmAbtView : public ScreenView {
  public:
-  explicit frmAbtView(frmAbt& screen) : View(screen) {
+  explicit frmAbtView(frmAbt& screen) : ScreenView(screen) {
     look::setGround(*this, look::onDeep());
     auto* picture = new QSvgWidget(QStringLiteral(":/pictures/about-box.svg"), this);
     picture->setAccessibleName(QStringLiteral("Tallyfin 99"));

@@ -15,9 +15,9 @@ namespace tallyfin::qt {
 
 namespace {
 
-class frmAnalysisView : public View {
+class frmAnalysisView : public ScreenView {
  public:
-  explicit frmAnalysisView(frmAnalysis& screen) : View(screen) {
+  explicit frmAnalysisView(frmAnalysis& screen) : ScreenView(screen) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);
     grid->setHorizontalSpacing(look::group);

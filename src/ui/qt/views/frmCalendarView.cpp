@@ -13,9 +13,9 @@ namespace tallyfin::qt {
 namespace {
 
 /// A month to look at, in the colours of the worksheets.
-class frmCalendarView : public View {
+class frmCalendarView : public ScreenView {
  public:
-  explicit frmCalendarView(frmCalendar& screen) : View(screen) {
+  explicit frmCalendarView(frmCalendar& screen) : ScreenView(screen) {
     QPalette palette = look::onPaper();
     palette.setColor(QPalette::Highlight, look::deep);
     look::setGround(*this, palette);

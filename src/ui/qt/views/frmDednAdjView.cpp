@@ -1,7 +1,7 @@
 #include <QPushButton>
 
 #include "ui/qt/views/views.h"
-#include "ui/qt/views/worksheet.h"
+#include "ui/qt/views/worksheetview.h"
 #include "w4/frmDednAdj.h"
 
 namespace tallyfin::qt {

@@ -25,9 +25,9 @@ namespace {
 
 constexpr int resultRows = 12;
 
-class frmMainView : public View {
+class frmMainView : public ScreenView {
  public:
-  explicit frmMainView(frmMain& screen) : View(screen), screen_(screen) {
+  explicit frmMainView(frmMain& screen) : ScreenView(screen), screen_(screen) {
     look::setGround(*this, look::onDeep());
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(look::edge, 6, look::edge, 6);
@@ -42,16 +42,18 @@ class frmMainView : public View {
 
   /// Mnemonics, and the keys of controls without a caption.
   void letters() {
-    const auto button = [this](const char* name) { return findChild<QAbstractButton*>(QString::fromLatin1(name)); };
-    const std::pair<const char*, char> marked[] = {
-        {"optStatus(0)", 'M'},     {"optStatus(1)", 'g'},     {"optStatus(2)", 'C'}, {"chkSelfEmployed", 'E'},
-        {"cmdAdditional(0)", 'L'}, {"cmdAdditional(1)", 'R'}, {"cmdToolBar(4)", 'o'}};
-    for (const auto& [name, mark] : marked) letter(button(name), mark);
+    letter(screen_.optStatus[0], 'M');
+    letter(screen_.optStatus[1], 'g');
+    letter(screen_.optStatus[2], 'C');
+    letter(screen_.chkSelfEmployed, 'E');
+    letter(screen_.cmdAdditional[frmMain::localTax], 'L');
+    letter(screen_.cmdAdditional[frmMain::raise], 'R');
+    letter(screen_.cmdToolBar[frmMain::sponsorInfo], 'o');
     pressOn(Qt::Key_F9, screen_.cmdToolBar[frmMain::calculate]);
     pressOn(QKeySequence::Print, screen_.cmdToolBar[frmMain::print]);
     pressOn(Qt::CTRL | Qt::Key_L, screen_.cmdToolBar[frmMain::clear]);
-    goOn(Qt::ALT | Qt::Key_Y, findChild<QListWidget*>());
-    goOn(Qt::ALT | Qt::Key_T, findChild<QTableWidget*>());
+    goOn(Qt::ALT | Qt::Key_Y, screen_.lstFrequency);
+    goOn(Qt::ALT | Qt::Key_T, screen_.dbgDisplay);
   }
 
   QLayout* inputs() {

@@ -32,7 +32,7 @@ class frmMiscView : public PagedView {
     levelPages(look::scaled(width) - sealSide - look::group - 2 * look::edge);
     // Its mnemonics differ from those of the main screen, which is below it.
     pressOn(Qt::CTRL | Qt::Key_Return, screen.cmdExit[0]);
-    goOn(Qt::ALT | Qt::Key_B, findChild<QListWidget*>());
+    goOn(Qt::ALT | Qt::Key_B, screen.lstGrossPay);
     pressOn(Qt::Key_F9, screen.cmdExit[1]);
   }
 

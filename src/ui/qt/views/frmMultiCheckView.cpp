@@ -37,9 +37,9 @@ class Periods : public QWidget {
   }
 };
 
-class frmMultiCheckView : public View {
+class frmMultiCheckView : public ScreenView {
  public:
-  explicit frmMultiCheckView(frmMultiCheck& screen) : View(screen), screen_(screen) {
+  explicit frmMultiCheckView(frmMultiCheck& screen) : ScreenView(screen), screen_(screen) {
     look::setGround(*this, look::onPaper());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(look::edge, look::row, look::edge, look::row);
@@ -50,9 +50,9 @@ class frmMultiCheckView : public View {
     layout->addLayout(table());
     layout->addStretch();
     layout->addLayout(foot());
+    const std::array boxes{&screen.txtCheck1, &screen.txtCheck2, &screen.txtCheck3, &screen.txtCheck4};
     for (int check = 1; check <= checks; ++check) {
-      goOn(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + check),
-           findChild<QLineEdit*>(QStringLiteral("txtCheck%1").arg(check)));
+      goOn(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + check), *boxes.at(static_cast<std::size_t>(check - 1)));
     }
     pressOn(Qt::Key_F9, screen.cmdCalc);
     pressOn(Qt::ALT | Qt::Key_M, screen.cmdGoBack);

@@ -14,9 +14,9 @@ namespace tallyfin::qt {
 
 namespace {
 
-class frmNameView : public View {
+class frmNameView : public ScreenView {
  public:
-  explicit frmNameView(frmName& screen) : View(screen) {
+  explicit frmNameView(frmName& screen) : ScreenView(screen) {
     look::setGround(*this, look::onDeep());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * look::edge, look::edge, 2 * look::edge, look::edge);

@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "ui/qt/views/views.h"
-#include "ui/qt/views/worksheet.h"
+#include "ui/qt/views/worksheetview.h"
 #include "ui/qt/widgets/captions.h"
 #include "ui/qt/widgets/look.h"
 #include "w4/frmPersWkSht.h"

@@ -18,9 +18,9 @@ namespace tallyfin::qt {
 
 namespace {
 
-class frmPrintView : public View {
+class frmPrintView : public ScreenView {
  public:
-  explicit frmPrintView(frmPrint& screen) : View(screen), engine_(screen.vsPrinter1) {
+  explicit frmPrintView(frmPrint& screen) : ScreenView(screen), engine_(screen.vsPrinter1) {
     look::setGround(*this, look::onDeep());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(look::row, look::tight, look::row, look::tight);
@@ -146,11 +146,11 @@ class frmPrintView : public View {
           QStringLiteral("No printer is set up on this computer. You can save the report as a PDF file and "
                          "print that elsewhere."));
     }
-    if (const Outcome outcome = paper_.print(frame().dialogs(), *this)) tell(outcome->words);
+    if (const std::optional<Printed> printed = paper_.print(frame().dialogs(), *this)) tell(printed->words);
   }
 
   void savePdf() {
-    if (const Outcome outcome = paper_.save(frame().dialogs(), *this)) tell(outcome->words);
+    if (const std::optional<Printed> printed = paper_.save(frame().dialogs(), *this)) tell(printed->words);
   }
 
   /// Shows a message in a line of this screen; an empty text hides the line.

@@ -24,9 +24,9 @@ namespace {
 constexpr int explanationLines = 4;
 constexpr int acceptHeight = 32;
 
-class frmStateView : public View {
+class frmStateView : public ScreenView {
  public:
-  explicit frmStateView(frmState& screen) : View(screen), screen_(screen) {
+  explicit frmStateView(frmState& screen) : ScreenView(screen), screen_(screen) {
     look::setGround(*this, look::onDeeper());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, look::row, 6, look::row);  // the captions need the width
@@ -38,8 +38,8 @@ class frmStateView : public View {
     layout->addWidget(rates());
     layout->addStretch();
     layout->addLayout(foot());
-    letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(0)")), '4');
-    letter(findChild<QAbstractButton*>(QStringLiteral("chkExemp(1)")), 'P');
+    letter(screen.chkExemp[0], '4');
+    letter(screen.chkExemp[1], 'P');
     pressOn(Qt::CTRL | Qt::Key_Return, screen.cmdAccept);
   }
 

@@ -14,9 +14,9 @@ namespace tallyfin::qt {
 namespace {
 
 /// Choosing a row closes the screen, so the arrow keys only move the marker and Enter chooses.
-class frmTableOneView : public View {
+class frmTableOneView : public ScreenView {
  public:
-  explicit frmTableOneView(frmTableOne& screen) : View(screen) {
+  explicit frmTableOneView(frmTableOne& screen) : ScreenView(screen) {
     look::setGround(*this, look::onPaper());
     auto* left = new QVBoxLayout;
     left->setSpacing(look::row);

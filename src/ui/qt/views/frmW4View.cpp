@@ -166,9 +166,9 @@ class ExemptLine : public PaddedLabel, public Switch {
 };
 
 /// The form as on paper: black rules on white, small print, and the entries.
-class frmW4View : public View {
+class frmW4View : public ScreenView {
  public:
-  explicit frmW4View(frmW4& screen) : View(screen), screen_(screen) {
+  explicit frmW4View(frmW4& screen) : ScreenView(screen), screen_(screen) {
     QPalette palette = look::onWhite();
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Text, Qt::black);

@@ -42,7 +42,7 @@ class PagedView::Part : public QWidget, public Turnable {
   bool inView_ = true;
 };
 
-PagedView::PagedView(Screen& screen) : View(screen), pages_(new QVBoxLayout) {}
+PagedView::PagedView(Screen& screen) : ScreenView(screen), pages_(new QVBoxLayout) {}
 
 QVBoxLayout* PagedView::page(Panel& panel, const QString& name) {
   auto* widget = new Part(this);

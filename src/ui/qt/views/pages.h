@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/qt/views/view.h"
+#include "ui/qt/views/screenview.h"
 
 class QVBoxLayout;
 
@@ -12,7 +12,7 @@ namespace tallyfin::qt {
 
 /// A screen with pages, of which one is visible. The others are beside the view, with the same size, and work there
 /// too.
-class PagedView : public View {
+class PagedView : public ScreenView {
  protected:
   explicit PagedView(Screen& screen);
 

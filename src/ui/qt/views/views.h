@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "ui/qt/views/view.h"
+#include "ui/qt/views/screenview.h"
 #include "ui/screens.h"
 
 namespace tallyfin::qt {

@@ -1,4 +1,4 @@
-#include "ui/qt/views/worksheet.h"
+#include "ui/qt/views/worksheetview.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

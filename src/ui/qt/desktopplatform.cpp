@@ -1,4 +1,4 @@
-#include "ui/qt/platform.h"
+#include "ui/qt/desktopplatform.h"
 
 #include <QApplication>
 

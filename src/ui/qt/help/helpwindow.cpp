@@ -1,89 +1,23 @@
-#include "ui/qt/help/helpviewer.h"
+#include "ui/qt/help/helpwindow.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTextBrowser>
-#include <QTextDocumentFragment>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
+#include <QVBoxLayout>
 #include <algorithm>
 
-#include "controls/desk.h"
-#include "ui/qt/frame/frame.h"
 #include "ui/qt/frame/notice.h"
-#include "ui/qt/frame/placement.h"
+#include "ui/qt/help/helpfile.h"
 #include "ui/qt/widgets/look.h"
 
 namespace tallyfin::qt {
-
-// --- The files
-// -----------------------------------------------------------------------------------------------------------
-
-namespace {
-
-QString plainText(const QString& html) { return QTextDocumentFragment::fromHtml(html).toPlainText(); }
-
-}  // namespace
-
-const HelpTopic* HelpBook::find(const QString& id) const {
-  const auto found = std::find_if(topics.begin(), topics.end(), [&](const HelpTopic& topic) { return topic.id == id; });
-  return found == topics.end() ? nullptr : &*found;
-}
-
-HelpBook HelpBook::read(const QString& file, const QString& html) {
-  static const QRegularExpression titleOfFile(QStringLiteral("<title>(.*?)</title>"));
-  static const QRegularExpression heading(QStringLiteral("<h1 id=\"([^\"]+)\">(.*?)</h1>"));
-  HelpBook book{file, plainText(titleOfFile.match(html).captured(1)), {}};
-  const qsizetype end = html.contains(QLatin1String("</body>")) ? html.indexOf(QLatin1String("</body>")) : html.size();
-  std::vector<QRegularExpressionMatch> headings;
-  for (auto next = heading.globalMatch(html); next.hasNext();) headings.push_back(next.next());
-  for (std::size_t i = 0; i < headings.size(); ++i) {
-    const qsizetype from = headings[i].capturedStart();
-    const qsizetype to = i + 1 < headings.size() ? headings[i + 1].capturedStart() : end;
-    book.topics.push_back({headings[i].captured(1), plainText(headings[i].captured(2)), html.mid(from, to - from)});
-  }
-  return book;
-}
-
-const QStringList HelpShelf::files{QStringLiteral("Tallyfin.hlp"), QStringLiteral("W4.hlp")};
-
-QStringList HelpShelf::usualFolders() {
-  const QString programs = QCoreApplication::applicationDirPath();
-  return {programs, QDir::cleanPath(programs + QStringLiteral("/../share/tallyfin99/help"))};
-}
-
-HelpShelf::HelpShelf(QStringList folders) : folders_(std::move(folders)) { books_.reserve(files.size()); }
-
-const HelpBook* HelpShelf::book(const QString& file) {
-  for (const HelpBook& known : books_) {
-    if (known.file == file) return &known;
-  }
-  if (!files.contains(file)) return nullptr;
-  for (const QString& folder : folders_) {
-    QFile source(QDir(folder).filePath(file));
-    if (!source.open(QIODevice::ReadOnly)) continue;
-    HelpBook read = HelpBook::read(file, QString::fromUtf8(source.readAll()));
-    if (!read.topics.empty()) return &books_.emplace_back(std::move(read));
-  }
-  return nullptr;
-}
-
-QString HelpShelf::missing(const QString& file) const {
-  return QStringLiteral("The help file %1 can't be found in %2.").arg(file, folders_.join(QStringLiteral(" or ")));
-}
-
-// --- The window
-// ----------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -100,17 +34,17 @@ QString idOf(const QUrl& address) { return address.path().section('/', 2); }
 /// The page; it loads the topics of the help files.
 class HelpPage : public QTextBrowser {
  public:
-  HelpPage(HelpShelf& shelf, QWidget* parent) : QTextBrowser(parent), shelf_(shelf) {}
+  HelpPage(HelpFiles& files, QWidget* parent) : QTextBrowser(parent), files_(files) {}
 
   QVariant loadResource(int type, const QUrl& name) override {
     if (type != QTextDocument::HtmlResource) return {};
-    const HelpBook* book = shelf_.book(fileOf(name));
-    const HelpTopic* topic = book == nullptr ? nullptr : book->find(idOf(name));
+    const HelpFile* help = files_.find(fileOf(name));
+    const HelpTopic* topic = help == nullptr ? nullptr : help->find(idOf(name));
     return topic == nullptr ? QVariant() : QVariant(topic->html);
   }
 
  private:
-  HelpShelf& shelf_;
+  HelpFiles& files_;
 };
 
 constexpr int addressRole = Qt::UserRole;
@@ -127,7 +61,7 @@ bool holdsAll(const QString& text, const QStringList& words) {
 
 }  // namespace
 
-HelpWindow::HelpWindow(HelpShelf& shelf, QWidget* parent) : QDialog(parent), shelf_(shelf) {
+HelpWindow::HelpWindow(HelpFiles& files, QWidget* parent) : QDialog(parent), files_(files) {
   setObjectName(QStringLiteral("help"));
   setWindowTitle(QStringLiteral("Tallyfin 99 Help"));
   setWindowIcon(look::picture(QStringLiteral("help")));
@@ -215,7 +149,7 @@ QWidget* HelpWindow::leftSide() {
 }
 
 QWidget* HelpWindow::page() {
-  page_ = new HelpPage(shelf_, this);
+  page_ = new HelpPage(files_, this);
   page_->setObjectName(QStringLiteral("page"));
   page_->setAccessibleName(QStringLiteral("Help page"));
   page_->setPalette(look::onWhite());
@@ -232,18 +166,18 @@ QWidget* HelpWindow::page() {
   connect(page_, &QTextBrowser::forwardAvailable, forward_, &QWidget::setEnabled);
   connect(back_, &QToolButton::clicked, page_, &QTextBrowser::backward);
   connect(forward_, &QToolButton::clicked, page_, &QTextBrowser::forward);
-  connect(home_, &QToolButton::clicked, this, [this] { showTopic(HelpShelf::files.front(), {}); });
+  connect(home_, &QToolButton::clicked, this, [this] { showTopic(HelpFiles::files.front(), {}); });
   return page_;
 }
 
 void HelpWindow::fillContents() {
-  for (const QString& file : HelpShelf::files) {
-    const HelpBook* book = shelf_.book(file);
-    if (book == nullptr) continue;
-    auto* top = new QTreeWidgetItem(contents_, {book->title});
-    top->setData(0, addressRole, addressOf(file, book->topics.front().id));
+  for (const QString& file : HelpFiles::files) {
+    const HelpFile* help = files_.find(file);
+    if (help == nullptr) continue;
+    auto* top = new QTreeWidgetItem(contents_, {help->title});
+    top->setData(0, addressRole, addressOf(file, help->topics.front().id));
     QTreeWidgetItem* states = nullptr;
-    for (const HelpTopic& topic : book->topics) {
+    for (const HelpTopic& topic : help->topics) {
       // The topics of the states are below the topic on states.
       const bool ofStates = states != nullptr && topic.id.startsWith(QLatin1String("state-"));
       auto* item = new QTreeWidgetItem(ofStates ? states : top, {topic.title});
@@ -257,10 +191,10 @@ void HelpWindow::fillContents() {
 }
 
 void HelpWindow::showTopic(const QString& file, const QString& id) {
-  const HelpBook* book = shelf_.book(file);
-  missing_->tell(book == nullptr ? shelf_.missing(file) : QString());
-  if (book == nullptr) return;
-  const QString known = book->find(id) != nullptr ? id : book->topics.front().id;
+  const HelpFile* help = files_.find(file);
+  missing_->tell(help == nullptr ? files_.missing(file) : QString());
+  if (help == nullptr) return;
+  const QString known = help->find(id) != nullptr ? id : help->topics.front().id;
   const QUrl address = addressOf(file, known);
   if (page_->source() != address) page_->setSource(address, QTextDocument::HtmlResource);
 }
@@ -269,7 +203,7 @@ void HelpWindow::showTopic(const QString& file, const QString& id) {
 void HelpWindow::follow(const QUrl& link) {
   if (!link.scheme().isEmpty() && link.scheme() != QLatin1String("help")) return;
   const QString file = link.path().section('/', -1);
-  if (HelpShelf::files.contains(file)) {
+  if (HelpFiles::files.contains(file)) {
     showTopic(file, link.fragment());
   } else if (link.hasFragment()) {
     showTopic(fileOf(page_->source()), link.fragment());
@@ -324,73 +258,6 @@ void HelpWindow::highlight() {
     }
   }
   page_->setExtraSelections(hits);
-}
-
-// --- The way in
-// ----------------------------------------------------------------------------------------------------------
-
-DesktopHelp::DesktopHelp(QStringList folders) : shelf_(std::move(folders)) {}
-
-DesktopHelp::~DesktopHelp() { delete window_; }
-
-void DesktopHelp::serve(Frame& frame) {
-  frame_ = &frame;
-  auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &frame);
-  key->setContext(Qt::ApplicationShortcut);
-  key->setWhatsThis(QStringLiteral("Help on the page"));
-  QObject::connect(key, &QShortcut::activated, &frame, [this] { openForActiveDocument(); });
-}
-
-void DesktopHelp::serveBox(QWidget& box) {
-  auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &box);
-  QObject::connect(key, &QShortcut::activated, &box, [this] { openForActiveDocument(); });
-}
-
-void DesktopHelp::leave(const QWidget& box) {
-  if (window_ == nullptr || window_->parentWidget() != &box) return;
-  const bool open = window_->isVisible();
-  window_->setParent(frame_, window_->windowFlags());
-  window_->setVisible(open);
-}
-
-void DesktopHelp::open(const std::string& file, int context) {
-  openTopic(QString::fromStdString(file), QString::number(context));
-}
-
-void DesktopHelp::openTopic(const QString& file, const QString& id) {
-  if (window_ == nullptr) {
-    window_ = new HelpWindow(shelf_, frame_);
-    frame_->lendKeys(*window_, {QKeySequence(Qt::CTRL | Qt::Key_Q)});
-  }
-  const bool missing = shelf_.book(file) == nullptr;
-  if (missing && !window_->isVisible()) return frame_->tell(shelf_.missing(file));
-  frame_->tell({});
-  window_->showTopic(file, id);
-  if (missing) return;
-  // While a modal box is open, only windows above it accept input.
-  QWidget* above = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : frame_.data();
-  const bool opens = !window_->isVisible();
-  if (window_->parentWidget() != above) window_->setParent(above, window_->windowFlags());
-  if (opens) placeBeside(*window_, *frame_);
-  window_->show();
-  window_->raise();
-  window_->activateWindow();
-}
-
-void DesktopHelp::openForActiveDocument() {
-  const Screen* screen = desk.activeDocument();
-  const std::vector<Screen*> boxes = desk.boxes();
-  if (!boxes.empty() && QApplication::activeWindow() != frame_) screen = boxes.front();
-  const QWidget* front = QApplication::activeWindow();
-  QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
-  if (front != nullptr && front->objectName() == QLatin1String("explanation")) id = QStringLiteral("explained");
-  if (desk.blocked("MDIOpen")) id = QStringLiteral("frmAnalysis");  // the box is the warning of the analysis
-  const auto& files = HelpShelf::files;
-  const auto file = std::find_if(files.begin(), files.end(), [&](const QString& candidate) {
-    const HelpBook* book = shelf_.book(candidate);
-    return book != nullptr && book->find(id) != nullptr;
-  });
-  openTopic(file == files.end() ? files.front() : *file, id);
 }
 
 }  // namespace tallyfin::qt
