@@ -1,5 +1,6 @@
 #include <QPushButton>
 
+#include "controls/caption.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/views/worksheetview.h"
 #include "w4/frm2Workers.h"
@@ -52,8 +53,10 @@ class frm2WorkersView : public WorksheetView {
 
   /// The sentence as it reads with its button in the gap.
   static QString whole(const Label& first, const CommandButton& button, const Label& second) {
-    const QString middle = QString::fromStdString(" " + button.caption() + " " + second.caption() + " ");
-    return wordsOf(first).trimmed().replace(wordsOf(first).trimmed().lastIndexOf(QLatin1String("  ")), 2, middle);
+    const auto [number, words] = captionOf(first.caption());
+    const auto [before, behind] = aroundGap(words);
+    return QString::fromStdString(number + " " + before + " " + button.caption() + " " + second.caption() + " " +
+                                  behind);
   }
 
   frm2Workers& screen_;

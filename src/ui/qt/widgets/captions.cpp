@@ -1,8 +1,10 @@
 #include "ui/qt/widgets/captions.h"
 
 #include <QPainter>
-#include <QRegularExpression>
 #include <QStyleOptionButton>
+#include <string>
+
+#include "controls/caption.h"
 
 namespace tallyfin::qt {
 
@@ -12,25 +14,15 @@ constexpr int wrapped = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
 constexpr int hintWidth = 320;
 constexpr int leastWidth = 100;
 
-struct Caption {
-  QString number;
-  QString words;
-};
-
-/// Splits a caption after its line number or dash, or after blanks in place of one.
-Caption parted(const QString& text) {
-  static const QRegularExpression number(QStringLiteral("^(\\d+\\.?|[A-Z]\\.|-)? +"));
-  const auto match = number.match(text);
-  return {match.captured(1), text.mid(match.capturedLength())};
-}
+Caption parted(const QString& text) { return captionOf(text.toStdString()); }
 
 int wrappedHeight(const QWidget& widget, int width, const QString& text) {
   return widget.fontMetrics().boundingRect(QRect(0, 0, width, 10000), wrapped, text).height();
 }
 
-void drawHanging(QPainter& painter, const QRect& place, int margin, const Caption& caption) {
-  painter.drawText(place, wrapped, caption.number);
-  painter.drawText(place.adjusted(margin, 0, 0, 0), wrapped, caption.words);
+void drawHanging(QPainter& painter, const QRect& place, int margin, const std::string& number, const QString& words) {
+  painter.drawText(place, wrapped, QString::fromStdString(number));
+  painter.drawText(place.adjusted(margin, 0, 0, 0), wrapped, words);
 }
 
 void wrapsIn(QWidget& widget) {
@@ -51,27 +43,22 @@ int HangingLabel::heightForWidth(int width) const {
   return wrappedHeight(*this, width - margin_, words(width - margin_));
 }
 
-QString HangingLabel::words(int /*width*/) const { return parted(text()).words; }
+QString HangingLabel::words(int /*width*/) const { return QString::fromStdString(parted(text()).words); }
 
 void HangingLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  drawHanging(painter, rect(), margin_, {parted(text()).number, words(width() - margin_)});
+  drawHanging(painter, rect(), margin_, parted(text()).number, words(width() - margin_));
 }
 
 QString PaddedLabel::words(int width) const {
-  static const QRegularExpression blanks(QStringLiteral(" {4,}"));
-  static const QRegularExpression dots(QStringLiteral("( \\.)+$"));
-  QString shown = HangingLabel::words(width);
-  const QString bare = QString(shown).replace(blanks, QStringLiteral("   ")).remove(dots);
-  const int enough = wrappedHeight(*this, width, bare);
-  while (shown != bare && wrappedHeight(*this, width, shown) > enough) {
-    if (const auto run = shown.indexOf(blanks); run >= 0) {
-      shown.remove(run, 1);
-    } else {
-      shown.chop(2);
-    }
-  }
-  return shown;
+  std::string shown = parted(text()).words;
+  const std::string bare = withoutPadding(shown);
+  const auto height = [&](const std::string& words) {
+    return wrappedHeight(*this, width, QString::fromStdString(words));
+  };
+  const int enough = height(bare);
+  while (shown != bare && height(shown) > enough) shown = withLessPadding(shown);
+  return QString::fromStdString(shown);
 }
 
 HangingCheckBox::HangingCheckBox(QWidget* parent, int margin, int column)
@@ -84,14 +71,16 @@ QSize HangingCheckBox::sizeHint() const { return {hintWidth, heightForWidth(hint
 QSize HangingCheckBox::minimumSizeHint() const { return {leastWidth + column_, fontMetrics().height() + 2}; }
 
 int HangingCheckBox::heightForWidth(int width) const {
-  return wrappedHeight(*this, width - margin_ - column_, parted(text()).words) + 2;
+  return wrappedHeight(*this, width - margin_ - column_, QString::fromStdString(parted(text()).words)) + 2;
 }
 
 bool HangingCheckBox::hitButton(const QPoint& position) const { return rect().contains(position); }
 
 void HangingCheckBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, parted(text()));
+  const Caption caption = parted(text());
+  drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, caption.number,
+              QString::fromStdString(caption.words));
   QStyleOptionButton option;
   initStyleOption(&option);
   const QSize box(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),
@@ -191,17 +180,17 @@ void SentenceWithButton::resizeEvent(QResizeEvent* /*event*/) { flow(width(), tr
 
 int SentenceWithButton::flow(int width, bool place) const {
   const Caption caption = parted(first_->text());
-  const auto gap = caption.words.indexOf(QLatin1String("  "));
+  const auto [before, behind] = aroundGap(caption.words);
   const QSize buttonSize(button_->sizeHint().width(), fontMetrics().height() + 6);
   Flow sentence(fontMetrics(), margin_, width, fontMetrics().height() + 2);
 
   std::vector<Words::Word> first;
   std::vector<Words::Word> second;
-  sentence.add(caption.words.left(gap), first);
-  if (!first.empty()) first.push_back({{0, first.front().base.y()}, caption.number});
+  sentence.add(QString::fromStdString(before), first);
+  if (!first.empty()) first.push_back({{0, first.front().base.y()}, QString::fromStdString(caption.number)});
   QRect room = sentence.next(buttonSize.width());
   sentence.add(second_->text(), second);
-  sentence.add(caption.words.mid(gap), first);
+  sentence.add(QString::fromStdString(behind), first);
   if (place) {
     const int above = 2;  // the button is taller than its line
     for (auto* words : {&first, &second}) {
