@@ -95,10 +95,10 @@ ReaderLock::ReaderLock(const fs::path& path, Patience& patience)
   held_ = state != SQLITE_BUSY;  // without locks on the disk there is no program to wait for
 }
 
-Database::Database(const fs::path& path, View seenAs, Patience& patience)
-    : view(seenAs), path_(path.string()), logPath_(path_ + "-wal"), indexPath_(path_ + "-shm") {
+Database::Database(const fs::path& path, Access by, Patience& patience)
+    : access(by), path_(path.string()), logPath_(path_ + "-wal"), indexPath_(path_ + "-shm") {
   abandoned();  // created here, because the destructor must not allocate
-  const bool live = view == View::live;
+  const bool live = access == Access::live;
   connection_ = live ? opened(path_, SQLITE_OPEN_READWRITE)
                      : opened(asUri(path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
   if (!connection_) return;

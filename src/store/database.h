@@ -43,17 +43,17 @@ class Database {
 
  public:
   enum class Form { none, empty, store };
-  enum class View {
+  enum class Access {
     live,     ///< With the log, as all programs that have the file open see it.
     snapshot  ///< The file alone; nothing is written, locked or created.
   };
 
-  Database(const std::filesystem::path& path, View seenAs, Patience& patience);
+  Database(const std::filesystem::path& path, Access by, Patience& patience);
   ~Database();
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
 
-  const View view;
+  const Access access;
   Form form = Form::none;
 
   /// Makes an empty database a store, unless another program has done so meanwhile.

@@ -63,7 +63,7 @@ std::shared_ptr<Database> FileStore::open(Opening opening) const {
   if (failed == std::errc::no_such_file_or_directory || failed == std::errc::not_a_directory) return nullptr;
   if (!fs::is_regular_file(path, failed) || !onlyFilesBeside(path)) throw FailedStatement{};
   auto database = opened(path, opening);
-  if (database && database->view == Database::View::live) {
+  if (database && database->access == Database::Access::live) {
     database_ = database;
     patience_.settle();
   }
@@ -72,12 +72,12 @@ std::shared_ptr<Database> FileStore::open(Opening opening) const {
 
 std::shared_ptr<Database> FileStore::opened(const fs::path& path, Opening opening) const {
   using Form = Database::Form;
-  using View = Database::View;
+  using Access = Database::Access;
   // Without the lock the snapshot could read the file during another program's checkpoint.
   auto lock = std::make_unique<ReaderLock>(path, patience_);
   if (!lock->held() || !mayBeDatabase(path)) throw FailedStatement{};
   // The snapshot comes first, because opening the live view creates files beside any database.
-  auto snapshot = std::make_shared<Database>(path, View::snapshot, patience_);
+  auto snapshot = std::make_shared<Database>(path, Access::snapshot, patience_);
   const bool whole = !changeUnderWay(path);
   const bool making = opening == Opening::making;
   if (whole && snapshot->form == Form::none) throw FailedStatement{};
@@ -85,7 +85,7 @@ std::shared_ptr<Database> FileStore::opened(const fs::path& path, Opening openin
   if (whole || snapshot->form == Form::store) takeFromOthers(path);
 
   if (!whole) lock.reset();  // rolling back a change needs a file without readers
-  auto live = std::make_shared<Database>(path, View::live, patience_);
+  auto live = std::make_shared<Database>(path, Access::live, patience_);
   if (live->form == Form::empty && !making) return nullptr;
   if (live->form == Form::none && whole && !making) {
     // In a read-only folder, or on a read-only disk, only the snapshot can be read.
