@@ -14,6 +14,7 @@
 #include "explain/json.h"
 #include "explain/jsontext.h"
 #include "script/properties.h"
+#include "script/statements.h"
 #include "script/words.h"
 #include "ui/screens.h"
 
@@ -70,36 +71,6 @@ std::optional<LocalTime> timeOf(const std::string& text) {
 void assign(Money& field, const std::string& text) { field = toMoney(text); }
 void assign(Int16& field, const std::string& text) { field = toInt16(text); }
 void assign(double& field, const std::string& text) { field = realOf(text); }
-
-std::string written(const Change::Figure& figure) {
-  return json(std::visit([](const auto& number) { return toText(number); }, figure));
-}
-
-std::string written(const TableRow& row) {
-  return JsonObject()
-      .add("test", json(nameOf(row.test)))
-      .add("bound", json(toText(row.bound)))
-      .add("lower", json(toText(row.lower)))
-      .add("rate", json(toText(row.rate)))
-      .add("plus", json(toText(row.plus)))
-      .text();
-}
-
-std::string written(const Change& change) {
-  return JsonObject()
-      .add("field", json(change.field))
-      .add("from", written(change.from))
-      .add("to", written(change.to))
-      .text();
-}
-
-std::string written(const TracedStatement& statement) {
-  JsonObject object;
-  object.add("step", json(statement.title)).add("done", statement.done ? "true" : "false");
-  object.add("changes", jsonList(statement.changes, [](const Change& change) { return written(change); }));
-  if (statement.row) object.add("row", written(statement.row->row()));
-  return object.text();
-}
 
 template <class... Screens>
 struct Designs {
@@ -433,7 +404,7 @@ std::string Session::trace(const Words& /*words*/) {
   if (!desk.running()) return notRunning;
   const Trace* trace = lastTrace();
   if (trace == nullptr) return value("null");
-  return value(jsonList(trace->statements, [](const TracedStatement& statement) { return written(statement); }));
+  return value(statementsAsJson(*trace));
 }
 
 std::string Session::explain(const Words& /*words*/) {
