@@ -22,7 +22,7 @@ void calculate(benchmark::State& rounds, int state) {
   MemoryStore store;
   store.write(section::stateInfo, "sta401", "Y");
   store.write(section::stateInfo, "staPreTax", "N");
-  WorksheetStandIn sheet;
+  FakeWorksheet sheet;
   sheet.income = "1,000.00";
   sheet.rate401k = "6";
   sheet.preTax = "25.50";

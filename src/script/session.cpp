@@ -15,7 +15,7 @@
 #include "explain/jsontext.h"
 #include "script/properties.h"
 #include "script/statements.h"
-#include "script/words.h"
+#include "script/tokenizer.h"
 #include "ui/screens.h"
 
 namespace tallyfin::script {

@@ -17,7 +17,7 @@
 #include "explain/shares.h"
 #include "platform/platform.h"
 #include "script/session.h"
-#include "script/words.h"
+#include "script/tokenizer.h"
 
 /// The module of the web app: the line protocol as a function. Its platform calls functions that JavaScript passes when
 /// it loads the module; each of them may be missing.

@@ -88,7 +88,7 @@ TEST_F(KindsTest, AgreeToTheLastBitOnAnyRecord) {
 }
 
 /// A worksheet that throws std::bad_alloc when the pre-tax amount is read, within a statement.
-struct WithoutMemory : WorksheetStandIn {
+struct WithoutMemory : FakeWorksheet {
   const std::string& preTaxText() const override { throw std::bad_alloc(); }
 };
 

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "script/words.h"
+#include "script/tokenizer.h"
 
 namespace tallyfin::script {
 namespace {

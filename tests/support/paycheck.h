@@ -18,7 +18,7 @@ class PaycheckTest : public testing::Test {
   PaycheckTest() { payData = PayData{}; }
 
   MemoryStore store;
-  WorksheetStandIn sheet;
+  FakeWorksheet sheet;
 
  private:
   const Services services_{store, sheet};

@@ -9,7 +9,7 @@
 namespace tallyfin {
 
 /// A fake main screen: its texts only.
-class WorksheetStandIn : public Worksheet, public WorksheetProvider {
+class FakeWorksheet : public Worksheet, public WorksheetProvider {
  public:
   std::string income;
   std::string rate401k;

@@ -4,7 +4,7 @@ import re
 
 from mutation.place import HERE, NUMBER, blanks, code_of, mutant, number, opposite, other_number, root, switched_comparison
 
-programs = ["sight_test", "desktop_test", "w4views_test", "paperviews_test", "mirror_test", "smallscreen_test",
+programs = ["snapshot_test", "desktop_test", "w4views_test", "paperviews_test", "consistency_test", "smallscreen_test",
             "printing_test"]
 
 # An enumerator, or another word of a kind, is replaced by the next one of its line.

@@ -22,12 +22,12 @@ Step = collections.namedtuple("Step", "program options variables seconds", defau
 steps_of_rules = [Step(program) for program in rules.programs[:-1]] + [Step("replays", seconds=900)]
 
 slow = "ClosedScreen/*"  # opens each screen a hundred times
-sights = Step("sight_test", seconds=60)
+snapshots = Step("snapshot_test", seconds=60)
 own = {"w4views_test": Step("w4views_test"), "paperviews_test": Step("paperviews_test"),
        "desktop_test": Step("desktop_test", (f"--gtest_filter=-{slow}",))}
 other = [
     Step("smallscreen_test", variables={"QT_QPA_PLATFORM": f"offscreen:configfile={build}/tests/ui/qt/800x600.json"}),
-    Step("mirror_test", variables={"TALLYFIN_MIRROR_ACTS": "500"}),
+    Step("consistency_test", variables={"TALLYFIN_CONSISTENCY_ACTS": "500"}),
     Step("desktop_test", (f"--gtest_filter={slow}",), seconds=300),
     Step("printing"),
 ]
@@ -51,7 +51,7 @@ def steps_of(mutant):
     if not of_binding(mutant):
         return steps_of_rules
     first = program_of(mutant.file)
-    return [sights, own[first], *(step for name, step in own.items() if name != first), *other]
+    return [snapshots, own[first], *(step for name, step in own.items() if name != first), *other]
 
 
 def run(*command, **options):

@@ -276,7 +276,7 @@ TEST_F(Assistive, APageThatComesToTheFrontIsTold) {
   told.clear();
   clickItem("Pers");
   EXPECT_THAT(told, Contains("alert Personal Allowances Worksheet"));
-  EXPECT_THAT(told, Not(Contains("alert Page 1")));  // it has been in sight from the start
+  EXPECT_THAT(told, Not(Contains("alert Page 1")));  // it has been visible from the start
   told.clear();
   press("frmPersWkSht", "cmdW4Back(0)");
   EXPECT_THAT(told, Contains("alert Page 2"));

@@ -18,7 +18,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "dialogsstandin.h"
+#include "fakedialogs.h"
 #include "store/store.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame/document.h"
@@ -81,7 +81,7 @@ class DesktopTest : public ::testing::Test {
   /// The rows of the results as "Title value".
   std::vector<std::string> results() const;
 
-  DialogsStandIn dialogs;
+  FakeDialogs dialogs;
 
  private:
   QTemporaryDir folder_;

@@ -26,9 +26,9 @@
 #include <ctime>
 
 #include "controls/desk.h"
-#include "dialogsstandin.h"
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
+#include "fakedialogs.h"
 #include "paints.h"
 #include "ui/frmMain.h"
 #include "ui/frmPrint.h"
@@ -104,7 +104,7 @@ class PaperTest : public testing::Test {
   StandingClock clock_;
   CountingBeeper beeper_;
   FailingPrinter printer_;
-  DialogsStandIn dialogs_;
+  FakeDialogs dialogs_;
   std::unique_ptr<Desktop> desktop_;
 };
 

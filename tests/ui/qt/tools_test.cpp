@@ -63,7 +63,7 @@ TEST_F(Tools, ThePageOutOfViewTakesKeysAndHasNoMnemonics) {
   rate.setFocus();
   settle();
   EXPECT_EQ(focused(), "txtTaxPerCnt");
-  EXPECT_THAT(rate.accessibleDescription().toStdString(), testing::HasSubstr("(Local tax, out of sight)"));
+  EXPECT_THAT(rate.accessibleDescription().toStdString(), testing::HasSubstr("(Local tax, out of view)"));
   rate.selectAll();
   QTest::keyClicks(&rate, "3");
   EXPECT_EQ(text("frmMisc", "txtTaxPerCnt"), "3");

@@ -16,9 +16,9 @@
 
 #include "controls/colours.h"
 #include "controls/desk.h"
-#include "dialogsstandin.h"
 #include "engine/paydata.h"
 #include "engine/settingsstore.h"
+#include "fakedialogs.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/widgets/look.h"
@@ -88,7 +88,7 @@ class W4ViewsTest : public testing::Test {
   }
 
   MemoryStore store;
-  DialogsStandIn dialogs;
+  FakeDialogs dialogs;
   Desktop desktop{store, dialogs};
 };
 
@@ -238,7 +238,7 @@ TEST_F(W4ViewsTest, TheFocusMovesToTheBoxOnThePageOutOfView) {
   click(sheet, "cmdW4Back(0)");
   EXPECT_EQ(desk.focused(), &screen.txtPersWkEnterDeps);
   EXPECT_FALSE(visible(sheet, "txtPersWkEnterDeps"));
-  EXPECT_TRUE(QApplication::focusWidget()->accessibleDescription().contains("Page 1, out of sight"));
+  EXPECT_TRUE(QApplication::focusWidget()->accessibleDescription().contains("Page 1, out of view"));
   QTest::keyClicks(QApplication::focusWidget(), "3");
   EXPECT_EQ(screen.txtPersWkEnterDeps.text(), "3");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);  // back into view

@@ -62,7 +62,7 @@ void PagedView::levelPages(int width) {
   for (const Page& page : all_) page.widget->setMinimumHeight(height);
 }
 
-/// When the focused control is on a page that is out of view, its accessible name starts with the title of that page.
+/// For a control on a page that is out of view, the accessible description ends with the title of that page.
 void PagedView::place(const Page& page) {
   if (screen() == nullptr) return;
   Part& widget = *page.widget;
@@ -78,7 +78,7 @@ void PagedView::place(const Page& page) {
     pages_->addWidget(&widget);
     if (auto* frame = dynamic_cast<Frame*>(window())) frame->announce(page.name);
   }
-  const QString remark = QStringLiteral(" (%1, out of sight)").arg(page.name);
+  const QString remark = QStringLiteral(" (%1, out of view)").arg(page.name);
   for (QWidget* part : widget.findChildren<QWidget*>()) {
     leaveBehind(*part);
     if (part->focusPolicy() == Qt::NoFocus) continue;

@@ -9,7 +9,7 @@
 namespace tallyfin::qt {
 
 /// Fake dialogs with the answers of a user.
-struct DialogsStandIn : Dialogs {
+struct FakeDialogs : Dialogs {
   bool hasPrinter() const override { return static_cast<bool>(onPrinter); }
   bool choosePrinter(QWidget& /*asking*/, QPrinter& printer, bool somePagesOffered) override {
     ++asked;

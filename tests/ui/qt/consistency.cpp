@@ -1,4 +1,4 @@
-#include "mirror.h"
+#include "consistency.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -78,7 +78,7 @@ QPalette::ColorRole roleOfGround(const QWidget& widget) {
 
 }  // namespace
 
-void Mirror::look(const Desktop& desktop) {
+void Consistency::look(const Desktop& desktop) {
   differences_.clear();
   held_.clear();
   std::erase_if(ties_, [](const auto& entry) { return entry.second.view == nullptr || !entry.second.view->screen(); });
@@ -94,7 +94,7 @@ void Mirror::look(const Desktop& desktop) {
   compareFocus(desktop);
 }
 
-void Mirror::tieAll(View& view, const Screen& screen) {
+void Consistency::tieAll(View& view, const Screen& screen) {
   std::map<const QWidget*, Control*> known;
   Ties& ties = ties_[&screen];
   ties = {&view, {}};
@@ -115,7 +115,7 @@ void Mirror::tieAll(View& view, const Screen& screen) {
   }
 }
 
-Control* Mirror::controlOf(const QWidget* widget) const {
+Control* Consistency::controlOf(const QWidget* widget) const {
   for (; widget != nullptr; widget = widget->parentWidget()) {
     for (const auto& [screen, ties] : ties_) {
       if (ties.view == nullptr || ties.view->screen() == nullptr) continue;
@@ -127,7 +127,7 @@ Control* Mirror::controlOf(const QWidget* widget) const {
   return nullptr;
 }
 
-void Mirror::compareScreen(View& view, const Screen& screen) {
+void Consistency::compareScreen(View& view, const Screen& screen) {
   const QWidget* window = view.window();
   if (screen.place() == Place::document) {
     const QWidget* document = &view;
@@ -148,7 +148,7 @@ void Mirror::compareScreen(View& view, const Screen& screen) {
   for (const Tie& tie : ties_[&screen].ties) compare(tie, view);
 }
 
-void Mirror::compare(const Tie& tie, const View& view) {
+void Consistency::compare(const Tie& tie, const View& view) {
   const Control& control = *tie.control;
   QWidget& widget = *tie.widget;
   address_ = text(control.screen().name() + "." + control.address());
@@ -172,7 +172,7 @@ void Mirror::compare(const Tie& tie, const View& view) {
   compareNames(control, widget);
 }
 
-void Mirror::compareContent(const Control& control, QWidget& widget) {
+void Consistency::compareContent(const Control& control, QWidget& widget) {
   if (const auto* label = dynamic_cast<const Label*>(&control)) {
     const auto& shown = dynamic_cast<QLabel&>(widget);
     same("caption", label->caption(), shown.buddy() != nullptr ? unmarked(shown.text()) : shown.text());
@@ -231,7 +231,7 @@ void Mirror::compareContent(const Control& control, QWidget& widget) {
   }
 }
 
-void Mirror::compareColours(const Control& control, const QWidget& widget) {
+void Consistency::compareColours(const Control& control, const QWidget& widget) {
   const auto one = [&](const char* what, const OwnColour& held, QPalette::ColorRole role) {
     const QColor shown = widget.palette().color(QPalette::Active, role);
     if (held) return same(what, look::colour(*held).name(), shown.name());
@@ -244,7 +244,7 @@ void Mirror::compareColours(const Control& control, const QWidget& widget) {
   one("ground colour", control.backColour, roleOfGround(widget));
 }
 
-void Mirror::compareNames(const Control& control, QWidget& widget) {
+void Consistency::compareNames(const Control& control, QWidget& widget) {
   QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&widget);
   const QString name = face->text(QAccessible::Name);
   const auto captioned = [&](const std::string& caption) {
@@ -266,7 +266,7 @@ void Mirror::compareNames(const Control& control, QWidget& widget) {
 }
 
 /// The active document is in front, the others behind it in their order.
-void Mirror::compareDocuments(const Desktop& desktop) {
+void Consistency::compareDocuments(const Desktop& desktop) {
   address_ = QStringLiteral("documents");
   if (desktop.frame() == nullptr) return;
   QStringList held;
@@ -289,7 +289,7 @@ void Mirror::compareDocuments(const Desktop& desktop) {
 
 /// The focused control is that of the focused widget. Right after a screen has come to the front no widget has the
 /// focus yet. A widget without a control takes the focus from the controls.
-void Mirror::compareFocus(const Desktop& desktop) {
+void Consistency::compareFocus(const Desktop& desktop) {
   address_ = QStringLiteral("focus");
   const auto name = [](const Control* control) {
     return control == nullptr ? QStringLiteral("none") : text(control->screen().name() + "." + control->address());
@@ -314,11 +314,11 @@ void Mirror::compareFocus(const Desktop& desktop) {
   focused_ = held;
 }
 
-void Mirror::same(const char* what, const QString& held, const QString& shown) {
+void Consistency::same(const char* what, const QString& held, const QString& shown) {
   held_ += address_.toStdString() + " " + what + " " + held.toStdString() + "\n";
   if (held != shown) differ(QStringLiteral("%1: held \"%2\", shown \"%3\"").arg(QLatin1String(what), held, shown));
 }
 
-void Mirror::differ(const QString& words) { differences_ += (address_ + " " + words).toStdString() + "\n"; }
+void Consistency::differ(const QString& words) { differences_ += (address_ + " " + words).toStdString() + "\n"; }
 
 }  // namespace tallyfin::qt

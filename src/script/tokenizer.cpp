@@ -1,4 +1,4 @@
-#include "script/words.h"
+#include "script/tokenizer.h"
 
 #include <nlohmann/json.hpp>
 

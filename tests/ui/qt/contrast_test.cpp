@@ -1,3 +1,5 @@
+#include "contrast.h"
+
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QGroupBox>
@@ -6,7 +8,6 @@
 #include <QSpinBox>
 #include <map>
 
-#include "contrast.h"
 #include "controls/desk.h"
 #include "controls/screen.h"
 #include "everyscreen.h"
@@ -47,7 +48,7 @@ Part measured(const QImage& picture, const QRect& where) {
   return part;
 }
 
-class Eyes : public EveryScreen {
+class Contrast : public EveryScreen {
  protected:
   static QImage pictureOf(QWidget& window) {
     if (QWidget* focused = QApplication::focusWidget()) focused->clearFocus();
@@ -68,7 +69,7 @@ QRect wordsOf(const QWidget& widget) {
   return place.adjusted(3, 3, -3, -3);
 }
 
-TEST_F(Eyes, EveryTextHasContrast) {
+TEST_F(Contrast, EveryTextHasContrast) {
   int texts = 0;
   onEveryScreen([&](const Screen& screen) {
     QWidget& window = *view(screen.name().c_str()).window();
@@ -89,7 +90,7 @@ TEST_F(Eyes, EveryTextHasContrast) {
 }
 
 /// A disabled button has less contrast than an enabled one.
-TEST_F(Eyes, WhatIsDisabledLooksSo) {
+TEST_F(Contrast, WhatIsDisabledLooksSo) {
   int disabled = 0;
   onEveryScreen([&](const Screen& screen) {
     QWidget& window = *view(screen.name().c_str()).window();
@@ -130,7 +131,7 @@ double edgeOf(const QImage& picture, const QRect& where, const QColor& ground) {
   return std::min({left, right, top, bottom});
 }
 
-TEST_F(Eyes, EveryBoxHasAnEdge) {
+TEST_F(Contrast, EveryBoxHasAnEdge) {
   int boxes = 0;
   onEveryScreen([&](const Screen& screen) {
     if (screen.place() == Place::box || screen.name() == "frmW4") return;  // the form's own rules are around its boxes
@@ -159,7 +160,7 @@ TEST_F(Eyes, EveryBoxHasAnEdge) {
   EXPECT_GT(boxes, 60);
 }
 
-TEST_F(Eyes, AnOpenListIsRead) {
+TEST_F(Contrast, AnOpenListIsRead) {
   startOnMain();
   const auto look = [](QComboBox& box) {
     box.showPopup();
@@ -179,7 +180,7 @@ TEST_F(Eyes, AnOpenListIsRead) {
   look(find<QComboBox>("frmState", "cboState"));
 }
 
-TEST_F(Eyes, ThePrintDialogIsRead) {
+TEST_F(Contrast, ThePrintDialogIsRead) {
   QPrinter printer;
   QPrintDialog dialog(&printer);
   dialog.show();
@@ -206,7 +207,7 @@ TEST_F(Eyes, ThePrintDialogIsRead) {
   }
 }
 
-TEST_F(Eyes, APageOverAnotherHasAnEdge) {
+TEST_F(Contrast, APageOverAnotherHasAnEdge) {
   startOnMain();
   clickItem("TwoWork");
   click("frm2Workers", "cmdTable1Show(0)");

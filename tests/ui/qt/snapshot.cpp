@@ -1,4 +1,4 @@
-#include "sight.h"
+#include "snapshot.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -347,9 +347,9 @@ bool isPlain(const QWidget& widget) {
   return bare && widget.accessibleName().isEmpty() && widget.toolTip().isEmpty() && lookOf(widget).isEmpty();
 }
 
-class Sight {
+class Snapshot {
  public:
-  Sight(QWidget& part, const QWidget* without) : part_(part), without_(without) { add(part); }
+  Snapshot(QWidget& part, const QWidget* without) : part_(part), without_(without) { add(part); }
 
   QStringList lines() {
     std::sort(entries_.begin(), entries_.end());
@@ -450,9 +450,9 @@ class Sight {
 
 }  // namespace
 
-QStringList sightOf(QWidget& part, const QWidget* without) { return Sight(part, without).lines(); }
+QStringList snapshotOf(QWidget& part, const QWidget* without) { return Snapshot(part, without).lines(); }
 
-QStringList sightOfTheLook() {
+QStringList snapshotOfTheLook() {
   const auto* style = qobject_cast<const QProxyStyle*>(QApplication::style());
   return {QStringLiteral("style %1").arg(style == nullptr ? QString() : style->baseStyle()->name()),
           QStringLiteral("font %1").arg(fontText(QApplication::font())),

@@ -1,4 +1,4 @@
-#include "mirror.h"
+#include "consistency.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -22,7 +22,7 @@
 /// Random acts on the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After each
 /// act every widget must show the value of its control. A refused act must not change any screen.
 ///
-/// TALLYFIN_MIRROR_SEED is the seed, TALLYFIN_MIRROR_ACTS the number of acts.
+/// TALLYFIN_CONSISTENCY_SEED is the seed, TALLYFIN_CONSISTENCY_ACTS the number of acts.
 
 namespace tallyfin::qt {
 
@@ -44,7 +44,7 @@ class StandingClock : public Clock {
 class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
  protected:
   Walk()
-      : seed_(static_cast<unsigned>(fromEnvironment("TALLYFIN_MIRROR_SEED", 1999) * 100 + GetParam())),
+      : seed_(static_cast<unsigned>(fromEnvironment("TALLYFIN_CONSISTENCY_SEED", 1999) * 100 + GetParam())),
         random_(seed_) {}
 
   void begin() {
@@ -61,7 +61,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     }
     desktopRuns_ = true;
     platform.help = &noHelp_;
-    mirror_.look(desktop());
+    consistency_.look(desktop());
   }
 
   /// Does one random act; returns its description.
@@ -69,7 +69,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     if (QWidget* popup = QApplication::activePopupWidget()) return actOnPopup(*popup);
     if (QApplication::activeWindow() == nullptr) {
       activate();
-      mirror_.look(desktop());  // that may have given the focus to a box
+      consistency_.look(desktop());  // that may have given the focus to a box
     }
     const int kind = below(100);
     if (kind < 38) return clickSomething();
@@ -91,11 +91,11 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     settle();
     dismissForeign();
     if (!desk.running()) return begin();
-    mirror_.look(desktop());
-    ASSERT_TRUE(mirror_.differences().empty()) << mirror_.differences() << told();
+    consistency_.look(desktop());
+    ASSERT_TRUE(consistency_.differences().empty()) << consistency_.differences() << told();
     if (!refused_.empty()) {
       ++refusals_;
-      ASSERT_EQ(heldBefore_, mirror_.held()) << "after the refused act on " << refused_ << "\n" << told();
+      ASSERT_EQ(heldBefore_, consistency_.held()) << "after the refused act on " << refused_ << "\n" << told();
     }
   }
 
@@ -138,7 +138,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     for (QWidget* widget : from->findChildren<QWidget*>()) {
       if (!widget->isVisible() || widget->width() == 0 || widget->height() == 0) continue;
       if (widget->mapTo(window, QPoint()).x() < 0) continue;  // on a page out of view
-      const bool tied = widget->objectName().contains(QLatin1String("(")) || mirror_.controlOf(widget) != nullptr;
+      const bool tied = widget->objectName().contains(QLatin1String("(")) || consistency_.controlOf(widget) != nullptr;
       if (tied || qobject_cast<QAbstractButton*>(widget) != nullptr) candidates.push_back(widget);
     }
     if (candidates.empty()) return window;
@@ -174,12 +174,12 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
 
   /// Stores the state of the screens if the next act will be refused.
   void noteRefusal(const QWidget& widget) {
-    const Control* control = mirror_.controlOf(QApplication::widgetAt(QCursor::pos()));
-    if (control == nullptr || control != mirror_.controlOf(&widget)) return;
+    const Control* control = consistency_.controlOf(QApplication::widgetAt(QCursor::pos()));
+    if (control == nullptr || control != consistency_.controlOf(&widget)) return;
     const bool inFront = control->screen().place() != Place::document || desk.activeDocument() == &control->screen();
     if (!desk.blocked(control->screen().name()) && (control->enabled || !inFront)) return;
-    mirror_.look(desktop());
-    heldBefore_ = mirror_.held();
+    consistency_.look(desktop());
+    heldBefore_ = consistency_.held();
     refused_ = control->address();
   }
 
@@ -201,7 +201,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     std::string words = "double click " + named(widget);
     pointAt(widget, point);
     noteRefusal(widget);
-    mirror_.userSelects();  // a double click selects a word
+    consistency_.userSelects();  // a double click selects a word
     QTest::mouseDClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
     return words;
   }
@@ -349,7 +349,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
 
   unsigned seed_;
   std::mt19937 random_;
-  Mirror mirror_;
+  Consistency consistency_;
   StandingClock clock_;
   HelpViewer noHelp_;
   bool desktopRuns_ = false;
@@ -363,7 +363,7 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
 TEST_P(Walk, EveryWidgetShowsTheValueOfItsControl) {
   std::cout << "seed " << seed() << std::endl;
   begin();
-  const int acts = fromEnvironment("TALLYFIN_MIRROR_ACTS", 5000);
+  const int acts = fromEnvironment("TALLYFIN_CONSISTENCY_ACTS", 5000);
   for (int number = 1; number <= acts; ++number) {
     step(number);
     if (HasFatalFailure()) return;
@@ -371,7 +371,7 @@ TEST_P(Walk, EveryWidgetShowsTheValueOfItsControl) {
   std::cout << refusals() << " refused" << std::endl;
 }
 
-INSTANTIATE_TEST_SUITE_P(Mirror, Walk, ::testing::Values(1, 2, 3, 4));
+INSTANTIATE_TEST_SUITE_P(Consistency, Walk, ::testing::Values(1, 2, 3, 4));
 
 }  // namespace
 

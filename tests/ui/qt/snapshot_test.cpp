@@ -1,4 +1,4 @@
-#include "sight.h"
+#include "snapshot.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>
@@ -14,7 +14,7 @@
 #include "platform/platform.h"
 #include "ui/frmPrint.h"
 
-/// Snapshot tests: compares every screen and window with the snapshots in the folder sights. --rewrite writes the
+/// Snapshot tests: compares every screen and window with the snapshots in the folder snapshots. --rewrite writes the
 /// snapshots, in a second run those that are stored as differences: read the change before you commit it. Other
 /// versions of Qt draw some of it differently.
 
@@ -23,8 +23,8 @@ namespace tallyfin::qt {
 namespace {
 
 /// Before the application starts: one font, drawn equally on all computers, and one language.
-const bool prepared =
-    qputenv("FONTCONFIG_FILE", TALLYFIN_SIGHTS "/fonts.conf") && qputenv("LC_ALL", "C.UTF-8") && qputenv("TZ", "UTC");
+const bool prepared = qputenv("FONTCONFIG_FILE", TALLYFIN_SNAPSHOTS "/fonts.conf") && qputenv("LC_ALL", "C.UTF-8") &&
+                      qputenv("TZ", "UTC");
 
 class StandingClock : public Clock {
  public:
@@ -35,7 +35,7 @@ class StandingClock : public Clock {
 
 std::string joined(const QStringList& lines) { return lines.join(QLatin1Char('\n')).toStdString() + '\n'; }
 
-QString pathOf(const QString& name) { return QStringLiteral(TALLYFIN_SIGHTS "/%1.txt").arg(name); }
+QString pathOf(const QString& name) { return QStringLiteral(TALLYFIN_SNAPSHOTS "/%1.txt").arg(name); }
 
 /// The output of `diff` for a stored snapshot and this text.
 std::string differenceFrom(const QString& name, const std::string& text) {
@@ -69,15 +69,15 @@ void compare(const char* name, const QStringList& lines) {
 /// The version of Qt with which the snapshots were made.
 constexpr std::string_view madeWith = "6.4.";
 
-class Sights : public EveryScreen {
+class Snapshots : public EveryScreen {
  protected:
-  Sights() { EXPECT_TRUE(prepared); }
+  Snapshots() { EXPECT_TRUE(prepared); }
 
   void SetUp() override {
     EveryScreen::SetUp();
     const std::string_view version = qVersion();
     if (!version.starts_with(madeWith)) {
-      GTEST_SKIP() << "The sights are of Qt " << madeWith << "x; this is Qt " << version << '.';
+      GTEST_SKIP() << "The snapshots are of Qt " << madeWith << "x; this is Qt " << version << '.';
     }
   }
 
@@ -89,19 +89,19 @@ class Sights : public EveryScreen {
   /// A screen with its title strip, or its window.
   void see(const char* name, const Screen& screen) const {
     QWidget* part = desktop().view(screen.name());
-    if (screen.place() == Place::frame) return compare(name, sightOf(*part, &frame().area()));
+    if (screen.place() == Place::frame) return compare(name, snapshotOf(*part, &frame().area()));
     while (screen.place() == Place::document ? part->parentWidget() != &frame().area() : !part->isWindow()) {
       part = part->parentWidget();
     }
-    compare(name, sightOf(*part));
+    compare(name, snapshotOf(*part));
   }
   void see(const char* name, const char* screen) const { see(name, *desk.find(screen)); }
-  void seeFrame(const char* name) const { compare(name, sightOf(frame(), &frame().area())); }
+  void seeFrame(const char* name) const { compare(name, snapshotOf(frame(), &frame().area())); }
   /// A window beside the frame.
   void seeWindow(const char* name, const char* object) const {
     auto* window = frame().findChild<QWidget*>(object);
     ASSERT_NE(window, nullptr);
-    compare(name, sightOf(*window));
+    compare(name, snapshotOf(*window));
   }
 
   static void point(const QWidget& widget) {
@@ -130,9 +130,9 @@ class Sights : public EveryScreen {
   StandingClock clock_;
 };
 
-TEST_F(Sights, TheLook) { compare("look", sightOfTheLook()); }
+TEST_F(Snapshots, TheLook) { compare("look", snapshotOfTheLook()); }
 
-TEST_F(Sights, EveryScreen) {
+TEST_F(Snapshots, EveryScreen) {
   int number = 0;
   const StandingClock clock;
   onEveryScreen([&](const Screen& screen) {
@@ -143,7 +143,7 @@ TEST_F(Sights, EveryScreen) {
   EXPECT_EQ(number, 21);
 }
 
-TEST_F(Sights, TheFirstStart) {
+TEST_F(Snapshots, TheFirstStart) {
   start();
   type("frmName", "txtName", "Pat Q. Sample");
   type("frmName", "txtSSN", "123456789");
@@ -151,7 +151,7 @@ TEST_F(Sights, TheFirstStart) {
   see("first-start", "frmName");
 }
 
-TEST_F(Sights, ThePaycheck) {
+TEST_F(Snapshots, ThePaycheck) {
   startOnMainInMay();
   enterPaycheck();
   see("paycheck", "frmMain");
@@ -168,7 +168,7 @@ TEST_F(Sights, ThePaycheck) {
   seeWindow("explanation", "explanation");
 }
 
-TEST_F(Sights, TheSharesOfAHighIncome) {
+TEST_F(Snapshots, TheSharesOfAHighIncome) {
   startOnMainInMay();
   choose("frmMain", "lstFrequency", "Weekly");
   type("frmMain", "txtIncome", "50000");
@@ -181,7 +181,7 @@ TEST_F(Sights, TheSharesOfAHighIncome) {
   seeWindow("explanation-of-a-high-income", "explanation");  // the dark shares are wide enough for text
 }
 
-TEST_F(Sights, TheReport) {
+TEST_F(Snapshots, TheReport) {
   startOnMainInMay();
   enterPaycheck();
   click("frmMain", "cmdToolBar(1)");
@@ -193,7 +193,7 @@ TEST_F(Sights, TheReport) {
   see("report-whole", "frmPrint");
 }
 
-TEST_F(Sights, AReportOfManyPages) {
+TEST_F(Snapshots, AReportOfManyPages) {
   startOnMainInMay();
   click("frmMain", "cmdToolBar(1)");
   std::string table = "<3000|>1500;Title|Value;";
@@ -208,7 +208,7 @@ TEST_F(Sights, AReportOfManyPages) {
   see("report-last-page", "frmPrint");
 }
 
-TEST_F(Sights, TheReportOfALongName) {
+TEST_F(Snapshots, TheReportOfALongName) {
   stored(section::user, "UName", QStringLiteral("Pat Q. Sample of the Long Name ").repeated(12).toStdString());
   startOnMainInMay();
   enterPaycheck();
@@ -216,7 +216,7 @@ TEST_F(Sights, TheReportOfALongName) {
   see("report-long-name", "frmPrint");
 }
 
-TEST_F(Sights, LargerLetters) {
+TEST_F(Snapshots, LargerLetters) {
   const QFont normal = QApplication::font();
   QFont large = normal;
   large.setPointSizeF(1.5 * normal.pointSizeF());
@@ -250,7 +250,7 @@ class NoPrinter : public Printer {
   bool startDocument() override { return false; }
 };
 
-TEST_F(Sights, NoReport) {
+TEST_F(Snapshots, NoReport) {
   startOnMainInMay();
   NoPrinter printer;
   Printer* usual = std::exchange(platform.printer, &printer);
@@ -259,16 +259,16 @@ TEST_F(Sights, NoReport) {
   platform.printer = usual;
 }
 
-TEST_F(Sights, AnOpenedList) {
+TEST_F(Snapshots, AnOpenedList) {
   startOnMainInMay();
   auto& box = find<QComboBox>("frmMain", "cboState");
   box.showPopup();
   settle();
-  compare("opened-list", sightOf(*box.view()->window()));
+  compare("opened-list", snapshotOf(*box.view()->window()));
   box.hidePopup();
 }
 
-TEST_F(Sights, TheAnalysisAndSeveralChecks) {
+TEST_F(Snapshots, TheAnalysisAndSeveralChecks) {
   startOnMainInMay();
   enterPaycheck();
   clickItem("Analysis");
@@ -286,7 +286,7 @@ TEST_F(Sights, TheAnalysisAndSeveralChecks) {
   see("several-checks", "frmMultiCheck");
 }
 
-TEST_F(Sights, TheStates) {
+TEST_F(Snapshots, TheStates) {
   startOnMainInMay();
   clickItem("StateInfo");
   for (const char* state : {"Alabama", "Arizona", "California", "Connecticut", "Illinois", "Maryland"}) {
@@ -296,7 +296,7 @@ TEST_F(Sights, TheStates) {
   }
 }
 
-TEST_F(Sights, TheWorksheets) {
+TEST_F(Snapshots, TheWorksheets) {
   startOnMainInMay();
   clickItem("Pers");
   for (const char* line : {"chkPersWkShtA(0)", "chkPersWkShtA(2)"}) click("frmPersWkSht", line);
@@ -329,7 +329,7 @@ TEST_F(Sights, TheWorksheets) {
 }
 
 /// Where Table 1 gives no additional amount, the form follows the first page.
-TEST_F(Sights, TwoWorkersWithTheFirstTableAlone) {
+TEST_F(Snapshots, TwoWorkersWithTheFirstTableAlone) {
   startOnMainInMay();
   payData.w4Allowances = 5;
   clickItem("TwoWork");
@@ -341,7 +341,7 @@ TEST_F(Sights, TwoWorkersWithTheFirstTableAlone) {
   see("two-workers-first", "frm2Workers");
 }
 
-TEST_F(Sights, TheForm) {
+TEST_F(Snapshots, TheForm) {
   for (const auto& [key, text] : {std::pair{"UName", "Pat Q. Sample"}, {"USSN", "123456789"}, {"UAdd", "1 Elm St"}}) {
     stored(section::user, key, text);
   }
@@ -355,7 +355,7 @@ TEST_F(Sights, TheForm) {
   see("form-exempt", "frmW4");
 }
 
-TEST_F(Sights, TheFrame) {
+TEST_F(Snapshots, TheFrame) {
   startOnMainInMay();
   int number = 0;
   for (auto* header : frame().findChildren<QAbstractButton*>(QRegularExpression("^group "))) {
@@ -372,7 +372,7 @@ TEST_F(Sights, TheFrame) {
   seeFrame("frame-told");
 }
 
-TEST_F(Sights, TheHelp) {
+TEST_F(Snapshots, TheHelp) {
   startOnMainInMay();
   clickItem("Help");
   seeWindow("help", "help");

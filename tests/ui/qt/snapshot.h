@@ -11,9 +11,9 @@ namespace tallyfin::qt {
 /// The widgets of a part in the order of their positions, each with its class and role, name, position, content,
 /// accessible texts, state, colours and font where they differ from those of its parent, and drawing. Then the order of
 /// Tab and the keys. Widgets in `without` are left out.
-QStringList sightOf(QWidget& part, const QWidget* without = nullptr);
+QStringList snapshotOf(QWidget& part, const QWidget* without = nullptr);
 
 /// The fonts and colours of the application.
-QStringList sightOfTheLook();
+QStringList snapshotOfTheLook();
 
 }  // namespace tallyfin::qt

@@ -16,7 +16,7 @@
 
 namespace tallyfin::qt {
 
-class Mirror {
+class Consistency {
  public:
   /// Compares everything. The differences are then in differences(), one on each line, and the state of all screens in
   /// held().
