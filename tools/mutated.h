@@ -17,6 +17,18 @@ inline int tallyfin_chosen_mutant() {
 /// function has to be a constant for something.
 constexpr bool tallyfin_mutated(int number) { return number != 0 && number == tallyfin_chosen_mutant(); }
 
+template <int number, class Value>
+auto tallyfin_first(const Value& value) {
+  static const auto first = value();
+  return first;
+}
+
+/// A value, or what it was at its first use.
+template <int number, class Value>
+constexpr auto tallyfin_kept(const Value& value) {
+  return tallyfin_mutated(number) ? tallyfin_first<number>(value) : value();
+}
+
 /// A comparison that a run can change, written in the place of its operator: `a <Less{7}> b`, `a ==Equal{8}== b`.
 namespace tallyfin_mutants {
 

@@ -2,7 +2,8 @@
 the opposite, a statement that isn't run, and two neighbouring controls of a screen that have changed places."""
 import re
 
-from mutation.place import HERE, NUMBER, blanks, code_of, mutant, number, opposite, other_number, root, switched_comparison
+from mutation.place import (HERE, NUMBER, blanks, code_of, end_of, mutant, number, opposite, other_number, root,
+                            statements, switched_comparison)
 
 programs = ["snapshot_test", "desktop_test", "w4views_test", "paperviews_test", "consistency_test", "smallscreen_test",
             "printing_test"]
@@ -87,9 +88,6 @@ text = re.compile(r'"(?:\\.|[^"\\\n])*"(?:\s*"(?:\\.|[^"\\\n])*")*')
 letter = re.compile(r"(?<![\w])'[^'\\\n]'")
 condition = re.compile(r"\bif \(")
 choice = re.compile(r"\s\? ")
-statement = re.compile(r"^[ \t]+(?=[A-Za-z_])", re.M)
-call = re.compile(r"(?!(?:return|if|for|while|switch|delete|case|break|const|auto|else|new|do|using|static|friend)\b)"
-                  r"(?:static_cast<[^>]*>|[A-Za-z_][\w:]*)(?:\(|->|\.|\[|(?: [-+|]?= )|(?: << )).*", re.S)
 no_place = re.compile(r"\s*(?:enum class|case |using|template|static_assert|virtual|class|struct|#)")
 control = re.compile(r"^  (?:mutable )?(\w+(?:<[^<>]+>)?) (\w+)\{\s*\*this", re.M)
 use = re.compile(r"\bscreen_?\.(\w+)\b")
@@ -122,18 +120,6 @@ def other_word(name):
     return next_of.get(name)
 
 
-def end_of(code, start, closing):
-    """Behind the first of these characters that stands outside all brackets."""
-    depth = 0
-    for at in range(start, len(code)):
-        if depth == 0 and code[at] in closing:
-            return at + 1
-        depth += (code[at] in "([{") - (code[at] in ")]}")
-        if depth < 0:
-            return None
-    return None
-
-
 def replaced(path, source, pattern, code, change):
     """Mutants that put something else in the place of what a pattern finds."""
     for match in pattern.finditer(code):
@@ -159,21 +145,6 @@ def conditions(path, source, code):
     for match in choice.finditer(code):
         yield mutant(path, source, match.end() - 2, "?", "? not",
                      [(match.start(), match.start(), f" != tallyfin_mutated({NUMBER})")])
-
-
-def statements(path, source, code):
-    for match in statement.finditer(code):
-        start = match.end()
-        before = code[:start].rstrip()[-1:]
-        end = end_of(code, start, ";")
-        if before not in (";", "{", "}") or end is None or not call.fullmatch(code, start, end - 1):
-            continue
-        if path.suffix == ".h" and len(match.group()) < 4:
-            continue  # a declaration
-        if re.match(r"\s*[:{]", code[end_of(code, code.index("(", start) + 1, ")"):end]):
-            continue  # a constructor
-        first = source[start:end].split("\n")[0].strip()
-        yield mutant(path, source, start, first, "nothing", [(start, end, f"if (tallyfin_mutated({NUMBER})) {{}} else {HERE}")])
 
 
 def controls_of(source):

@@ -14,8 +14,11 @@ Mutant = collections.namedtuple("Mutant", "file line column before after text ed
 NUMBER, HERE = "\1", "\2"
 
 comment = re.compile(r'//[^\n]*|/\*.*?\*/|("(?:\\.|[^"\\\n])*"|(?<!\d)\'(?:\\.|[^\'\\\n])+\')|^[ \t]*#[^\n]*', re.S | re.M)
-number = re.compile(r"(?<![\w.])(?:\d[\d']*\.?\d*|\.\d+)(?![\w.])")
+number = re.compile(r"(?<![\w.])(?<!\d[eE][-+])(?:\d[\d']*\.?\d*|\.\d+)(?![\w.])")
 names = {"<": "Less", "<=": "LessEqual", ">": "Greater", ">=": "GreaterEqual", "==": "Equal", "!=": "NotEqual"}
+statement = re.compile(r"^[ \t]+(?=[A-Za-z_])", re.M)
+call = re.compile(r"(?!(?:return|if|for|while|switch|delete|case|break|const|auto|else|new|do|using|static|friend)\b)"
+                  r"(?:static_cast<[^>]*>|[A-Za-z_][\w:]*)(?:\(|->|\.|\[|(?: [-+|]?= )|(?: << )).*", re.S)
 opposite = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}
 
 
@@ -82,3 +85,30 @@ def written(source, edits):
         return done + source[at:end]
 
     return inner(0, len(source), sorted(edits, key=lambda edit: (edit[0], -edit[1])))
+
+
+def end_of(code, start, closing):
+    """Behind the first of these characters that stands outside all brackets."""
+    depth = 0
+    for at in range(start, len(code)):
+        if depth == 0 and code[at] in closing:
+            return at + 1
+        depth += (code[at] in "([{") - (code[at] in ")]}")
+        if depth < 0:
+            return None
+    return None
+
+
+def statements(path, source, code):
+    for match in statement.finditer(code):
+        start = match.end()
+        before = code[:start].rstrip()[-1:]
+        end = end_of(code, start, ";")
+        if before not in (";", "{", "}") or end is None or not call.fullmatch(code, start, end - 1):
+            continue
+        if path.suffix == ".h" and len(match.group()) < 4:
+            continue  # a declaration
+        if re.match(r"\s*[:{]", code[end_of(code, code.index("(", start) + 1, ")"):end]):
+            continue  # a constructor
+        first = source[start:end].split("\n")[0].strip()
+        yield mutant(path, source, start, first, "nothing", [(start, end, f"if (tallyfin_mutated({NUMBER})) {{}} else {HERE}")])

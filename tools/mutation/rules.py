@@ -1,14 +1,19 @@
-"""Mutants of the engine, the states, the store, the batch and the explanations: one number with another last digit, one
-comparison that takes or leaves its bound (or means the opposite), one step that isn't run."""
+"""Mutants of the engine, the states, the store, the batch, the script and the explanations: one number with another last
+digit, one comparison that takes or leaves its bound (or means the opposite), one step that isn't run, one value that is
+kept from its first use. Of a main.cpp also one statement that isn't run."""
 import re
 
-from mutation.place import HERE, NUMBER, code_of, mutant, names, number, opposite, other_number, root, switched_comparison
+from mutation.place import (HERE, NUMBER, code_of, end_of, mutant, names, number, opposite, other_number, root,
+                            statements, switched_comparison)
 
-folders = ["engine", "explain", "states", "store", "library", "batch"]
+folders = ["engine", "explain", "states", "store", "library", "batch", "script"]
 programs = ["engine_test", "states_test", "explain_test", "store_test", "library_test", "batch_test", "screens_test", "tallyfin99-script"]
 
 comparison = re.compile(r"<=>|<<|>>|->|(?<=\s)(?:<=|>=|==|!=|<|>)(?=\s)|(?<=\{)(?:atMost|below|above|atLeast)(?=,)")
 step = re.compile(r"\b(?:step|part)\((?=\s*,)")  # behind it stands the title, which isn't code
+# A constant of a block that is worked out anew each time; a list in braces or a function isn't. What can't be copied can't be
+# kept either.
+kept = re.compile(r"^  +const (?!Running|Statement)[\w:]+(?:<[^=;]*>)?(?: ?\*(?: ?const)?)? (?:\w+|\[[\w, ]+\]) =\s(?=[^{\[;])", re.M)
 ways = {**opposite, "atMost": "below", "below": "atMost", "above": "atLeast", "atLeast": "above"}
 
 limit = re.compile(r"\s*if \((\S+) (?:<|<=|>|>=) (\S+)\) \1 = \2;$")
@@ -17,7 +22,7 @@ limit = re.compile(r"\s*if \((\S+) (?:<|<=|>|>=) (\S+)\) \1 = \2;$")
 choices = "src/engine/choices.h"
 
 # What has the type std::size_t may be the length of an array: it stays a constant.
-constant = re.compile(r"^(\s*(?:inline )?)constexpr (?!std::size_t )(?=(?:[\w:<>]+|std::array<\w+, \w+>) \w+(?:\[\])? ?[={])", re.M)
+constant = re.compile(r"^(\s*(?:inline )?)constexpr (?!std::size_t )(?=(?:[\w:<>]+|std::array<[\w:]+, \w+>) \w+(?:\[\])? ?[={])", re.M)
 
 
 def changes_nothing(mutant):
@@ -57,15 +62,34 @@ def mutants_of(path):
             made = mutant(path, source, match.start(), before, after, [edit], built)
             if not changes_nothing(made):
                 found.append(made)
+    found += values(path, source, code)
+    if path.name == "main.cpp":
+        found += statements(path, source, code)
     return found
+
+
+def values(path, source, code):
+    """Mutants that keep a value from its first use on. A literal, or a copy of a name, is left alone: there `static` is the
+    same word, or a number of its own changes it."""
+    for match in kept.finditer(code):
+        end = end_of(code, match.end(), ";")
+        if end is None or "(" not in code[match.end():end] or "make_unique" in code[match.end():end]:
+            continue
+        edit = (match.end(), end - 1, f"tallyfin_kept<{NUMBER}>([&]() -> decltype(auto) {{ return {HERE}; }})")
+        yield mutant(path, source, match.start() + len(match.group()) - len(match.group().lstrip()), "const", "static const", [edit])
 
 
 def mutants():
     files = [path for folder in folders for path in sorted((root / "src" / folder).iterdir())
-             if path.suffix in (".cpp", ".h") and path.name != "main.cpp"]
+             if path.suffix in (".cpp", ".h")]
     return sorted(mutant for path in files for mutant in mutants_of(path))
+
+
+def has(name):
+    """Whether a file belongs to the rules: it may hold a constant that is made of others."""
+    return bool(re.match(rf"src/({'|'.join(folders)})/.*[.](cpp|h)$", name))
 
 
 def switchable(file, text):
     """A file's text in which constants are made when the program starts, so that they may hold a choice."""
-    return text if file == choices else constant.sub(r"\1const ", text).replace("consteval", "constexpr")
+    return text if file == choices else constant.sub(r"\1const ", text).replace("consteval", "constexpr").replace("constinit ", "")

@@ -21,6 +21,18 @@ Step = collections.namedtuple("Step", "program options variables seconds", defau
 
 steps_of_rules = [Step(program) for program in rules.programs[:-1]] + [Step("replays", seconds=900)]
 
+# Tests that are scripts, and the programs that they start. Where these are what a folder is for, nothing else tries it.
+scripts = {"tests/batch/program.py": ["tallyfin99-batch"], "tests/script/script_arguments.py": ["tallyfin99-script"],
+           "tests/store/endings.py": ["tallyfin99-script", "tallyfin99-batch"],
+           "tests/store/watched_store.py": ["tallyfin99-script"], "tests/store/killed_store.py": ["tallyfin99-script"]}
+of_folder = {
+    "src/batch": [Step("batch_test"), Step("tests/batch/program.py"), Step("tests/store/endings.py")],
+    "src/script": [Step("script_test"), Step("tests/script/script_arguments.py"), Step("tests/store/endings.py"),
+                   Step("replays", seconds=900)],
+    "src/store": [Step("store_test"), Step("location_test"), Step("tests/store/watched_store.py"),
+                  Step("tests/store/endings.py"), Step("tests/store/killed_store.py", seconds=300)],
+}
+
 slow = "ClosedScreen/*"  # opens each screen a hundred times
 snapshots = Step("snapshot_test", seconds=60)
 own = {"w4views_test": Step("w4views_test"), "paperviews_test": Step("paperviews_test"),
@@ -49,7 +61,7 @@ def of_binding(mutant):
 def steps_of(mutant):
     """The tests of a mutant in their order."""
     if not of_binding(mutant):
-        return steps_of_rules
+        return of_folder.get(str(pathlib.Path(mutant.file).parent), steps_of_rules)
     first = program_of(mutant.file)
     return [snapshots, own[first], *(step for name, step in own.items() if name != first), *other]
 
@@ -79,20 +91,29 @@ def prepare(numbered, mutants):
     mutated = {mutant.file for mutant in numbered}
     for name in run("git", "ls-files", "--cached", "--others", "--exclude-standard", cwd=root).stdout.split("\n"):
         if name and (root / name).is_file():
-            put(name, with_switches(name, numbered) if name in mutated else (root / name).read_bytes())
+            put(name, with_switches(name, numbered) if name in mutated or rules.has(name) else (root / name).read_bytes())
     made = run("cmake", "-S", copy, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DTALLYFIN_TESTS=ON",
                "-DTALLYFIN_DESKTOP=ON",
                f"-DCMAKE_CXX_FLAGS=-O1 -g0 -w -Wno-error -Wno-narrowing -include {root}/tools/mutated.h")
     if made.returncode != 0:
         sys.exit(made.stdout)
-    kinds = {of_binding(mutant): mutant for mutant in mutants}
-    built = compiled(*(program for kind in kinds for program in (binding if kind else rules).programs))
+    kinds = {pathlib.Path(mutant.file).parent: mutant for mutant in mutants}
+    built = compiled(*sorted({program for mutant in kinds.values() for program in programs_of(mutant)}))
     if built.returncode != 0:
         sys.exit("the unchanged program doesn't build\n" + built.stdout)
     for mutant in kinds.values():
         found = noticed(0, steps_of(mutant))
         if found:
             sys.exit(f"the tests fail on the unchanged program: {found[0]}")
+
+
+def programs_of(mutant):
+    """The programs that the tests of a mutant run."""
+    if of_binding(mutant):
+        return binding.programs
+    steps = steps_of(mutant)
+    return [program for step in steps
+            for program in scripts.get(step.program, ["tallyfin99-script" if step.program == "replays" else step.program])]
 
 
 def compiled(*programs):
@@ -115,6 +136,8 @@ def failing(number, step, tests=()):
     if step.program in ("replays", "printing"):
         chosen = "^printing$" if step.program == "printing" else r"^(Replay|Transcript)\."
         command = ["ctest", "--test-dir", build, "--stop-on-failure", "-R", chosen]
+    elif step.program in scripts:
+        command = [sys.executable, copy / step.program, *(build / "bin" / program for program in scripts[step.program])]
     try:
         ran = run(*command, timeout=step.seconds, env=environment)
     except subprocess.TimeoutExpired:
@@ -122,7 +145,8 @@ def failing(number, step, tests=()):
     if ran.returncode == 0:
         return None
     failed = re.search(r"^\[  FAILED  \] ([^\s,]+)", ran.stdout, re.M)
-    return failed[1] if failed else step.program + ("" if step.program == "replays" else " that breaks off")
+    whole = step.program == "replays" or step.program in scripts
+    return failed[1] if failed else step.program + ("" if whole else " that breaks off")
 
 
 def noticed(number, steps, likely=()):
@@ -144,7 +168,7 @@ def fates(mutants, numbered):
     def fate(mutant):
         likely = latest[mutant.file]
         found = noticed(numbered[mutant], steps_of(mutant), likely)
-        if found and "." in found[0] and found not in likely:
+        if found and "." in found[0] and found[1].program not in scripts and found not in likely:
             latest[mutant.file] = [found, *likely][:3]
         return mutant, found and found[0]
 
@@ -157,7 +181,7 @@ def fates(mutants, numbered):
 
 def rebuilt(mutant, numbered):
     """What becomes of a mutant that is built for itself."""
-    programs = (binding if of_binding(mutant) else rules).programs
+    programs = programs_of(mutant)
     put(mutant.file, with_switches(mutant.file, numbered, mutant))
     try:
         if compiled(*programs).returncode != 0:
