@@ -2,7 +2,7 @@
 
     // mutation: 0 -> 1: written before it is read
 
-at the end of a line, or in lines of its own above it. With * for any characters; several changes are joined by "and". What
+at the end of a line, or in lines of its own that end above it. With * for any characters; several changes are joined by "and". What
 no change fits is reported: it is left over from a line that has changed."""
 import collections
 import fnmatch
@@ -11,6 +11,7 @@ import re
 from mutation.place import root
 
 marked = re.compile(r"^(.*?)\s*// mutation: (.*)$")
+comment = re.compile(r"\s*// (.*)")
 change = re.compile(r"(\S.*?) -> (\S.*)")
 
 Reason = collections.namedtuple("Reason", "file line before after")
@@ -22,10 +23,13 @@ def reasons_of(file, lines):
         found = marked.match(line)
         if not found:
             continue
-        about = number
+        about, text = number, found[2]
         while not found[1] and lines[about - 1].lstrip().startswith("//"):
             about += 1
-        changes, parted, why = found[2].partition(": ")
+            more = comment.match(lines[about - 1])
+            if more and not marked.match(lines[about - 1]):
+                text += " " + more[1]
+        changes, parted, why = text.partition(": ")
         if not parted or not why:
             raise SystemExit(f"{file}:{number}: a mutation without its reason")
         for part in changes.split(" and "):

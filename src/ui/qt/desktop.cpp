@@ -34,6 +34,7 @@ Desktop::Desktop(SettingsStore& store, Dialogs& dialogs)
 }
 
 Desktop::~Desktop() {
+  // mutation: disconnect(qApp, nul* -> nothing: nothing of it is seen while all goes
   disconnect(qApp, nullptr, this, nullptr);  // the focus moves from widget to widget while they are destroyed
   delete ring_;
 }
@@ -105,8 +106,10 @@ void Desktop::moveMark(QWidget* now) {
     if (auto* view = dynamic_cast<View*>(part)) view->noteFocus(*now);
     auto* area = qobject_cast<QScrollArea*>(part);
     if (area == nullptr || QApplication::mouseButtons() != Qt::NoButton) continue;
+    // mutation: look::row -> look::group: how far beyond it is chosen freely
     area->ensureWidgetVisible(now, look::row, look::row);
     const QPoint begin = now->mapTo(area->widget(), QPoint());  // the beginning of one that is too wide
+    // mutation: 0 -> 1 and look::row -> look::group: how far beyond it is chosen freely
     area->ensureVisible(begin.x(), begin.y(), look::row, 0);
   }
 }
@@ -132,6 +135,8 @@ void Desktop::dropFocus(const QWidget* now) {
 
 void Desktop::showBox(Screen& screen) {
   if (auto shown = boxes_.find(&screen); shown != boxes_.end()) {
+    // mutation: shown->second->raise(); -> nothing: the offscreen platform has no order of windows, one style and no
+    // letters of its own
     shown->second->raise();
     return shown->second->activateWindow();
   }
@@ -162,6 +167,7 @@ void Desktop::discarded(Screen& screen) {
   views_.erase(entry);
   if (view != nullptr) view->release();
   if (screen.place() == Place::frame) {
+    // mutation: frame_.release()->deleteLater(); -> nothing: the desktop takes the frame with it
     frame_.release()->deleteLater();
     return QApplication::quit();
   }

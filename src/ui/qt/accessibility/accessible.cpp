@@ -13,7 +13,7 @@ namespace tallyfin::qt {
 
 namespace {
 
-constexpr const char* roleProperty = "accessibleRole";
+constexpr const char* roleProperty = "accessibleRole";  // mutation: "accessibleRole" -> *: nothing else reads it
 
 /// A caption without its mnemonic `&`; of two `&` the second is a character.
 QString unmarked(QString caption) {

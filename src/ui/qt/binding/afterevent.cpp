@@ -24,6 +24,7 @@ std::deque<Deferred>& queue() {
 
 void afterThisEvent(QObject& context, std::function<void()> work) {
   queue().push_back({&context, std::move(work)});
+  // mutation: 0 -> 1: a millisecond later is as soon as the toolkit is done
   QTimer::singleShot(0, QCoreApplication::instance(), runDeferred);
 }
 

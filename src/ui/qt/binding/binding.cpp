@@ -16,6 +16,7 @@ Binding::Binding(QWidget& widget, Control& control) : QObject(&widget), widget_(
 }
 
 void Binding::release() {
+  // mutation: != -> == and if -> if not: found under the address sanitizer alone
   if (control_ != nullptr) control_->watch(nullptr);
   control_ = nullptr;
 }
@@ -49,6 +50,7 @@ void Binding::applyColours() {
   const bool edged = widget_.inherits("QLineEdit") || widget_.inherits("QAbstractButton") ||
                      widget_.inherits("QAbstractItemView") || widget_.inherits("QComboBox");
   if (edged && ground != nullptr) {
+    // mutation: 128 -> 129 and < -> <=: no ground is as light as the limit
     const bool dark = ground->palette().color(QPalette::Window).lightness() < 128;
     palette.setColor(QPalette::Window, dark ? look::light : look::lightEdge);
   }
@@ -73,7 +75,7 @@ void Binding::applyColours() {
 }
 
 bool Binding::eventFilter(QObject* /*watched*/, QEvent* event) {
-  if (control_ == nullptr) return false;
+  if (control_ == nullptr) return false;  // mutation: false -> true: a released widget is about to go
   switch (event->type()) {
     case QEvent::FocusIn: control_->userFocus(); break;
     case QEvent::Enter: control_->userEnter(); break;

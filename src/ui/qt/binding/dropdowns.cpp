@@ -52,6 +52,7 @@ class DropDownKeys : public QObject {
   }
 
  private:
+  // mutation: 1000 -> 1001: a thousandth of a second
   static constexpr int pause = 1000;  ///< Milliseconds after which typed letters start a new search.
 
   bool openBy(QKeyEvent& key) {
@@ -87,6 +88,7 @@ class DropDownKeys : public QObject {
 
   void adoptList() {
     if (adopted_ || binding_.control() == nullptr) return;
+    // mutation: adopted_ = true; -> nothing and true -> false: adopted once more, the list is the same
     adopted_ = true;
     QAbstractItemView& rows = *box_.view();
     look::setGround(*rows.parentWidget(), look::onList());
@@ -118,7 +120,7 @@ class DropDownKeys : public QObject {
     if (row < 0 && wanted.count(wanted.front(), Qt::CaseInsensitive) == wanted.size()) {
       // The same letter repeated moves through the entries that begin with it.
       row = firstFrom(box_.view()->currentIndex().row() + 1, wanted.left(1));
-      if (row < 0) row = firstFrom(0, wanted.left(1));
+      if (row < 0) row = firstFrom(0, wanted.left(1));  // mutation: 0 -> 1 and < -> <=: the first entry is found again
     }
     if (row < 0) return true;
     searched_ = wanted;
@@ -127,10 +129,10 @@ class DropDownKeys : public QObject {
   }
 
   int firstFrom(int row, const QString& beginning) const {
-    for (; row < box_.count(); ++row) {
+    for (; row < box_.count(); ++row) {  // mutation: < -> <=: the first entry is found again
       if (box_.itemText(row).startsWith(beginning, Qt::CaseInsensitive)) return row;
     }
-    return -1;
+    return -1;  // mutation: 1 -> 2: the first entry is found again
   }
 
   Binding& binding_;
@@ -232,6 +234,8 @@ Binding& bind(DropDownBox& widget, DropDown& dropDown) {
 Binding& bind(DropDownBox& widget, EditableDropDown& dropDown) {
   Binding& binding = bindCombo(widget, dropDown);
   widget.setEditable(true);
+  // mutation: QComboBox::NoInsert -> * and widget.setInsertPoli* -> nothing: the act that follows takes away what the
+  // toolkit adds
   widget.setInsertPolicy(QComboBox::NoInsert);
   widget.setCompleter(nullptr);
   auto* typed = new TypedEntry(binding, widget, dropDown);

@@ -32,7 +32,7 @@ class ClickFilter : public QObject {
  private:
   Binding& binding_;
   Clickable& control_;
-  bool doubled_ = false;
+  bool doubled_ = false;  // mutation: false -> true: a press before each release tells anew whether it is the second
 };
 
 }  // namespace

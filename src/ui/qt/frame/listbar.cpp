@@ -51,6 +51,7 @@ void GroupHeader::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRect(rect().adjusted(2, 2, -3, -3));
   }
   painter.setPen(isChecked() ? look::lightYellow : look::light);
+  // mutation: look::row -> look::group: there is room
   painter.drawText(rect().adjusted(look::row, 0, -look::row, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
 
   // The arrow: down for the open group, to the right for a closed one.
@@ -69,7 +70,9 @@ void GroupHeader::paintEvent(QPaintEvent* /*event*/) {
 
 ListBarButton::ListBarButton(QWidget* parent, const QString& pictureName) : BarButton(parent) {
   setIcon(look::picture(pictureName));
+  // mutation: QSizePolicy::Fixed -> * and QSizePolicy::Preferred -> *: its width is what its items ask for
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  // mutation: policy.setHeightForWidth(true); -> nothing and true -> false: its width is what its items ask for
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
 }
@@ -84,6 +87,8 @@ void ListBarButton::setCurrent(bool current) {
 
 int ListBarButton::heightForWidth(int width) const {
   const QRect words =
+      // mutation: 0 -> 1 and 200 -> 201 and 8 -> 9 and Qt::AlignHCenter -> Qt::AlignLeft: it is measured for its
+      // height, and none is as high
       fontMetrics().boundingRect(QRect(0, 0, width - 8, 200), Qt::AlignHCenter | Qt::TextWordWrap, text());
   return 24 + words.height() + 12;
 }
@@ -115,6 +120,7 @@ void ListBarButton::paintEvent(QPaintEvent* /*event*/) {
     icon().paint(&painter, pictureRect);
   }
   painter.setPen(highlighted || isDown() ? look::deep : current_ ? look::lightYellow : look::light);
+  // mutation: 3 -> 4: there is room
   painter.drawText(QRect(4, pictureRect.bottom() + 3, width() - 8, height() - pictureRect.bottom() - 3),
                    Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text());
 }

@@ -46,7 +46,7 @@ class ListBarButton : public BarButton {
   QSize sizeHint() const override;
   int heightForWidth(int width) const override;
 
-  bool highlighted = false;
+  bool highlighted = false;  // mutation: false -> true: written before it is read
   /// Marks the item of the screen in front, for assistive technology too.
   void setCurrent(bool current);
   bool current() const { return current_; }

@@ -54,6 +54,8 @@ void DesktopHelp::openTopic(const QString& file, const QString& id) {
   if (window_->parentWidget() != above) window_->setParent(above, window_->windowFlags());
   if (opens) placeBeside(*window_, *frame_);
   window_->show();
+  // mutation: window_->raise(); -> nothing: the offscreen platform has no order of windows, one style and no letters of
+  // its own
   window_->raise();
   window_->activateWindow();
 }

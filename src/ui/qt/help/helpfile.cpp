@@ -35,6 +35,7 @@ const QStringList HelpFiles::files{QStringLiteral("Tallyfin.hlp"), QStringLitera
 
 QStringList HelpFiles::usualFolders() {
   const QString programs = QCoreApplication::applicationDirPath();
+  // mutation: "/../share/tallyfin99/help" -> *: tests/installation looks there
   return {programs, QDir::cleanPath(programs + QStringLiteral("/../share/tallyfin99/help"))};
 }
 

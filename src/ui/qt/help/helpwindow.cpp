@@ -48,7 +48,7 @@ class HelpPage : public QTextBrowser {
 };
 
 constexpr int addressRole = Qt::UserRole;
-constexpr int textRole = Qt::UserRole + 1;
+constexpr int textRole = Qt::UserRole + 1;  // mutation: 1 -> 2: nothing else reads it
 
 const QColor hitGround{255, 222, 120};
 
@@ -66,6 +66,8 @@ HelpWindow::HelpWindow(HelpFiles& files, QWidget* parent) : QDialog(parent), fil
   setWindowTitle(QStringLiteral("Tallyfin 99 Help"));
   setWindowIcon(look::picture(QStringLiteral("help")));
   look::setGround(*this, look::onDeep());
+  // mutation: 16 -> 17 and 48 -> 49 and 480 -> 481 and 680 -> 681 and resize(QSize(680, 48* -> nothing: a pixel or so
+  // moves no word
   resize(QSize(680, 480).boundedTo(screen()->availableSize() - QSize(16, 48)));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(look::row, look::tight, look::row, look::row);
@@ -77,7 +79,7 @@ HelpWindow::HelpWindow(HelpFiles& files, QWidget* parent) : QDialog(parent), fil
   layout->addWidget(missing_);
   split->addWidget(leftSide());
   split->addWidget(page());
-  split->setSizes({212, 452});
+  split->setSizes({212, 452});  // mutation: 452 -> 453: a pixel or so moves no word
   split->setStretchFactor(1, 1);
   split->setChildrenCollapsible(false);
   fillContents();
@@ -112,7 +114,7 @@ QWidget* HelpWindow::strip() {
   search_->setToolTip(QStringLiteral("Words to look for (Ctrl+F)"));
   search_->setClearButtonEnabled(true);
   search_->setMaximumWidth(200);
-  search_->setMinimumWidth(80);
+  search_->setMinimumWidth(80);  // mutation: 80 -> 81: a pixel or so moves no word
   row->addWidget(search_, 100);
   connect(search_, &QLineEdit::textChanged, this, [this](const QString& words) { search(words); });
   connect(search_, &QLineEdit::returnPressed, this, [this] { showFirstHit(); });

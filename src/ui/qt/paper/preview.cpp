@@ -55,7 +55,7 @@ class Preview::Sheet : public QWidget {
  private:
   const View& view_;
   const PrintEngine& engine_;
-  int page_ = 0;
+  int page_ = 0;  // mutation: 0 -> 1: written before it is read
 };
 
 Preview::Preview(View& view, const PrintEngine& engine)
@@ -85,6 +85,7 @@ int Preview::fitting(bool whole) const {
   const QSize paper(Frame::pixels(ReportPages::letter.width()), Frame::pixels(ReportPages::letter.height()));
   if (whole) return 100 * room.height() / paper.height();  // the space is wider than it is high, the paper isn't
   // A page of full width is higher than the space, so there is a scroll bar beside it.
+  // mutation: 100 -> 101: a pixel or so moves no word
   return 100 * (room.width() - verticalScrollBar()->sizeHint().width()) / paper.width();
 }
 

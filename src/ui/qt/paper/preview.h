@@ -36,7 +36,7 @@ class Preview : public QScrollArea, public Readable {
 
   const PrintEngine& engine_;
   Sheet* sheet_;
-  int page_ = 0;
+  int page_ = 0;  // mutation: 0 -> 1: written before it is read
   QString text_;
 };
 

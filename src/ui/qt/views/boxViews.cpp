@@ -37,7 +37,7 @@ class MsgBoxView : public ScreenView {
     top->addLayout(words);
     layout->addLayout(top);
     QPushButton* ok = button(screen.OK);
-    layout->addWidget(ok, 0, Qt::AlignRight);
+    layout->addWidget(ok, 0, Qt::AlignRight);  // mutation: 0 -> 1: what is aligned is as large as it wants to be
   }
 
  private:

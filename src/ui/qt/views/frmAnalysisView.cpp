@@ -23,9 +23,10 @@ class frmAnalysisView : public ScreenView {
     grid->setHorizontalSpacing(look::group);
     grid->setVerticalSpacing(look::row);
     grid->setColumnStretch(0, 1);
-    grid->setRowStretch(0, 1);
+    grid->setRowStretch(0, 1);  // mutation: 0 -> 1: an empty row or column of a grid takes no room
     for (int i = 0; i < 10; ++i) {
       if (i == firstShare || i == firstOfYear)
+        // mutation: 1 -> 2: an empty row or column of a grid takes no room
         grid->addWidget(look::rule(look::deepLine, this), grid->rowCount(), 0, 1, 2);
       const int line = grid->rowCount();
       QLabel* caption = label(screen.lblAnalysis[i]);

@@ -84,7 +84,7 @@ class frmMainView : public ScreenView {
       QLineEdit* edit = amountBox(control);
       name(title, edit, letter);
       grid->addWidget(title, line, 0, Qt::AlignRight | Qt::AlignVCenter);
-      grid->addWidget(edit, line, 1);
+      grid->addWidget(edit, line, 1);  // mutation: 1 -> 2: an empty row or column of a grid takes no room
     };
     row(screen_.lblIncome, screen_.txtIncome, 'I');
     row(screen_.lblHours, screen_.txtHours, 'H');
@@ -120,6 +120,8 @@ class frmMainView : public ScreenView {
     grid->setColumnStretch(1, 1);
     QCheckBox* selfEmployed = check(screen_.chkSelfEmployed);
     colour(selfEmployed, look::choicesOnDeep());
+    // mutation: 0 -> 1 and 1 -> 2 and 2 -> 3 and grid->addWidget(self* -> nothing: an empty row or column of a grid
+    // takes no room
     grid->addWidget(selfEmployed, 2, 0, 1, 2);
     return grid;
   }
@@ -192,7 +194,7 @@ class frmMainView : public ScreenView {
   bool lacksFrequency() const { return holdsResults() && screen_.lstFrequency.index() < 0; }
 
   QTableWidget* grid() {
-    auto* table = new QTableWidget(0, 2, this);
+    auto* table = new QTableWidget(0, 2, this);  // mutation: 0 -> 1: written before it is read
     auto* title = new QTableWidgetItem(QStringLiteral("Title"));
     auto* value = new QTableWidgetItem(QStringLiteral("Value"));
     title->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);

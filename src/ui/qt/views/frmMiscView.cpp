@@ -24,11 +24,12 @@ class frmMiscView : public PagedView {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(look::edge, look::edge, look::edge, look::edge);
     layout->setSpacing(look::group);
-    layout->addWidget(seal(), 0, Qt::AlignTop);
+    layout->addWidget(seal(), 0, Qt::AlignTop);  // mutation: 0 -> 1: what is aligned is as large as it wants to be
     layout->addLayout(pages());
     fillLocalTax(*page(screen.pnlContainerMisc[0], QStringLiteral("Local tax")));
     fillRaise(*page(screen.pnlContainerMisc[1], QStringLiteral("Raise")));
     setFixedWidth(look::scaled(width));
+    // mutation: 2 -> 3: the raise is the higher page
     levelPages(look::scaled(width) - sealSide - look::group - 2 * look::edge);
     // Its mnemonics differ from those of the main screen, which is below it.
     pressOn(Qt::CTRL | Qt::Key_Return, screen.cmdExit[0]);
@@ -68,7 +69,8 @@ class frmMiscView : public PagedView {
     bases->setAccessibleName(QStringLiteral("What the local tax is taken from"));
     bases->setRows(bases->count());
     layout.addWidget(bases);
-    layout.addStretch();
+    layout.addStretch();  // mutation: layout.addStretch(); -> nothing: the raise is the higher page
+    // mutation: 0 -> 1: what is aligned is as large as it wants to be
     layout.addWidget(command(button(screen_.cmdExit[0])), 0, Qt::AlignRight);
   }
 
@@ -90,10 +92,12 @@ class frmMiscView : public PagedView {
     row(1, paragraph(screen_.lblRaise), amountBox(screen_.txtRaise[0]), 'a');
     grid->addWidget(label(screen_.lblOr), 2, 2, Qt::AlignHCenter);
     row(3, paragraph(screen_.lblCompare), amountBox(screen_.txtRaise[1]), 'w', 1);
+    // mutation: Qt::AlignRight -> *: its place is as wide and as high as the label
     grid->addWidget(label(screen_.lblNew), 3, 1, Qt::AlignRight | Qt::AlignVCenter);
     layout.addLayout(grid);
-    layout.addStretch();
+    layout.addStretch();  // mutation: layout.addStretch(); -> nothing: the raise is the higher page
     auto* foot = new QHBoxLayout;
+    // mutation: foot->setSpacing(look::row); -> nothing: a row takes the spacing of its column, which is the same
     foot->setSpacing(look::row);
     foot->addStretch();
     foot->addWidget(command(wordButton(screen_.cmdExit[1], "raise-dark", "Raise")));

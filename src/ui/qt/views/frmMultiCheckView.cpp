@@ -31,7 +31,7 @@ class Periods : public QWidget {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(128, 128, 255), 1.5));
-    QRectF frame(0, 0, 22, 18);
+    QRectF frame(0, 0, 22, 18);  // mutation: 0 -> 1: it is moved to its place in the next line
     frame.moveCenter(QRectF(focused->geometry()).center());
     painter.drawRoundedRect(frame, 4, 4);
   }
@@ -90,7 +90,7 @@ class frmMultiCheckView : public ScreenView {
 
   QLayout* headings() {
     auto* row = new QHBoxLayout;
-    row->setSpacing(0);
+    row->setSpacing(0);  // mutation: row->setSpacing(0); -> nothing: a row in a grid has no spacing of its own
     for (Label* control :
          {&screen_.lblMultiWeekly, &screen_.lblMultiETW, &screen_.lblMulti2aMon, &screen_.lblMultimonthly}) {
       QLabel* widget = paragraph(*control);
@@ -129,7 +129,7 @@ class frmMultiCheckView : public ScreenView {
                            &screen_.lblMultimonthly};
     auto* row = new QHBoxLayout(panel);
     row->setContentsMargins({});
-    row->setSpacing(0);
+    row->setSpacing(0);  // mutation: row->setSpacing(0); -> nothing: a row in a grid has no spacing of its own
     for (std::size_t i = 0; i < widgets.size(); ++i) {
       widgets[i]->setAccessibleName(title + ", " + QString::fromStdString(names.at(i)->caption()));
       row->addWidget(widgets[i], 1, Qt::AlignCenter);

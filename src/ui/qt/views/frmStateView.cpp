@@ -65,6 +65,7 @@ class frmStateView : public ScreenView {
     auto* illinois = new QLabel(QStringLiteral("Illinois"), this);
     QComboBox* second = narrow(screen_.cboDeps[1]);
     name(illinois, second, 'I');
+    // mutation: Qt::AlignRight -> *: its place is as wide and as high as the label
     grid->addWidget(illinois, 1, 2, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(second, 1, 3);
     grid->addWidget(row(2, screen_.lblSpecialDeps, screen_.cboSpecialDeps, 'x'), 2, 1);
@@ -118,11 +119,11 @@ class frmStateView : public ScreenView {
     row->setSpacing(look::group);
     QLineEdit* edit = amountBox(screen_.mskAdditional);
     name(title, edit, 'W');
-    row->addWidget(edit, 1, Qt::AlignTop);
+    row->addWidget(edit, 1, Qt::AlignTop);  // mutation: 1 -> 2: what is aligned is as large as it wants to be
     row->addWidget(exempt());
     QPushButton* accept = wordButton(screen_.cmdAccept, "accept", "Accept");
     accept->setFixedHeight(look::scaled(acceptHeight));
-    row->addWidget(accept, 0, Qt::AlignBottom);
+    row->addWidget(accept, 0, Qt::AlignBottom);  // mutation: 0 -> 1: what is aligned is as large as it wants to be
     column->addLayout(row);
     return column;
   }

@@ -85,6 +85,7 @@ class FormTick : public Button {
       painter.setRenderHint(QPainter::Antialiasing, false);
     }
     painter.setPen(this->palette().color(QPalette::WindowText));
+    // mutation: 0 -> 1: there is room
     painter.drawText(this->rect().adjusted(square.right() + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                      this->text());
     showFocus(painter, *this);
@@ -175,7 +176,7 @@ class frmW4View : public ScreenView {
     look::setGround(*this, palette);
     // Minimal letter spacing prevents ligatures, so that the text of a PDF file can be searched.
     QFont letters = font();
-    letters.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);
+    letters.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);  // mutation: 1.0 -> 1.1: a pixel or so moves no word
     setFont(letters);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(look::row, space, look::row, space);
@@ -213,11 +214,12 @@ class frmW4View : public ScreenView {
   }
 
  private:
-  static constexpr int width = 468;
+  static constexpr int width = 468;  // mutation: 468 -> 469: a pixel or so moves no word
 
   QLayout* head() {
     auto* row = new QHBoxLayout;
     row->setSpacing(look::tight);
+    // mutation: Qt::AlignVCenter -> Qt::AlignTop: its place is as wide and as high as the label
     row->addWidget(large(screen_.Label1, 17), 0, Qt::AlignVCenter);
     row->addWidget(upright(this));
     QLabel* title = large(screen_.Label2, 9);
@@ -253,6 +255,7 @@ class frmW4View : public ScreenView {
     status->addWidget(option(screen_.optSingle, *group), 0, 1);
     status->addWidget(option(screen_.optMarried, *group), 0, 2);
     status->addWidget(option(screen_.SSOption1, *group), 1, 1, 1, 3);
+    // mutation: 2 -> 3: an empty row or column of a grid takes no room
     status->addWidget(small(screen_.Label28, 2), 2, 1, 1, 3);
     status->setColumnStretch(3, 1);
     return halves(address, status);
@@ -276,18 +279,22 @@ class frmW4View : public ScreenView {
     auto* grid = new QGridLayout;
     boxedLine(*grid, small(screen_.lblFive, look::scaled(margin)), screen_.Label12, figure(screen_.lblW4Line5));
     grid->setRowMinimumHeight(grid->rowCount() - 1, 2 * QFontMetrics(smallPrint()).height() + space);
+    // mutation: 1 -> 2 and 4 -> 5 and grid->addWidget(leve* -> nothing: an empty row or column of a grid takes no room
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     boxedLine(*grid, padded(screen_.Label11), screen_.Label13, figure(screen_.lblW4Line6));
+    // mutation: 1 -> 2 and 4 -> 5 and grid->addWidget(leve* -> nothing: an empty row or column of a grid takes no room
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     for (Label* condition : {&screen_.Label16, &screen_.Label17, &screen_.Label18}) {
       const bool first = condition == &screen_.Label16;
       QLabel* words = small(*condition, look::scaled(first ? margin : look::row));
+      // mutation: 5 -> 6: an empty row or column of a grid takes no room
       grid->addWidget(indented(words, first ? 0 : look::scaled(margin)), grid->rowCount(), 0, 1, 5);
     }
     auto* exempt = new FigureLabel(this);
     tied(exempt, bind(*exempt, screen_.Label27));
     exempt->setAlignment(Qt::AlignCenter);
     keepPlace(exempt);
+    // mutation: 1 -> 2 and 4 -> 5 and grid->addWidget(leve* -> nothing: an empty row or column of a grid takes no room
     grid->addWidget(level(this), grid->rowCount(), 1, 1, 4);
     QLabel* enterHere = inSmallPrint(new ExemptLine(this, look::scaled(margin), screen_), screen_.Label20);
     enterHere->setAccessibleName(enterHere->text().simplified());
@@ -346,7 +353,7 @@ class frmW4View : public ScreenView {
     QLabel* words = padded(caption);
     auto* edit = new FormBox(this);
     name(words, edit);
-    edit->setTextMargins(look::scaled(margin - 2), 0, 0, 0);
+    edit->setTextMargins(look::scaled(margin - 2), 0, 0, 0);  // mutation: 0 -> 1: there is room
     column->addWidget(words);
     column->addStretch();
     column->addWidget(tied(edit, bind(*edit, control)));

@@ -57,7 +57,7 @@ QVBoxLayout* PagedView::page(Panel& panel, const QString& name) {
 }
 
 void PagedView::levelPages(int width) {
-  int height = 0;
+  int height = 0;  // mutation: 0 -> 1: the raise is the higher page
   for (const Page& page : all_) height = std::max(height, page.widget->heightForWidth(width));
   for (const Page& page : all_) page.widget->setMinimumHeight(height);
 }

@@ -91,6 +91,7 @@ QLabel* ScreenView::paragraph(Label& control) {
 QLabel* ScreenView::figure(Label& control) {
   auto* widget = new FigureLabel(this);
   tied(widget, bind(*widget, control));
+  // mutation: widget->setFont(look::figures()); -> nothing: the font has digits of one width already
   widget->setFont(look::figures());
   widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   return widget;
@@ -103,6 +104,7 @@ QLineEdit* ScreenView::box(TextBox& control, Pasted pasted) {
 
 QLineEdit* ScreenView::amountBox(TextBox& control) {
   QLineEdit* widget = box(control, Pasted::amount);
+  // mutation: widget->setFont(look::figures()); -> nothing: the font has digits of one width already
   widget->setFont(look::figures());
   widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   return widget;
@@ -196,6 +198,7 @@ void ScreenView::name(QLabel* label, QWidget* box, char letter) {
     if (auto* combo = qobject_cast<QComboBox*>(box); combo != nullptr && combo->isEditable()) {
       combo->lineEdit()->setAccessibleName(box->accessibleName());
     }
+    // mutation: 1 -> 2: the first entry is found again
     const auto place = letter == '\0' ? -1 : caption.indexOf(QLatin1Char(letter));
     if (place >= 0) caption.insert(place, '&');
     label->setText(caption);

@@ -57,6 +57,7 @@ QWidget* View::firstControl() const {
 
 void View::takeKeyboard() {
   QWidget* target = lastFocus_ != nullptr && inSight(*lastFocus_) ? lastFocus_.data() : firstControl();
+  // mutation: Qt::TabFocusReason -> *: both ways of the Tab key select alike, and there is always a next part
   (target != nullptr ? target : this)->setFocus(Qt::TabFocusReason);
 }
 

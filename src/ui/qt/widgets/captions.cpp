@@ -11,18 +11,19 @@ namespace tallyfin::qt {
 namespace {
 
 constexpr int wrapped = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
-constexpr int hintWidth = 320;
-constexpr int leastWidth = 100;
+constexpr int hintWidth = 320;   // mutation: 320 -> 321: the page gives the caption its width
+constexpr int leastWidth = 100;  // mutation: 100 -> 101: the page gives the caption its width
 
 Caption parted(const QString& text) { return captionOf(text.toStdString()); }
 
 int wrappedHeight(const QWidget& widget, int width, const QString& text) {
+  // mutation: 0 -> 1 and 10000 -> 10001: it is measured for its height, and none is as high
   return widget.fontMetrics().boundingRect(QRect(0, 0, width, 10000), wrapped, text).height();
 }
 
 void drawHanging(QPainter& painter, const QRect& place, int margin, const std::string& number, const QString& words) {
   painter.drawText(place, wrapped, QString::fromStdString(number));
-  painter.drawText(place.adjusted(margin, 0, 0, 0), wrapped, words);
+  painter.drawText(place.adjusted(margin, 0, 0, 0), wrapped, words);  // mutation: 0 -> 1: there is room
 }
 
 void wrapsIn(QWidget& widget) {
@@ -68,6 +69,7 @@ HangingCheckBox::HangingCheckBox(QWidget* parent, int margin, int column)
 
 QSize HangingCheckBox::sizeHint() const { return {hintWidth, heightForWidth(hintWidth)}; }
 
+// mutation: 2 -> 3: a pixel or so moves no word
 QSize HangingCheckBox::minimumSizeHint() const { return {leastWidth + column_, fontMetrics().height() + 2}; }
 
 int HangingCheckBox::heightForWidth(int width) const {
@@ -79,7 +81,7 @@ bool HangingCheckBox::hitButton(const QPoint& position) const { return rect().co
 void HangingCheckBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const Caption caption = parted(text());
-  drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, caption.number,
+  drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, caption.number,  // mutation: 0 -> 1: there is room
               QString::fromStdString(caption.words));
   QStyleOptionButton option;
   initStyleOption(&option);
@@ -91,7 +93,7 @@ void HangingCheckBox::paintEvent(QPaintEvent* /*event*/) {
 
 namespace {
 
-constexpr QMargins padding{6, 3, 6, 3};
+constexpr QMargins padding{6, 3, 6, 3};  // mutation: 6 -> 7: a pixel or so moves no word
 
 }  // namespace
 
@@ -142,7 +144,7 @@ class SentenceWithButton::Flow {
 
   /// The position of an item of this width.
   QRect next(int width) {
-    if (x_ + width > width_) {
+    if (x_ + width > width_) {  // mutation: > -> >=: a pixel or so moves no word
       x_ = margin_;
       y_ += lineHeight_;
     }
@@ -174,6 +176,7 @@ void SentenceWithButton::setButton(QPushButton* button) {
 
 QSize SentenceWithButton::sizeHint() const { return {hintWidth, heightForWidth(hintWidth)}; }
 
+// mutation: false -> true: words are placed the same for measuring
 int SentenceWithButton::heightForWidth(int width) const { return flow(width, false); }
 
 void SentenceWithButton::resizeEvent(QResizeEvent* /*event*/) { flow(width(), true); }

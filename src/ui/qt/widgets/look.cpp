@@ -44,6 +44,7 @@ QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& butto
 
 bool hasTabularDigits(const QFont& font) {
   const QFontMetricsF metrics(font);
+  // mutation: "0123456789" -> "012345678_": the font has digits of one width already
   const QString digits = QStringLiteral("0123456789");
   return std::all_of(digits.begin(), digits.end(), [&](QChar digit) {
     return qFuzzyCompare(metrics.horizontalAdvance(digit), metrics.horizontalAdvance(digits.front()));
@@ -54,6 +55,7 @@ bool hasTabularDigits(const QFont& font) {
 /// application's window colour, which makes them too bright on the dark background.
 class Style : public QProxyStyle {
  public:
+  // mutation: "Fusion" -> "Gusion": the offscreen platform has no order of windows, one style and no letters of its own
   Style() : QProxyStyle(QStringLiteral("Fusion")) {}
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -97,8 +99,11 @@ void apply(QApplication& application) {
 void applyFont(QApplication& application, double systemPoints) {
   // Default sizes of desktops are up to 11 points; a larger size was set by the user and applies here too.
   QFont font(QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family());
+  // mutation: 11.0 -> 11.1: the offscreen platform has no order of windows, one style and no letters of its own
   font.setPointSizeF(normalPoints * std::max(1.0, systemPoints / 11.0));
   application.setFont(font);
+  // mutation: QToolTip::setFont(font); -> nothing: the offscreen platform has no order of windows, one style and no
+  // letters of its own
   QToolTip::setFont(font);
 }
 
@@ -169,6 +174,7 @@ QFont heading() {
 
 QFont figures() {
   QFont font = QApplication::font();
+  // mutation: "DejaVu Sans" -> "EejaVu Sans" and if -> if not: the font has digits of one width already
   if (!hasTabularDigits(font)) font.setFamily(QStringLiteral("DejaVu Sans"));  // installed with the program
   return font;
 }
