@@ -172,13 +172,17 @@ def neighbours(path, source, code):
         yield mutant(path, source, last.start(), last.group(), match.group() + " and back", edits)
 
 
+# The factor of the part that takes what is left over: any other has the same effect.
+stretch = re.compile(r"((?:set(?:Column|Row)Stretch|setStretchFactor)\(\w+, |add(?:Widget|Layout)\((?:[^(),]|\([^()]*\))*, )1(?=\);)")
+
+
 def mutants_of(path):
     source = path.read_text()
     code = code_of(source)
     texts = code_of(source, texts=True)
     only_texts = "".join(t if c in " \n" else "\0" for t, c in zip(texts, code))
     found = [
-        *replaced(path, source, number, code, other_number),
+        *replaced(path, source, number, stretch.sub(r"\1 ", code), other_number),
         *replaced(path, source, comparison, code, opposite.get),
         *replaced(path, source, word, code, other_word),
         *replaced(path, source, text, only_texts, other_text),
