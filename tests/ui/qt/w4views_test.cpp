@@ -21,6 +21,7 @@
 #include "fakedialogs.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame/frame.h"
+#include "ui/qt/widgets/captions.h"
 #include "ui/qt/widgets/look.h"
 #include "w4/frm2Workers.h"
 #include "w4/frmCalendar.h"
@@ -192,6 +193,54 @@ TEST_F(W4ViewsTest, WithALargeFontPagesScrollAndNothingIsCutOff) {
   click(open<frm2Workers>(), "cmdTable1Show(0)");
   const auto& wages = find<QListWidget>(view<frmTableOne>(), "lstTableOne");
   EXPECT_GE(wages.viewport()->width(), wages.sizeHintForColumn(0));
+}
+
+/// A system font of 15 points from the start, as people set it who want larger letters.
+struct LargeSystemFont {
+  QFont before = QApplication::font();
+  LargeSystemFont() { look::applyFont(*qApp, 15); }
+  ~LargeSystemFont() { QApplication::setFont(before); }
+  LargeSystemFont(const LargeSystemFont&) = delete;
+  LargeSystemFont& operator=(const LargeSystemFont&) = delete;
+};
+class W4ViewsAt15Points : public LargeSystemFont, public W4ViewsTest {};
+
+/// Where the words of a caption within a sentence are drawn.
+QRegion drawnWords(const SentenceWithButton::Words& caption) {
+  QRegion drawn;
+  const QFontMetrics metrics = caption.fontMetrics();
+  for (const auto& [base, text] : caption.words) {
+    drawn += metrics.tightBoundingRect(text).translated(caption.mapToParent(base));
+  }
+  return drawn;
+}
+
+/// The button of each sentence of a worksheet, with its focus ring, touches no word.
+void expectButtonsApart(const View& sheet) {
+  int sentences = 0;
+  for (const QWidget* child : sheet.findChildren<QWidget*>()) {
+    const auto* sentence = dynamic_cast<const SentenceWithButton*>(child);
+    if (sentence == nullptr || !sentence->isVisible()) continue;
+    ++sentences;
+    const QRect button = sentence->findChild<QPushButton*>()->geometry().adjusted(-2, -2, 2, 2);
+    EXPECT_TRUE(sentence->rect().contains(button));
+    for (const auto* caption : {sentence->first(), sentence->second()}) {
+      EXPECT_FALSE(drawnWords(*caption).intersects(button)) << caption->text().toStdString();
+    }
+  }
+  EXPECT_EQ(sentences, 2);  // one on each page
+}
+
+TEST_F(W4ViewsTest, TheButtonWithinASentenceTouchesNoWord) { expectButtonsApart(open<frm2Workers>()); }
+
+TEST_F(W4ViewsAt15Points, TheButtonWithinASentenceTouchesNoWord) { expectButtonsApart(open<frm2Workers>()); }
+
+TEST_F(W4ViewsAt15Points, TheFormNeedsNoScrolling) {
+  desk.show<frmW4>();
+  QApplication::processEvents();
+  const View& form = view<frmW4>();
+  EXPECT_LE(form.height(), form.parentWidget()->height());
+  EXPECT_LE(form.width(), form.parentWidget()->width());
 }
 
 TEST_F(W4ViewsTest, TabFollowsTheLines) {

@@ -179,7 +179,7 @@ class frmW4View : public ScreenView {
     letters.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);  // mutation: 1.0 -> 1.1: a pixel or so moves no word
     setFont(letters);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(look::row, space, look::row, space);
+    layout->setContentsMargins(look::row, 1, look::row, 2);  // at letters of 15 points the form just fits
     layout->setSpacing(0);
     layout->addWidget(level(this, 2));
     layout->addLayout(head());

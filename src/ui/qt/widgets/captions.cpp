@@ -191,20 +191,28 @@ int SentenceWithButton::flow(int width, bool place) const {
   std::vector<Words::Word> second;
   sentence.add(QString::fromStdString(before), first);
   if (!first.empty()) first.push_back({{0, first.front().base.y()}, QString::fromStdString(caption.number)});
-  QRect room = sentence.next(buttonSize.width());
+  const QRect room = sentence.next(buttonSize.width());
   sentence.add(second_->text(), second);
   sentence.add(QString::fromStdString(behind), first);
+  // The button's line is as high as the button with its focus ring.
+  constexpr int ring = 2;
+  const int above = (buttonSize.height() + 2 * ring - room.height()) / 2;
   if (place) {
-    const int above = 2;  // the button is taller than its line
     for (auto* words : {&first, &second}) {
-      for (Words::Word& word : *words) word.base.ry() += above;
+      for (Words::Word& word : *words) {
+        if (word.base.y() > room.bottom()) {
+          word.base.ry() += 2 * above;
+        } else if (word.base.y() > room.top()) {
+          word.base.ry() += above;
+        }
+      }
     }
     first_->words = first;
     second_->words = second;
     for (Words* words : {first_, second_}) words->setGeometry(rect());
-    button_->setGeometry(QRect(QPoint(room.left(), room.top()), buttonSize));
+    button_->setGeometry(QRect(QPoint(room.left(), room.top() + ring), buttonSize));
   }
-  return sentence.height() + 4;
+  return sentence.height() + 2 * above;
 }
 
 }  // namespace tallyfin::qt
