@@ -4,6 +4,9 @@
 #include <QCheckBox>
 #include <QRegularExpression>
 #include <QSpinBox>
+#include <QTextBrowser>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <set>
 
 // The platform decides whether assistive technology listens; a test has to say so itself.
@@ -440,6 +443,66 @@ TEST_F(Assistive, ThePageOfTheReportIsReadAsText) {
   EXPECT_EQ(std::pair(start, end), std::pair(0, 0));
   EXPECT_EQ(letters.attributes(7, &start, &end), "");
   EXPECT_EQ(std::pair(start, end), std::pair(0, letters.characterCount()));
+}
+
+/// All that assistive technology can read of something: its texts and its letters.
+QString readOf(const QAccessibleInterface& face) {
+  QString read;
+  for (const auto kind : {QAccessible::Name, QAccessible::Description, QAccessible::Value, QAccessible::Help}) {
+    read += face.text(kind);
+  }
+  auto* letters = const_cast<QAccessibleInterface&>(face).textInterface();
+  return letters == nullptr ? read : read + letters->text(0, letters->characterCount());
+}
+
+TEST_F(Assistive, NoTextHasTheMarksOfTables) {
+  startOnMain();
+  QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_F1);
+  settle();
+  auto* help = frame().findChild<QDialog*>("help");
+  ASSERT_NE(help, nullptr);
+  const auto* page = help->findChild<QTextBrowser*>("page");
+  int tables = 0;
+  for (QTreeWidgetItemIterator topic(help->findChild<QTreeWidget*>("contents")); *topic != nullptr; ++topic) {
+    (*topic)->treeWidget()->setCurrentItem(*topic);
+    settle();
+    tables += page->toHtml().contains("<table") ? 1 : 0;
+    Faces all;
+    gather(QAccessible::queryAccessibleInterface(help), all);
+    for (const QAccessibleInterface* face : all) {
+      EXPECT_FALSE(readOf(*face).contains(QRegularExpression("[\\x{FDD0}\\x{FDD1}]"))) << described(*face);
+    }
+  }
+  EXPECT_GT(tables, 10);
+}
+
+TEST_F(Assistive, TheHelpPageIsReadByItsLetters) {
+  startOnMain();
+  QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_F1);
+  settle();
+  auto* page = frame().findChild<QTextBrowser*>("page");
+  ASSERT_NE(page, nullptr);
+  QAccessibleTextInterface& letters = *faceOf(*page).textInterface();
+  const QString whole = letters.text(0, letters.characterCount());
+  EXPECT_EQ(whole, page->toPlainText().replace(QChar::Nbsp, ' '));
+  EXPECT_EQ(letters.text(3, 9), whole.mid(3, 6));
+  EXPECT_EQ(letters.text(9, 100'000), whole.mid(9));
+  letters.addSelection(2, 7);
+  EXPECT_EQ(page->textCursor().selectedText(), whole.mid(2, 5));
+  int start = 0;
+  int end = 0;
+  letters.selection(0, &start, &end);
+  EXPECT_EQ(std::tuple(letters.selectionCount(), start, end), std::tuple(1, 2, 7));
+  letters.removeSelection(0);
+  EXPECT_EQ(letters.selectionCount(), 0);
+  letters.setCursorPosition(4);
+  EXPECT_EQ(letters.cursorPosition(), 4);
+  const QRect letter = letters.characterRect(4);
+  EXPECT_TRUE(QRect(page->mapToGlobal(QPoint()), page->size()).contains(letter.center()));
+  EXPECT_EQ(letters.offsetAtPoint({letter.left(), letter.center().y()}), 4);
+  letters.scrollToSubstring(letters.characterCount() - 2, letters.characterCount() - 1);
+  EXPECT_TRUE(QRect(page->mapToGlobal(QPoint()), page->size())
+                  .contains(letters.characterRect(letters.characterCount() - 2).center()));
 }
 
 TEST_F(Assistive, TheFrameIsAWindowAndItsPartsAreGroups) {

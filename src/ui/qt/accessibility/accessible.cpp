@@ -5,6 +5,9 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QTextEdit>
 #include <QToolButton>
 #include <algorithm>
 
@@ -181,6 +184,74 @@ class ReadableFace : public QAccessibleWidget, public QAccessibleTextInterface {
   const Readable& readable_;
 };
 
+/// A document that is read. Qt's own text of it has marks where tables and their cells begin and end (U+FDD0, U+FDD1),
+/// which screen readers speak; here they are line breaks.
+class DocumentFace : public QAccessibleWidget, public QAccessibleTextInterface {
+ public:
+  explicit DocumentFace(QTextEdit& edit) : QAccessibleWidget(&edit, QAccessible::StaticText), edit_(edit) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Value ? text(0, characterCount()) : QAccessibleWidget::text(kind);
+  }
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.readOnly = state.multiLine = state.selectableText = 1;
+    return state;
+  }
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+
+  QString text(int start, int end) const override {
+    QString letters = between(start, end).selectedText();
+    for (const char16_t mark : {u'\u2028', u'\u2029', u'\uFDD0', u'\uFDD1'})
+      letters.replace(QChar(mark), QLatin1Char('\n'));
+    return letters.replace(QChar(QChar::Nbsp), QLatin1Char(' '));
+  }
+  int characterCount() const override { return edit_.document()->characterCount() - 1; }
+  int selectionCount() const override { return edit_.textCursor().hasSelection() ? 1 : 0; }
+  void selection(int /*index*/, int* start, int* end) const override {
+    *start = edit_.textCursor().selectionStart();
+    *end = edit_.textCursor().selectionEnd();
+  }
+  void addSelection(int start, int end) override { setSelection(0, start, end); }
+  void setSelection(int /*index*/, int start, int end) override { edit_.setTextCursor(between(start, end)); }
+  void removeSelection(int /*index*/) override { setCursorPosition(cursorPosition()); }
+  int cursorPosition() const override { return edit_.textCursor().position(); }
+  void setCursorPosition(int position) override { edit_.setTextCursor(between(position, position)); }
+  QRect characterRect(int offset) const override {
+    const QRect before = edit_.cursorRect(between(offset, offset));
+    const QRect behind = edit_.cursorRect(between(offset + 1, offset + 1));
+    const bool sameLine = before.top() == behind.top() && behind.left() > before.left();
+    const QSize size(sameLine ? behind.left() - before.left() : 1, before.height());
+    return {edit_.viewport()->mapToGlobal(before.topLeft()), size};
+  }
+  int offsetAtPoint(const QPoint& point) const override {
+    return edit_.cursorForPosition(edit_.viewport()->mapFromGlobal(point)).position();
+  }
+  void scrollToSubstring(int start, int /*end*/) override {
+    const QRect line = edit_.cursorRect(between(start, start));
+    if (edit_.viewport()->rect().contains(line)) return;
+    edit_.verticalScrollBar()->setValue(edit_.verticalScrollBar()->value() + line.top());
+  }
+  QString attributes(int /*offset*/, int* start, int* end) const override {
+    *start = 0;
+    *end = characterCount();
+    return {};
+  }
+
+ private:
+  QTextCursor between(int start, int end) const {
+    QTextCursor cursor(edit_.document());
+    cursor.setPosition(std::clamp(start, 0, characterCount()));
+    cursor.setPosition(std::clamp(end, 0, characterCount()), QTextCursor::KeepAnchor);
+    return cursor;
+  }
+
+  QTextEdit& edit_;
+};
+
 QAccessible::Role roleOf(const QWidget& widget, QAccessible::Role otherwise) {
   const QVariant role = widget.property(roleProperty);
   return role.isValid() ? static_cast<QAccessible::Role>(role.toInt()) : otherwise;
@@ -194,6 +265,7 @@ QAccessibleInterface* faceOf(const QString& /*className*/, QObject* object) {
   }
   if (const auto* page = dynamic_cast<const Turnable*>(object)) return new TurnableFace(*widget, *page);
   if (auto* lever = dynamic_cast<Switch*>(object)) return new SwitchFace(*widget, *lever);
+  if (auto* edit = qobject_cast<QTextEdit*>(object)) return new DocumentFace(*edit);
   auto* button = qobject_cast<QAbstractButton*>(object);
   if (button != nullptr && qobject_cast<QToolButton*>(object) == nullptr) return new ButtonFace(*button);
   if (widget->property(roleProperty).isValid()) return new QAccessibleWidget(widget, roleOf(*widget, {}));
