@@ -44,7 +44,7 @@ constexpr const char* unknownAction = "! unknown action for this kind of control
 constexpr const char* notRunning = "! not-running";
 constexpr const char* notLoaded = "! not-loaded";
 
-std::optional<int> wholeNumberOf(const std::string& text) {
+std::optional<int> intOf(const std::string& text) {
   int number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
@@ -56,7 +56,7 @@ std::optional<LocalTime> timeOf(const std::string& text) {
   constexpr std::string_view pattern = "dddd-dd-ddTdd:dd:dd";
   const auto fits = [](char c, char p) { return p == 'd' ? c >= '0' && c <= '9' : c == p; };
   if (!std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(), fits)) return std::nullopt;
-  const auto number = [&](std::size_t from, std::size_t digits) { return *wholeNumberOf(text.substr(from, digits)); };
+  const auto number = [&](std::size_t from, std::size_t digits) { return *intOf(text.substr(from, digits)); };
   const std::chrono::year_month_day date{std::chrono::year{number(0, 4)},
                                          std::chrono::month{static_cast<unsigned>(number(5, 2))},
                                          std::chrono::day{static_cast<unsigned>(number(8, 2))}};
@@ -216,7 +216,7 @@ std::string Session::type(const Words& words) {
 }
 
 std::string Session::pick(const Words& words) {
-  const auto number = wholeNumberOf(words[1].text);
+  const auto number = intOf(words[1].text);
   if (!number || words[1].quoted) return "! syntax a whole number is wanted";
   const auto target = find(words[0].text);
   if (target && dynamic_cast<const UpDown*>(target->control) != nullptr) {

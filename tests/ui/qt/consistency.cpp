@@ -24,20 +24,11 @@
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/frame/listbar.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
 namespace {
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
-
-/// A caption without the mnemonic `&`.
-QString unmarked(QString caption) {
-  for (qsizetype i = 0; i < caption.size(); ++i) {
-    if (caption[i] == QLatin1Char('&')) caption.remove(i, 1);  // of two `&` the second stays
-  }
-  return caption;
-}
 
 QString joined(const std::vector<std::string>& texts) {
   QStringList list;

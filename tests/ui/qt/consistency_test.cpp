@@ -17,6 +17,7 @@
 #include "controls/buttons.h"
 #include "desktoptest.h"
 #include "platform/platform.h"
+#include "standingclock.h"
 #include "ui/qt/frame/listbar.h"
 
 /// Random acts on the real widgets: clicks, keys, wheel, focus and pointer, as the window system sends them. After each
@@ -34,13 +35,6 @@ int fromEnvironment(const char* name, int usual) {
 }
 
 /// A fixed date, and fakes of everything outside the program.
-class StandingClock : public Clock {
- public:
-  LocalTime now() const override {
-    return LocalTime{std::chrono::sys_days{std::chrono::May / 17 / 1999}.time_since_epoch()};
-  }
-};
-
 class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
  protected:
   Walk()

@@ -23,6 +23,7 @@
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/help/helpfile.h"
 #include "ui/qt/paper/printer.h"
+#include "ui/qt/widgets/text.h"
 
 /// The program by keyboard alone.
 
@@ -636,8 +637,6 @@ TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
 
 // --- The help topic with the keys
 
-QString unmarked(QString caption) { return caption.remove('&').simplified(); }
-
 /// "Alt+I Income Amount" for all widgets of a page, or of the frame without pages.
 std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullptr) {
   std::set<std::string> keys;
@@ -654,14 +653,14 @@ std::set<std::string> keysIn(const QWidget& page, const QWidget* butNot = nullpt
     if (!foreign(shortcut) && !shortcut->whatsThis().isEmpty()) add(shortcut->key(), shortcut->whatsThis());
   }
   for (const auto* button : page.findChildren<QAbstractButton*>()) {
-    if (!foreign(button)) add(QKeySequence::mnemonic(button->text()), unmarked(button->text()));
+    if (!foreign(button)) add(QKeySequence::mnemonic(button->text()), unmarked(button->text()).simplified());
   }
   for (const auto* label : page.findChildren<QLabel*>()) {
     if (!foreign(label) && label->buddy() != nullptr)
-      add(QKeySequence::mnemonic(label->text()), unmarked(label->text()));
+      add(QKeySequence::mnemonic(label->text()), unmarked(label->text()).simplified());
   }
   for (const auto* action : page.findChildren<QAction*>()) {
-    if (!foreign(action)) add(action->shortcut(), unmarked(action->text()));
+    if (!foreign(action)) add(action->shortcut(), unmarked(action->text()).simplified());
   }
   return keys;
 }

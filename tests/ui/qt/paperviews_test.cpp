@@ -30,6 +30,7 @@
 #include "engine/settingsstore.h"
 #include "fakedialogs.h"
 #include "paints.h"
+#include "standingclock.h"
 #include "ui/frmMain.h"
 #include "ui/frmPrint.h"
 #include "ui/qt/desktop.h"
@@ -46,13 +47,6 @@
 namespace tallyfin::qt {
 
 namespace {
-
-class StandingClock : public Clock {
- public:
-  LocalTime now() const override {
-    return std::chrono::local_days{std::chrono::May / 7 / 1999} + std::chrono::hours{14};
-  }
-};
 
 class CountingBeeper : public Beeper {
  public:
@@ -101,7 +95,7 @@ class PaperTest : public testing::Test {
   const PrintEngine& engine() { return desk.use<frmPrint>().vsPrinter1; }
 
   MemoryStore store_;
-  StandingClock clock_;
+  StandingClock clock_{std::chrono::May / 7 / 1999};
   CountingBeeper beeper_;
   FailingPrinter printer_;
   FakeDialogs dialogs_;

@@ -12,6 +12,7 @@
 #include "engine/paydata.h"
 #include "everyscreen.h"
 #include "platform/platform.h"
+#include "standingclock.h"
 #include "ui/frmPrint.h"
 
 /// Snapshot tests: compares every screen and window with the snapshots in the folder snapshots. --rewrite writes the
@@ -25,13 +26,6 @@ namespace {
 /// Before the application starts: one font, drawn equally on all computers, and one language.
 const bool prepared = qputenv("FONTCONFIG_FILE", TALLYFIN_SNAPSHOTS "/fonts.conf") && qputenv("LC_ALL", "C.UTF-8") &&
                       qputenv("TZ", "UTC");
-
-class StandingClock : public Clock {
- public:
-  LocalTime now() const override {
-    return std::chrono::local_days{std::chrono::May / 17 / 1999} + std::chrono::hours{14};
-  }
-};
 
 std::string joined(const QStringList& lines) { return lines.join(QLatin1Char('\n')).toStdString() + '\n'; }
 
@@ -134,9 +128,9 @@ TEST_F(Snapshots, TheLook) { compare("look", snapshotOfTheLook()); }
 
 TEST_F(Snapshots, EveryScreen) {
   int number = 0;
-  const StandingClock clock;
+  StandingClock clock;
   onEveryScreen([&](const Screen& screen) {
-    platform.clock = const_cast<StandingClock*>(&clock);
+    platform.clock = &clock;
     see(QStringLiteral("every-%1-%2").arg(++number, 2, 10, QLatin1Char('0')).arg(screen.name().c_str()).toLatin1(),
         screen);
   });

@@ -12,24 +12,18 @@
 #include <algorithm>
 
 #include "ui/qt/binding/afterevent.h"
+#include "ui/qt/widgets/text.h"
+
 namespace tallyfin::qt {
 
 namespace {
 
 constexpr const char* roleProperty = "accessibleRole";  // mutation: "accessibleRole" -> *: nothing else reads it
 
-/// A caption without its mnemonic `&`; of two `&` the second is a character.
-QString unmarked(QString caption) {
-  for (qsizetype i = 0; i < caption.size(); ++i) {
-    if (caption[i] == QLatin1Char('&')) caption.remove(i, 1);
-  }
-  return caption.trimmed();
-}
-
 }  // namespace
 
 QString nameOf(const QAbstractButton& button) {
-  return button.accessibleName().isEmpty() ? unmarked(button.text()) : button.accessibleName();
+  return button.accessibleName().isEmpty() ? unmarked(button.text()).trimmed() : button.accessibleName();
 }
 
 namespace {

@@ -15,12 +15,11 @@
 
 #include "controls/texts.h"
 #include "ui/qt/binding/afterevent.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
 namespace {
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 /// Qt begins a new undo step after a cursor move, so the cursor is moved away and back. In an empty text it can't move;
 /// clearing the text has the same effect.

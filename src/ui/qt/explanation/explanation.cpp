@@ -19,14 +19,13 @@
 #include "ui/qt/paper/formpages.h"
 #include "ui/qt/paper/printer.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
 namespace {
 
 const QString windowName = QStringLiteral("explanation");
-
-QString text(const std::string& words) { return QString::fromStdString(words); }
 
 /// Grounds of the parts, told apart by their lightness too; the check is the lightest.
 const QColor grounds[] = {{38, 70, 83},    {120, 144, 156}, {62, 100, 116},

@@ -10,12 +10,11 @@
 #include <cmath>
 
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
 namespace {
-
-QString text(const std::string& words) { return QString::fromStdString(words); }
 
 constexpr int given = Qt::UserRole;     ///< The tax or amount of a row of a table.
 constexpr int used = Qt::UserRole + 1;  ///< Whether it is the row that was used.

@@ -4,11 +4,11 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include "ui/qt/widgets/text.h"
+
 namespace tallyfin::qt {
 
 namespace {
-
-QString text(const std::string& words) { return QString::fromStdString(words); }
 
 double advance(QFont font, const char* words, bool bold = false) {
   font.setBold(bold);

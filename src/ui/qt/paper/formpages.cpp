@@ -9,6 +9,7 @@
 #include "ui/qt/explanation/setline.h"
 #include "ui/qt/paper/reportpage.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -21,8 +22,6 @@ constexpr int footerTop = inch / 5;
 constexpr int fontPoints = 9;
 constexpr int lineGap = 40;
 constexpr int formGap = 240;
-
-QString text(const std::string& words) { return QString::fromStdString(words); }
 
 /// A block, which isn't split between pages.
 struct Block {

@@ -9,6 +9,7 @@
 
 #include "controls/output.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -35,8 +36,6 @@ QFont engineFont(const PrintEngine& engine) {
 }
 
 int lineHeight(const QFont& font) { return qRound(QFontMetricsF(font).height()); }
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 /// The header without the middle of a very long name: the layout of a name of megabytes would take minutes.
 QString headerText(const PrintEngine& engine) {
