@@ -377,6 +377,10 @@ for (const [width, height] of [[360, 560], [320, 256]]) {
       await go(u, page);
       const taken = await page.$eval(`#${name}`, (dialog) => [dialog.offsetWidth / document.documentElement.clientWidth, dialog.offsetHeight / window.innerHeight, dialog.scrollWidth - dialog.clientWidth]);
       assert.ok(taken[0] > 0.95 && taken[1] > 0.95 && taken[2] <= 0, `${name}: ${taken}`);
+      if (name === 'explanation') {
+        await page.click('#figures label:nth-child(2)');
+        assert.ok(await inView('#explanation-text .form-line'));
+      }
       await page.click(close);
     }
   });

@@ -45,7 +45,10 @@ function choice(form, chosen) {
     at('explanation-text').replaceChildren(...formOf(form, { spoken: true }));
     at('explanation-text').scrollTop = 0;
   };
-  radio.addEventListener('change', tell);
+  radio.addEventListener('change', () => {
+    tell();
+    at('explanation-text').querySelector('.form-line')?.scrollIntoView({ block: 'nearest' }); // on a small screen it may be below
+  });
   if (chosen) tell();
   const label = document.createElement('label');
   label.append(radio, part('span', form.title), part('span', form.figure));
