@@ -40,10 +40,11 @@ struct PerFrequency {
   /// The one for the record's `frequency`. Fails where none is chosen.
   decltype(auto) now() const {
     switch (payData.frequency.value()) {
-      case frequency::weekly: return figureOf(name, weekly, "Weekly");
-      case frequency::twiceAMonth: return figureOf(name, twiceAMonth, "Twice A Month");
-      case frequency::everyTwoWeeks: return figureOf(name, everyTwoWeeks, "Every Two Weeks");
-      case frequency::monthly: return figureOf(name, monthly, "Monthly");
+      case frequency::weekly: return figureOf(name, weekly, frequency::captions[frequency::weekly]);
+      case frequency::twiceAMonth: return figureOf(name, twiceAMonth, frequency::captions[frequency::twiceAMonth]);
+      case frequency::everyTwoWeeks:
+        return figureOf(name, everyTwoWeeks, frequency::captions[frequency::everyTwoWeeks]);
+      case frequency::monthly: return figureOf(name, monthly, frequency::captions[frequency::monthly]);
       default: throw FailedStatement{"no pay frequency is chosen"};
     }
   }

@@ -61,8 +61,6 @@ FieldWords found(std::span<const Words> all, std::string_view name) {
   return {std::string(name), "as it stood before"};
 }
 
-constexpr const char* frequencies[] = {"Weekly", "Twice A Month", "Every Two Weeks", "Monthly"};
-constexpr const char* statuses[] = {"Married", "Single", "Married Claiming Single"};
 constexpr const char* filing[] = {"Single",
                                   "Single, claiming full personal exemption",
                                   "Single, claiming none",
@@ -87,7 +85,7 @@ struct Choice {
   std::span<const char* const> names;
 };
 constexpr Choice choices[] = {
-    {"maritalStat", "Marital status", statuses},           {"frequency", "Pay frequency", frequencies},
+    {"maritalStat", "Marital status", status::captions},   {"frequency", "Pay frequency", frequency::captions},
     {"staMarried", "Filing status for the state", filing}, {"staRate", "Rate letter", letters},
     {"applyTo", "Base of the local tax", bases},
 };

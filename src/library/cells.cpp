@@ -3,6 +3,7 @@
 #include <charconv>
 #include <vector>
 
+#include "engine/choices.h"
 #include "engine/numbertext.h"
 #include "engine/statelist.h"
 #include "library/names.h"
@@ -65,11 +66,18 @@ std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
 }  // namespace
 
 std::vector<Named> namesOf(Column column) {
+  using namespace frequency;
   switch (column) {
     case Column::frequency:
-      return {{"Weekly", 0},          {"Twice A Month", 1}, {"Semi-monthly", 1}, {"Semimonthly", 1},
-              {"Every Two Weeks", 2}, {"Biweekly", 2},      {"Bi-weekly", 2},    {"Monthly", 3}};
-    case Column::status: return {{"Married", 0}, {"Single", 1}, {"Married Claiming Single", 2}};
+      return {{captions[weekly], weekly},
+              {captions[twiceAMonth], twiceAMonth},
+              {"Semi-monthly", twiceAMonth},
+              {"Semimonthly", twiceAMonth},
+              {captions[everyTwoWeeks], everyTwoWeeks},
+              {"Biweekly", everyTwoWeeks},
+              {"Bi-weekly", everyTwoWeeks},
+              {captions[monthly], monthly}};
+    case Column::status: return {{status::captions[0], 0}, {status::captions[1], 1}, {status::captions[2], 2}};
     case Column::state: return allStates();
     case Column::selfEmployed:
     case Column::state401k:

@@ -5,6 +5,7 @@
 #include "controls/output.h"
 #include "controls/screen.h"
 #include "controls/texts.h"
+#include "engine/choices.h"
 #include "engine/worksheet.h"
 
 namespace tallyfin {
@@ -30,8 +31,8 @@ class frmMain final : public Screen, public Worksheet {
   MaskedBox txtPreFICA{
       *this, "txtPreFICA", Format::currency,
       "Enter an amount for which FICA is not paid. This amount might include the Pre-Tax amount also."};
-  ListBox lstFrequency{*this, "lstFrequency", {"Weekly", "Twice A Month", "Every Two Weeks", "Monthly"}};
-  ControlArray<OptionButton, 3> optStatus{*this, "optStatus", {"Married", "Single", "Married Claiming Single"}};
+  ListBox lstFrequency{*this, "lstFrequency", {frequency::captions.begin(), frequency::captions.end()}};
+  ControlArray<OptionButton, 3> optStatus{*this, "optStatus", status::captions};
   Label lblExemp{*this, "lblExemp", "Number of Exemptions"};
   DropDown cboExemptions{*this, "cboExemptions"};
   Label lblStateTax{*this, "lblStateTax", "State Tax"};
