@@ -127,9 +127,9 @@ Database::~Database() {
     abandoned().splice(abandoned().end(), placeAmongAbandoned_);
     return;
   }
-  // Closing makes a checkpoint under a lock that excludes readers for as long as the disk takes. With checkpoints before,
-  // that is short: each copies what others have written during the last one, and costs nothing where they haven't. The
-  // last program that closes the file removes the files that SQLite keeps beside it.
+  // Closing makes a checkpoint under a lock that excludes readers for as long as the disk takes. With checkpoints
+  // before, that is short: each copies what others have written during the last one, and costs nothing where they
+  // haven't. The last program that closes the file removes the files that SQLite keeps beside it.
   for (int times = 0; times < 3; ++times) checkpoint(SQLITE_CHECKPOINT_PASSIVE);
   configure(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0);
 }
