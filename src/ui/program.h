@@ -12,7 +12,7 @@ namespace tallyfin {
 class Program final : private WorksheetProvider, private ActWatcher {
  public:
   Program(SettingsStore& store, const Platform& runsOn, DeskWatcher* binding = nullptr);
-  ~Program() { desk.end(); }
+  ~Program() override { desk.end(); }
 
   /// Begins a run on a fresh record: the frame, then its first screen.
   void start();
