@@ -86,6 +86,16 @@ class PaperTest : public testing::Test {
     desk.use<frmMain>().cmdToolBar[frmMain::print].userClick();
     QCoreApplication::processEvents();
   }
+  void openReportOfThreePages() {
+    start();
+    openReport();
+    std::string table = "<3000|>1500;Title|Value;";
+    for (int row = 1; row <= 80; ++row) table += "Row " + std::to_string(row) + "|1;";
+    PrintEngine& engine = desk.use<frmPrint>().vsPrinter1;
+    engine.startDocument();
+    engine.addTable(table);
+    engine.endDocument();
+  }
 
   template <class Widget>
   Widget* widget(const char* name) {
@@ -486,14 +496,7 @@ TEST_F(Preview, HasNowhereToTurnWithOnePage) {
 }
 
 TEST_F(Preview, TurnsThePagesOfALongReport) {
-  start();
-  openReport();
-  std::string table = "<3000|>1500;Title|Value;";
-  for (int row = 1; row <= 80; ++row) table += "Row " + std::to_string(row) + "|1;";
-  PrintEngine& long_ = desk.use<frmPrint>().vsPrinter1;
-  long_.startDocument();
-  long_.addTable(table);
-  long_.endDocument();
+  openReportOfThreePages();
   auto* number = widget<QLabel>("pageNumber");
   auto* sheet = widget<QScrollArea>("vsPrinter1")->widget();
   const auto press = [&](const char* button) {
@@ -519,21 +522,14 @@ TEST_F(Preview, TurnsThePagesOfALongReport) {
 }
 
 TEST_F(Preview, TheZoomStaysOnThePage) {
-  start();
-  openReport();
-  std::string table = "<3000|>1500;Title|Value;";
-  for (int row = 1; row <= 80; ++row) table += "Row " + std::to_string(row) + "|1;";
-  PrintEngine& engineOfThreePages = desk.use<frmPrint>().vsPrinter1;
-  engineOfThreePages.startDocument();
-  engineOfThreePages.addTable(table);
-  engineOfThreePages.endDocument();
+  openReportOfThreePages();
   QTest::mouseClick(widget<QPushButton>("next"), Qt::LeftButton);
   auto* sheet = widget<QScrollArea>("vsPrinter1")->widget();
   const int zoom = widget<QSpinBox>("udZoom")->value();
   const QImage second = sheet->grab().toImage();
   for (const int other : {50, 200, zoom}) {
     widget<QSpinBox>("udZoom")->setValue(other);
-    EXPECT_EQ(engineOfThreePages.zoom(), other);
+    EXPECT_EQ(engine().zoom(), other);
     EXPECT_EQ(widget<QLabel>("pageNumber")->text(), "Page 2 of 3") << other;
   }
   EXPECT_EQ(sheet->grab().toImage(), second);

@@ -116,13 +116,6 @@ QPushButton* ScreenView::button(CommandButton& control) {
   return tied(widget, bind(*widget, control));
 }
 
-QPushButton* ScreenView::pictureButton(CommandButton& control, const char* picture, const char* name, QSize size,
-                                       int side) {
-  QPushButton* widget = button(control);
-  showPicture(*widget, picture, name, size, side);
-  return widget;
-}
-
 QPushButton* ScreenView::wordButton(CommandButton& control, const char* picture, const char* word) {
   QPushButton* widget = button(control);
   showWord(*widget, picture, word);
@@ -174,7 +167,8 @@ constexpr int visibleEntries = 12;  ///< Of an open list, which scrolls to the o
 
 }  // namespace
 
-QComboBox* ScreenView::dropDown(DropDown& control) {
+template <class Control>
+QComboBox* ScreenView::anyDropDown(Control& control) {
   auto* widget = new DropDownBox(this);
   tied(widget, bind(*widget, control));
   colour(widget, look::lightFace());
@@ -182,13 +176,8 @@ QComboBox* ScreenView::dropDown(DropDown& control) {
   return widget;
 }
 
-QComboBox* ScreenView::dropDown(EditableDropDown& control) {
-  auto* widget = new DropDownBox(this);
-  tied(widget, bind(*widget, control));
-  colour(widget, look::lightFace());
-  widget->setMaxVisibleItems(visibleEntries);
-  return widget;
-}
+QComboBox* ScreenView::dropDown(DropDown& control) { return anyDropDown(control); }
+QComboBox* ScreenView::dropDown(EditableDropDown& control) { return anyDropDown(control); }
 
 void ScreenView::name(QLabel* label, QWidget* box, char letter) {
   label->setBuddy(box);

@@ -35,8 +35,6 @@ class ScreenView : public View {
   /// A box for an amount: right-aligned.
   QLineEdit* amountBox(TextBox& control);
   QPushButton* button(CommandButton& control);
-  /// A button that shows a picture, of a side in pixels, instead of a caption.
-  QPushButton* pictureButton(CommandButton& control, const char* picture, const char* name, QSize size, int side = 18);
   /// A button with a picture and a caption, for a control without a caption.
   QPushButton* wordButton(CommandButton& control, const char* picture, const char* word);
   /// The same for buttons without a control.
@@ -73,6 +71,8 @@ class ScreenView : public View {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  template <class Control>
+  QComboBox* anyDropDown(Control& control);
   QButtonGroup* newGroup();
   QRadioButton* option(OptionButton& control, QButtonGroup& group);
 };
