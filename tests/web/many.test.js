@@ -257,6 +257,103 @@ test('the result of a tab that is gone is taken away by the next one', async (t)
   await blank.close();
 });
 
+/** A page on a server of its own, whose answers can be changed, and that no service worker keeps. */
+async function enterAlone(t) {
+  const own = await serve();
+  t.after(own.close);
+  const page = await (await freshContext(t)).newPage();
+  await page.evaluateOnNewDocument(() => Object.defineProperty(navigator, 'serviceWorker', { value: undefined }));
+  await page.goto(`${own.address}many.html`);
+  await page.waitForSelector('body[data-ready]');
+  return [page, own];
+}
+
+const areaText = (page) => page.$eval('main', (area) => area.innerText.replace(/\s+/g, ' ').trim());
+
+test('each file of the page that can not be loaded is named, and can be tried again', async (t) => {
+  const [page, own] = await enterAlone(t);
+  const files = [...new Set(own.counter.requests)].filter((path) => /\.(js|wasm)$/.test(path) && path !== '/start.js');
+  assert.ok(['/many.js', '/wanted.js', '/many-worker.js', '/paychecks/tallyfin99.wasm'].every((file) => files.includes(file)));
+  for (const [i, file] of files.entries()) {
+    const [fault, words] = [[{ status: 404 }, '(404)'], [{}, '(it came as text/html)']][i % 2];
+    own.faults.set(file, fault);
+    await page.reload();
+    await page.waitForSelector('#failure-again', { visible: true });
+    assert.equal(await areaText(page), `Tallyfin 99 can't be loaded: ${basename(file)} ${words}. Try again`);
+    assert.equal(await page.evaluate(() => document.activeElement.id), 'failure-again');
+    own.faults.clear();
+    await page.click('#failure-again');
+    await page.waitForSelector('body[data-ready]');
+    assert.equal(await page.$eval('#failure', (failure) => failure.hidden), true);
+  }
+});
+
+/** Changes a file that the worker uses, so that it fails at an act. */
+async function breakFile(own, file, change) {
+  own.faults.set(file, { type: 'text/javascript', body: change(await readFile(join(builtPage, file), 'utf8')) });
+}
+const failing = (act) => (text) => `addEventListener('message', (event) => {
+  if (event.data.act !== '${act}') return;
+  event.stopImmediatePropagation();
+  throw new Error('it broke');
+});\n${text}`;
+const trapped = (text) => text.replace('=> module.UTF8ToString', "=> name === 'workBlock' ? module._missing() : module.UTF8ToString");
+
+test('a worker that dies is told, and another one goes on where the user tries again', async (t) => {
+  const [page, own] = await enterAlone(t);
+  const pressAgain = async () => {
+    own.faults.clear();
+    assert.equal(await page.evaluate(() => document.activeElement.id), 'again');
+    await page.keyboard.press('Enter');
+  };
+  await breakFile(own, '/many-worker.js', failing('preview'));
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  await choose(page, 'pay.csv', some);
+  await says(page, /^pay\.csv can't be read: .*it broke\.$/);
+  await pressAgain();
+  await shown(page, '#rows tbody tr');
+  assert.equal(await said(page), '');
+  assert.equal(await page.$eval('#again', (button) => button.hidden), true);
+
+  await breakFile(own, '/many-worker.js', failing('work'));
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  await choose(page, 'pay.csv');
+  await shown(page, '#work');
+  await page.click('#work');
+  await says(page, /^pay\.csv can't be worked: .*it broke\.$/);
+  assert.equal(await page.$eval('#running', (row) => row.hidden), true);
+  await pressAgain();
+  await says(page, /^3 rows worked/);
+
+  await breakFile(own, '/paychecks/raw.js', trapped);
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  await choose(page, 'pay.csv');
+  await says(page, /^pay\.csv can't be read: /);
+  await pressAgain();
+  await shown(page, '#rows tbody tr');
+});
+
+test('a worker that dies at the gross pay is told beside it, and the next press has another one', async (t) => {
+  const [page, own] = await enterAlone(t);
+  await breakFile(own, '/many-worker.js', failing('paycheck'));
+  await page.reload();
+  await page.waitForSelector('body[data-ready]');
+  await page.type('#wanted-net', '663.01');
+  await page.select('#wanted-frequency', 'Weekly');
+  await page.click('#wanted button');
+  await page.waitForFunction(() => /^The gross pay can't be worked out: .*it broke\. Try again\.$/.test(document.querySelector('#wanted-problem').textContent));
+  own.faults.set('/many-worker.js', { status: 404 });
+  await page.click('#wanted button');
+  await page.waitForFunction(() => document.querySelector('#wanted-problem').textContent === "The gross pay can't be worked out: many-worker.js can't be loaded. Try again.");
+  own.faults.clear();
+  await page.click('#wanted button');
+  await page.waitForFunction(() => document.querySelector('#wanted-results').children.length > 0);
+  assert.equal(await page.$eval('#wanted-problem', (line) => line.textContent), '');
+});
+
 test('the gross pay for a check that is wanted', async (t) => {
   const page = await enter(t);
   await page.type('#wanted-net', '663.01');

@@ -1,14 +1,12 @@
 // A worker for paychecks: the first rows of a file, whole files block by block, and single paychecks. A file is read while
 // it is worked, and the result is written to a file of the browser, so memory doesn't grow with the size of the file.
 
-import { load } from './paychecks/index.js';
-import { hand, loadRaw, rowsOf, textFrom } from './paychecks/raw.js';
-
 const previewSize = 256 * 1024;
 const folderName = 'tallyfin99';
 const reader = new FileReaderSync();
 const code = (character) => character.charCodeAt(0);
 
+let hand, rowsOf, textFrom; // of raw.js
 let module;
 let paychecks;
 let file = null; // the Blob that is read, and the position
@@ -135,10 +133,17 @@ const acts = {
   }),
 };
 
+/** Loads what this worker uses. Firefox reports no error of a worker whose static imports fail. */
+async function loadAll() {
+  const raw = await import('./paychecks/raw.js');
+  ({ hand, rowsOf, textFrom } = raw);
+  module = await raw.loadRaw({ read });
+  paychecks = await (await import('./paychecks/index.js')).load();
+}
+
 async function answer({ id, act, ...choices }) {
   try {
-    module ??= await loadRaw({ read });
-    paychecks ??= await load();
+    if (!paychecks) await loadAll();
     postMessage({ id, answer: await acts[act](choices, (progress) => postMessage({ progress })) });
   } catch (error) {
     postMessage({ id, failure: error.message });

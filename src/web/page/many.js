@@ -9,27 +9,50 @@ const shownProblems = 5;
 
 const own = `${Date.now()}-${Math.random().toString(36).slice(2)}`; // of this tab
 const lockOf = (name) => `tallyfin99 ${name}`;
-const worker = new Worker('many-worker.js', { type: 'module' });
 const waiting = new Map();
+let worker = null;
 let asked = 0;
 
 /** Sends a request to the worker; rejects with the worker's error. */
 function ask(act, choices = {}) {
+  worker ??= startWorker();
   const id = ++asked;
   worker.postMessage({ id, act, ...choices });
   return new Promise((done, fail) => waiting.set(id, { done, fail }));
 }
 
-worker.addEventListener('message', ({ data: { id, answer, failure, progress } }) => {
-  if (progress) return showProgress(progress);
-  const { done, fail } = waiting.get(id);
-  waiting.delete(id);
-  if (failure === undefined) done(answer);
-  else fail(new Error(failure));
-});
-worker.addEventListener('error', () => say("Tallyfin 99 can't be loaded. Load the page again."));
+function startWorker() {
+  const next = new Worker('many-worker.js', { type: 'module' });
+  next.addEventListener('message', ({ data: { id, answer, failure, progress } }) => {
+    if (progress) return showProgress(progress);
+    if (failure !== undefined) return endWorker(next, failure);
+    waiting.get(id).done(answer);
+    waiting.delete(id);
+  });
+  next.addEventListener('error', (event) => {
+    event.preventDefault();
+    endWorker(next, event.message || "many-worker.js can't be loaded");
+  });
+  return next;
+}
 
-const say = (words) => { at('said').textContent = words; };
+/** Ends a worker that has failed, because its module may be damaged. The next request starts another one. */
+function endWorker(failed, words) {
+  failed.terminate();
+  if (failed !== worker) return;
+  worker = null;
+  for (const { fail } of waiting.values()) fail(new Error(words));
+  waiting.clear();
+}
+
+let again = null; // the act that failed
+
+function say(words, deed = null) {
+  at('said').textContent = words;
+  at('again').hidden = deed === null;
+  again = deed;
+  if (deed) at('again').focus();
+}
 const number = (value) => value.toLocaleString('en-US');
 const count = (value, one) => `${number(value)} ${one}${value === 1 ? '' : 's'}`;
 
@@ -82,7 +105,7 @@ async function take(blob, name, delimiter = '') {
     say(trouble ? `${name}: ${trouble}.` : lacks ? `${name}: ${lacks}.` : '');
     at('beginning-title').focus();
   } catch (error) {
-    say(`${name} can't be read: ${error.message}`);
+    say(`${name} can't be read: ${error.message}.`, () => take(blob, name, delimiter));
   }
 }
 
@@ -115,8 +138,7 @@ async function work() {
     if (result) offer(result, name);
   } catch (error) {
     running(false);
-    at('work').focus();
-    say(`${name} can't be worked: ${error.message}`);
+    say(`${name} can't be worked: ${error.message}.`, work);
   }
 }
 
@@ -147,7 +169,8 @@ at('take-pasted').addEventListener('click', () => take(new Blob([at('pasted').va
 at('pasted').addEventListener('input', () => { at('take-pasted').disabled = at('pasted').value.trim() === ''; });
 at('delimiter').addEventListener('change', ({ target }) => take(chosen.blob, chosen.name, target.value));
 at('work').addEventListener('click', work);
-at('stop').addEventListener('click', () => worker.postMessage({ act: 'stop' }));
+at('stop').addEventListener('click', () => worker?.postMessage({ act: 'stop' }));
+at('again').addEventListener('click', () => again());
 document.addEventListener('dragover', (event) => event.preventDefault());
 document.addEventListener('drop', (event) => {
   const [file] = event.dataTransfer.files;
@@ -157,9 +180,10 @@ document.addEventListener('drop', (event) => {
 });
 
 tidy();
-ask('lists').then((lists) => {
-  at('columns').textContent = lists.columns.join(', ');
-  bindWanted(lists, ask);
-  document.body.dataset.ready = '';
-}, (error) => say(`Tallyfin 99 can't be loaded: ${error.message}. Load the page again.`));
+const lists = await ask('lists');
+at('columns').textContent = lists.columns.join(', ');
+bindWanted(lists, ask);
+at('loading').hidden = true;
+for (const id of ['choosing', 'searching']) at(id).hidden = false;
+document.body.dataset.ready = '';
 navigator.serviceWorker?.register('worker.js').catch(() => {});

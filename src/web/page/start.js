@@ -1,7 +1,8 @@
-// Starts the web app, and shows errors: a file that can't be loaded, or a later failure. It is the only script that imports
-// no other.
+// Starts a page, and shows errors: a file that can't be loaded, or a later failure. It is the only script that imports no
+// other. Its element names the main module (data-main), and files that a worker of the page loads (data-files).
 
 (() => {
+  const { main, files: ofWorker = '' } = document.currentScript.dataset;
   const at = (id) => document.getElementById(id);
 
   function fail(words, offer, goOn) {
@@ -30,8 +31,9 @@
   }
 
   async function sayWhatIsMissing(error) {
-    const files = [...document.querySelectorAll('link[rel=modulepreload], link[rel=preload]')].map((link) => link.href);
-    const troubles = (await Promise.all(files.map(trouble))).filter((one) => one !== '');
+    const links = [...document.querySelectorAll('link[rel=modulepreload], link[rel=preload]')].map((link) => link.href);
+    const files = ofWorker.split(' ').filter(Boolean).map((name) => new URL(name, document.baseURI).href);
+    const troubles = (await Promise.all([...links, ...files].map(trouble))).filter((one) => one !== '');
     const what = troubles.length > 0 ? troubles.join(', ') : String(error);
     fail(`Tallyfin 99 can't be loaded: ${what}.`, 'Try again', tryAgain);
   }
@@ -64,5 +66,5 @@
 
   at('unstarted').remove();
   at('loading').hidden = false;
-  import('./page.js').catch(sayWhatIsMissing);
+  import(main).catch(sayWhatIsMissing);
 })();

@@ -69,6 +69,11 @@ export function bindWanted({ entries, states }, ask) {
   form.elements.state.addEventListener('change', ({ target }) => showState(states, target.value));
   form.addEventListener('submit', async (event) => {
     event.preventDefault();
-    show(await ask('paycheck', { row: Object.fromEntries(new FormData(form)) }));
+    try {
+      show(await ask('paycheck', { row: Object.fromEntries(new FormData(form)) }));
+    } catch (error) {
+      at('wanted-results').replaceChildren();
+      at('wanted-problem').textContent = `The gross pay can't be worked out: ${error.message}. Try again.`;
+    }
   });
 }
