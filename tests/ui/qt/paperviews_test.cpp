@@ -546,14 +546,15 @@ TEST_F(Preview, FirstButtonMakesTheReportAgain) {
 TEST_F(Preview, IsDrawnAgainWithTheReport) {
   start();
   openReport();
-  Paints paints(*widget<QScrollArea>("vsPrinter1")->widget());
+  QWidget& sheet = *widget<QScrollArea>("vsPrinter1")->widget();
+  Paints paints(sheet);
   auto* again = widget<QPushButton>("cmdPrintMenu(0)");
-  QTest::mouseClick(again, Qt::LeftButton);  // which moves the mark of the focus away from the page
-  QTest::qWait(100);
+  QTest::mouseClick(again, Qt::LeftButton);  // which moves the focus ring away from the page
+  paintNow(sheet);
   paints.count = 0;
   fillRecord();
   QTest::mouseClick(again, Qt::LeftButton);
-  QTest::qWait(100);
+  paintNow(sheet);
   EXPECT_GT(paints.count, 0);
 }
 
@@ -878,8 +879,8 @@ TEST_F(Help, AllLinksOfBothFilesLeadToATopic) {
 
 TEST_F(Help, EveryScreenHasItsTopicInOneFile) {
   HelpFiles files(HelpFiles::usualFolders());
-  for (const char* screen :
-       {"MDIOpen", "frmMain", "frmState", "frmName", "frmMisc", "frmMultiCheck", "frmAnalysis", "frmPrint", "frmAbt"}) {
+  for (const char* screen : {"MDIOpen", "frmMain", "frmState", "frmName", "frmMisc", "frmMultiCheck", "frmAnalysis",
+                             "frmPrint", "frmAbt", "MsgBox"}) {
     EXPECT_NE(files.find("Tallyfin.hlp")->find(screen), nullptr) << screen;
   }
   for (const char* screen : {"frmPersWkSht", "frmDednAdj", "frm2Workers", "frmTableOne", "frmCalendar", "frmW4"}) {
@@ -913,6 +914,25 @@ TEST_F(Help, F1BeneathTheAboutBoxOpensTheTopicOfThePage) {
   ASSERT_TRUE(comesToTheFront(desktop_->frame()));
   QTest::keyClick(desktop_->frame(), Qt::Key_F1);
   EXPECT_EQ(heading(), "The main screen");
+}
+
+TEST_F(Help, F1OnTheWarningOpensItsTopic) {
+  clickListBar("Analysis");  // nothing to analyse
+  pressKey(desktop_->view("MsgBox")->window(), Qt::Key_F1);
+  EXPECT_EQ(heading(), "\"Analysis\" before any calculation");
+}
+
+TEST_F(Help, F1OnHelpKeepsToThePageThatItIsAbout) {
+  clickListBar("About");
+  pressKey(desktop_->frame(), Qt::Key_F1);
+  clickListBar("Help");
+  pressKey(window(), Qt::Key_F1);
+  EXPECT_EQ(heading(), "The main screen");
+  QWidget* about = desktop_->view("frmAbt")->window();
+  about->activateWindow();
+  ASSERT_TRUE(comesToTheFront(about));
+  QTest::keyClick(about, Qt::Key_F1);
+  EXPECT_EQ(heading(), "About Tallyfin 99");
 }
 
 TEST_F(Help, F1WithoutADocumentOpensTheFirstTopic) {

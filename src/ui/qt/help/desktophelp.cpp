@@ -7,6 +7,8 @@
 #include "controls/desk.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/frame/placement.h"
+#include "ui/qt/views/view.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -19,12 +21,12 @@ void DesktopHelp::serve(Frame& frame) {
   auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &frame);
   key->setContext(Qt::ApplicationShortcut);
   key->setWhatsThis(QStringLiteral("Help on the page"));
-  QObject::connect(key, &QShortcut::activated, &frame, [this] { openForActiveDocument(); });
+  QObject::connect(key, &QShortcut::activated, &frame, [this] { openForActiveWindow(); });
 }
 
 void DesktopHelp::serveBox(QWidget& box) {
   auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &box);
-  QObject::connect(key, &QShortcut::activated, &box, [this] { openForActiveDocument(); });
+  QObject::connect(key, &QShortcut::activated, &box, [this] { openForActiveWindow(); });
 }
 
 void DesktopHelp::leave(const QWidget& box) {
@@ -34,9 +36,7 @@ void DesktopHelp::leave(const QWidget& box) {
   window_->setVisible(open);
 }
 
-void DesktopHelp::open(const std::string& file, int context) {
-  openTopic(QString::fromStdString(file), QString::number(context));
-}
+void DesktopHelp::open(const std::string& file, int context) { openTopic(text(file), QString::number(context)); }
 
 void DesktopHelp::openTopic(const QString& file, const QString& id) {
   if (window_ == nullptr) {
@@ -60,14 +60,25 @@ void DesktopHelp::openTopic(const QString& file, const QString& id) {
   window_->activateWindow();
 }
 
-void DesktopHelp::openForActiveDocument() {
-  const Screen* screen = desk.activeDocument();
-  const std::vector<Screen*> boxes = desk.boxes();
-  if (!boxes.empty() && QApplication::activeWindow() != frame_) screen = boxes.front();
-  const QWidget* front = QApplication::activeWindow();
-  QString id = screen == nullptr ? QString() : QString::fromStdString(screen->name());
-  if (front != nullptr && front->objectName() == QLatin1String("explanation")) id = QStringLiteral("explained");
-  if (desk.blocked("MDIOpen")) id = QStringLiteral("frmAnalysis");  // the box is the warning of the analysis
+namespace {
+
+QString topicOfActiveWindow(const Frame* frame) {
+  for (const QWidget* window = QApplication::activeWindow(); window != nullptr && window != frame;
+       window = window->parentWidget()) {
+    if (window->objectName() == QLatin1String("explanation")) return QStringLiteral("explained");
+    for (const QObject* child : window->children()) {
+      const auto* box = dynamic_cast<const View*>(child);
+      if (box != nullptr && box->screen() != nullptr) return text(box->screen()->name());
+    }
+  }
+  const Screen* document = desk.activeDocument();
+  return document == nullptr ? QString() : text(document->name());
+}
+
+}  // namespace
+
+void DesktopHelp::openForActiveWindow() {
+  const QString id = topicOfActiveWindow(frame_);
   const auto& files = HelpFiles::files;
   const auto file = std::find_if(files.begin(), files.end(), [&](const QString& candidate) {
     const HelpFile* help = files_.find(candidate);

@@ -25,8 +25,9 @@ class DesktopHelp : public HelpViewer {
   void leave(const QWidget& box);
   void open(const std::string& file, int context) override;
   void openTopic(const QString& file, const QString& id);
-  /// The topic with the name of the active document, in either file.
-  void openForActiveDocument();
+  /// The topic of the active window, in either file: that of its box, or of the active document of the frame. A window
+  /// without a topic of its own has that of the window below it.
+  void openForActiveWindow();
 
   HelpWindow* window() const { return window_; }
 
