@@ -287,19 +287,23 @@ class Terminal:
         expect(f"once a second at most: {self.seen}", len(self.lines()) <= time.monotonic() - self.began)
 
 
-def progress():
-    """Rows come until the terminal has been told of them twice."""
+def rows_told(times):
+    """Writes rows to a run before a terminal until it has been told of them so often; the numbers of rows."""
     with tempfile.TemporaryFile() as file:
         run_before = Terminal(stdin=subprocess.PIPE, stdout=file)
         run_before.process.stdin.write(header)
-        while len(run_before.lines()) < 2:
+        while len(run_before.lines()) < times:
             expect(f"the rows are told each second: {run_before.seen}", time.monotonic() < run_before.began + 60)
             run_before.process.stdin.write(row)
             run_before.process.stdin.flush()
             run_before.look(0.05)
         run_before.process.stdin.close()
         run_before.end()
-    rows = [int(line[0]) for line in run_before.lines()]
+    return [int(line[0]) for line in run_before.lines()]
+
+
+def progress():
+    rows = rows_told(2)
     expect(f"all rows that are done are told: {rows}", 0 < rows[0] < rows[1])
 
 
@@ -313,7 +317,7 @@ def quiet():
                 process.stdin.flush()
                 while os.fstat(file.fileno()).st_size < len(header) + len(row):
                     time.sleep(0.01)
-                time.sleep(1.1)  # progress is shown from a second on
+                rows_told(1)  # by a run that began later
                 process.stdin.write(row)
                 process.stdin.close()
                 expect("a quiet run", process.wait(60) == 0)
@@ -328,9 +332,8 @@ def share_done():
         file.write(header + row * 50_000)
         file.flush()
         run_before = Terminal(file.name, stdout=subprocess.PIPE)
-        for size in (1, 2_000_000):
-            run_before.process.stdout.read(size)  # the run has begun, has gone on
-            time.sleep(1.1)
+        while len(run_before.lines()) < 2 and run_before.process.stdout.read(20_000):
+            run_before.look(0.05)
         run_before.process.stdout.read()
         run_before.end()
     shares = [int(line[1]) for line in run_before.lines()]

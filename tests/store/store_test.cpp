@@ -15,12 +15,12 @@
 #include <chrono>
 #include <csignal>
 #include <cstdarg>
+#include <ctime>
 #include <fstream>
 #include <functional>
 #include <map>
 #include <set>
 #include <sstream>
-#include <thread>
 #include <utility>
 
 #include "engine/failure.h"
@@ -39,6 +39,9 @@ bool fails(std::optional<int>& until) { return until && (*until)-- == 0; }
 
 /// Called before a file is flushed to the disk.
 std::function<void()> beforeFlush;
+
+/// Called before a thread sleeps.
+std::function<void()> beforeSleep;
 
 template <class Function>
 Function* ofSqlite(const char* name) {
@@ -79,6 +82,11 @@ int sqlite3_prepare_v3(sqlite3* connection, const char* sql, int length, unsigne
 [[gnu::visibility("default")]] int fdatasync(int file) {
   if (beforeFlush) beforeFlush();
   return ::fsync(file);
+}
+
+int nanosleep(const timespec* time, timespec* left) {
+  if (beforeSleep) beforeSleep();
+  return ::clock_nanosleep(CLOCK_REALTIME, 0, time, left);
 }
 
 namespace tallyfin {
@@ -825,13 +833,14 @@ class Exclusive {
 TEST_F(StoreTest, WaitsAtItsFirstOpeningForAProgramThatKeepsOthersOut) {
   opened().write(section::settings, "Hours", "40");
   auto other = std::make_unique<Exclusive>(path);
-  std::thread ending([&] {
-    std::this_thread::sleep_for(std::chrono::milliseconds(30));
-    other.reset();
-  });
+  int waits = 0;
+  beforeSleep = [&] {
+    if (++waits == 3) other.reset();
+  };
   FileStore store(path, Patience(std::chrono::minutes(1), std::chrono::milliseconds(0)));
   EXPECT_EQ(store.read(section::settings, "Hours"), "40");
-  ending.join();
+  beforeSleep = nullptr;
+  EXPECT_GE(waits, 3);
 }
 
 TEST_F(StoreTest, FailsAsLongAsAnotherProgramKeepsItOut) {

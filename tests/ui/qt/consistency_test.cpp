@@ -222,25 +222,12 @@ class Walk : public DesktopTest, public ::testing::WithParamInterface<int> {
     if (below(6) == 0) {
       const char letter = one(std::vector<char>{'i', 'h', 'k', 'p', 'f', 'x', 's', 'q'});
       QTest::keyClick(keyWindow(), letter, Qt::AltModifier);
-      awaitClick();
       return std::string("press Alt and ") + letter;
     }
     const Qt::Key key = one(keys);
     const auto modifier = key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier;
     QTest::keyClick(keyWindow(), key, modifier);
     return "press " + QKeySequence(key).toString().toStdString();
-  }
-
-  /// A button pressed by its mnemonic is clicked after 0.1 s. The click must be a part of this act, not of a later one.
-  void awaitClick() {
-    const auto pressed = [] {
-      const auto widgets = QApplication::allWidgets();
-      return std::any_of(widgets.begin(), widgets.end(), [](const QWidget* widget) {
-        const auto* button = qobject_cast<const QAbstractButton*>(widget);
-        return button != nullptr && button->isDown();
-      });
-    };
-    for (int times = 0; times < 100 && pressed(); ++times) QTest::qWait(10);
   }
 
   std::string turnWheel() {

@@ -47,11 +47,17 @@ TEST_F(ClosedList, LettersTypedAfterAPauseBeginAnew) {
   startOnMain();
   auto& box = find<QComboBox>("frmMain", "cboState");
   const auto marked = [&] { return box.view()->currentIndex().data().toString(); };
+  const auto pressAt = [](QWidget& target, Qt::Key key, char letter, int milliseconds) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(QLatin1Char(letter)));
+    press.setTimestamp(static_cast<quint64>(milliseconds));
+    QApplication::sendEvent(&target, &press);
+  };
   box.setFocus();
-  QTest::keyClick(&box, Qt::Key_U);
-  EXPECT_EQ(marked(), "Utah");
-  QTest::qWait(1001);  // the pause itself
-  QTest::keyClick(box.view(), Qt::Key_O);
+  pressAt(box, Qt::Key_M, 'm', 5'000);
+  EXPECT_EQ(marked(), "Maine");
+  pressAt(*box.view(), Qt::Key_O, 'o', 6'000);  // there is no entry with "mo"
+  EXPECT_EQ(marked(), "Maine");
+  pressAt(*box.view(), Qt::Key_O, 'o', 7'001);
   EXPECT_EQ(marked(), "Ohio");
   QTest::keyClick(box.view(), Qt::Key_Escape);
 }

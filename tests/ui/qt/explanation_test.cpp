@@ -129,14 +129,15 @@ TEST_F(ExplanationOfTheResults, FollowsTheNextCalculateWithItsRowChosen) {
 
 TEST_F(ExplanationOfTheResults, DrawsTheSharesOfTheNextCalculate) {
   doubleClick(5);
-  QTest::qWait(50);
   auto& bar = part<QWidget>("bar");
+  paintNow(bar);
   const QImage before = bar.grab().toImage();
   Paints paints(bar);
   frame().activateWindow();
   type("frmMain", "txtIncome", "9000");
   paints.count = 0;
   calculate();
+  paintNow(bar);
   EXPECT_GT(paints.count, 0);
   EXPECT_NE(bar.grab().toImage(), before);
 }

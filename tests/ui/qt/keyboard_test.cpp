@@ -40,8 +40,6 @@ class Keyboard : public EveryScreen {
     const QKeyCombination combination = sequence[0];
     QWindow* window = QGuiApplication::focusWindow();
     QTest::keyClick(window, combination.key(), combination.keyboardModifiers());
-    // A button pressed by its mnemonic is drawn pressed for 0.1 s.
-    if (combination.keyboardModifiers() == Qt::AltModifier) QTest::qWait(150);
     settle();
   }
   static void write(const char* letters) {

@@ -204,15 +204,15 @@ TEST_F(ShellDesktop, AnItemIsHighlightedWhileThePointerIsOverIt) {
 TEST_F(ShellDesktop, AnItemIsDrawnAgainWhenItsHighlightChanges) {
   startOnMain();
   QWidget& item = find("MDIOpen", "SSListBar1(Multi)");
-  QTest::qWait(50);
+  paintNow(item);
   Paints paints(item);
   QEnterEvent enter({5, 5}, {5, 5}, item.mapToGlobal(QPointF(5, 5)));
   QApplication::sendEvent(&item, &enter);
-  QTest::qWait(50);
+  paintNow(item);
   EXPECT_EQ(paints.count, 1);
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(&item, &leave);
-  QTest::qWait(50);
+  paintNow(item);
   EXPECT_EQ(paints.count, 2);
 }
 
@@ -221,12 +221,12 @@ TEST_F(ShellDesktop, AGroupsHeaderIsDrawnAgainUnderThePointer) {
   QWidget& header = find("MDIOpen", "group File");
   const QPoint elsewhere = frame().rect().bottomRight();
   QTest::mouseMove(frame().windowHandle(), elsewhere);
-  QTest::qWait(50);
+  paintNow(header);
   Paints paints(header);
   for (const QPoint& place : {header.mapTo(&frame(), header.rect().center()), elsewhere}) {
     paints.count = 0;
     QTest::mouseMove(frame().windowHandle(), place);
-    QTest::qWait(50);
+    paintNow(header);
     EXPECT_GT(paints.count, 0);
   }
 }

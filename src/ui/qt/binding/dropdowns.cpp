@@ -2,7 +2,6 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -113,8 +112,9 @@ class DropDownKeys : public QObject {
   /// Moves the marker of the open list.
   bool search(QKeyEvent& key) {
     if (!isLetter(key)) return false;
-    if (!lastLetter_.isValid() || lastLetter_.hasExpired(pause)) searched_.clear();
-    lastLetter_.start();
+    // The times of the keys themselves: a busy machine may handle them later.
+    if (key.timestamp() - lastLetter_ > pause) searched_.clear();
+    lastLetter_ = key.timestamp();
     QString wanted = searched_ + key.text();
     int row = firstFrom(0, wanted);
     if (row < 0 && wanted.count(wanted.front(), Qt::CaseInsensitive) == wanted.size()) {
@@ -140,7 +140,7 @@ class DropDownKeys : public QObject {
   DropDown& dropDown_;
   bool adopted_ = false;
   QString searched_;
-  QElapsedTimer lastLetter_;
+  quint64 lastLetter_ = 0;  ///< When it was typed, in milliseconds.
 };
 
 Binding& bindCombo(DropDownBox& widget, DropDown& dropDown) {
