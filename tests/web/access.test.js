@@ -265,6 +265,51 @@ test('why the federal tax is nothing is said where no frequency is chosen', asyn
   assert.equal(await said(), false);
 });
 
+test('the arrow keys go through a worksheet line by line, and mark the lines that the current one names', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  await u.pick('frmMain.lstFrequency', 0);
+  await u.click('frmMain.optStatus(1)');
+  await u.type('frmMain.txtIncome', '1000');
+  await u.click('frmMain.cmdToolBar(0)');
+  await page.click('#results tbody tr:nth-child(5)', { count: 2 });
+  const here = () => page.evaluate(() => {
+    const line = document.activeElement.closest('.form-line');
+    return line && { line: line.dataset.line, spoken: line.ariaLabel, outlined: getComputedStyle(line).outlineStyle,
+      names: [...line.querySelectorAll('.names')].flatMap((part) => part.dataset.lines.split(' ')), open: line.querySelector('details')?.open };
+  });
+  const marked = () => page.$$eval('#explanation-text .marked', (all) => all.map((row) => row.dataset.line));
+  await page.keyboard.press('Tab');
+  const count = await page.$$eval('#explanation-text .form-line', (all) => all.length);
+  const met = [];
+  for (let i = 0; i < count; ++i) {
+    met.push(await here());
+    assert.equal(met[i].outlined, 'solid');
+    assert.deepEqual(await marked(), [...new Set(met[i].names)].sort((a, b) => a - b), met[i].spoken);
+    if (met[i].open === false) {
+      await page.keyboard.press('ArrowRight');
+      assert.equal((await here()).open, true);
+      await page.keyboard.press('ArrowLeft');
+      assert.equal((await here()).open, false);
+    }
+    await page.keyboard.press('ArrowDown');
+  }
+  assert.deepEqual(await here(), met.at(-1), 'the last line is the last');
+  assert.equal(met[0].spoken, 'Marital status: Single');
+  assert.match(met.at(-1).spoken, /^Line \d+\. .*204 dollars 10\.$/);
+  assert.ok(met.some(({ names }) => names.length > 1) && met.some(({ open }) => open === false));
+  await page.keyboard.press('Home');
+  assert.deepEqual(await here(), met[0]);
+  await page.keyboard.press('End');
+  assert.deepEqual(await here(), met.at(-1));
+  await page.keyboard.down('Shift');
+  await page.keyboard.press('Tab');
+  await page.keyboard.press('Tab');
+  await page.keyboard.up('Shift');
+  assert.deepEqual(await marked(), []);
+});
+
 /** The number of colours in a picture of a part of the page, as the browser has drawn it. */
 async function coloursOf(page, element) {
   const picture = await element.screenshot({ encoding: 'base64' });
