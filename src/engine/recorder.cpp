@@ -13,18 +13,21 @@ Recorder::Recorder(std::string statusChosen, std::string date) {
   told::Recording& now = told::recording();
   now.last.reset();
   told::takeOver(now.taken ? now.taken->tape : Tape{});
-  if (now.taken && now.taken->amount == payData.depsDed) {
-    told::payData.depsDed = {now.taken->amount, now.taken->node};
-    if (now.taken->frequency != payData.frequency) {
-      told::noteOn(told::payData.depsDed,
-                   "The federal allowance goes by the pay frequency and the exemptions that stood when the main screen "
-                   "was loaded.");
-    }
+  const std::string& exemptions = worksheet().exemptionsText();
+  const bool known = now.taken && now.taken->amount == payData.depsDed;
+  if (known) told::payData.depsDed = {now.taken->amount, now.taken->node};
+  const bool current =
+      known && now.taken->frequency == payData.frequency && toText(now.taken->exemptions) == exemptions;
+  const bool none = payData.depsDed == 0 && exemptions == "0";
+  if (!current && !none) {
+    told::noteOn(told::payData.depsDed,
+                 "The federal allowance goes by the pay frequency and the exemptions that stood when the main screen "
+                 "was loaded.");
   }
   // Last, so that there is no trace where one of the statements above throws.
   Trace begun;
   begun.statusChosen = std::move(statusChosen);
-  begun.exemptions = worksheet().exemptionsText();
+  begun.exemptions = exemptions;
   begun.date = std::move(date);
   now.last = std::move(begun);
   now.trace = &*now.last;
@@ -55,7 +58,7 @@ void recordAllowance(Int16 exemptions) {
   const NodeId before = taken.node();
   told::takeAllowance({exemptions, told::made(Op::entry, exemptions, noNode, noNode, "frmMain.cboExemptions")});
   if (now.tape.nodes[static_cast<std::size_t>(taken.node())].a == before) return;
-  now.taken = {std::exchange(now.tape, {}), taken.plain(), taken.node(), payData.frequency};
+  now.taken = {std::exchange(now.tape, {}), taken.plain(), taken.node(), exemptions, payData.frequency};
 }
 
 const Trace* lastTrace() {

@@ -11,6 +11,7 @@ struct TakenAllowance {
   Tape tape;
   Money amount;
   NodeId node;  ///< Of the amount.
+  Int16 exemptions;
   Int16 frequency;
 };
 

@@ -145,7 +145,7 @@ NodeId noted(Value value, NodeId node, const char* remark) {
 void applied(AppliedRow row) {
   const Money lower = row.row().lower;
   if (lower != 0 && std::get<Money>(recording().tape.nodes[static_cast<std::size_t>(row.x)].value) < lower)
-    note("The row of the table counts its percentage from a higher amount than the one it is used for.");
+    note("In the row that was used, the percentage counts from an amount above the wage, so it lowers the tax.");
   recording().row = row;
   recording().since.row = std::move(row);
 }

@@ -102,11 +102,12 @@ std::optional<ChoiceWords> choiceWords(std::string_view field, int number, const
   for (const Choice& choice : choices) {
     if (choice.field != field) continue;
     const bool known = number >= 0 && number < static_cast<int>(choice.names.size());
-    std::string name = known ? choice.names[static_cast<std::size_t>(number)] : "none (" + std::to_string(number) + ")";
-    if (field == "maritalStat" && !shown.empty() && shown != name) {
+    std::string name = known ? choice.names[static_cast<std::size_t>(number)] : "none";
+    if (known && field == "maritalStat" && !shown.empty() && shown != name) {
       name += ", by whose tables the choice \"" + shown + "\" is worked out";
     }
-    if (field == "staRate") name += ", whatever letter the state options hold: this calculation doesn't read them";
+    if (field == "staRate")
+      name += ", whatever letter is chosen in the state options: this calculation doesn't read it";
     return ChoiceWords{choice.title, name};
   }
   return std::nullopt;

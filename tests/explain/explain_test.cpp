@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "explain/figuretexts.h"
+#include "explain/form.h"
 #include "explain/sample.h"
 #include "explain/shares.h"
 
@@ -16,6 +17,10 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes()
 
 namespace tallyfin {
 namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::Not;
 
 /// The user's locale, as on the desktop. In some locales numbers have a comma, or digits of several bytes.
 [[maybe_unused]] const char* const usersLocale = std::setlocale(LC_ALL, "");
@@ -33,6 +38,43 @@ TEST_F(ExplainTest, ThereIsNoneBeforeTheFirstCalculateOfARun) {
   EXPECT_NE(lastTrace(), nullptr);
   program.start();
   EXPECT_EQ(lastTrace(), nullptr);
+}
+
+constexpr const char* takenBefore =
+    "The federal allowance goes by the pay frequency and the exemptions that stood when the main screen was loaded.";
+
+TEST_F(ExplainTest, RemarksThatTheFederalAllowanceIsThatOfTheExemptionsBefore) {
+  startSample();
+  calculate();
+  EXPECT_THAT(linesOf("Federal Tax"), Not(Contains(takenBefore)));
+  main().cboExemptions.userPick(3);
+  calculate();
+  EXPECT_THAT(linesOf("Federal Tax"), AllOf(Contains(takenBefore), Contains("3. Exemptions: 1, as chosen = 1")));
+}
+
+TEST_F(ExplainTest, RemarksThatThereWasNoFrequencyForTheFederalAllowance) {
+  start();
+  main().lstFrequency.userPick(0);
+  main().cboExemptions.userPick(3);
+  main().optStatus[1].userClick();
+  main().txtIncome.setText("1000");
+  calculate();
+  EXPECT_THAT(linesOf("Federal Tax"), Contains(takenBefore));
+  main().cboExemptions.userPick(0);
+  calculate();
+  EXPECT_THAT(linesOf("Federal Tax"), Not(Contains(takenBefore)));
+  payData.depsDed = 5;
+  calculate();
+  EXPECT_THAT(linesOf("Federal Tax"), Contains(takenBefore));
+}
+
+TEST_F(ExplainTest, AChoiceThatIsNotOfferedIsNone) {
+  startSample(20);
+  payData.staMarried = 10;
+  payData.maritalStat = 3;
+  calculate();
+  EXPECT_THAT(linesOf("State Tax"), Contains("Filing status for the state: none"));
+  EXPECT_EQ(headingOf(*lastTrace(), {}).at(3), std::pair(std::string("Marital status"), std::string("none")));
 }
 
 TEST_F(ExplainTest, SharesAWholeDollarOutAndNothingOfNothing) {
