@@ -108,12 +108,19 @@ class Writer {
       return line;
     }
     const bool titled = node.op == Op::titled;
-    if (titled) line.title = node.name;
+    line.title = titleOf(node);
     Phrase phrase = phrases_.phrase(titled ? node.a : id, Place::own, asOf(id));
     line.words = phrase.words;
     line.from = std::move(phrase.operand);
     if (titled) writeCircumstances(formula_.circumstances(id), line);
     return line;
+  }
+
+  /// A figure without a title has a line of its own where it is a wage below the lower bound of the row used.
+  std::string titleOf(const Node& node) const {
+    if (node.op == Op::titled) return node.name;
+    const bool excess = node.op == Op::subtract && at(node.b).op == Op::constant;
+    return excess ? std::string("Amount over the ") + at(node.b).name : "";
   }
 
   As asOf(NodeId id) const {

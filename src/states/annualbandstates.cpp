@@ -122,12 +122,13 @@ void Arkansas() {
   StateBase();
   step("Wage that the state taxes", work.stateWage, stateGross);
   step("Year's wage", work.stateWage, [&] { return work.stateWage * periodsPerYear.now(); });
-  step("Year's wage less the standard deduction", work.stateWage, [&] { return work.stateWage - standardDeduction; });
+  step("Year's wage less the standard deduction", work.stateWage,
+       [&] { return work.stateWage - line("Standard deduction", Amount(standardDeduction)); });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });
   step("Credit for the exemptions", credit, [&] { return work.exemptions * perExemption; });
   step("Year's tax less the credit", payData.stateTax, [&] {
     noteIfAny(work.stateStdDed,
-              "The deduction that the state calculated before has left is taken off this state's tax.");
+              "The second deduction, which another state's calculation left, is taken off this state's tax.");
     return payData.stateTax - (work.stateStdDed + credit);
   });
   step("Pay period's tax with the additional amount", payData.stateTax,
@@ -211,8 +212,10 @@ void Kentucky() {
   Worksheet& work = worksheet();
   parseExemptions();
   StateBase();
-  step("Year's wage less the standard deduction", work.stateWage,
-       [] { return line("Year's wage", yearsWage()) - standardDeduction; });
+  step("Year's wage less the standard deduction", work.stateWage, [] {
+    const Amount wage = line("Year's wage", yearsWage());
+    return wage - line("Standard deduction", Amount(standardDeduction));
+  });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });
   step("Pay period's tax", payData.stateTax, [&] {
     const Amount credit = line("Credit for the exemptions", work.exemptions * perExemption);

@@ -32,7 +32,8 @@ void Virginia() {
   StateBase();
   step("Year's wage less the deductions", work.stateWage, [&] {
     const Amount wage = line("Year's wage", yearsWage());
-    return wage - (line("Personal exemptions", work.exemptions * perExemption) + standardDeduction);
+    const Count exemptions = line("Personal exemptions", work.exemptions * perExemption);
+    return wage - (exemptions + line("Standard deduction", Count(standardDeduction)));
   });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });
   step("Pay period's tax", payData.stateTax, [] { return perPeriod(payData.stateTax); });

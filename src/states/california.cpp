@@ -12,6 +12,7 @@ static const Group* chosenGroup() {
     case stateStatus::single:
     case stateStatus::spouseEmployed: return &groupASchedule;
     case stateStatus::married:
+      note(exemptionsCountedBefore);
       if (worksheet().exemptions <= 1) return &groupBUpToOneSchedule;
       return &groupBFromTwoSchedule;
     case stateStatus::headOfFamily: return &groupCSchedule;
@@ -37,7 +38,7 @@ static void applyGroup() {
          return keep("the wage is over the low-income amount");
        });
   step("Wage less the standard deduction", work.stateWage,
-       [&] { return work.stateWage - chosenGroup()->deduction.now(); });
+       [&] { return work.stateWage - line("Standard deduction", chosenGroup()->deduction.now()); });
   step("Tax by the table", payData.stateTax, [] { return taxBy(chosenGroup()->bands.now()); });
 }
 }  // namespace california

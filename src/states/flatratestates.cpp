@@ -74,7 +74,7 @@ constexpr PerFrequency<PerHead> perExemption{real(53.85), real(116.67), real(107
 constexpr PerFrequency<PerHead> perSpecialExemption{real(17.31), real(37.5), real(34.62), int16(75),
                                                     "allowance for each special exemption"};
 constexpr PerFrequency<Dollars> claimedByAnother{19.23, 41.67, 38.46, 83.33,
-                                                 "allowance of a dependent of somebody else"};
+                                                 "allowance of an employee claimed as a dependent"};
 constexpr FixedRate rate{"tax rate", 0.044};
 }  // namespace michigan
 
@@ -89,21 +89,21 @@ void MichiganTax() {
   Amount specialDeduction;
   Amount dependentDeduction;
   step("Allowance for the exemptions counted last", payData.stateDepsDed, [] {
-    note("The exemptions are not counted anew here: they are those of the last state that counted them.");
+    note(exemptionsCountedBefore);
     return worksheet().exemptions * perExemption.now();
   });
   step("Allowance for the special exemptions", specialDeduction,
        [] { return called("Special exemptions", payData.mMethod) * perSpecialExemption.now(); });
-  step("Allowance of a dependent of somebody else", dependentDeduction, [] { return claimedByAnother.now(); });
+  step("Allowance of an employee claimed as a dependent", dependentDeduction, [] { return claimedByAnother.now(); });
   if (payData.staMarried != stateStatus::headOfFamily) {
     step("No such allowance without that claim", dependentDeduction, [] { return 0; });
   } else {
-    step("No exemptions for a dependent of somebody else", payData.stateDepsDed, [] { return 0; });
+    step("No exemptions of an employee claimed as a dependent", payData.stateDepsDed, [] { return 0; });
   }
   StateBase();
   step("Michigan tax", payData.stateTax, [&] {
     if (called("Claimed as a dependent by somebody else", payData.staMarried) == stateStatus::headOfFamily) {
-      note("Whom somebody else claims as a dependent has no exemptions of their own.");
+      note("An employee whom somebody else claims as a dependent has no other exemptions.");
     }
     const Amount deductions =
         payData.statePreTax + payData.state401k + payData.stateDepsDed + dependentDeduction + specialDeduction;
@@ -150,7 +150,7 @@ void Massachusetts() {
   Worksheet& work = worksheet();
   Amount credit;
   parseExemptions();
-  step("Allowance for the exemptions, with its constant part", payData.stateDepsDed,
+  step("Allowance, a constant part and an amount for each exemption", payData.stateDepsDed,
        [&] { return allowance(work.exemptions); });
   step("Credit of a Head of Family", credit, [] { return headOfFamilyCredit.now(); });
   StateBase();

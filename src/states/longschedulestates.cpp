@@ -53,6 +53,7 @@ void Georgia() {
     return line("Wage with the personal allowance given back", work.stateWage + payData.stateDepsDed);
   });
   step("Tax by the table", payData.stateTax, []() -> std::optional<Amount> {
+    note("The filing status for the state sets the deductions; the marital status picks the table.");
     if (payData.maritalStat == status::marriedClaimingSingle) return taxBy(marriedClaimingSingle.now());
     return taxByStatus(married, single);
   });

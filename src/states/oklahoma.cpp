@@ -74,14 +74,16 @@ static Amount timesExemption(const Amount& wage, const Count& dependents) {
   return line("That, times the federal exemption for each dependent", less * federalExemption);
 }
 
+static Amount deduction(Amount federal) { return line("Federal standard deduction", federal); }
+
 /// The wage for the estimate of the federal tax; none for a status that isn't offered.
 static std::optional<Amount> federalBase(const Amount& wage, const Count& dependents) {
   switch (payData.staMarried.value()) {
-    case stateStatus::single: return timesExemption(wage, dependents) - lowerFederalDeduction;
+    case stateStatus::single: return timesExemption(wage, dependents) - deduction(lowerFederalDeduction);
     case stateStatus::married:
-      return wage - line("Federal exemptions", dependents * federalExemption) - higherFederalDeduction;
+      return wage - line("Federal exemptions", dependents * federalExemption) - deduction(higherFederalDeduction);
     case stateStatus::spouseEmployed:
-      return wage - line("Federal exemptions", dependents * federalExemption) - lowerFederalDeduction;
+      return wage - line("Federal exemptions", dependents * federalExemption) - deduction(lowerFederalDeduction);
     default: return keep(noRule);
   }
 }

@@ -49,6 +49,10 @@ constexpr PerHead real(double dollars) { return {dollars, false}; }
 /// The reason why a statement leaves the tax unchanged.
 inline constexpr const char* noTable = "the state has no table for the filing status chosen";
 
+/// A remark of the routines that use the exemptions without parsing them.
+inline constexpr const char* exemptionsCountedBefore =
+    "The exemptions are not counted anew here: they are those of the last state that counted them.";
+
 /// The tax on `stateWage` by the table.
 Amount taxBy(TaxTable table);
 

@@ -55,7 +55,8 @@ void IowaTax() {
     if (isFrom(3, work.exemptions, 15)) {
       const Count further =
           line("Exemptions beyond the first two", work.exemptions - named("first exemptions", Int16(2)));
-      return line("Credit for these", further * furtherCredit) + creditOfTwo;
+      const Count credits = line("Credit for these", further * furtherCredit);
+      return credits + line("Credit for the first two exemptions", Count(creditOfTwo));
     }
     note("There are credits for up to 15 exemptions only.");
     return 0;
@@ -217,7 +218,7 @@ void Mississippi() {
   step("Year's wage less the deductions", work.stateWage, [&] {
     noteIfAny(
         payData.staAdd,
-        "The additional amount is the personal exemption of the year here, and is added to the tax all the same.");
+        "The additional amount is taken off the year's wage as the personal exemption, and is added to the tax too.");
     return work.stateWage - (work.stateStdDed + payData.stateDepsDed + payData.staAdd);
   });
   step("Year's tax", payData.stateTax, [] { return taxBy(table); });

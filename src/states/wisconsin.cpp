@@ -54,7 +54,10 @@ constexpr FixedCount perExemption{"credit for each exemption", 20};
 static Amount taxBy(TaxTable table) {
   const Worksheet& work = worksheet();
   const Amount lowest = named("upper bound of the lowest row", Rows<Band>(table).front().bound.amount);
-  if (work.stateWage < lowest && work.exemptions != 0) return 0;
+  if (work.stateWage < lowest && work.exemptions != 0) {
+    note("The tax of the lowest row of the table is charged only without exemptions.");
+    return 0;
+  }
   return taxOf(table, work.stateWage);
 }
 }  // namespace wisconsin

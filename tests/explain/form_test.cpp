@@ -102,17 +102,17 @@ TEST_F(FormTest, HasTheTableWithTheRowThatWasUsed) {
 }
 
 /// The row's percentage counts from an amount above the one from which it holds.
-TEST_F(FormTest, ALineMayHaveNoTitle) {
+TEST_F(FormTest, AWageBelowTheLowerBoundOfItsRowHasALineForTheDifference) {
   startSample(38);
   main().txtIncome.setText("900");
   calculate();
   const Form form = formOf("State Tax");
   EXPECT_THAT(texts(form.lines),
-              testing::IsSupersetOf({"5 Line 4 less $899.00 ($50.92)",
+              testing::IsSupersetOf({"5 Amount over the lower bound of the row. Line 4 less $899.00 ($50.92)",
                                      "6 Tax by the table. $17.41 plus 7% of line 5, by the table \"Vermont, Single, "
                                      "Weekly\", where line 4 is over $517.00 but not over $1,105.00 $13.8456",
-                                     "0 The row of the table counts its percentage from a higher amount than the one "
-                                     "it is used for. "}));
+                                     "0 In the row that was used, the percentage counts from an amount above the "
+                                     "wage, so it lowers the tax. "}));
 }
 
 TEST_F(FormTest, BearsTheDateOfEachCalculationAndNotThatOfTheFirst) {
