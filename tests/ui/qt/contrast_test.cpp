@@ -6,11 +6,13 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSpinBox>
+#include <QtMath>
 #include <map>
 
 #include "controls/desk.h"
 #include "controls/screen.h"
 #include "everyscreen.h"
+#include "picture.h"
 #include "ui/qt/widgets/look.h"
 
 /// Contrast tests, measured in pictures of the screens.
@@ -25,19 +27,11 @@ struct Part {
   double letters = 1;
 };
 
-/// The rectangle of a widget in a picture, which may have a higher resolution.
-QRect inPicture(const QImage& picture, const QRect& place) {
-  const double scale = picture.devicePixelRatio();
-  return QRectF(place.x() * scale, place.y() * scale, place.width() * scale, place.height() * scale).toAlignedRect();
-}
-
 Part measured(const QImage& picture, const QRect& where) {
-  const QRect place = inPicture(picture, where);
+  const QRect place = pixelsOf(picture, where);
   std::map<QRgb, int> colours;
-  for (int y = std::max(0, place.top()); y <= std::min(place.bottom(), picture.height() - 1); ++y) {
-    for (int x = std::max(0, place.left()); x <= std::min(place.right(), picture.width() - 1); ++x) {
-      ++colours[picture.pixel(x, y)];
-    }
+  for (int y = place.top(); y <= place.bottom(); ++y) {
+    for (int x = place.left(); x <= place.right(); ++x) ++colours[picture.pixel(x, y)];
   }
   if (colours.empty()) return {};
   const auto commonest = std::max_element(colours.begin(), colours.end(),
@@ -50,10 +44,10 @@ Part measured(const QImage& picture, const QRect& where) {
 
 class Contrast : public EveryScreen {
  protected:
-  static QImage pictureOf(QWidget& window) {
+  static QImage withoutFocus(const QWidget& window) {
     if (QWidget* focused = QApplication::focusWidget()) focused->clearFocus();
     settle();
-    return window.grab().toImage();
+    return pictureOf(window);
   }
 
   static bool seen(const QWidget& widget) { return widget.isVisible() && !widget.visibleRegion().isEmpty(); }
@@ -73,7 +67,7 @@ TEST_F(Contrast, EveryTextHasContrast) {
   int texts = 0;
   onEveryScreen([&](const Screen& screen) {
     QWidget& window = *view(screen.name().c_str()).window();
-    const QImage picture = pictureOf(window);
+    const QImage picture = withoutFocus(window);
     for (QWidget* widget : window.findChildren<QWidget*>()) {
       const QString words = widget->property("text").toString() + widget->property("currentText").toString();
       if (words.trimmed().isEmpty() || !seen(*widget)) continue;
@@ -98,9 +92,9 @@ TEST_F(Contrast, WhatIsDisabledLooksSo) {
       if (!seen(*button) || button->isEnabled()) continue;
       ++disabled;
       const QRect place = wordsOf(*button).translated(button->mapTo(&window, QPoint()));
-      const Part off = measured(window.grab().toImage(), place);
+      const Part off = measured(pictureOf(window), place);
       button->setEnabled(true);
-      const Part on = measured(window.grab().toImage(), place);
+      const Part on = measured(pictureOf(window), place);
       button->setEnabled(false);
       EXPECT_LT(off.letters, 0.8 * on.letters) << button->objectName().toStdString();
     }
@@ -110,8 +104,8 @@ TEST_F(Contrast, WhatIsDisabledLooksSo) {
 
 /// The contrast of the weakest side of a box with its background: the best of the lines where the edge may be.
 double edgeOf(const QImage& picture, const QRect& where, const QColor& ground) {
-  const QRect box = inPicture(picture, where);
-  const int depths = 4;
+  const QRect box = pixelsOf(picture, where);
+  const int depths = qCeil(4 * picture.devicePixelRatio());
   double left = 1;
   double right = 1;
   double top = 1;
@@ -136,7 +130,7 @@ TEST_F(Contrast, EveryBoxHasAnEdge) {
   onEveryScreen([&](const Screen& screen) {
     if (screen.place() == Place::box || screen.name() == "frmW4") return;  // the form's own rules are around its boxes
     QWidget& window = *view(screen.name().c_str()).window();
-    const QImage picture = pictureOf(window);
+    const QImage picture = withoutFocus(window);
     for (const Control* control : screen.controls()) {
       QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
       const bool box = qobject_cast<QLineEdit*>(&widget) != nullptr || qobject_cast<QComboBox*>(&widget) != nullptr ||
@@ -166,7 +160,7 @@ TEST_F(Contrast, AnOpenListIsRead) {
     box.showPopup();
     settle();
     QAbstractItemView& rows = *box.view();
-    const QImage picture = rows.viewport()->grab().toImage();
+    const QImage picture = pictureOf(*rows.viewport());
     for (int row = 0; row < std::min(box.count(), 6); ++row) {
       const Part part = measured(picture, rows.visualRect(box.model()->index(row, 0)));
       EXPECT_GE(part.letters, 4.5) << box.objectName().toStdString() << " " << box.itemText(row).toStdString();
@@ -185,7 +179,7 @@ TEST_F(Contrast, ThePrintDialogIsRead) {
   QPrintDialog dialog(&printer);
   dialog.show();
   settle();
-  const QImage picture = dialog.grab().toImage();
+  const QImage picture = pictureOf(dialog);
   int texts = 0;
   for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
     const bool words =
@@ -200,7 +194,7 @@ TEST_F(Contrast, ThePrintDialogIsRead) {
     if (!seen(*box) || box->count() == 0) continue;
     box->showPopup();
     settle();
-    const QImage rows = box->view()->viewport()->grab().toImage();
+    const QImage rows = pictureOf(*box->view()->viewport());
     EXPECT_GE(measured(rows, box->view()->visualRect(box->model()->index(0, 0))).letters, 4.5)
         << box->itemText(0).toStdString();
     box->hidePopup();
@@ -213,8 +207,8 @@ TEST_F(Contrast, APageOverAnotherHasAnEdge) {
   click("frm2Workers", "cmdTable1Show(0)");
   const QWidget* document = &view("frmTableOne");
   while (dynamic_cast<const Document*>(document) == nullptr) document = document->parentWidget();
-  const QImage picture = pictureOf(frame());
-  const QRect place = inPicture(picture, QRect(document->mapTo(&frame(), QPoint()), document->size()));
+  const QImage picture = withoutFocus(frame());
+  const QRect place = pixelsOf(picture, QRect(document->mapTo(&frame(), QPoint()), document->size()));
   const int y = place.center().y();
   const QColor beneath = picture.pixelColor(place.left() - 3, y);
   double edge = 1;

@@ -15,6 +15,7 @@
 #include "controls/desk.h"
 #include "desktoptest.h"
 #include "paints.h"
+#include "picture.h"
 #include "ui/qt/explanation/formview.h"
 #include "ui/qt/paper/formpages.h"
 #include "ui/qt/widgets/look.h"
@@ -248,7 +249,7 @@ TEST_F(ExplanationOfTheResults, TheKeyboardMarksTheLinesThatTheCurrentOneNames) 
   EXPECT_EQ(page.currentItem()->text(0).toStdString(), "Wage less the amounts that are not taxed. Line 1 less line 2");
   EXPECT_THAT(page.marked(), ElementsAre(1, 2));
   const QRect marked = page.visualItemRect(page.topLevelItem(2));
-  EXPECT_EQ(page.grab().toImage().pixelColor(page.viewport()->mapTo(&page, marked.topRight() - QPoint(2, -2))),
+  EXPECT_EQ(colourAt(pictureOf(page), page.viewport()->mapTo(&page, marked.topRight() - QPoint(2, -2))),
             look::lightBlue);
 }
 
@@ -267,10 +268,10 @@ TEST_F(ExplanationOfTheResults, TheTableOpensInPlaceWithItsRowMarked) {
             "dollars");
   EXPECT_EQ(line.child(1)->data(0, Qt::AccessibleTextRole).toString(),
             "Line 3 over 51 dollars but not over 525 dollars: 15% of the amount over 51 dollars");
-  const QImage picture = page.grab().toImage();
+  const QImage picture = pictureOf(page);
   const auto ground = [&](int row) {
     const QPoint corner = page.visualItemRect(line.child(row)).topRight() - QPoint(2, -2);
-    return picture.pixelColor(page.viewport()->mapTo(&page, corner));
+    return colourAt(picture, page.viewport()->mapTo(&page, corner));
   };
   EXPECT_EQ(ground(2), look::lightBlue);
   EXPECT_NE(ground(1), look::lightBlue);

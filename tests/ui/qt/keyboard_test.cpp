@@ -17,6 +17,7 @@
 #include "controls/desk.h"
 #include "engine/paydata.h"
 #include "everyscreen.h"
+#include "picture.h"
 #include "stateoptions/frmState.h"
 #include "ui/frmMain.h"
 #include "ui/frmPrint.h"
@@ -617,18 +618,20 @@ TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
       widget.setFocus(Qt::TabFocusReason);
       settle();
       if (QApplication::focusWidget() == nullptr) continue;
-      const QImage with = window.grab().toImage();
-      const QRect around = QRect(widget.mapTo(&window, QPoint()), widget.size()).adjusted(-2, -2, 2, 2);
+      const QImage with = pictureOf(window);
+      const QRect place(widget.mapTo(&window, QPoint()), widget.size());
+      const QRect around = pixelsOf(with, place.adjusted(-2, -2, 2, 2));
       QApplication::focusWidget()->clearFocus();
       settle();
-      const QImage without = window.grab().toImage();
+      const QImage without = pictureOf(window);
       int seen = 0;
-      for (int y = std::max(0, around.top()); y <= std::min(around.bottom(), with.height() - 1); ++y) {
-        for (int x = std::max(0, around.left()); x <= std::min(around.right(), with.width() - 1); ++x) {
+      for (int y = around.top(); y <= around.bottom(); ++y) {
+        for (int x = around.left(); x <= around.right(); ++x) {
           if (contrast(with.pixelColor(x, y), without.pixelColor(x, y)) >= 3) ++seen;
         }
       }
-      EXPECT_GE(seen, std::min(widget.width(), 2 * widget.height())) << control->address();
+      const double across = with.devicePixelRatio() * std::min(widget.width(), 2 * widget.height());
+      EXPECT_GE(seen, across) << control->address();
     }
   });
 }

@@ -10,6 +10,7 @@
 
 #include "contrast.h"
 #include "desktoptest.h"
+#include "picture.h"
 #include "ui/qt/frame/document.h"
 #include "ui/qt/frame/listbar.h"
 #include "ui/qt/frame/placement.h"
@@ -108,11 +109,14 @@ TEST_F(Legibility, AnOpenListShowsTwelveRowsWithAnEdge) {
   const int row = box.view()->sizeHintForRow(0);
   EXPECT_GE(box.view()->height(), 12 * row);
   EXPECT_LT(box.view()->height(), 13 * row);
-  const QImage picture = popup.grab().toImage();
+  const QImage picture = pictureOf(popup);
   const QColor inside = box.palette().color(QPalette::Base);
-  for (const QPoint& place : {QPoint(0, picture.height() / 2), QPoint(picture.width() / 2, 0),
-                              QPoint(picture.width() / 2, picture.height() - 1)}) {
-    EXPECT_GE(contrast(inside, picture.pixelColor(place)), 3) << place.x() << ", " << place.y();
+  for (const QPoint& place :
+       {QPoint(0, popup.height() / 2), QPoint(popup.width() / 2, 0), QPoint(popup.width() / 2, popup.height() - 1)}) {
+    const QRect pixels = pixelsOf(picture, {place, QSize(1, 1)});
+    const double edge = std::max(contrast(inside, picture.pixelColor(pixels.topLeft())),
+                                 contrast(inside, picture.pixelColor(pixels.bottomRight())));
+    EXPECT_GE(edge, 3) << place.x() << ", " << place.y();
   }
   box.hidePopup();
 }
@@ -149,15 +153,15 @@ TEST_F(Legibility, TheStateOptionsHaveContrast) {
   click("frmState", "op3Marital(8)");
   click("frmState", "mskAdditional");
   const QWidget& option = find("frmState", "op3Marital(8)");
-  const QImage picture = const_cast<QWidget&>(option).grab().toImage();
+  const QImage picture = pictureOf(option);
   const QColor ground = view("frmState").palette().color(QPalette::Window);
   EXPECT_EQ(option.palette().color(QPalette::WindowText), QColor(255, 128, 128));
   EXPECT_GE(contrast(ground, QColor(255, 128, 128)), 4.5);
   // Contrast of the dot in the indicator with the lightest colour around it.
   const QPoint centre(7, option.height() / 2);
-  const QColor dot = picture.pixelColor(centre);
+  const QColor dot = colourAt(picture, centre);
   double best = 1;
-  for (int x = 1; x < 14; ++x) best = std::max(best, contrast(dot, picture.pixelColor(x, centre.y())));
+  for (int x = 1; x < 14; ++x) best = std::max(best, contrast(dot, colourAt(picture, {x, centre.y()})));
   EXPECT_GE(best, 3) << dot.name().toStdString();
 }
 
@@ -231,7 +235,7 @@ TEST_F(Legibility, TheListBarMarksThePageInFront) {
 TEST_F(Legibility, TheMarkOfThePageInFrontIsSeenOnTheHeadOfAClosedGroup) {
   startOnMain();
   auto& header = *frame().findChild<QAbstractButton*>("group Calculations");
-  const auto mark = [&] { return header.grab().toImage().pixelColor(1, header.height() / 2); };
+  const auto mark = [&] { return colourAt(pictureOf(header), {1, header.height() / 2}); };
   EXPECT_NE(mark(), look::lightYellow);
   click(*frame().findChild<QAbstractButton*>("group Help"));
   EXPECT_EQ(mark(), look::lightYellow);
@@ -268,10 +272,12 @@ TEST_F(Legibility, ANoticeWrapsAndPushesNothingOut) {
   EXPECT_EQ(frame().area().width(), notice.width());
   EXPECT_GE(notice.height(), 3 * notice.fontMetrics().height());
   // The last line is drawn in view.
-  const QImage picture = notice.grab().toImage();
+  const QImage picture = pictureOf(notice);
+  const int line = notice.fontMetrics().height();
+  const QRect last = pixelsOf(picture, {0, notice.height() - line, notice.width(), line});
   bool drawn = false;
-  for (int y = picture.height() - notice.fontMetrics().height(); y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x) drawn = drawn || picture.pixelColor(x, y).lightness() > 200;
+  for (int y = last.top(); y <= last.bottom(); ++y) {
+    for (int x = last.left(); x <= last.right(); ++x) drawn = drawn || picture.pixelColor(x, y).lightness() > 200;
   }
   EXPECT_TRUE(drawn);
 }
@@ -298,7 +304,7 @@ TEST_F(Legibility, TheWarningHasItsSign) {
                                  [](const QWidget* widget) { return widget->accessibleName() == "Warning"; });
   ASSERT_NE(sign, signs.end());
   EXPECT_EQ(QAccessible::queryAccessibleInterface(*sign)->role(), QAccessible::Graphic);
-  EXPECT_EQ((*sign)->grab().toImage().pixelColor((*sign)->rect().center()).lightness() > 128, true);
+  EXPECT_GT(colourAt(pictureOf(**sign), (*sign)->rect().center()).lightness(), 128);
 }
 
 TEST_F(Legibility, AboutTellsItsVersionToAssistiveTechnology) {

@@ -37,6 +37,10 @@ class MsgBoxView : public ScreenView {
     top->addLayout(words);
     layout->addLayout(top);
     QPushButton* ok = button(screen.OK);
+    // Fusion draws a dialog's default button lighter than others, too light for its text.
+    QPalette darker;
+    darker.setColor(QPalette::Button, look::deep);
+    ok->setPalette(darker);
     layout->addWidget(ok, 0, Qt::AlignRight);  // mutation: 0 -> 1: what is aligned is as large as it wants to be
   }
 
