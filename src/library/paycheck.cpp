@@ -203,7 +203,7 @@ void Paycheck::reportUnread() {
   name(Column::stateAdditional, *additional_, payData.staAdd == 0, toMoney);
 }
 
-/// Reports choices that are of no use for a paycheck, although there are results.
+/// Reports choices that mean nothing for a paycheck, although there are results.
 void Paycheck::reportWhatCannotBeMeant() {
   if (isEmpty(Column::frequency)) report(Column::frequency, "none is chosen and so there is no federal tax");
   reportOptions();

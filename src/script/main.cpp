@@ -34,7 +34,7 @@ std::string help() {
       "  --help     show this and end\n"
       "  --version  show the version and end\n"
       "\n"
-      "Commands, told in tallyfin99-script(1):";
+      "Commands, described in tallyfin99-script(1):";
   for (const std::string_view command : Session::commandNames()) (text += ' ') += command;
   return text + '\n';
 }

@@ -14,6 +14,7 @@ try:
     import dask.dataframe
     import distributed
 except ModuleNotFoundError:
+    print("skipped: no Dask (tools/install-packages library)")
     raise SystemExit(77) from None
 import tallyfin99
 import tallyfin99.dask

@@ -7,6 +7,7 @@ import pandas
 try:
     import dask.dataframe
 except ModuleNotFoundError:
+    print("skipped: no Dask (tools/install-packages library)")
     raise SystemExit(77) from None
 import tallyfin99
 import tallyfin99.dask

@@ -21,6 +21,7 @@ def run(store, *lines):
 with tempfile.TemporaryDirectory() as folder:
     disk = pathlib.Path(folder)
     if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=256k", "tmpfs", disk], stderr=subprocess.DEVNULL).returncode:
+        print("skipped: a disk of its own takes root")
         sys.exit(77)
     try:
         store = disk / "Tallyfin99.sqlite"

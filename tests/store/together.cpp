@@ -102,7 +102,7 @@ void startTogether(const fs::path& path, int count) {
 int main(int argc, char** argv) {
   const int reads = argc > 1 ? std::atoi(argv[1]) : 10000;
   const int rounds = argc > 2 ? std::atoi(argv[2]) : 300;
-  // On a disk in memory nothing waits for the disk, and more happens at once.
+  // In /dev/shm no flush takes time, so more operations overlap.
   const fs::path memory = "/dev/shm";
   std::string name = ((fs::exists(memory) ? memory : fs::temp_directory_path()) / "togetherXXXXXX").string();
   const fs::path folder = ::mkdtemp(name.data());

@@ -19,8 +19,8 @@ export const differences = (page) =>
       const name = view.dataset.screen;
       const title = view.querySelector(`[data-title="${name}"]`);
       if (title) compare(name, 'title', title.textContent, ask('get', name, 'title'));
-      const ownGround = ask('get', name, 'backcolor');
-      if (ownGround !== 'default') compare(name, 'ground', getComputedStyle(view).backgroundColor, rgb(ownGround));
+      const ownColor = ask('get', name, 'backcolor');
+      if (ownColor !== 'default') compare(name, 'background', getComputedStyle(view).backgroundColor, rgb(ownColor));
       const without = (ask('controls', name) ?? []).filter((address) => !view.querySelector(`[data-address="${address}"]`));
       compare(name, 'controls without an element that are seen', without.filter((address) => ask('get', address, 'visible') &&
         ask('get', address, 'caption') !== ''), []);
