@@ -21,7 +21,7 @@ using Lines = std::vector<std::string>;
 const std::string pathOfTests = TESTS_FOLDER;
 
 std::string padded(std::string text, std::size_t width) {
-  if (text.size() < width) text.resize(width, ' ');
+  text.append(width - std::min(width, text.size()), ' ');
   return text;
 }
 
