@@ -9,13 +9,17 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QTreeWidget>
 #include <QWindow>
+#include <ctime>
 
 #include "controls/desk.h"
 #include "desktoptest.h"
+#include "engine/settings.h"
 #include "paints.h"
 #include "picture.h"
+#include "ui/frmMain.h"
 #include "ui/qt/explanation/formview.h"
 #include "ui/qt/paper/formpages.h"
 #include "ui/qt/widgets/look.h"
@@ -212,6 +216,46 @@ TEST_F(ExplanationOfTheResults, ShowsTheEntriesAbove) {
   EXPECT_THAT(part<QLabel>("heading").text().toStdString(),
               HasSubstr("Tax year: 1999 \u00b7 Pay frequency: Weekly \u00b7 Marital status: Single \u00b7 "
                         "Exemptions: 0 \u00b7 State: Pennsylvania"));
+}
+
+TEST_F(ExplanationOfTheResults, TakesNoNameForMarkup) {
+  stored(section::user, "UName", "<b>Pat</b> &amp; Co");
+  doubleClick(5);
+  const auto& heading = part<QLabel>("heading");
+  QTextDocument shown;
+  heading.textFormat() == Qt::PlainText ? shown.setPlainText(heading.text()) : shown.setHtml(heading.text());
+  EXPECT_THAT(shown.toPlainText().toStdString(), StartsWith("Name: <b>Pat</b> &amp; Co \u00b7 Date: "));
+}
+
+/// As a store or a box may hold them. The processor's time, because the clock's depends on what else the computer does.
+TEST_F(ExplanationOfTheResults, IsDrawnAtOnceWithTextsOfMegabytes) {
+  std::string name = "Pat";
+  while (name.size() < 7'900'000) name += " Quincy";
+  stored(section::user, "UName", name);
+  const std::string amount(7'900'000, 'x');
+  desk.use<frmMain>().txtPreTax.userType(amount);
+  const QTemporaryDir folder;
+  dialogs.path = folder.filePath("explanation.pdf");
+  const std::clock_t before = std::clock();
+  calculate();
+  ExplanationWindow::open(frame(), "Non-Taxable");
+  settle();
+  EXPECT_THAT(part<QLabel>("heading").text().toStdString(), StartsWith("Name: Pat Quincy Quincy"));
+  EXPECT_LT(window()->width(), 800);
+  click(part<QPushButton>("print"));
+  EXPECT_LT(std::clock() - before, 20 * CLOCKS_PER_SEC);
+  const QString paper = textOf(dialogs.path);
+  EXPECT_TRUE(paper.contains(QStringLiteral("\u2026")));
+  EXPECT_LT(paper.size(), 100'000);
+  EXPECT_EQ(settings::uName.text(), name);
+  EXPECT_NE(told().find('"' + amount + "\" isn't a number"), std::string::npos);
+}
+
+TEST_F(ExplanationOfTheResults, AWordThatIsWiderThanTheWindowDoesNotWidenIt) {
+  stored(section::user, "UName", std::string(32'767, 'W'));
+  doubleClick(5);
+  EXPECT_LT(window()->width(), 800);
+  EXPECT_LT(window()->minimumSizeHint().width(), 800);
 }
 
 TEST_F(ExplanationOfTheResults, IsReadLineByLine) {

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSvgRenderer>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 
 #include "contrast.h"
@@ -39,7 +40,7 @@ class Legibility : public DesktopTest {
   static std::string tooltipOf(QWidget& widget) {
     QHelpEvent event(QEvent::ToolTip, widget.rect().center(), widget.mapToGlobal(widget.rect().center()));
     QApplication::sendEvent(&widget, &event);
-    const std::string words = QToolTip::text().toStdString();
+    const std::string words = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().toStdString();
     QToolTip::hideText();
     return words;
   }
@@ -58,6 +59,16 @@ class Legibility : public DesktopTest {
 const std::string longAddress = "17 North Second Street, Apartment 3, care of the harbor master";
 
 // --- Texts that are longer than their box
+
+/// The tooltip of a very long text fits on the screen, and a text with tags is shown as it is.
+TEST_F(Legibility, TheTooltipOfALongTextWraps) {
+  stored(section::user, "UAdd", std::string(9000, 'x') + " y");
+  stored(section::user, "UCity", "<b>Port</b> Ellery, between the &lt;second&gt; and the third light");
+  startOnMain();
+  clickItem("W4");
+  EXPECT_EQ(tooltipOf(find("frmW4", "txtCity")), "<b>Port</b> Ellery, between the &lt;second&gt; and the third light");
+  EXPECT_LT(tooltipOf(find("frmW4", "txtAddress")).size(), 2100);
+}
 
 TEST_F(Legibility, ABoxWithoutTheFocusShowsTheBeginningOfItsText) {
   stored(section::user, "UAdd", longAddress);

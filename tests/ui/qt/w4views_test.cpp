@@ -13,11 +13,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
+#include <ctime>
 
 #include "controls/colours.h"
 #include "controls/desk.h"
 #include "engine/paydata.h"
-#include "engine/settingsstore.h"
+#include "engine/settings.h"
 #include "fakedialogs.h"
 #include "ui/qt/desktop.h"
 #include "ui/qt/frame/frame.h"
@@ -548,6 +549,17 @@ TEST_F(FormPrintTest, ThePaperHasTheFormInWordsAndWithoutExitAndHint) {
   EXPECT_THAT(paper, HasSubstr("Check4"));
   // Vectors, not pixels: the list of pictures in the file has only its heading.
   EXPECT_THAT(outputOf("pdfimages", {"-list", dialogs.path}), testing::EndsWith("-"));
+}
+
+/// As a store may hold them. The processor's time, because the clock's depends on what else the computer does.
+TEST_F(FormPrintTest, IsPrintedAtOnceWithTextsOfMegabytes) {
+  std::string name = "Pat";
+  while (name.size() < 7'900'000) name += " Quincy";
+  for (const settings::Text& setting : {settings::uName, settings::uAdd, settings::uCity}) setting.save(name);
+  const std::clock_t before = std::clock();
+  doubleClick(openForm(), {2, 2});
+  EXPECT_LT(std::clock() - before, 20 * CLOCKS_PER_SEC);
+  EXPECT_THAT(textOnPaper(), HasSubstr("Pat Quincy Quincy"));
 }
 
 TEST_F(FormPrintTest, ThePaperIsOneLetterPage) {

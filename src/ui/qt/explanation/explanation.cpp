@@ -81,7 +81,11 @@ ExplanationWindow::ExplanationWindow(Frame& frame)
   setWindowTitle(QStringLiteral("How this was worked out"));
   look::setGround(*this, look::onPaper());
   heading_->setObjectName(QStringLiteral("heading"));
+  heading_->setTextFormat(Qt::PlainText);
   heading_->setWordWrap(true);
+  QSizePolicy narrow(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long word doesn't widen the window
+  narrow.setHeightForWidth(true);
+  heading_->setSizePolicy(narrow);
   heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   shares_->setObjectName(QStringLiteral("shares"));
   shares_->setWordWrap(true);
@@ -189,7 +193,7 @@ void ExplanationWindow::refresh() {
   forms_ = formsOf(explanations_);
   entries_ = headingOf(*trace, explanations_);
   QStringList entries;
-  for (const auto& [title, words] : entries_) entries << text(title) + QStringLiteral(": ") + text(words);
+  for (const auto& [title, words] : entries_) entries << text(title) + QStringLiteral(": ") + drawn(words);
   heading_->setText(entries.join(QStringLiteral(" \u00b7 ")));
   bar_->show(sharesOf(*trace));
   shares_->setText(text(sharesText(*trace)));

@@ -105,8 +105,8 @@ void FormView::show(Form form) {
   setForm();
   setHeaderLabel(text(form_.title));
   for (const FormLine& line : form_.lines) {
-    auto* item = new QTreeWidgetItem(this, {text(line.text())});
-    item->setData(0, Qt::AccessibleTextRole, text(line.spoken));
+    auto* item = new QTreeWidgetItem(this, {drawn(line.text())});
+    item->setData(0, Qt::AccessibleTextRole, drawn(line.spoken));
     if (line.table) addTable(*item, *line.table);
   }
   setCurrentItem(topLevelItem(std::clamp(row, 0, topLevelItemCount() - 1)));

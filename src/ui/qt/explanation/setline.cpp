@@ -39,7 +39,7 @@ SetLine::SetLine(const FormLine& line, const QFont& font, double width, double f
       width_(width),
       left_(advance(font, "00.  ")),
       right_(width - figures),
-      text_(std::make_unique<QTextLayout>(text(line.text()), font)) {
+      text_(std::make_unique<QTextLayout>(drawn(line.text()), font)) {
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   text_->setTextOption(option);

@@ -32,6 +32,7 @@ Document::Document(View& view, QWidget* parent) : QWidget(parent), view_(view), 
   title_ = new QLabel(strip_);
   confirmed_ = new QLabel(strip_);
   confirmed_->setObjectName(QStringLiteral("confirmed"));
+  confirmed_->setTextFormat(Qt::PlainText);
   auto* close = new QToolButton(strip_);
   close->setText(QStringLiteral("×"));
   close->setAutoRaise(true);

@@ -86,7 +86,7 @@ class Document {
   void addEntries() {
     addText(pages_.title, paperFont(fontPoints + 4, true), true);
     for (const auto& [title, words] : pages_.entries)
-      addText(text(title) + QStringLiteral(": ") + text(words), font_, true);
+      addText(text(title) + QStringLiteral(": ") + drawn(words), font_, true);
     addText(pages_.sentence, font_, false);
   }
 
@@ -120,10 +120,12 @@ class Document {
     const QRect place(margin, paper_.height() - margin + footerTop, width_, inch / 4);
     painter.setFont(font_);
     painter.setPen(Qt::black);
-    const std::string name = pages_.entries.front().second;
-    painter.drawText(place, Qt::AlignLeft | Qt::TextSingleLine, text(name));
-    painter.drawText(place, Qt::AlignRight | Qt::TextSingleLine,
-                     QStringLiteral("Page %1 of %2").arg(page + 1).arg(count()));
+    const QString number = QStringLiteral("Page %1 of %2").arg(page + 1).arg(count());
+    const QFontMetrics metrics(font_);
+    const int room = width_ - metrics.horizontalAdvance(number) - inch / 4;
+    const QString name = metrics.elidedText(drawn(pages_.entries.front().second), Qt::ElideRight, room);
+    painter.drawText(place, Qt::AlignLeft | Qt::TextSingleLine, name);
+    painter.drawText(place, Qt::AlignRight | Qt::TextSingleLine, number);
   }
 
   const FormPages& pages_;

@@ -37,13 +37,6 @@ QFont engineFont(const PrintEngine& engine) {
 
 int lineHeight(const QFont& font) { return qRound(QFontMetricsF(font).height()); }
 
-/// The header without the middle of a very long name: the layout of a name of megabytes would take minutes.
-QString headerText(const PrintEngine& engine) {
-  constexpr qsizetype most = 2000;
-  const QString whole = text(engine.header());
-  return whole.size() <= most ? whole : whole.left(most / 2) + QChar(0x2026) + whole.right(most / 2);
-}
-
 /// Breaks a text into lines, and words that are wider than a line.
 std::vector<QString> linesOf(const QString& words, const QFont& font, int width) {
   QTextLayout layout(words, font);
@@ -105,7 +98,7 @@ int ReportPages::rowHeight() const { return lineHeight(engineFont(engine_)) * 13
 
 QRect ReportPages::tableArea() const {
   const QFont font = engineFont(engine_);
-  const auto lines = static_cast<int>(headerOf(headerText(engine_), font, textWidth()).size());
+  const auto lines = static_cast<int>(headerOf(drawn(engine_.header()), font, textWidth()).size());
   const int top = std::max(headerTop + lines * lineHeight(font) + headerToTable, margin);
   return {margin, top, textWidth(), page_.height() - margin - top};
 }
@@ -136,7 +129,7 @@ int ReportPages::count() const { return engine_.pages() == 0 ? 0 : static_cast<i
 QString ReportPages::readable(int page) const {
   if (page < 0 || page >= count()) return {};
   const Rows rows = rowsOf(page);
-  QStringList lines{headerText(engine_).trimmed()};
+  QStringList lines{drawn(engine_.header()).trimmed()};
   const auto addRow = [&](const PrintEngine::Cells& cells) {
     QStringList words;
     for (const std::string& cell : cells) words << text(cell).trimmed();
@@ -159,7 +152,7 @@ void ReportPages::draw(QPainter& painter, int page) const {
 void ReportPages::drawHeader(QPainter& painter) const {
   const QFont font = engineFont(engine_);
   int top = headerTop;
-  for (const QString& line : headerOf(headerText(engine_), font, textWidth())) {
+  for (const QString& line : headerOf(drawn(engine_.header()), font, textWidth())) {
     painter.drawText(QRect(margin, top, textWidth(), lineHeight(font)), Qt::AlignLeft | Qt::TextSingleLine, line);
     top += lineHeight(font);
   }

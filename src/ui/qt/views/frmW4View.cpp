@@ -16,6 +16,7 @@
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/captions.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 #include "w4/frmW4.h"
 
 namespace tallyfin::qt {
@@ -117,27 +118,28 @@ class FormBox : public Box {
     const QRectF room = QRectF(rect().marginsRemoved(textMargins())).adjusted(2, 0, -2, 0);
     const double allowed = 0.98 * room.width();  // text is slightly wider on paper
     constexpr int lines = static_cast<int>(Qt::AlignLeft) | Qt::TextWordWrap;
+    const QString words = drawn(text());
     QFont letters = font();
     const auto shrinkWhile = [&](const auto& tooLarge, double least) {
       for (double points = font().pointSizeF(); tooLarge() && points - step >= least;) {
         letters.setPointSizeF(points -= step);
       }
     };
-    const auto tooWide = [&] { return QFontMetricsF(letters).horizontalAdvance(text()) > allowed; };
+    const auto tooWide = [&] { return QFontMetricsF(letters).horizontalAdvance(words) > allowed; };
     shrinkWhile(tooWide, leastPoints);
     const bool oneLine = !tooWide();
     if (!oneLine) {
       letters = font();
       const auto tooLarge = [&] {
         const QRectF place(0, 0, allowed, 10 * room.height());
-        const QSizeF size = QFontMetricsF(letters).boundingRect(place, lines, text()).size();
+        const QSizeF size = QFontMetricsF(letters).boundingRect(place, lines, words).size();
         return size.height() > room.height() || size.width() > allowed;
       };
       shrinkWhile(tooLarge, step);
     }
     painter.setFont(letters);
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | (oneLine ? Qt::TextSingleLine : lines), text());
+    painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | (oneLine ? Qt::TextSingleLine : lines), words);
   }
 };
 

@@ -7,6 +7,7 @@
 #include <QToolTip>
 
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -26,7 +27,9 @@ bool Box::cut() const {
 
 bool Box::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip || !cut()) return QLineEdit::event(event);
-  const QString words = toolTip().isEmpty() ? text() : text() + QLatin1Char('\n') + toolTip();
+  // As markup a tooltip wraps. Without escapes a text with tags would be markup too.
+  QString words = QStringLiteral("<span>%1</span>").arg(drawn(text()).toHtmlEscaped());
+  if (!toolTip().isEmpty()) words += QStringLiteral("<br>") + toolTip().toHtmlEscaped();
   QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), words, this);
   return true;
 }
