@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <QApplication>
 #include <QDir>
@@ -22,7 +21,6 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
-#include <csignal>
 #include <ctime>
 
 #include "controls/desk.h"
@@ -367,59 +365,6 @@ TEST_F(ReportFile, ThatCantBeWrittenIsTold) {
   start();
   openReport();
   EXPECT_NE(write(folder_.filePath("missing/report.pdf")), QString());
-}
-
-/// Lets files grow no further than this while it lives, as on a full disk: what is beyond can't be written.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit before_{};
-};
-
-QByteArray contentOf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-TEST_F(ReportFile, ThatHasNoRoomOnTheDiskLeavesTheOldOneAsItIs) {
-  start();
-  openReport();
-  save();
-  const QByteArray before = contentOf(path());
-  ASSERT_GT(before.size(), 4096);
-  for (const qsizetype room : {qsizetype{0}, qsizetype{1}, qsizetype{4096}, before.size() / 2, before.size() - 1}) {
-    const FullDisk disk(static_cast<rlim_t>(room));
-    EXPECT_NE(write(path()), QString()) << room;
-    EXPECT_EQ(contentOf(path()), before) << room;
-    EXPECT_EQ(QDir(folder_.path()).entryList({"*.pdf*"}, QDir::Files).size(), 1) << room;
-  }
-  EXPECT_EQ(write(path()), QString());
-}
-
-TEST_F(ReportFile, ThatIsPrintedIntoAFileLeavesTheOldOneAsItIs) {
-  start();
-  openReport();
-  save();
-  const QByteArray before = contentOf(path());
-  dialogs_.onPrinter = [this](QPrinter& printer) {
-    printer.setOutputFileName(path());
-    return true;
-  };
-  const FullDisk disk(4096);
-  QTest::mouseClick(desktop_->view("frmPrint")->findChild<QPushButton*>("print"), Qt::LeftButton);
-  EXPECT_EQ(contentOf(path()), before);
-  EXPECT_THAT(desktop_->view("frmPrint")->findChild<QLabel*>("notice")->text().toStdString(),
-              testing::HasSubstr("The report couldn't be printed. "));
 }
 
 TEST_F(ReportFile, IsntMadeWhereThereIsNoReport) {
