@@ -134,7 +134,7 @@ RowCutter::RowCutter(Block& block, char delimiter) : delimiter_(delimiter) {
   end_ = at_ + size;
 }
 
-bool RowCutter::next(Row& row) {
+bool RowCutter::next(CsvRow& row) {
   if (at_ == end_) return false;
   row.cells.clear();
   row.line = line_;

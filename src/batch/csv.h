@@ -22,7 +22,7 @@ struct Cell {
 };
 
 /// One row, valid as long as its block.
-struct Row {
+struct CsvRow {
   std::string_view bytes;   ///< Without the line's end.
   std::string_view ending;  ///< "\n", "\r\n", or nothing at the end of a file that doesn't end its last line.
   std::vector<Cell> cells;  ///< None for an empty line.
@@ -90,7 +90,7 @@ class RowCutter {
   explicit RowCutter(Block& block, char delimiter = ',');
 
   /// The next row; false at the end.
-  bool next(Row& row);
+  bool next(CsvRow& row);
 
   /// The number of lines so far.
   std::size_t lines() const { return line_; }

@@ -45,7 +45,7 @@ std::string whyUnknown(std::string_view header, char delimiter) {
 
 }  // namespace
 
-std::optional<std::string> Header::take(const Row& row, char delimiter) {
+std::optional<std::string> Header::take(const CsvRow& row, char delimiter) {
   if (row.cells.empty()) return "there is no header";
   if (auto format = otherFormat(row.bytes)) return format;
   size_ = row.cells.size();

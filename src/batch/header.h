@@ -21,7 +21,7 @@ class Header {
   };
 
   /// Reads a header row. Returns the reason where it is refused.
-  std::optional<std::string> take(const Row& row, char delimiter);
+  std::optional<std::string> take(const CsvRow& row, char delimiter);
 
   std::size_t size() const { return size_; }
   /// The columns of the file that are columns of a paycheck.

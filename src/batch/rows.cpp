@@ -20,7 +20,7 @@ Beginning readBeginning(BlockReader& reader, char delimiter) {
   Block& block = beginning.rest;
   reader.next(block);
   RowCutter rows(block, delimiter);
-  Row row;
+  CsvRow row;
   if (!rows.next(row)) {
     // A file that isn't text may look like a row without an end.
     if (block.trouble == nullptr) throw Trouble("there is no header");

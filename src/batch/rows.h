@@ -67,7 +67,7 @@ class RowWorker {
   const std::string& ending_;  ///< For a last row without a line end.
   char delimiter_;
   Worked worked_;
-  Row row_;
+  CsvRow row_;
   std::string storage_;
   library::Paycheck paycheck_;
 };

@@ -28,7 +28,7 @@ Reading readingOf(std::string_view text, std::size_t atOnce, char delimiter = ',
       reading.trouble = "line " + std::to_string(line + block.troubleLine) + ": " + block.trouble;
     }
     RowCutter cutter(block, delimiter);
-    Row row;
+    CsvRow row;
     while (cutter.next(row)) {
       auto& cells = reading.rows.emplace_back();
       for (const Cell& cell : row.cells) cells.emplace_back(cell.text(storage));
