@@ -11,7 +11,7 @@ namespace {
 constexpr PerFrequency<double> allowance{52.88, 114.58, 105.77, 229.17, "federal allowance for each exemption"};
 
 /// A typed rate of this or more is a percentage.
-constexpr FixedRate percentage{"from which on a rate is a percentage", 1};
+constexpr FixedRate leastPercentage{"lowest rate that is a percentage", 1};
 
 /// The amount in a box, 0 if the box is empty.
 Amount amountIn(const auto& text) {
@@ -43,7 +43,7 @@ Amount deductions() { return payData.amt401k + payData.fica + payData.fedTax + p
 }  // namespace
 
 Rate normalisedRate(Rate typed) {
-  if (typed < percentage) return typed;
+  if (typed < leastPercentage) return typed;
   return typed / named("percent", 100.0);
 }
 

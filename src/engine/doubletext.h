@@ -60,7 +60,7 @@ template <class Real>
 std::string shortestTextOf(Real value) {
   const PlainLocale within;
   std::array<char, 32> buffer{};
-  int length = 0;  // mutation: 0 -> 1: written before it is read
+  int length{};
   int digits = 0;  // mutation: 0 -> 1: with two digits a number of one reads the same
   do {
     length = std::snprintf(buffer.data(), buffer.size(), "%.*g", ++digits, static_cast<double>(value));
@@ -73,7 +73,7 @@ std::string shortestTextOf(Real value) {
 #ifdef __cpp_lib_to_chars
 
 inline std::optional<double> doubleOf(const std::string& plain) {
-  double value = 0;  // mutation: 0 -> 1: written before it is read
+  double value{};
   const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
   return plain.find("e-") == std::string::npos ? std::nullopt : std::optional(0.0);

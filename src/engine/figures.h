@@ -3,9 +3,9 @@
 /// The kinds of figures for which the rules are compiled.
 ///
 /// Each source of rules is compiled once for each kind, in a namespace of its own: `tallyfin::plain` with numbers,
-/// `tallyfin::told` with figures whose operations are recorded, `tallyfin::along` with their change over the income. A
-/// source of rules includes this header, is in namespace TALLYFIN_FIGURES and uses Amount, Count, Rate and Single. All
-/// kinds carry out the same operations in the same order, so that the results are identical.
+/// `tallyfin::recorded` with figures whose operations are recorded, `tallyfin::along` with their change over the
+/// income. A source of rules includes this header, is in namespace TALLYFIN_FIGURES and uses Amount, Count, Rate and
+/// Single. All kinds carry out the same operations in the same order, so that the results are identical.
 
 #include <concepts>
 
@@ -14,9 +14,9 @@
 #include "engine/paydata.h"
 #include "engine/worksheet.h"
 
-#ifdef TALLYFIN_TOLD
-#include "engine/told.h"
-#define TALLYFIN_FIGURES tallyfin::told
+#ifdef TALLYFIN_RECORDED
+#include "engine/recorded.h"
+#define TALLYFIN_FIGURES tallyfin::recorded
 #elif defined TALLYFIN_ALONG
 #include "engine/along.h"
 #define TALLYFIN_FIGURES tallyfin::along
@@ -58,7 +58,7 @@ struct FixedAmount {
   const char* name;
   Dollars dollars;
 
-  operator Amount() const { return named(name, dollars.amount); }  // NOLINT(google-explicit-constructor): it is one
+  operator Amount() const { return named(name, dollars.amount); }  // NOLINT(google-explicit-constructor): in formulas
 };
 struct FixedCount {
   const char* name;

@@ -16,7 +16,7 @@ class Int16 {
   constexpr Int16() = default;
 
   template <std::integral T>
-  constexpr Int16(T number)  // NOLINT(google-explicit-constructor): a whole number is one
+  constexpr Int16(T number)  // NOLINT(google-explicit-constructor): a whole number is a count
       : number_(checked(number)) {}
 
   constexpr int value() const { return number_; }

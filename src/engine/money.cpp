@@ -19,7 +19,7 @@ std::int64_t nearestEven(Money amount, std::int64_t step) {
 }
 
 Money ofSteps(std::int64_t steps, std::int64_t step) {
-  std::int64_t units = 0;  // mutation: 0 -> 1: written before it is read
+  std::int64_t units{};
   if (__builtin_mul_overflow(steps, step, &units)) throw FailedStatement{"the amount is too large"};
   return Money::ofUnits(units);
 }

@@ -35,12 +35,12 @@ class Money {
   constexpr std::int64_t units() const { return units_; }
 
   friend constexpr Money operator+(Money a, Money b) {
-    std::int64_t sum = 0;  // mutation: 0 -> 1: written before it is read
+    std::int64_t sum{};
     if (__builtin_add_overflow(a.units_, b.units_, &sum)) throw FailedStatement{"the amount is too large"};
     return ofUnits(sum);
   }
   friend constexpr Money operator-(Money a, Money b) {
-    std::int64_t difference = 0;  // mutation: 0 -> 1: written before it is read
+    std::int64_t difference{};
     if (__builtin_sub_overflow(a.units_, b.units_, &difference)) throw FailedStatement{"the amount is too large"};
     return ofUnits(difference);
   }
@@ -51,7 +51,7 @@ class Money {
 
  private:
   static constexpr std::int64_t times(std::int64_t a, std::int64_t b) {
-    std::int64_t product = 0;  // mutation: 0 -> 1: written before it is read
+    std::int64_t product{};
     if (__builtin_mul_overflow(a, b, &product)) throw FailedStatement{"the amount is too large"};
     return product;
   }

@@ -10,19 +10,20 @@
 namespace tallyfin {
 
 Recorder::Recorder(std::string statusChosen, std::string date) {
-  told::Recording& now = told::recording();
+  recorded::Recording& now = recorded::recording();
   now.last.reset();
-  told::takeOver(now.taken ? now.taken->tape : Tape{});
+  recorded::takeOver(now.taken ? now.taken->tape : Tape{});
   const std::string& exemptions = worksheet().exemptionsText();
   const bool known = now.taken && now.taken->amount == payData.depsDed;
-  if (known) told::payData.depsDed = {now.taken->amount, now.taken->node};
+  if (known) recorded::payData.depsDed = {now.taken->amount, now.taken->node};
   const bool current =
       known && now.taken->frequency == payData.frequency && toText(now.taken->exemptions) == exemptions;
   const bool none = payData.depsDed == 0 && exemptions == "0";
   if (!current && !none) {
-    told::noteOn(told::payData.depsDed,
-                 "The federal allowance goes by the pay frequency and the exemptions that stood when the main screen "
-                 "was loaded.");
+    recorded::noteOn(
+        recorded::payData.depsDed,
+        "The federal allowance goes by the pay frequency and the exemptions that stood when the main screen "
+        "was loaded.");
   }
   // Last, so that there is no trace where one of the statements above throws.
   Trace begun;
@@ -34,7 +35,7 @@ Recorder::Recorder(std::string statusChosen, std::string date) {
 }
 
 Recorder::~Recorder() {
-  told::Recording& now = told::recording();
+  recorded::Recording& now = recorded::recording();
   now.trace = nullptr;
   if (now.within) {  // a statement ended with an exception: no memory
     now.last.reset();
@@ -42,35 +43,36 @@ Recorder::~Recorder() {
   }
   Trace& trace = *now.last;
   std::size_t i = 0;
-  for (const auto& row : resultRowsOf<told::PayData>) trace.results.at(i++) = (told::payData.*row.amount).node();
+  for (const auto& row : resultRowsOf<recorded::PayData>)
+    trace.results.at(i++) = (recorded::payData.*row.amount).node();
   trace.after = payData;
   trace.tape = std::exchange(now.tape, {});
 }
 
-void Recorder::calculatePaycheck() { told::calculatePaycheck(); }
-void Recorder::makeTotals() { told::makeTotals(); }
+void Recorder::calculatePaycheck() { recorded::calculatePaycheck(); }
+void Recorder::makeTotals() { recorded::makeTotals(); }
 
 void recordAllowance(Int16 exemptions) {
-  told::Recording& now = told::recording();
-  told::takeOver({});
+  recorded::Recording& now = recorded::recording();
+  recorded::takeOver({});
   now.taken.reset();
-  const told::Amount& taken = told::payData.depsDed;
+  const recorded::Amount& taken = recorded::payData.depsDed;
   const NodeId before = taken.node();
-  told::takeAllowance({exemptions, told::made(Op::entry, exemptions, noNode, noNode, "frmMain.cboExemptions")});
+  recorded::takeAllowance({exemptions, recorded::made(Op::entry, exemptions, noNode, noNode, "frmMain.cboExemptions")});
   if (now.tape.nodes[static_cast<std::size_t>(taken.node())].a == before) return;
   now.taken = {std::exchange(now.tape, {}), taken.plain(), taken.node(), exemptions, payData.frequency};
 }
 
 const Trace* lastTrace() {
-  const std::optional<Trace>& last = told::recording().last;
+  const std::optional<Trace>& last = recorded::recording().last;
   return last ? &*last : nullptr;
 }
 
 void forgetTraces() {
-  told::recording().last.reset();
-  told::recording().taken.reset();
+  recorded::recording().last.reset();
+  recorded::recording().taken.reset();
 }
 
-void Services::removeRecordings() { told::removeRecording(); }
+void Services::removeRecordings() { recorded::removeRecording(); }
 
 }  // namespace tallyfin

@@ -4,7 +4,7 @@
 
 #include "engine/trace.h"
 
-namespace tallyfin::told {
+namespace tallyfin::recorded {
 
 /// The federal allowance, calculated when the main screen was loaded.
 struct TakenAllowance {
@@ -38,4 +38,4 @@ void removeRecording();
 /// Begins a tape on which each field of the record is a value from before the calculation.
 void takeOver(Tape tape);
 
-}  // namespace tallyfin::told
+}  // namespace tallyfin::recorded

@@ -16,9 +16,8 @@ namespace tallyfin {
 enum class Op {
   constant,  ///< A constant of the rules.
   entry,     ///< What the user entered.
-  left,      ///< What stood in a field before the calculation.
-  titled,    ///< A figure with a title, of a statement or within one; with a second operand, one that is shown though
-             ///< it is another one again.
+  left,      ///< The value of a field before the calculation.
+  titled,    ///< The result of a statement, or a line within one.
   add,
   subtract,
   multiply,
@@ -34,7 +33,7 @@ enum class Op {
 
 using Value = std::variant<Money, Int16, double, float>;
 
-/// A figure by its number on the tape.
+/// The index of a figure's node on the tape.
 using NodeId = int;
 inline constexpr NodeId noNode = -1;
 
@@ -45,13 +44,13 @@ struct Node {
   NodeId a = noNode;
   NodeId b = noNode;
   const char* name = "";   ///< Of a constant; the address of an entry, the name of a field, the title.
-  const char* title = "";  ///< Of a field, where the rule has a better one than the field.
-  bool inDollars = false;  ///< Of a constant of the 16-bit arithmetic.
-  int circumstances = -1;  ///< Of a titled figure, by their number on the tape.
+  const char* title = "";  ///< Of a field: its title in the rule, where the rule has one.
+  bool inDollars = false;  ///< A constant of the 16-bit arithmetic that is dollars.
+  int circumstances = -1;  ///< Index of those of a titled figure.
 };
 
-/// Something that was asked before a figure was worked out, and the answer.
-struct Asked {
+/// A comparison on which a figure depends, and its result.
+struct Comparison {
   enum class How { equal, below, atMost, above, atLeast, from };
   How how;
   NodeId a;
@@ -60,9 +59,9 @@ struct Asked {
   bool held = true;
 };
 
-/// A row of a table as it is published. What the rows of its kind don't have is 0.
+/// A row of a table as it is published. Columns that its kind of table doesn't have are 0.
 struct TableRow {
-  enum class Gives { tax, amount, part };  ///< An amount is in `plus`, a part of something in `rate`.
+  enum class Gives { tax, amount, part };  ///< An amount is in `plus`, a part in `rate`.
   Gives gives = Gives::tax;
   Test test = Test::atMost;
   Money bound{};
@@ -80,18 +79,18 @@ struct AppliedRow {
   NodeId x = noNode;
 
   const TableRow& row() const { return rows[number]; }
-  /// The one whose test was tried before; null for the first.
+  /// The row above; null for the first.
   const TableRow* before() const { return number == 0 ? nullptr : &rows[number - 1]; }
 };
 
 /// What an explanation says beside the formula of a titled figure.
 struct Circumstances {
-  std::vector<Asked> asked;
+  std::vector<Comparison> comparisons;
   std::vector<std::string> notes;
   std::optional<AppliedRow> row;
 };
 
-/// All figures of a calculation, in the order in which they came about.
+/// All figures of a calculation, in the order in which they were calculated.
 struct Tape {
   std::vector<Node> nodes;
   std::vector<Circumstances> circumstances;

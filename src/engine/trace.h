@@ -10,7 +10,7 @@
 #include "engine/tape.h"
 
 /// What a calculation did, statement by statement, and where its figures come from, as plain data. Texts are made of it
-/// only when somebody asks.
+/// when an explanation is requested.
 
 namespace tallyfin {
 

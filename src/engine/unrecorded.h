@@ -16,11 +16,6 @@ constexpr T line(const char* /*title*/, T value) {
   return value;
 }
 
-/// The same for a figure that equals another one but has its own title.
-template <class T>
-constexpr T asMuch(const char* /*title*/, T value) {
-  return value;
-}
 /// A choice of the state options, with a title for what it means in the rule.
 template <class T>
 constexpr T called(const char* /*title*/, T choice) {

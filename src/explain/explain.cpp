@@ -38,8 +38,8 @@ class Writer {
 
   const Node& at(NodeId id) const { return formula_.at(id); }
 
-  /// The number of a figure's line. As long as there are none, this finds the lines: writing one, for nothing yet,
-  /// asks for those that it names, which come before it.
+  /// The number of a figure's line. Before the lines have numbers it returns 0 and collects them: a line asks for those
+  /// that it refers to, which are therefore collected before it.
   int lineOf(NodeId id) {
     const auto [known, isNew] = numbers_.try_emplace(id, 0);
     if (isNew) {
@@ -50,14 +50,14 @@ class Writer {
     return known->second;
   }
 
-  /// What the user chose, where the figure goes by it.
+  /// Collects the choices of the user on which the figure depends.
   void takeChoices(NodeId id) {
     if (formula_.isLeaf(id) || at(id).op != Op::titled) return;
-    for (const Asked& asked : formula_.circumstances(id).asked) {
-      const NodeId a = formula_.resolved(asked.a);
+    for (const Comparison& comparison : formula_.circumstances(id).comparisons) {
+      const NodeId a = formula_.resolved(comparison.a);
       auto choice = choiceOf(a);
       if (!choice) continue;
-      if (*at(a).title != '\0') *choice = {at(a).title, asked.held ? "Yes" : "No"};
+      if (*at(a).title != '\0') *choice = {at(a).title, comparison.held ? "Yes" : "No"};
       const auto same = [&](const ChoiceWords& other) { return other.title == choice->title; };
       if (std::none_of(choices_.begin(), choices_.end(), same)) choices_.push_back(*choice);
     }
@@ -70,21 +70,21 @@ class Writer {
     return choiceWords(node.name, number->value(), trace_.statusChosen);
   }
 
-  /// Whether the answer to another question about the same figure, or the row of the table, says as much.
-  bool isMatterOfCourse(const Asked& asked, const Circumstances& its) const {
-    const NodeId a = formula_.resolved(asked.a);
+  /// Whether another comparison of the same figure, a choice, or the row of the table implies this one.
+  bool isImplied(const Comparison& comparison, const Circumstances& its) const {
+    const NodeId a = formula_.resolved(comparison.a);
     if (its.row && formula_.resolved(its.row->x) == a) return true;
-    if (choiceOf(a) || (asked.how == Asked::How::equal && !asked.held)) return true;
-    if (asked.how == Asked::How::below && at(asked.b).value == Value(Int16(0))) return true;
-    const auto answers = [&](const Asked& other) {
-      const bool exact = other.how == Asked::How::equal || other.how == Asked::How::from;
+    if (choiceOf(a) || (comparison.how == Comparison::How::equal && !comparison.held)) return true;
+    if (comparison.how == Comparison::How::below && at(comparison.b).value == Value(Int16(0))) return true;
+    const auto implies = [&](const Comparison& other) {
+      const bool exact = other.how == Comparison::How::equal || other.how == Comparison::How::from;
       return exact && other.held && formula_.resolved(other.a) == a;
     };
-    const auto answer = std::find_if(its.asked.begin(), its.asked.end(), answers);
-    return answer != its.asked.end() && &*answer != &asked;
+    const auto other = std::find_if(its.comparisons.begin(), its.comparisons.end(), implies);
+    return other != its.comparisons.end() && &*other != &comparison;
   }
 
-  /// A count that stands by itself, as that of the pay periods: it comes first, like the entries.
+  /// A count without a formula, like that of the pay periods. Its line is before the formulas, like those of entries.
   bool isCount(NodeId id) const {
     return at(id).op == Op::titled && std::holds_alternative<Int16>(at(id).value) && !formula_.isDollars(id) &&
            at(formula_.resolved(at(id).a)).op == Op::constant;
@@ -153,13 +153,13 @@ class Writer {
       line.words += ", by the table \"" + its.row->table + "\", " + phrases_.reach(*its.row);
       line.table = UsedRow{*its.row, phrases_.phrase(its.row->x, Place::alone, As::dollars).operand};
     }
-    std::vector<std::string> answers;
-    for (const Asked& asked : its.asked) {
-      if (isMatterOfCourse(asked, its)) continue;
-      const std::string answer = phrases_.answer(asked);
-      if (std::find(answers.begin(), answers.end(), answer) == answers.end()) answers.push_back(answer);
+    std::vector<std::string> reasons;
+    for (const Comparison& comparison : its.comparisons) {
+      if (isImplied(comparison, its)) continue;
+      const std::string reason = phrases_.reason(comparison);
+      if (std::find(reasons.begin(), reasons.end(), reason) == reasons.end()) reasons.push_back(reason);
     }
-    for (std::size_t i = 0; i < answers.size(); ++i) line.words += (i == 0 ? ", as " : " and ") + answers[i];
+    for (std::size_t i = 0; i < reasons.size(); ++i) line.words += (i == 0 ? ", as " : " and ") + reasons[i];
   }
 
   const Trace& trace_;
@@ -174,8 +174,8 @@ class Writer {
   std::vector<ExplanationLine> lines_;
 };
 
-/// The figures of the other rows; one that two rows share is the first one's. Where a row repeats an entry or the
-/// figure of another statement, that stands for the row too.
+/// The figures of the other rows; a figure that two rows share belongs to the first. Where a row equals an entry or the
+/// figure of another statement, that entry or figure belongs to the row too.
 std::map<NodeId, const char*> rowsBut(std::size_t own, const Trace& trace) {
   std::map<NodeId, const char*> rows;
   const Formula formula(trace.tape, {});

@@ -7,8 +7,8 @@
 #include "engine/trace.h"
 #include "explain/operand.h"
 
-/// Why a figure of the results is what it is: a worksheet as tax forms print them, written from the tape of the
-/// calculation alone. There are no rules of a state here.
+/// The explanation of each figure of the results: a worksheet like those of tax forms, written from the tape of the
+/// calculation alone. No code here is for a single state.
 
 namespace tallyfin {
 

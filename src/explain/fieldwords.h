@@ -10,7 +10,7 @@
 
 namespace tallyfin {
 
-/// What a field or a control holds, and how it got there.
+/// What a field or a control holds, and where its value comes from.
 struct FieldWords {
   std::string title;
   std::string origin;  ///< In words that follow its value.

@@ -21,7 +21,7 @@ std::string plainText(const Value& value);
 /// A figure of any kind as a real number, dollars where it is an amount.
 double realOf(const Value& value);
 
-/// How a figure is written: a rate as dollars, as percent or as a bare number, a count as dollars or as a number.
+/// How a figure is written: a rate as dollars, as percent or as a number, a count as dollars or as a number.
 enum class As { dollars, percent, number };
 std::string textOf(const Value& value, As as);
 

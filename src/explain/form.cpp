@@ -16,13 +16,13 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// With a capital at its start, where that is a letter.
+/// With a capital first letter, where it begins with a letter.
 std::string capitalised(std::string words) {
   if (words.front() >= 'a') words.front() = static_cast<char>(words.front() - 'a' + 'A');
   return words;
 }
 
-/// Reads the numbers of lines at the head of a text and takes them off it: "4", and of several "2 and 3", "2, 3 and 5",
+/// Reads the numbers of lines at the beginning of a text and removes them: "4", and of several "2 and 3", "2, 3 and 5",
 /// "2 to 5".
 std::vector<int> takeNumbers(std::string_view& text, bool several) {
   std::vector<int> numbers;
@@ -43,7 +43,7 @@ std::vector<int> takeNumbers(std::string_view& text, bool several) {
   }
 }
 
-/// The amount at the head of a text, which begins with its sign or its parenthesis, in words. Takes it off the text.
+/// Reads the amount at the beginning of a text, "$5.00" or "($5.00)", removes it, and returns it in words.
 std::string takeAmount(std::string_view& text) {
   const bool negative = text.front() == '(';
   text.remove_prefix(negative ? 2 : 1);
@@ -58,7 +58,7 @@ std::string takeAmount(std::string_view& text) {
   return decimals == "00" ? words : words + " " + std::string(decimals);
 }
 
-/// Where a figure was entered, or comes from elsewhere as it is.
+/// Whether a figure was entered, or is that of a field or of another row.
 bool isTakenOver(const ExplanationLine& line) {
   return line.from.origin == Operand::Origin::entry || line.from.origin == Operand::Origin::left ||
          line.from.origin == Operand::Origin::row;

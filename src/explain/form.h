@@ -7,11 +7,11 @@
 
 #include "explain/explain.h"
 
-/// Worksheets as they are set on a form: the same texts for a window, for paper, for a web app and for speech.
+/// Worksheets set as forms: the same texts for a window, for paper, for a web app and for speech.
 
 namespace tallyfin {
 
-/// A part of a line's text. One that names lines ("line 4", "lines 2 to 4") has their numbers.
+/// A part of a line's text. One that refers to lines ("line 4", "lines 2 to 4") has their numbers.
 struct FormPart {
   std::string text;
   std::vector<int> lines;
@@ -29,7 +29,7 @@ struct FormTable {
   std::size_t used = 0;  ///< The number of the row, from 0.
 };
 
-/// A line. One without a number is a remark: it has a text alone.
+/// A line. One without a number is a remark: it has only a text.
 struct FormLine {
   int number = 0;
   std::vector<FormPart> parts;
@@ -48,7 +48,7 @@ struct Form {
   std::vector<FormLine> lines;
 };
 
-/// What stands above the worksheets, each with its title.
+/// The entries above the worksheets, each with its title.
 using FormHeading = std::vector<std::pair<std::string, std::string>>;
 
 std::vector<Form> formsOf(const std::vector<Explanation>& explanations);
@@ -57,7 +57,7 @@ std::vector<Form> formsOf(const std::vector<Explanation>& explanations);
 /// that isn't stored is left out.
 FormHeading headingOf(const Trace& trace, const std::vector<Explanation>& explanations);
 
-/// A text cut into parts, at the lines that it names.
+/// A text cut into parts at its references to lines.
 std::vector<FormPart> partsOf(const std::string& text);
 
 /// A text as it is spoken: its amounts in words, "887 dollars 12".

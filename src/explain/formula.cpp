@@ -56,7 +56,7 @@ std::optional<NodeId> Formula::sameAs(NodeId id, Notes* notes) const {
   };
   switch (node.op) {
     case Op::titled: {
-      if (node.b != noNode || circumstances(id).row) return std::nullopt;
+      if (circumstances(id).row) return std::nullopt;
       const NodeId content = resolved(node.a);
       return isLeaf(content) || at(content).op == Op::titled ? std::optional(node.a) : std::nullopt;
     }

@@ -7,8 +7,8 @@
 
 #include "engine/tape.h"
 
-/// The tape of a calculation as one row of the results sees it: which figures have a line, which stand within a
-/// formula, and which came and went without effect.
+/// For the worksheet of one row of the results: which figures of the tape have a line, which stand within a formula,
+/// and which are left out because they had no effect.
 
 namespace tallyfin {
 
@@ -35,14 +35,14 @@ class Formula {
   const char* rowOf(NodeId id) const;
   bool isLeaf(NodeId id) const;
 
-  /// The figure that this one repeats: steps that came and went without effect are left out. Collects what was noted on
-  /// the way.
+  /// The figure itself, or the one that it equals after operations without effect are left out. The notes of those are
+  /// added to `notes`.
   NodeId resolved(NodeId id, Notes* notes = nullptr) const;
 
   /// Whether a resolved figure stands within the formula around it, and not in a line of its own.
   bool inlined(NodeId id, Place place) const;
 
-  /// A wage less a bound, of which a product takes a part: "the amount of line 7 over $525.00".
+  /// A wage less a bound, as a factor: "the amount of line 7 over $525.00".
   bool isExcess(NodeId id) const;
   /// A whole number that is dollars.
   bool isDollars(NodeId id) const;

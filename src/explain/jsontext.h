@@ -4,16 +4,15 @@
 #include <string_view>
 #include <vector>
 
-/// JSON as texts, without blanks, beyond ASCII as UTF-8. The strings are the JSON library's; lists and objects are put
-/// together as text, because the library's own allocate where they are destroyed: a lack of memory there would end the
-/// program.
+/// JSON as texts, without blanks, in UTF-8. The JSON library writes the strings. Lists and objects are put together as
+/// text: the library's own allocate memory in their destructors, where a failure would end the program.
 
 namespace tallyfin {
 
-/// A JSON string. Bytes that are no UTF-8 are replaced.
+/// A JSON string. Bytes that aren't valid UTF-8 are replaced.
 std::string json(std::string_view text);
 
-/// A JSON list of what write() makes of each element, which is JSON already.
+/// A JSON list. write() returns the JSON of an element.
 template <class All, class Write>
 std::string jsonList(const All& all, Write&& write) {
   std::string elements;

@@ -16,7 +16,7 @@ Operand result(const char* operation, std::vector<Operand> of) {
   return operand;
 }
 
-/// Lines by their numbers, then what else there is: "lines 2 to 4 plus $3.00".
+/// Lines by their numbers, then the other phrases: "lines 2 to 4 plus $3.00".
 std::string listed(const std::vector<Phrase>& phrases, const char* between) {
   std::vector<int> lines;
   std::string others;
@@ -38,9 +38,9 @@ std::string listed(const std::vector<Phrase>& phrases, const char* between) {
   return others.empty() ? words : words + between + others;
 }
 
-/// How a real number compares with the amount or count to which it was rounded: -1, 0 or 1. What differs by no more
-/// than doubles do doesn't count.
-int roundedWhere(double exact, double rounded, double unit) {
+/// Whether a real number was rounded down to an amount or count, not at all, or up: -1, 0 or 1. A difference within the
+/// precision of doubles doesn't count.
+int roundingOf(double exact, double rounded, double unit) {
   const double off = (rounded - exact) / unit;
   const double noise = 1e-6 + std::abs(exact / unit) * 1e-14;
   if (std::abs(off) < noise) return 0;
@@ -58,9 +58,9 @@ std::string Phrases::direction(NodeId id) const {
   const Node& node = formula_.at(id);
   const double unit = node.op == Op::fromReal ? 0.0001 : node.op == Op::roundCents ? 0.01 : 1;
   const double exact = realOf(formula_.at(node.a).value);
-  const int where = roundedWhere(exact, realOf(node.value), unit);
-  if (where == 0) return "";
-  std::string words = where < 0 ? ", rounded down to " : ", rounded up to ";
+  const int rounding = roundingOf(exact, realOf(node.value), unit);
+  if (rounding == 0) return "";
+  std::string words = rounding < 0 ? ", rounded down to " : ", rounded up to ";
   if (node.op == Op::fromReal) return words + "four decimals";
   const bool half = isHalf(exact, unit);
   if (node.op == Op::roundCents) return words + "whole cents" + (half ? ", since half a cent goes away from zero" : "");
@@ -132,7 +132,7 @@ Operand Phrases::addTerms(NodeId id, bool less, As as, std::vector<Term>& terms)
     Term& term = terms.back();
     Operand operand = term.phrase.operand;
     if (node.op == Op::constant && realOf(node.value) < 0) {
-      // The words have it without its sign.
+      // The words show it without its sign.
       term.less = !less;
       const auto negated = [](auto number) -> Value { return decltype(number){} - number; };
       term.phrase.words = textOf(std::visit(negated, node.value), as);
@@ -161,7 +161,7 @@ Phrase Phrases::sum(NodeId id, Place place, As as) const {
     (term.less ? less : plus).push_back(term.phrase);
     products = products || term.phrase.operand.name == "*";
   }
-  // Products come last, so that nobody takes what follows for a part of them.
+  // Products come last, so that no further term looks like a part of them.
   std::stable_partition(plus.begin(), plus.end(), [](const Phrase& p) { return p.operand.name != "*"; });
   std::string words = listed(plus, " plus ");
   if (words.starts_with("lines "))
@@ -191,7 +191,7 @@ Phrase Phrases::product(NodeId id) const {
   return {a.words + " times " + b.words, operand, false};
 }
 
-std::string Phrases::answer(const Asked& asked) const {
+std::string Phrases::reason(const Comparison& comparison) const {
   struct Verb {
     const char* held;
     const char* notHeld;
@@ -203,10 +203,10 @@ std::string Phrases::answer(const Asked& asked) const {
                                        {" is not below ", " is below "},
                                        {" is from ", " is not from "}}};
   const auto figure = [&](NodeId id) { return phrase(id, Place::alone, As::number).words; };
-  const Verb& verb = verbs.at(static_cast<std::size_t>(asked.how));
-  std::string words = figure(asked.a) + (asked.held ? verb.held : verb.notHeld);
-  words += asked.b == noNode ? textOf(formula_.at(asked.a).value, As::number) : figure(asked.b);
-  return asked.c == noNode ? words : words + " to " + figure(asked.c);
+  const Verb& verb = verbs.at(static_cast<std::size_t>(comparison.how));
+  std::string words = figure(comparison.a) + (comparison.held ? verb.held : verb.notHeld);
+  words += comparison.b == noNode ? textOf(formula_.at(comparison.a).value, As::number) : figure(comparison.b);
+  return comparison.c == noNode ? words : words + " to " + figure(comparison.c);
 }
 
 std::string Phrases::reach(const AppliedRow& used) const {

@@ -20,14 +20,14 @@ struct Phrase {
 
 class Phrases {
  public:
-  /// `lineOf` gives the number of a figure's line. What is noted on figures that the words leave out goes to `notes`.
+  /// `lineOf` gives the number of a figure's line. Notes on figures that the words leave out are added to `notes`.
   Phrases(const Formula& formula, std::function<int(NodeId)> lineOf, Formula::Notes& notes)
       : formula_(formula), lineOf_(std::move(lineOf)), notes_(notes) {}
 
   Phrase phrase(NodeId id, Place place, As as) const;
 
-  /// A question and its answer: "line 4 is below $1,153.85".
-  std::string answer(const Asked& asked) const;
+  /// A comparison with its result: "line 4 is below $1,153.85".
+  std::string reason(const Comparison& comparison) const;
 
   /// Where the row of a table holds: "where line 7 is over $525.00 but not over $1,125.00".
   std::string reach(const AppliedRow& used) const;

@@ -21,12 +21,12 @@ static const Group* chosenGroup() {
 }
 
 /// The low-income test of a group.
-static bool withinGate(const Group& group) { return worksheet().stateWage <= group.gate.now(); }
+static bool hasLowIncome(const Group& group) { return worksheet().stateWage <= group.lowIncome.now(); }
 
-/// The only low-income test with an effect: Head of Family, Weekly, has no table, no credit and no `staAdd`.
-static bool endsAtGate() {
+/// The only low-income test that ends the calculation: Head of Family, Weekly, has no table, no credit and no `staAdd`.
+static bool endsAtLowIncome() {
   const Group* group = chosenGroup();
-  return group == &groupCSchedule && payData.frequency == frequency::weekly && withinGate(*group);
+  return group == &groupCSchedule && payData.frequency == frequency::weekly && hasLowIncome(*group);
 }
 
 static void applyGroup() {
@@ -34,7 +34,7 @@ static void applyGroup() {
   // The table assigns `stateTax` in any case, so the low-income test doesn't change the result.
   step("No tax up to the low-income amount, which the table overrides", payData.stateTax,
        []() -> std::optional<Amount> {
-         if (withinGate(*chosenGroup())) return 0;
+         if (hasLowIncome(*chosenGroup())) return 0;
          return keep("the wage is over the low-income amount");
        });
   step("Wage less the standard deduction", work.stateWage,
@@ -59,9 +59,9 @@ void CalifTax() {
     return keep("the number of estimated deductions is negative");
   });
   step("Wage less the estimated deduction", work.stateWage, [] { return stateGross() - payData.stateDepsDed; });
-  if (endsAtGate()) {
+  if (endsAtLowIncome()) {
     step("State tax on a low weekly income of a Head of Family", payData.stateTax, [] {
-      endsAtGate();
+      endsAtLowIncome();
       return 0;
     });
     return;

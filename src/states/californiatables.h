@@ -151,27 +151,19 @@ inline constexpr PerFrequency<Dollars> exemptionCredit[] = {
 
 /// A schedule group: the limit of the low-income test, the standard deduction, the tables.
 struct Group {
-  PerFrequency<Dollars> gate;
+  PerFrequency<Dollars> lowIncome;
   PerFrequency<Dollars> deduction;
   PerFrequency<Bands> bands;
 };
 
-inline constexpr const char* gate = "low-income amount";
+inline constexpr const char* lowIncome = "low-income amount";
 inline constexpr const char* deduction = "standard deduction";
 /// Single, or married with an employed spouse.
-// mutation: 158 -> 159 and 341 -> 342 and 315 -> 316 and 683 -> 684: the gate leaves no mark, for the table assigns the
-// tax in any case
-inline constexpr Group groupASchedule{{158, 341, 315, 683, gate}, {51, 110, 102, 220, deduction}, groupA};
+inline constexpr Group groupASchedule{{158, 341, 315, 683, lowIncome}, {51, 110, 102, 220, deduction}, groupA};
 /// Married, with one exemption at most and with two or more.
-// mutation: 158 -> 159 and 341 -> 342 and 315 -> 316 and 683 -> 684: the gate leaves no mark, for the table assigns the
-// tax in any case
-inline constexpr Group groupBUpToOneSchedule{{158, 341, 315, 683, gate}, {51, 110, 102, 220, deduction}, groupB};
-// mutation: 315 -> 316 and 683 -> 684 and 630 -> 631 and 1365 -> 1366: the gate leaves no mark, for the table assigns
-// the tax in any case
-inline constexpr Group groupBFromTwoSchedule{{315, 683, 630, 1365, gate}, {102, 220, 203, 440, deduction}, groupB};
+inline constexpr Group groupBUpToOneSchedule{{158, 341, 315, 683, lowIncome}, {51, 110, 102, 220, deduction}, groupB};
+inline constexpr Group groupBFromTwoSchedule{{315, 683, 630, 1365, lowIncome}, {102, 220, 203, 440, deduction}, groupB};
 /// Head of family.
-// mutation: 670 -> 671 and 618 -> 619 and 1340 -> 1341: the gate leaves no mark, for the table assigns the tax in any
-// case
-inline constexpr Group groupCSchedule{{315, 670, 618, 1340, gate}, {102, 220, 203, 440, deduction}, groupC};
+inline constexpr Group groupCSchedule{{315, 670, 618, 1340, lowIncome}, {102, 220, 203, 440, deduction}, groupC};
 
 }  // namespace TALLYFIN_FIGURES::california

@@ -12,6 +12,15 @@ constexpr PerFrequency<Dollars> marriedDeduction{57.5, 125, 115, 250, "standard 
 constexpr PerFrequency<Dollars> separatelyDeduction{28.75, 62.5, 57.5, 125, "standard deduction"};
 
 constexpr PerFrequency<Dollars> perDependent{48, 104, 96, 208, "allowance for each dependent"};
+
+static const PerFrequency<Dollars>* chosenDeduction() {
+  switch (payData.staMarried.value()) {
+    case stateStatus::single: return &singleDeduction;
+    case stateStatus::married: return &marriedDeduction;
+    case stateStatus::separately: return &separatelyDeduction;
+    default: return nullptr;
+  }
+}
 }  // namespace georgia
 
 /// Georgia, 1999. `staMarried` sets the deductions, `maritalStat` the table. Without dependents the second
@@ -27,18 +36,13 @@ void Georgia() {
   step(
       "Standard deduction and personal allowance of the filing status",
       [&] {
-        switch (payData.staMarried.value()) {
-          case stateStatus::single: work.stateStdDed = singleDeduction.now(); break;
-          case stateStatus::married: work.stateStdDed = marriedDeduction.now(); break;
-          case stateStatus::separately: work.stateStdDed = separatelyDeduction.now(); break;
-          default: return keepAll("the state has no deductions for the filing status chosen");
-        }
-        const bool separately = payData.staMarried == stateStatus::separately;
-        work.stateStdDed = line("Standard deduction", work.stateStdDed);
-        if (separately) {
+        const PerFrequency<Dollars>* deduction = chosenDeduction();
+        if (!deduction) return keepAll("the state has no deductions for the filing status chosen");
+        work.stateStdDed = line("Standard deduction", Amount(deduction->now()));
+        if (payData.staMarried == stateStatus::separately) {
           payData.stateDepsDed = line("Personal allowance", work.stateStdDed * named("times", Int16(2)));
         } else {
-          payData.stateDepsDed = asMuch("Personal allowance", work.stateStdDed);
+          payData.stateDepsDed = line("Personal allowance", Amount(deduction->now()));
         }
         return true;
       },

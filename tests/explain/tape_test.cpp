@@ -41,21 +41,21 @@ TEST_F(TapeTest, AFieldWithoutWordsGoesByItsName) {
 }
 
 TEST_F(TapeTest, EachQuestionHasItsWords) {
-  using enum Asked::How;
+  using enum Comparison::How;
   const NodeId one = constant(Money(1));
   const NodeId two = constant(Money(2));
   const NodeId ten = constant(Money(10));
   const NodeId sum = add(Op::add, Money(2), wage, constant(Money(-3)));
   const NodeId tax = titled(Money(2), sum,
-                            {.asked = {{below, wage, ten},
-                                       {below, wage, one, noNode, false},
-                                       {atMost, wage, ten},
-                                       {atMost, wage, two, noNode, false},
-                                       {above, wage, one},
-                                       {above, wage, ten, noNode, false},
-                                       {atLeast, wage, two},
-                                       {atLeast, wage, ten, noNode, false},
-                                       {from, wage, one, two, false}},
+                            {.comparisons = {{below, wage, ten},
+                                             {below, wage, one, noNode, false},
+                                             {atMost, wage, ten},
+                                             {atMost, wage, two, noNode, false},
+                                             {above, wage, one},
+                                             {above, wage, ten, noNode, false},
+                                             {atLeast, wage, two},
+                                             {atLeast, wage, ten, noNode, false},
+                                             {from, wage, one, two, false}},
                              .notes = {},
                              .row = {}});
   EXPECT_THAT(
@@ -70,7 +70,7 @@ TEST_F(TapeTest, ARowThatDoesNotJoinTheOneBeforeTellsBothBounds) {
   AppliedRow row{
       .table = "Odd", .rows = {{.bound = 2}, {.test = ::tallyfin::Test::above, .bound = 4}}, .number = 1, .x = wage};
   const NodeId tax = titled(Money(7), add(Op::add, Money(7), wage, constant(Money(2))),
-                            {.asked = {}, .notes = {}, .row = std::move(row)});
+                            {.comparisons = {}, .notes = {}, .row = std::move(row)});
   EXPECT_THAT(
       worksheetOf(tax),
       ElementsAre(wageLine,
@@ -81,7 +81,7 @@ TEST_F(TapeTest, ARowThatDoesNotJoinTheOneBeforeTellsBothBounds) {
 TEST_F(TapeTest, AnOpenRowWithoutOneBeforeTellsItsBound) {
   AppliedRow row{.table = "Odd", .rows = {{.test = ::tallyfin::Test::above, .bound = 4}}, .number = 0, .x = wage};
   const NodeId tax = titled(Money(7), add(Op::add, Money(7), wage, constant(Money(2))),
-                            {.asked = {}, .notes = {}, .row = std::move(row)});
+                            {.comparisons = {}, .notes = {}, .row = std::move(row)});
   EXPECT_THAT(
       worksheetOf(tax),
       ElementsAre(wageLine, "2. Tax: line 1 plus $2.00, by the table \"Odd\", where line 1 is over $4.00 = $7.00"));

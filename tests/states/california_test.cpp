@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <array>
+
+#include "engine/recorder.h"
 #include "states/states.h"
 #include "support/paycheck.h"
 
@@ -16,7 +20,7 @@ TEST_F(California, GoesOnAfterTheLowIncomeTest) {
   EXPECT_EQ(payData.stateTax, dollars("1.14"));  // 49 at 1 percent, less 1.35, and 2
 }
 
-TEST_F(California, EndsAtTheGateForAWeeklyHeadOfFamily) {
+TEST_F(California, EndsAtALowIncomeForAWeeklyHeadOfFamily) {
   payData.staMarried = 9;
   payData.grossPay = 353;
   payData.staExmp = 2;
@@ -32,6 +36,43 @@ TEST_F(California, EndsAtTheGateForAWeeklyHeadOfFamily) {
   payData.staDeps = 0;
   CalifTax();
   EXPECT_EQ(payData.stateTax, dollars("52.2902"));  // 1.97 + 16.01 at 2 percent, and 50
+}
+
+/// The table assigns the tax in any case, so that only the statement itself shows the result of the test.
+TEST_F(California, HasALowIncomeAmountForEachGroupAndFrequency) {
+  struct Group {
+    int staMarried;
+    int exemptions;
+    std::array<int, 4> lowIncome;
+  };
+  const auto becomesZero = [this](Money wage) {
+    sheet.income = toText(wage);
+    payData.stateTax = 99;
+    {
+      const Recorder recorder;
+      Recorder::calculatePaycheck();
+    }
+    const auto& all = lastTrace()->statements;
+    const auto test = std::find_if(all.begin(), all.end(), [](const TracedStatement& one) {
+      return std::string(one.title).starts_with("No tax up to the low-income amount");
+    });
+    return test != all.end() && !test->changes.empty();
+  };
+  sheet.state = 4;
+  for (const Group& group : {Group{0, 2, {158, 341, 315, 683}},
+                             {3, 1, {158, 341, 315, 683}},
+                             {3, 2, {315, 683, 630, 1365}},
+                             {8, 2, {158, 341, 315, 683}},
+                             {9, 2, {315, 670, 618, 1340}}}) {
+    for (int frequency = group.staMarried == 9 ? 1 : 0; frequency < 4; ++frequency) {
+      payData.staMarried = group.staMarried;
+      sheet.exemptions = group.exemptions;
+      payData.frequency = frequency;
+      const Money lowIncome = group.lowIncome.at(static_cast<std::size_t>(frequency));
+      EXPECT_TRUE(becomesZero(lowIncome)) << group.staMarried << " " << frequency;
+      EXPECT_FALSE(becomesZero(lowIncome + Money::ofUnits(1))) << group.staMarried << " " << frequency;
+    }
+  }
 }
 
 TEST_F(California, GoesOnAfterTheLowIncomeTestForAMonthlyHeadOfFamily) {

@@ -141,7 +141,7 @@ TEST_F(WholeDollarStates, MinnesotaRoundsTheAdditionalAmountToo) {
   EXPECT_EQ(payData.stateTax, 11);
 }
 
-TEST_F(WholeDollarStates, MinnesotaShowsInTheSumWhereItsRowsJoin) {
+TEST_F(WholeDollarStates, MinnesotaAppliesEachRowFromTheBoundOfTheOneBefore) {
   struct Join {
     int maritalStat;
     const char* wage;
@@ -210,7 +210,7 @@ TEST_F(WholeDollarStates, MississippiChoosesTheStandardDeductionByTheButton) {
   }
   payData.staMarried = 3;
   Mississippi();
-  EXPECT_EQ(sheet.stateStdDed, 3400);  // as the last one left it
+  EXPECT_EQ(sheet.stateStdDed, 3400);  // unchanged
 }
 
 TEST_F(WholeDollarStates, MississippiKeepsTheLastDeductionBeyondSixteenBits) {

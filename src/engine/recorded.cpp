@@ -1,16 +1,16 @@
-#include "engine/told.h"
+#include "engine/recorded.h"
 
 #include <utility>
 
 #include "engine/doubletext.h"
 #include "engine/recording.h"
 
-namespace tallyfin::told {
+namespace tallyfin::recorded {
 
 namespace {
 
 NodeId withCircumstances(Value value, NodeId node, const char* title, Circumstances circumstances) {
-  const NodeId made = told::made(Op::titled, value, node, noNode, title);
+  const NodeId made = recorded::made(Op::titled, value, node, noNode, title);
   recording().tape.nodes.back().circumstances = static_cast<int>(recording().tape.circumstances.size());
   recording().tape.circumstances.push_back(std::move(circumstances));
   return made;
@@ -102,19 +102,13 @@ NodeId made(Op op, Value value, NodeId a, NodeId b, const char* name, bool inDol
   return static_cast<NodeId>(recording().tape.nodes.size()) - 1;
 }
 
-bool asked(Asked asked) {
-  recording().since.asked.push_back(asked);
-  return asked.held;
+bool compared(Comparison comparison) {
+  recording().since.comparisons.push_back(comparison);
+  return comparison.held;
 }
 
 NodeId titled(const char* title, Value value, NodeId node) {
   return withCircumstances(value, node, title, std::exchange(recording().since, {}));
-}
-
-NodeId asMuch(const char* title, Value value, NodeId node) {
-  const NodeId same = titled(title, value, node);
-  recording().tape.nodes.back().b = node;
-  return same;
 }
 
 Count called(const char* title, const Count& choice) {
@@ -139,7 +133,7 @@ std::nullopt_t keep(const char* why) {
 void note(const char* remark) { recording().since.notes.emplace_back(remark); }
 
 NodeId noted(Value value, NodeId node, const char* remark) {
-  return withCircumstances(value, node, "", {.asked = {}, .notes = {remark}, .row = {}});
+  return withCircumstances(value, node, "", {.comparisons = {}, .notes = {remark}, .row = {}});
 }
 
 void applied(AppliedRow row) {
@@ -152,7 +146,7 @@ void applied(AppliedRow row) {
 
 namespace {
 template <class T>
-Told<T> entered(const Entry& entry, T value) {
+Recorded<T> entered(const Entry& entry, T value) {
   return {value, made(Op::entry, value, noNode, noNode, entry.where)};
 }
 }  // namespace
@@ -195,4 +189,4 @@ void runStatement(OnFailure onFailure, const char* title, std::span<const Target
 
 void stateIs(const char* caption) { recording().trace->state = caption; }
 
-}  // namespace tallyfin::told
+}  // namespace tallyfin::recorded

@@ -14,93 +14,105 @@
 #include "engine/title.h"
 #include "engine/worksheet.h"
 
-/// The kind of figures that know how they came about: each holds a number and its place on the tape of the recorded
-/// calculation. Whatever the plain kind has for the rules is here under the same name.
+/// The recorded kind of figures: each holds a number and the index of its node on the tape of the calculation. The
+/// names are those of the plain kind.
 
-namespace tallyfin::told {
+namespace tallyfin::recorded {
 
 using ::tallyfin::FailedStatement;
 using ::tallyfin::Title;
 
-/// Write to the tape of the running calculation. They are out of line to keep the routines small.
+/// Add a node or a comparison to the tape of the running calculation. They are out of line to keep the routines small.
 NodeId made(Op op, Value value, NodeId a = noNode, NodeId b = noNode, const char* name = "", bool inDollars = false);
-bool asked(Asked asked);
+bool compared(Comparison comparison);
 
 template <class T>
-class Told {
+class Recorded {
  public:
-  constexpr Told() = default;
-  constexpr Told(T value) : value_(value) {}  // NOLINT(google-explicit-constructor): a number is a figure
+  constexpr Recorded() = default;
+  constexpr Recorded(T value) : value_(value) {}  // NOLINT(google-explicit-constructor): a number is a figure
   template <std::integral Number>
-  constexpr Told(Number value)  // NOLINT(google-explicit-constructor): likewise
+  constexpr Recorded(Number value)  // NOLINT(google-explicit-constructor): likewise
       : value_(static_cast<T>(value)) {}
   template <std::same_as<Int16> C>
-  requires std::same_as<T, Money> Told(const Told<C>& count)  // NOLINT(google-explicit-constructor): likewise
+  requires std::same_as<T, Money> Recorded(const Recorded<C>& count)  // NOLINT(google-explicit-constructor): likewise
       : value_(count.plain()), node_(count.node()) {}
-  Told(T value, NodeId node) : value_(value), node_(node) {}
+  Recorded(T value, NodeId node) : value_(value), node_(node) {}
 
   const T& plain() const { return value_; }
-  /// Where it stands on the tape. A number without an origin is a constant.
+  /// Its node on the tape. A number without a node becomes a constant.
   NodeId node() const {
     if (node_ == noNode) node_ = made(Op::constant, value_);
     return node_;
   }
 
-  /// The number, to choose by it.
+  /// The number, for a switch. An explanation names it.
   int value() const requires std::same_as<T, Int16> {
-    asked({Asked::How::equal, node()});
+    compared({Comparison::How::equal, node()});
     return value_.value();
   }
 
-  friend Told operator+(const Told& a, const Told& b) { return a.with(Op::add, b, a.value_ + b.value_); }
-  friend Told operator-(const Told& a, const Told& b) { return a.with(Op::subtract, b, a.value_ - b.value_); }
-  friend Told operator*(const Told& a, const Told& b) requires(!std::same_as<T, Money>) {
+  friend Recorded operator+(const Recorded& a, const Recorded& b) { return a.with(Op::add, b, a.value_ + b.value_); }
+  friend Recorded operator-(const Recorded& a, const Recorded& b) {
+    return a.with(Op::subtract, b, a.value_ - b.value_);
+  }
+  friend Recorded operator*(const Recorded& a, const Recorded& b) requires(!std::same_as<T, Money>) {
     return a.with(Op::multiply, b, a.value_ * b.value_);
   }
-  friend Told operator*(const Told& a, const Told<Int16>& b) requires std::same_as<T, Money> {
+  friend Recorded operator*(const Recorded& a, const Recorded<Int16>& b) requires std::same_as<T, Money> {
     return a.with(Op::multiply, b, a.value_ * b.plain());
   }
-  friend Told operator/(const Told& a, const Told& b) requires std::same_as<T, double> {
+  friend Recorded operator/(const Recorded& a, const Recorded& b) requires std::same_as<T, double> {
     return a.with(Op::divide, b, a.value_ / b.value_);
   }
 
-  friend bool operator==(const Told& a, const Told& b) { return a.ask(Asked::How::equal, b, a.value_ == b.value_); }
-  friend bool operator<(const Told& a, const Told& b) { return a.ask(Asked::How::below, b, a.value_ < b.value_); }
-  friend bool operator<=(const Told& a, const Told& b) { return a.ask(Asked::How::atMost, b, a.value_ <= b.value_); }
-  friend bool operator>(const Told& a, const Told& b) { return a.ask(Asked::How::above, b, a.value_ > b.value_); }
-  friend bool operator>=(const Told& a, const Told& b) { return a.ask(Asked::How::atLeast, b, a.value_ >= b.value_); }
+  friend bool operator==(const Recorded& a, const Recorded& b) {
+    return a.ask(Comparison::How::equal, b, a.value_ == b.value_);
+  }
+  friend bool operator<(const Recorded& a, const Recorded& b) {
+    return a.ask(Comparison::How::below, b, a.value_ < b.value_);
+  }
+  friend bool operator<=(const Recorded& a, const Recorded& b) {
+    return a.ask(Comparison::How::atMost, b, a.value_ <= b.value_);
+  }
+  friend bool operator>(const Recorded& a, const Recorded& b) {
+    return a.ask(Comparison::How::above, b, a.value_ > b.value_);
+  }
+  friend bool operator>=(const Recorded& a, const Recorded& b) {
+    return a.ask(Comparison::How::atLeast, b, a.value_ >= b.value_);
+  }
 
   /// The result of an operation on this figure and another.
   template <class Other, class Result>
-  Told<Result> with(Op op, const Told<Other>& other, Result result) const {
+  Recorded<Result> with(Op op, const Recorded<Other>& other, Result result) const {
     const NodeId a = node();
     return {result, made(op, result, a, other.node())};
   }
   template <class Result>
-  Told<Result> as(Op op, Result result) const {
+  Recorded<Result> as(Op op, Result result) const {
     return {result, made(op, result, node())};
   }
 
  private:
-  bool ask(Asked::How how, const Told& other, bool held) const {
+  bool ask(Comparison::How how, const Recorded& other, bool held) const {
     const NodeId a = node();
-    return asked({how, a, other.node(), noNode, held});
+    return compared({how, a, other.node(), noNode, held});
   }
 
   T value_{};
   mutable NodeId node_ = noNode;
 };
 
-using Amount = Told<Money>;
-using Count = Told<Int16>;
-using Rate = Told<double>;
-using Single = Told<float>;
+using Amount = Recorded<Money>;
+using Count = Recorded<Int16>;
+using Rate = Recorded<double>;
+using Single = Recorded<float>;
 template <class Row>
 using RowsOf = TableOf<Row>;
 using TaxTable = RowsOf<Band>;
 
 template <class T>
-Told<T> named(const char* name, T value) {
+Recorded<T> named(const char* name, T value) {
   return {value, made(Op::constant, value, noNode, noNode, name)};
 }
 inline Count dollars16(const char* name, int dollars) {
@@ -126,22 +138,22 @@ inline Amount roundedToDollars(const Amount& x) {
 inline Count integerRounded(const Amount& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
 inline Count integerRounded(const Rate& x) { return x.as(Op::toInt16, tallyfin::integerRounded(x.plain())); }
 inline Money roundedForDisplay(const Amount& x) { return tallyfin::roundedForDisplay(x.plain()); }
-/// Remarks where single precision isn't the number that was written.
+/// Adds a remark where the number in single precision differs from its shortest text.
 Rate asRate(const Single& x);
 
 template <class T>
-Told<T> least(const Told<T>& a, const std::type_identity_t<Told<T>>& b) {
+Recorded<T> least(const Recorded<T>& a, const std::type_identity_t<Recorded<T>>& b) {
   return a.with(Op::least, b, b.plain() < a.plain() ? b.plain() : a.plain());
 }
 template <class T>
-Told<T> greatest(const Told<T>& a, const std::type_identity_t<Told<T>>& b) {
+Recorded<T> greatest(const Recorded<T>& a, const std::type_identity_t<Recorded<T>>& b) {
   return a.with(Op::greatest, b, a.plain() < b.plain() ? b.plain() : a.plain());
 }
 inline Amount within(const Amount& x, const Amount& low, const Amount& high) { return least(greatest(x, low), high); }
 inline Amount atLeastZero(const Amount& x) { return greatest(x, 0); }
 inline bool isFrom(const Count& low, const Count& x, const Count& high) {
   const bool held = low.plain() <= x.plain() && x.plain() <= high.plain();
-  return asked({Asked::How::from, x.node(), low.node(), high.node(), held});
+  return compared({Comparison::How::from, x.node(), low.node(), high.node(), held});
 }
 
 /// A text that the user entered: the address of its control, and the text.
@@ -154,8 +166,8 @@ Amount toMoney(const Entry& entry);
 Rate realOf(const Entry& entry);
 Count toInt16(const Entry& entry);
 
-/// The record and the working fields in figures of this kind. A Recorder takes them over from the plain ones, and each
-/// statement hands back what it assigned.
+/// The record and the working fields in figures of this kind. A Recorder copies them from the plain ones, and each
+/// statement copies them back.
 using PayData = PayDataOf<Amount, Count, Rate>;
 struct Worksheet : WorksheetFieldsOf<Amount, Count> {
   static Entry incomeText() { return {"frmMain.txtIncome", tallyfin::worksheet().incomeText()}; }
@@ -171,24 +183,17 @@ inline constinit thread_local PayData payData;
 inline constinit thread_local Worksheet theWorksheet;
 inline Worksheet& worksheet() { return theWorksheet; }
 
-/// A figure within a statement that an explanation shows in a line of its own, with what was asked for it so far.
+/// A figure within a statement that has a line of its own in an explanation, with the comparisons since the last line.
 NodeId titled(const char* title, Value value, NodeId node);
 template <class T>
-Told<T> line(const char* title, const Told<T>& figure) {
+Recorded<T> line(const char* title, const Recorded<T>& figure) {
   return {figure.plain(), titled(title, figure.plain(), figure.node())};
 }
 
-/// The same for a figure that is another one again under its own title.
-NodeId asMuch(const char* title, Value value, NodeId node);
-template <class T>
-Told<T> asMuch(const char* title, const Told<T>& figure) {
-  return {figure.plain(), asMuch(title, figure.plain(), figure.node())};
-}
-
-/// A choice of the state options by what it means to the rule.
+/// A choice of the state options, with a title for what it means in the rule.
 Count called(const char* title, const Count& choice);
 
-inline void goesBy(const Count& choice) { asked({Asked::How::equal, choice.node()}); }
+inline void goesBy(const Count& choice) { compared({Comparison::How::equal, choice.node()}); }
 
 std::nullopt_t keep(const char* why);
 inline bool keepAll(const char* why) { return keep(why), false; }
@@ -198,7 +203,7 @@ inline void noteIfAny(const Amount& amount, const char* remark) {
 }
 NodeId noted(Value value, NodeId node, const char* remark);
 template <class T>
-void noteOn(Told<T>& field, const char* remark) {
+void noteOn(Recorded<T>& field, const char* remark) {
   field = {field.plain(), noted(field.plain(), field.node(), remark)};
 }
 
@@ -240,7 +245,7 @@ const Row& bandOf(const TableOf<Row>& table, const Amount& x) {
 /// What a statement may assign.
 using Target = std::variant<Amount*, Count*, Rate*, Single*>;
 
-/// What becomes of a failure: the statement is skipped, or the statement around it fails too.
+/// After a failure the statement is skipped, or the statement around it fails too.
 enum class OnFailure { skip, passOn };
 
 /// Runs a statement, which returns true if it assigned something, and records it.
@@ -295,4 +300,4 @@ void part(Title title, T& target, Value&& value) {
   detail::run(OnFailure::passOn, title.words(), whole, target);
 }
 
-}  // namespace tallyfin::told
+}  // namespace tallyfin::recorded

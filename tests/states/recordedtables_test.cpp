@@ -28,7 +28,7 @@ Figures figuresOf(const TableRow& row) {
   return {test, row.bound.units(), row.lower.units(), part ? 0 : row.rate, row.plus, extra};
 }
 
-class ToldTables : public PaycheckTest {
+class RecordedTables : public PaycheckTest {
  protected:
   /// All tables that a state applies, for every choice of its options.
   std::set<Rows> tablesOf(int state) {
@@ -71,18 +71,18 @@ class ToldTables : public PaycheckTest {
   }
 };
 
-TEST_F(ToldTables, AreThePublishedOnes) {
+TEST_F(RecordedTables, AreThePublishedOnes) {
   std::set<Rows> published;
   for (const published::Table& table : published::tables()) {
     Rows rows;
     for (const published::Row& row : table.rows) rows.push_back(figuresOf(row));
     published.insert(rows);
   }
-  std::set<Rows> told;
-  for (int state = 1; state < static_cast<int>(stateList.size()); ++state) told.merge(tablesOf(state));
+  std::set<Rows> recorded;
+  for (int state = 1; state < static_cast<int>(stateList.size()); ++state) recorded.merge(tablesOf(state));
   for (const Rows& rows : published)
-    EXPECT_TRUE(told.contains(rows)) << "told nowhere: " << testing::PrintToString(rows);
-  for (const Rows& rows : told)
+    EXPECT_TRUE(recorded.contains(rows)) << "recorded nowhere: " << testing::PrintToString(rows);
+  for (const Rows& rows : recorded)
     EXPECT_TRUE(published.contains(rows)) << "published nowhere: " << testing::PrintToString(rows);
 }
 
