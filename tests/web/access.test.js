@@ -4,7 +4,7 @@ import assert from 'node:assert/strict';
 import { join } from 'node:path';
 import { test } from 'node:test';
 import { browse, emulate, firefox, onPaper, open, screens, selector, setUp, user, windows } from './browser.js';
-import { differences } from './faithful.js';
+import { crowded, differences } from './faithful.js';
 
 const { server, fresh } = await setUp();
 
@@ -353,6 +353,13 @@ for (const [look, prefs, media] of [
     await page.click('#explain');
     assert.equal(await page.$eval('#shares span', (part) => getComputedStyle(part).borderLeftStyle), 'solid');
     await page.click('#explanation [data-dismiss]');
+    for (const [name, go] of Object.entries(screens)) {
+      await go(u);
+      for (const size of [{ width: 360, height: 740 }, { width: 1280, height: 800 }]) {
+        await page.setViewport(size);
+        assert.deepEqual(await crowded(page), [], `${name} at ${size.width}`);
+      }
+    }
   });
 }
 
@@ -444,6 +451,22 @@ test('what is stored can be erased from the menu of a telephone', async (t) => {
   assert.equal(await u.front(), 'frmName');
 });
 
+/** The words of a text that have a letter or a digit, sorted; without hyphens, which may stand at the end of a line. */
+const wordsIn = (text) => text.replaceAll('-', '').split(/\s+/).filter((word) => /[\p{L}\p{N}]/u.test(word)).sort();
+
+/** In the page: the texts of the screen without its buttons, with the values of its boxes and the entries of its lists. */
+function wordsOfScreen() {
+  const screen = document.querySelector('section[data-screen=frmPrint]:not([hidden]) .letter') ?? document.querySelector('section[data-screen]:not([hidden])');
+  const texts = [...screen.querySelectorAll('input[type=text]')].filter((box) => box.checkVisibility()).map((box) => box.value);
+  const nodes = document.createTreeWalker(screen, NodeFilter.SHOW_TEXT);
+  while (nodes.nextNode()) {
+    const place = nodes.currentNode.parentElement;
+    if (place.closest('.unseen, .title, .not-printed, button:not(.wordy, [role=combobox])')) continue;
+    if ((place.closest('select') ?? place).checkVisibility({ visibilityProperty: true })) texts.push(nodes.currentNode.data);
+  }
+  return texts;
+}
+
 test("the browser's own Print of any screen cuts nothing off and prints no buttons", async (t) => {
   const page = await fresh(t);
   const u = user(page);
@@ -460,18 +483,9 @@ test("the browser's own Print of any screen cuts nothing off and prints no butto
   assert.deepEqual(entries.filter((entry) => !table.includes(entry)), []);
   for (const [name, go] of Object.entries(screens)) {
     await go(u);
-    const hidden = await page.evaluate(() => {
-      window.dispatchEvent(new Event('beforeprint'));
-      const words = [...document.querySelectorAll('section:not([hidden]) button:not([role=combobox]):not(.wordy)')].map((button) => button.textContent.trim());
-      window.dispatchEvent(new Event('afterprint'));
-      const others = document.querySelector('section:not([hidden])').cloneNode(true);
-      for (const button of others.querySelectorAll('button')) button.remove();
-      return words.filter((word) => word.length > 4 && !others.textContent.includes(word));
-    });
-    if (!['frmMain, results', 'frmState', 'frmMultiCheck', 'frm2Workers, page 2'].includes(name)) continue;
-    const paper = await onPaper(t, page);
-    assert.ok(paper.trim().length > 20, name);
-    for (const word of hidden) assert.ok(!paper.includes(word), `${name}: ${word}`);
+    const shown = await page.evaluate(wordsOfScreen);
+    assert.ok(shown.length > 5, name);
+    assert.deepEqual(wordsIn(await onPaper(t, page)), wordsIn(shown.join(' ')), name);
   }
   await u.bar('Help');
   await page.waitForSelector('#help-topic h3');
@@ -479,6 +493,24 @@ test("the browser's own Print of any screen cuts nothing off and prints no butto
   assert.match(help, /Welcome to Tallyfin 99/);
   assert.doesNotMatch(help, /Close|Alabama/);
   assert.equal(await page.$('.on-paper'), null);
+});
+
+test("where the system is dark, the colours are the program's own", async (t) => {
+  const own = await browse(undefined, { prefs: { 'ui.systemUsesDarkTheme': 1 } });
+  t.after(() => own.close());
+  const [dark, light] = [await open(own, server.address), await fresh(t)];
+  if (!firefox) await emulate(dark, [{ name: 'prefers-color-scheme', value: 'dark' }]);
+  const isDark = (page) => page.evaluate(() => matchMedia('(prefers-color-scheme: dark)').matches);
+  assert.deepEqual([await isDark(dark), await isDark(light)], [true, false]);
+  const colours = async (page, go) => {
+    await go(user(page));
+    await page.mouse.move(1, 1);
+    return page.$$eval('section:not([hidden]), section:not([hidden]) *, #bar *', (all) => all.map((element) => {
+      const { color, backgroundColor, borderTopColor, colorScheme } = getComputedStyle(element);
+      return [color, backgroundColor, borderTopColor, colorScheme].join(' ');
+    }));
+  };
+  for (const name of ['frmMain, results', 'frmState', 'frmMultiCheck', 'frmW4']) assert.deepEqual(await colours(dark, screens[name]), await colours(light, screens[name]), name);
 });
 
 test('the report can be fitted to the preview, and opens at the zoom of the rules', async (t) => {

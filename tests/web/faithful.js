@@ -1,4 +1,4 @@
-// Compares what the elements show with the values of their controls.
+// Compares what the elements show with the values of their controls, and finds elements that overlap or are cut off.
 
 /** One line for each element of a shown screen that doesn't show the value of its control. */
 export const differences = (page) =>
@@ -82,4 +82,22 @@ export const differences = (page) =>
       if (ground !== 'default') compare(address, 'ground', getComputedStyle(element).backgroundColor, rgb(ground));
     }
     return wrong;
+  });
+
+/** Visible elements that overlap, or whose text or box is cut off. */
+export const crowded = (page) =>
+  page.evaluate(() => {
+    const root = [...document.querySelectorAll('dialog[open]')].at(-1) ?? document.querySelector('section[data-screen]:not([hidden])');
+    const inside = [...root.querySelectorAll('label, button, input, select, output, p, td, [data-address]')].filter((element) =>
+      element.checkVisibility({ visibilityProperty: true }) && !element.closest('.unseen, .title') && element.getClientRects().length > 0 && getComputedStyle(element).opacity !== '0');
+    const name = (element) => element.dataset.address ?? (element.id || `${element.tagName} ${element.textContent.slice(0, 30)}`);
+    const found = inside.filter((element) => element.scrollWidth > element.clientWidth + 1 && element.clientWidth > 0 &&
+      !['INPUT', 'SELECT'].includes(element.tagName) && !['auto', 'scroll'].includes(getComputedStyle(element).overflowX)).map((element) => `${name(element)} is too narrow`);
+    inside.forEach((one, i) => inside.slice(i + 1).forEach((other) => {
+      if (one.contains(other) || other.contains(one)) return;
+      const over = ([a, b]) => Math.min(a.right, b.right) - Math.max(a.left, b.left) > 2 && Math.min(a.bottom, b.bottom) - Math.max(a.top, b.top) > 2;
+      const pairs = [...one.getClientRects()].flatMap((a) => [...other.getClientRects()].map((b) => [a, b]));
+      if (pairs.some(over)) found.push(`${name(one)} and ${name(other)} overlap`);
+    }));
+    return found;
   });

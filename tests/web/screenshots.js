@@ -1,4 +1,5 @@
-// Pictures of all screens and of the page for many paychecks, wide, narrow and narrower, light and in forced colours: node screenshots.js FOLDER [NAME...].
+// Pictures of all screens and of the page for many paychecks, at several sizes and zooms, light, dark and in forced colours:
+// node screenshots.js FOLDER [NAME...].
 // BROWSER=firefox takes them there; names are beginnings of screens' names.
 
 import { mkdir } from 'node:fs/promises';
@@ -13,12 +14,25 @@ const server = await serve();
 /** What makes a browser show colours as some users have set them. */
 const looks = {
   light: {},
+  dark: { prefs: { 'ui.systemUsesDarkTheme': 1 }, media: [{ name: 'prefers-color-scheme', value: 'dark' }] },
   forced: { prefs: { 'browser.display.document_color_use': 2 }, media: [{ name: 'forced-colors', value: 'active' }] },
   'forced-dark': {
     prefs: { 'browser.display.document_color_use': 2, 'browser.display.background_color': '#000000', 'browser.display.foreground_color': '#ffffff', 'ui.systemUsesDarkTheme': 1 },
     media: [{ name: 'forced-colors', value: 'active' }, { name: 'prefers-color-scheme', value: 'dark' }],
   },
 };
+
+/** 1280 pixels at 100, 150 and 200 percent; a telephone; 1280 pixels at 400 percent. */
+const sizes = [
+  { width: 1280, height: 800 }, { width: 853, height: 533, deviceScaleFactor: 1.5 }, { width: 640, height: 400, deviceScaleFactor: 2 },
+  { width: 360, height: 560 }, { width: 320, height: 256 },
+];
+
+/** Waits until the page is drawn with the masks of its pictures, which no event reports. */
+async function whole(page) {
+  await page.evaluate(() => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))));
+  await page.waitForNetworkIdle({ idleTime: 100 });
+}
 
 /** The worksheet of a federal tax: with the table open, and a line marked that words name. */
 async function worksheet(page, u, shot) {
@@ -57,12 +71,13 @@ async function manyPaychecks(page, size, media, shotOf) {
 
 for (const [look, { prefs, media }] of Object.entries(looks)) {
   const browser = await browse(undefined, { prefs });
-  for (const width of look === 'light' ? [1280, 360, 320] : [1280, 360]) {
-    const page = await open(browser, server.address, { width, height: width === 320 ? 256 : width === 360 ? 560 : 800 });
+  for (const size of look === 'light' ? sizes : sizes.filter(({ width }) => width === 1280 || width === 360)) {
+    const { width } = size;
+    const page = await open(browser, server.address, size);
     if (media && !firefox) await emulate(page, media);
     const u = user(page);
     const shotOf = (shown) => (name, fullPage = true) =>
-      shown.screenshot({ path: join(folder, `${name.replace(/\W+/g, '-')}-${width}-${look}.png`), fullPage });
+      whole(shown).then(() => shown.screenshot({ path: join(folder, `${name.replace(/\W+/g, '-')}-${width}-${look}.png`), fullPage }));
     const shot = shotOf(page);
     for (const [name, go] of Object.entries(screens)) {
       if (!wanted(name)) continue;
@@ -74,9 +89,10 @@ for (const [look, { prefs, media }] of Object.entries(looks)) {
       await go(u, page);
       await shot(name, false);
       await page.click(close);
+      if (name === 'question') await page.click('#help [data-dismiss]'); // the one below
     }
     if (wanted('worksheet')) await worksheet(page, u, shot);
-    if (wanted('many')) await manyPaychecks(await browser.newPage(), { width, height: 800 }, media, shotOf);
+    if (wanted('many')) await manyPaychecks(await browser.newPage(), { ...size, height: 800 }, media, shotOf);
     if (page.troubles.length) console.log(page.troubles);
     await page.close();
   }
