@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""dependencies.py BUILD-FOLDER: checks the dependency rules of src against the includes that the compiler reads.
+"""dependencies.py BUILD-FOLDER: checks the dependency rules of src against the includes that the compiler reads, and refuses
+circles among the modules of the web app, the npm package and the Python package.
 
 A source may include the headers of its own library and of those that its library links by name; the rules are the link
 lines of src/**/CMakeLists.txt, and docs/architecture.md shows the same. No files of src may include each other in a
 circle; a source and the header of its name count as one, but for the screens, which open one another from their sources.
 The includes are those that the preprocessor reports, in any form, also indirect ones."""
+import ast
 import collections
 import concurrent.futures
 import json
@@ -41,6 +43,11 @@ class Libraries:
                 self.of_folder[folder] = target
             for source in re.findall(r"[\w/]+\.(?:cpp|h)\b", sources):
                 self.of_file[f"{folder}/{source}"] = target
+        for name, source, names in re.findall(r"^tallyfin_module\((\w+) (\S+) ([^)]*)\)", text, re.M):
+            target = f"module {name}"
+            self.programs.add(target)
+            self.of_file[f"{folder}/{source}"] = target
+            self.links[target] |= set(names.split())
         for target, names in re.findall(r"target_link_libraries\((\w[\w-]*)\s+((?:PUBLIC|PRIVATE|INTERFACE)[^)]*)\)", text):
             if "LINK_ONLY" not in names:
                 self.links[target] |= set(names.split())
@@ -93,6 +100,40 @@ def includes_read(command, source_root):
             if found and found.startswith(f"{source_root}/"):
                 pairs.add((file, os.path.relpath(found, source_root)))
     return pairs
+
+
+def includes_of_modules():
+    """The includes of the WebAssembly modules, which no build of this machine's compiler has."""
+    with tempfile.TemporaryDirectory() as folder:
+        pathlib.Path(f"{folder}/emscripten.h").touch()
+        return set().union(*(includes_read(f"c++ -std=c++20 -I{src} -I{folder} -c {source} -o x.o", str(src))
+                             for source in sorted((src / "web").glob("*.cpp"))))
+
+
+def imports_of_scripts(text):
+    """The files beside it that a JavaScript module imports, or starts as a worker."""
+    code = re.sub(r"/\*.*?\*/|^\s*//[^\n]*", "", text, flags=re.S | re.M)
+    return set(re.findall(r"\b(?:from|import)\s*\(?\s*['\"](?:\./)?([^'\"]+\.js)['\"]", code) +
+               re.findall(r"\bWorker\(\s*['\"](?:\./)?([^'\"]+)['\"]", code))
+
+
+def imports_of_python(text):
+    """The modules of its own package that a Python module imports."""
+    found = set()
+    for node in ast.walk(ast.parse(text)):
+        if isinstance(node, ast.Import):
+            found |= {alias.name for alias in node.names}
+        elif isinstance(node, ast.ImportFrom):
+            module = ".".join(filter(None, ["tallyfin99" if node.level or not node.module else "", node.module]))
+            found |= {module, *(f"{module}.{alias.name}" for alias in node.names)}
+    names = (name.split(".") for name in found if name.split(".")[0] == "tallyfin99")
+    return {(name[1] if len(name) > 1 else "__init__") + ".py" for name in names}
+
+
+def imports_among(folder, pattern, imports):
+    """The imports among the files of a folder, as pairs."""
+    files = {file.name: file for file in (src / folder).glob(pattern)}
+    return {(name, other) for name, file in files.items() for other in imports(file.read_text()) & files.keys() - {name}}
 
 
 def circles(pairs, is_screen):
@@ -148,23 +189,35 @@ def main(build):
                 if os.path.realpath(entry["file"]).startswith(f"{src}/")]
     os.chdir(build)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        pairs = set().union(*pool.map(lambda command: includes_read(command, str(src)), commands))
+        pairs = set().union(*pool.map(lambda command: includes_read(command, str(src)), commands), includes_of_modules())
 
     libraries = Libraries()
     wrong = [f"{a} includes {b}" for a, b in sorted(pairs) if not libraries.allows(a, b)]
     wrong += ["a circle: " + ", ".join(group) for group in circles(pairs, lambda file: libraries.library(file) == "screens")]
+    for folder, pattern, imports, least in [("web/page", "*.js", imports_of_scripts, 20), ("web/package", "*.js", imports_of_scripts, 1),
+                                            ("python/tallyfin99", "*.py", imports_of_python, 1)]:
+        among = imports_among(folder, pattern, imports)
+        wrong += [f"a circle in {folder}: " + ", ".join(group) for group in circles(among, lambda file: True)]
+        if len(among) < least:
+            wrong.append(f"{folder}: only {len(among)} imports seen")
 
     # Rules that forbid nothing would pass too.
     for a, b in [("engine/fedtax.cpp", "states/statebase.h"), ("states/newyork.cpp", "ui/frmMain.h"),
                  ("controls/desk.cpp", "platform/platform.h"), ("controls/desk.cpp", "engine/settingsstore.h"),
                  ("engine/money.cpp", "engine/paydata.h"), ("ui/frmMain.cpp", "ui/qt/views/view.h"),
                  ("batch/run.cpp", "script/session.h"), ("stateoptions/shapes.cpp", "stateoptions/frmState.h"),
-                 ("script/session.cpp", "store/store.h"), ("engine/fedtax.cpp", "elsewhere.inc")]:
+                 ("script/session.cpp", "store/store.h"), ("web/module.cpp", "store/store.h"), ("web/paychecks.cpp", "ui/frmMain.h"), ("engine/fedtax.cpp", "elsewhere.inc")]:
         if libraries.allows(a, b):
             wrong.append(f"{a} could include {b}")
     if circles({("a.h", "b.h"), ("b.cpp", "c.h"), ("c.h", "a.h"), ("d.h", "a.h")}, lambda file: False) != [["a", "b", "c"]]:
         wrong.append("a circle goes unnoticed")
     wrong += [f"not seen: {form}" for form in forms_that_slip_through()]
+    for form in ["import './a.js';", "import { a,\n b } from \"./a.js\";", "export * from './a.js';", "await import('./a.js')", "new Worker('a.js', {})"]:
+        if imports_of_scripts(form) != {"a.js"}:
+            wrong.append(f"not seen: {form}")
+    for form in ["import tallyfin99.a", "from . import a", "from .a import b", "from tallyfin99 import a", "from tallyfin99.a import b"]:
+        if "a.py" not in imports_of_python(form):
+            wrong.append(f"not seen: {form}")
     if libraries.picture() not in (root / "docs/architecture.md").read_text():
         wrong.append("docs/architecture.md shows other rules than\n" + libraries.picture())
     print("\n".join(wrong) or f"{len(pairs)} includes follow the rules")
