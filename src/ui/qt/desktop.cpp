@@ -181,8 +181,12 @@ void Desktop::discarded(Screen& screen) {
       holder = holder->parentWidget();
     }
   }
-  // A button may close its own screen, so its widgets are deleted after the event.
-  if (holder != nullptr) holder->deleteLater();
+  // A button may close its own screen, so its widgets are deleted after the event. Hidden ones have no keys any more,
+  // which would be ambiguous where the next screen has the same.
+  if (holder != nullptr) {
+    hideQuietly(*holder);
+    holder->deleteLater();
+  }
   afterThisEvent(*this, [this] { arrange(); });  // when the next document is active
 }
 

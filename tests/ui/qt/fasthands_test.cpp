@@ -69,6 +69,15 @@ TEST_F(FastHands, WhatIsTypedAfterAKeyOfTheFrameGoesToThePageThatItOpened) {
   EXPECT_EQ(desk.use<frmMain>().txtIncome.text(), "86");
 }
 
+TEST_F(FastHands, AKeyOfAPageActsOnceThePageWasOpenedAgain) {
+  startOnMain();
+  burst({"Ctrl+1", "F9", "Ctrl+1", "Alt+G"});
+  settle();
+  EXPECT_EQ(settings::incAmt.text(), "1000");
+  EXPECT_TRUE(payData.grossPay == Money(1000));
+  EXPECT_TRUE(desk.use<frmMain>().optStatus[1].value());
+}
+
 TEST_F(FastHands, ANumberTypedAfterTabKeepsTheOrderOfItsDigits) {
   stored(section::settings, "txtHours", "40");
   startOnMain();
