@@ -16,8 +16,6 @@ namespace {
 
 constexpr std::array besides{"-journal", "-wal", "-shm"};
 
-bool isPlain(char c) { return c == '/' || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
 }  // namespace
 
 std::string asUri(const fs::path& path) {
@@ -25,11 +23,7 @@ std::string asUri(const fs::path& path) {
   std::string uri = "file:";
   for (const char c : path.string()) {
     const auto byte = static_cast<unsigned char>(c);
-    if (isPlain(c)) {
-      uri += c;
-    } else {
-      uri += {'%', hex[byte / 16], hex[byte % 16]};
-    }
+    uri += {'%', hex[byte / 16], hex[byte % 16]};  // all, because `?`, `#` and `//` have meanings
   }
   return uri;
 }

@@ -200,6 +200,15 @@ TEST_F(StoreTest, ErasesAText) {
   EXPECT_EQ(opened().all(), (SettingsStore::Sections{{"User", {{"IncAmt", "Pat"}}}}));
 }
 
+TEST_F(StoreTest, IsReadAtAPathOfAnyCharacters) {
+  path = folder / "%41 ?mode=ro&x#y" / "..{a}~[Z]@9:\\\xC3\xA9\xFF;'\"`|$+,<=>^_-()";
+  opened().write(section::settings, "Hours", "40");
+  EXPECT_EQ(kept("Hours"), "40");
+  fs::permissions(path.parent_path(), fs::perms::owner_read | fs::perms::owner_exec);  // the snapshot alone is read
+  EXPECT_EQ(kept("Hours"), "40");
+  fs::permissions(path.parent_path(), fs::perms::owner_all);
+}
+
 TEST_F(StoreTest, MakesNothingByReading) {
   path = folder / "config" / "Tallyfin99.sqlite";
   FileStore store = opened();
