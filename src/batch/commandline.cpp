@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "batch/states.h"
+#include "engine/printable.h"
 
 namespace tallyfin::batch {
 
@@ -91,7 +92,7 @@ class Reader {
     } else if (const auto delimiter = argumentOf("--delimiter", word)) {
       line_.choices.delimiter = delimiterOf(*delimiter);
     } else {
-      throw Trouble("unknown option " + std::string(word) + "; --help lists them");
+      throw Trouble("unknown option " + printable(word) + "; --help lists them");
     }
   }
 

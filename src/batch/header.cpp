@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 
+#include "engine/printable.h"
 #include "library/names.h"
 
 namespace tallyfin::batch {
@@ -100,22 +101,6 @@ std::optional<std::string> otherFormat(std::string_view bytes) {
   }
   if (bytes.find('\0') != std::string_view::npos) return recode;
   return std::nullopt;
-}
-
-std::string printable(std::string_view bytes) {
-  constexpr std::size_t most = 60;
-  constexpr const char* digits = "0123456789abcdef";
-  std::string text = "\"";
-  for (const char c : bytes.substr(0, most)) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code < 0x20 || code > 0x7E) {
-      ((text += "\\x") += digits[code >> 4U]) += digits[code & 0xFU];
-    } else {
-      if (c == '"' || c == '\\') text += '\\';
-      text += c;
-    }
-  }
-  return text + (bytes.size() > most ? "...\"" : "\"");
 }
 
 }  // namespace tallyfin::batch

@@ -40,7 +40,4 @@ class Header {
 /// anything else.
 std::optional<std::string> otherFormat(std::string_view bytes);
 
-/// Bytes for a terminal: in quotes, with escapes for all but printable ASCII; a long text is shortened.
-std::string printable(std::string_view bytes);
-
 }  // namespace tallyfin::batch

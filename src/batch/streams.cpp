@@ -13,6 +13,7 @@
 #include <cstring>
 
 #include "batch/run.h"
+#include "engine/printable.h"
 #include "process/process.h"
 
 namespace tallyfin::batch {
@@ -32,7 +33,8 @@ bool again(int descriptor, short event) {
 bool isTerminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
 
 Input::Input(const std::optional<std::string>& file)
-    : name_(file.value_or("standard input")), descriptor_(file ? open(file->c_str(), O_RDONLY | O_CLOEXEC) : 0) {
+    : name_(file ? printable(*file, longestPath) : "standard input"),
+      descriptor_(file ? open(file->c_str(), O_RDONLY | O_CLOEXEC) : 0) {
   if (descriptor_ < 0 || fstat(descriptor_, &about_) != 0) fail();
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/printable.h"
 #include "process/process.h"
 #include "script/session.h"
 #include "script/streams.h"
@@ -43,7 +44,7 @@ std::unique_ptr<SettingsStore> storeAt(const std::string& name) {
   if (name.empty()) throw Trouble("the store's file has no name");
   std::error_code failed;
   const auto path = std::filesystem::absolute(name, failed);
-  if (failed) throw Trouble(name + ": " + failed.message());
+  if (failed) throw Trouble(printable(name, longestPath) + ": " + failed.message());
   return std::make_unique<FileStore>(path);
 }
 

@@ -71,9 +71,9 @@ TEST(BatchCommandLine, KeepsEachOptionToItself) {
 }
 
 TEST(BatchCommandLine, NamesWhatItDoesNotUnderstand) {
-  EXPECT_EQ(refusalOf({"--faster"}), "unknown option --faster; --help lists them");
-  EXPECT_EQ(refusalOf({"-q"}), "unknown option -q; --help lists them");
-  EXPECT_EQ(refusalOf({"--jobsx"}), "unknown option --jobsx; --help lists them");
+  EXPECT_EQ(refusalOf({"--faster"}), "unknown option \"--faster\"; --help lists them");
+  EXPECT_EQ(refusalOf({"-q"}), "unknown option \"-q\"; --help lists them");
+  EXPECT_EQ(refusalOf({"--jobsx"}), "unknown option \"--jobsx\"; --help lists them");
   EXPECT_EQ(refusalOf({"--jobs"}), "--jobs takes an argument");
   EXPECT_EQ(refusalOf({"a", "--delimiter"}), "--delimiter takes an argument");
 }

@@ -99,15 +99,21 @@ def names():
     """A file that can't be read is reported with its name and the reason."""
     answer = run("/no/such/rows.csv")
     expect(f"name and reason: {answer.stderr}",
-           answer.stderr == b"tallyfin99-batch: /no/such/rows.csv: No such file or directory\n")
+           answer.stderr == b'tallyfin99-batch: "/no/such/rows.csv": No such file or directory\n')
     answer = run("/")
-    expect(f"of a folder: {answer.stderr}", answer.stderr == b"tallyfin99-batch: /: Is a directory\n")
+    expect(f"of a folder: {answer.stderr}", answer.stderr == b'tallyfin99-batch: "/": Is a directory\n')
     if os.path.exists("/dev/full"):
         with open("/dev/full", "wb") as full:
             answer = subprocess.run([program], input=header + row, stdout=full, stderr=subprocess.PIPE)
         expect(f"of the output: {answer.stderr}",
                answer.stderr == b"tallyfin99-batch: standard output: No space left on device\n")
-    # The bytes of a header are escaped for the terminal.
+    # Bytes of file names, options and headers are escaped for the terminal.
+    for argument in (b"\x1b[31m\x9b.csv", b"--a\x1b[31m\x9b"):
+        answer = run(argument)
+        expect(f"escaped: {answer.stderr}", answer.returncode == 2 and b"\\x1b[31m\\x9b" in answer.stderr and
+               b"\x1b" not in answer.stderr and b"\x9b" not in answer.stderr)
+    long_name = "/none/" + "x" * 200
+    expect("a path stays whole", long_name.encode() in run(long_name).stderr)
     answer = run(stdin=b"a\x1b[31m\x9b\n")
     expect(f"escaped: {answer.stderr}", b"a\\x1b[31m\\x9b" in answer.stderr and b"\x1b" not in answer.stderr)
 
@@ -214,7 +220,7 @@ def interrupted():
         answer = run_under("strace", "-qq", "-o", "/dev/null", "-P", file.name, "-e", "inject=read:error=EIO:when=2",
                            program, file.name)
         expect(f"a read that fails: {answer}", answer.returncode == 2 and
-               answer.stderr == f"tallyfin99-batch: {file.name}: Input/output error\n".encode())
+               answer.stderr == f'tallyfin99-batch: "{file.name}": Input/output error\n'.encode())
 
 
 def run_under(*command):

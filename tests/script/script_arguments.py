@@ -71,6 +71,8 @@ assert b"standard output: No space left" in refused('"$0" >/dev/full')
 assert b"closed" in refused('"$0" >&-')
 assert b"closed" in refused('"$0" <&-')
 assert b"no name" in refused('"$0" ""')
+escaped = refused('cd "$(mktemp -d)" && rmdir "$PWD" && "$0" "$(printf "a\\033[31m\\233")"')
+assert b"a\\x1b[31m\\x9b" in escaped and b"\x1b" not in escaped, escaped
 assert b"No such file" in refused('cd "$(mktemp -d)" && rmdir "$PWD" && "$0" store')
 broken = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 broken.stdout.close()
