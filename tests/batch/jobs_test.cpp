@@ -10,6 +10,7 @@ namespace tallyfin::batch {
 namespace {
 
 using testing::StartsWith;
+using testing::ThrowsMessage;
 
 /// Many rows, some with line breaks in quotes, some with problems, in files longer than many readings.
 std::string manyRows() {
@@ -92,6 +93,24 @@ TEST(BatchJobs, DropWhatComesBehindAFailure) {
                         [](std::uint64_t) {}, [](const std::string&) {}};
   EXPECT_THROW(run(streams, {.writeHeader = false, .jobs = 2}), Trouble);
   EXPECT_EQ(writings, 1);
+}
+
+TEST(BatchJobs, ReportTheFirstOfTwoFailures) {
+  std::latch nextFails(1);
+  int readings = 0;
+  const std::vector<std::string> lines{"frequency\n", "0\n"};
+  const Streams streams{[&](char* place, std::size_t) -> std::size_t {
+                          const auto line = static_cast<std::size_t>(readings++);
+                          if (line < lines.size()) return lines[line].copy(place, lines[line].size());
+                          nextFails.count_down();
+                          throw Trouble("unreadable");
+                        },
+                        [&](std::string_view) {
+                          nextFails.wait();
+                          throw Trouble("full");
+                        },
+                        [](std::uint64_t) {}, [](const std::string&) {}};
+  EXPECT_THAT([&] { run(streams, {.writeHeader = false, .jobs = 2}); }, ThrowsMessage<Trouble>("full"));
 }
 
 }  // namespace

@@ -289,6 +289,16 @@ TEST_F(StateOptions, EnableTheSecondIllinoisCountWhereItHoldsANumber) {
   EXPECT_TRUE(screen().cboDeps[1].enabled());
 }
 
+TEST_F(StateOptions, LeaveTheSecondIllinoisCountAloneWhereOnlyTheFirstHoldsANumber) {
+  open(illinois);
+  screen().cboDeps[0].userPick(1);
+  accept();
+  main().cboState.userPick(illinois);
+  EXPECT_EQ(screen().cboDeps[0].text(), "1");
+  EXPECT_EQ(screen().cboDeps[1].text(), "0");
+  EXPECT_FALSE(screen().cboDeps[1].enabled());
+}
+
 TEST_F(StateOptions, ShowTheSavedPercentageOfArizonaNotItsDefault) {
   start();
   main().cboState.userPick(arizona);
