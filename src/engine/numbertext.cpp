@@ -236,7 +236,7 @@ std::string currencyOfCents(std::string cents, bool negative) {
 std::string currencyOf(const Decimal& decimal) { return currencyOfCents(roundedDigits(decimal, 2), decimal.negative); }
 
 std::uint64_t magnitude(std::int64_t number) {
-  // mutation: < -> <= and 0 -> 1: no sign
+  // mutation: < -> <= and 0 -> 1: zero has no parentheses
   return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
 }
 
@@ -328,7 +328,8 @@ std::string currency(Money amount) {
   constexpr std::uint64_t unitsPerCent = 100;
   const std::uint64_t units = magnitude(amount.units());
   const std::uint64_t cents = units / unitsPerCent + (units % unitsPerCent >= unitsPerCent / 2 ? 1 : 0);
-  return currencyOfCents(std::to_string(cents), amount.units() < 0);  // mutation: < -> <= and 0 -> 1: no sign
+  return currencyOfCents(std::to_string(cents),
+                         amount.units() < 0);  // mutation: < -> <= and 0 -> 1: zero has no parentheses
 }
 
 std::string currency(double value) {

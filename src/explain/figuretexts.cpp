@@ -37,8 +37,6 @@ std::string amountText(Money amount) {
   return negative ? "(" + text + ")" : text;
 }
 
-std::string rateText(double fraction) { return percentText(fraction); }
-
 std::string plainText(const Value& value) {
   return std::visit(
       [](auto number) {
@@ -94,7 +92,7 @@ std::string givenText(const TableRow& row) {
   if (row.gives == TableRow::Gives::amount) return textOf(row.plus, As::dollars);
   if (row.gives == TableRow::Gives::part) return textOf(static_cast<float>(row.rate), As::percent);
   if (row.rate == 0) return textOf(row.plus, As::dollars);
-  std::string words = rateText(row.rate) + " of the amount";
+  std::string words = textOf(row.rate, As::percent) + " of the amount";
   if (row.lower != 0) words += " over " + amountText(row.lower);
   if (row.plus > 0) words = textOf(row.plus, As::dollars) + " plus " + words;
   if (row.plus < 0) words += " less " + textOf(-row.plus, As::dollars);

@@ -50,6 +50,9 @@ TEST_F(ExplainTest, RemarksThatTheFederalAllowanceIsThatOfTheExemptionsBefore) {
   main().cboExemptions.userPick(3);
   calculate();
   EXPECT_THAT(linesOf("Federal Tax"), AllOf(Contains(takenBefore), Contains("3. Exemptions: 1, as chosen = 1")));
+  payData.depsDed = 5;
+  calculate();
+  EXPECT_THAT(linesOf("Federal Tax"), Contains(takenBefore));
 }
 
 TEST_F(ExplainTest, RemarksThatThereWasNoFrequencyForTheFederalAllowance) {
@@ -177,13 +180,13 @@ TEST(FigureTexts, ARealNumberHasTheFewestDigitsAndNoExponent) {
 }
 
 TEST(FigureTexts, ARateIsAPercentage) {
-  EXPECT_EQ(rateText(0.0765), "7.65%");
-  EXPECT_EQ(rateText(0.28), "28%");
-  EXPECT_EQ(rateText(1.5), "150%");
-  EXPECT_EQ(rateText(10), "1000%");
-  EXPECT_EQ(rateText(0.005), "0.5%");
-  EXPECT_EQ(rateText(-0.0012), "-0.12%");
-  EXPECT_EQ(rateText(0), "0%");
+  EXPECT_EQ(textOf(0.0765, As::percent), "7.65%");
+  EXPECT_EQ(textOf(0.28, As::percent), "28%");
+  EXPECT_EQ(textOf(1.5, As::percent), "150%");
+  EXPECT_EQ(textOf(10.0, As::percent), "1000%");
+  EXPECT_EQ(textOf(0.005, As::percent), "0.5%");
+  EXPECT_EQ(textOf(-0.0012, As::percent), "-0.12%");
+  EXPECT_EQ(textOf(0.0, As::percent), "0%");
   EXPECT_EQ(textOf(0.35F, As::percent), "35%");
 }
 

@@ -19,9 +19,9 @@
 #include "ui/qt/binding/afterevent.h"
 #include "ui/qt/widgets/text.h"
 
-/// Random acts by keyboard and by assistive technology, and the same as commands to the script program: settings, screens
-/// and all properties must be the same. The desktop gets each key when the one before is done with, and then once more all
-/// at once.
+/// Random acts by keyboard and by assistive technology, and the same as commands to the script program: settings,
+/// screens and all properties must be the same. The desktop gets each key when the one before is done with, and then
+/// once more all at once.
 ///
 /// TALLYFIN_TWIN_SEED is the seed, TALLYFIN_TWIN_ROUNDS the number of rounds of twelve acts.
 
@@ -125,17 +125,16 @@ class Twin : public DesktopTest, public ::testing::WithParamInterface<int> {
   }
 
   Act listBar() {
-    const auto& [keys, item] =
-        one<std::pair<const char*, const char*>>({{"Ctrl+1", "Calc"},
-                                                                        {"Ctrl+2", "Multi"},
-                                                                        {"Ctrl+3", "Analysis"},
-                                                                        {"Ctrl+4", "StateInfo"},
-                                                                        {"Ctrl+5", "Personal"},
-                                                                        {"Ctrl+6", "Pers"},
-                                                                        {"Ctrl+7", "Ded"},
-                                                                        {"Ctrl+8", "TwoWork"},
-                                                                        {"Ctrl+9", "W4"},
-                                                                        {"Ctrl+N", "NewFile"}});
+    const auto& [keys, item] = one<std::pair<const char*, const char*>>({{"Ctrl+1", "Calc"},
+                                                                         {"Ctrl+2", "Multi"},
+                                                                         {"Ctrl+3", "Analysis"},
+                                                                         {"Ctrl+4", "StateInfo"},
+                                                                         {"Ctrl+5", "Personal"},
+                                                                         {"Ctrl+6", "Pers"},
+                                                                         {"Ctrl+7", "Ded"},
+                                                                         {"Ctrl+8", "TwoWork"},
+                                                                         {"Ctrl+9", "W4"},
+                                                                         {"Ctrl+N", "NewFile"}});
     return key(keys, "click MDIOpen.SSListBar1(" + std::string(item) + ")");
   }
 
@@ -285,7 +284,8 @@ class Twin : public DesktopTest, public ::testing::WithParamInterface<int> {
       const bool character = keys.size() == 1;
       const QString words = character ? qt::text(keys) : one.key() == Qt::Key_Space ? QStringLiteral(" ") : QString();
       for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QWindowSystemInterface::handleExtendedKeyEvent(nullptr, type, one.key(), one.keyboardModifiers(), 0, 0, 0, words);
+        QWindowSystemInterface::handleExtendedKeyEvent(nullptr, type, one.key(), one.keyboardModifiers(), 0, 0, 0,
+                                                       words);
       }
     };
   }
@@ -304,9 +304,7 @@ class Twin : public DesktopTest, public ::testing::WithParamInterface<int> {
     return of[static_cast<std::size_t>(below(static_cast<int>(of.size())))];
   }
 
-  static const Screen& front() {
-    return desk.blocked("MDIOpen") ? *desk.boxes().front() : *desk.activeDocument();
-  }
+  static const Screen& front() { return desk.blocked("MDIOpen") ? *desk.boxes().front() : *desk.activeDocument(); }
 
   /// Whether a widget of the screen in front is that of a control.
   bool tied(const QWidget& widget) const {
