@@ -206,7 +206,7 @@ const char* troubleOf(Act act) {
 std::string cellsOf(std::string_view text, char delimiter) {
   batch::Block block{.bytes = std::string(text)};
   batch::RowCutter rows(block, delimiter);
-  batch::Row row;
+  batch::CsvRow row;
   std::string storage;
   std::string table;
   while (rows.next(row)) {
