@@ -1,9 +1,10 @@
 // For every hand and eye: the keyboard, where the focus goes, colours that a user has set, letters of any size, telephones, paper.
 
 import assert from 'node:assert/strict';
+import { readFile } from 'node:fs/promises';
 import { join } from 'node:path';
 import { test } from 'node:test';
-import { browse, emulate, firefox, onPaper, open, screens, selector, setUp, user, windows } from './browser.js';
+import { browse, emulate, firefox, onPaper, open, project, screens, selector, setUp, user, windows } from './browser.js';
 import { crowded, differences } from './faithful.js';
 
 const { server, fresh } = await setUp();
@@ -240,6 +241,35 @@ test('title, mark in the list bar, skip link and access keys follow the screen',
   await u.bar('ExitProgram');
   assert.deepEqual(await keys(), []);
   assert.equal(await page.title(), 'Tallyfin 99');
+});
+
+/** The Alt letters of the desktop by the heading of their table in the help, each with its words. */
+async function lettersOfHelp() {
+  const help = await readFile(join(project, 'help', 'Tallyfin.hlp'), 'utf8');
+  const tables = help.slice(help.indexOf('<h1 id="keys">')).matchAll(/<h2>([^<]*)<\/h2>\s*<table.*?<\/table>/gs);
+  return new Map([...tables].map(([table, title]) => [title, [...table.matchAll(/<td>Alt\+(.)<\/td><td>([^<]*)</g)].map(([, letter, words]) => [letter, words])]));
+}
+
+test("a screen's access keys are the desktop's Alt letters", async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  const letters = await lettersOfHelp();
+  // The grid doesn't take the focus, the preview fits in one way, and a browser's key would press a check box of a line.
+  const others = { frmMain: 'T', frmPrint: 'A', frmPersWkSht: 'ABCEF', frmW4: '347' };
+  for (const name of Object.keys(screens).filter((one) => !one.includes(', ') || one === 'frmMisc, raise')) {
+    await screens[name](u);
+    const [screen] = name.split(',');
+    const here = await page.$$eval('section[data-screen]:not([hidden]) [data-letter]', (parts) => parts.map((part) => [part.accessKey.toUpperCase(),
+      part.ariaLabel ?? ([...(part.labels ?? [])].map((label) => label.textContent).join(' ').trim() || part.textContent.trim())]));
+    const wanted = (letters.get(screen === 'frmTableOne' ? 'The tables' : await hold(page, screen, 'title')) ?? []).filter(([letter]) => !(others[screen] ?? '').includes(letter));
+    assert.deepEqual(here.map(([letter]) => letter).sort(), wanted.map(([letter]) => letter).sort(), screen);
+    for (const [letter, words] of wanted) {
+      const [, own] = here.find(([one]) => one === letter);
+      // The web app's buttons say in a word what the desktop's tooltips say.
+      const said = { 'Go To Main Worksheet': 'Use as income', 'Fit width': 'Fit' }[words] ?? words;
+      if (!/^Line .$/.test(words)) assert.equal(own, said, `${screen}: ${letter}`);
+    }
+  }
 });
 
 test('F9 calculates, and the button says so', async (t) => {
