@@ -112,23 +112,42 @@ TEST_F(Legibility, TheBasesOfTheLocalTaxNeedNoScrolling) {
 }
 
 TEST_F(Legibility, AnOpenListShowsTwelveRowsWithAnEdge) {
+  const auto look = [this](const char* screen) {
+    auto& box = find<QComboBox>(screen, "cboState");
+    EXPECT_EQ(box.count(), 42);
+    box.showPopup();
+    settle();
+    QWidget& popup = *box.view()->window();
+    const int row = box.view()->sizeHintForRow(0);
+    EXPECT_GE(box.view()->height(), 12 * row) << screen;
+    EXPECT_LT(box.view()->height(), 13 * row) << screen;
+    const QImage picture = pictureOf(popup);
+    const QColor inside = box.palette().color(QPalette::Base);
+    for (const QPoint& place :
+         {QPoint(0, popup.height() / 2), QPoint(popup.width() / 2, 0), QPoint(popup.width() / 2, popup.height() - 1)}) {
+      const QRect pixels = pixelsOf(picture, {place, QSize(1, 1)});
+      const double edge = std::max(contrast(inside, picture.pixelColor(pixels.topLeft())),
+                                   contrast(inside, picture.pixelColor(pixels.bottomRight())));
+      EXPECT_GE(edge, 3) << screen << " " << place.x() << ", " << place.y();
+    }
+    box.hidePopup();
+    settle();
+  };
+  startOnMain();
+  look("frmMain");
+  clickItem("StateInfo");
+  look("frmState");
+}
+
+TEST_F(Legibility, AnOpenListShowsTwelveRowsInALargerFont) {
+  enlargeFont();
   startOnMain();
   auto& box = find<QComboBox>("frmMain", "cboState");
   box.showPopup();
   settle();
-  QWidget& popup = *box.view()->window();
   const int row = box.view()->sizeHintForRow(0);
   EXPECT_GE(box.view()->height(), 12 * row);
   EXPECT_LT(box.view()->height(), 13 * row);
-  const QImage picture = pictureOf(popup);
-  const QColor inside = box.palette().color(QPalette::Base);
-  for (const QPoint& place :
-       {QPoint(0, popup.height() / 2), QPoint(popup.width() / 2, 0), QPoint(popup.width() / 2, popup.height() - 1)}) {
-    const QRect pixels = pixelsOf(picture, {place, QSize(1, 1)});
-    const double edge = std::max(contrast(inside, picture.pixelColor(pixels.topLeft())),
-                                 contrast(inside, picture.pixelColor(pixels.bottomRight())));
-    EXPECT_GE(edge, 3) << place.x() << ", " << place.y();
-  }
   box.hidePopup();
 }
 
