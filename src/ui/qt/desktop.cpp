@@ -15,6 +15,7 @@
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/views/view.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -77,7 +78,7 @@ void Desktop::arrange() {
   frame_->markPage();
   const auto active = views_.find(desk.activeDocument());
   if (active == views_.end()) return;
-  if (said_ != active->second) frame_->announce(QString::fromStdString(active->first->title()));
+  if (said_ != active->second) frame_->announce(text(active->first->title()));
   said_ = active->second;
   afterThisEvent(*this, [this] { giveKeyboard(); });
 }
@@ -141,7 +142,7 @@ void Desktop::showBox(Screen& screen) {
     return shown->second->activateWindow();
   }
   auto* box = new QDialog(frame_.get());
-  box->setWindowTitle(QString::fromStdString(screen.title()));
+  box->setWindowTitle(text(screen.title()));
   box->setPalette(look::onDeep());
   View* view = viewOf(screen).release();
   auto* layout = new QVBoxLayout(box);

@@ -6,6 +6,7 @@
 #include "controls/desk.h"
 #include "controls/screen.h"
 #include "desktoptest.h"
+#include "ui/qt/widgets/text.h"
 
 /// Accessibility of every screen: names, roles, tab order, and space for all texts.
 
@@ -82,7 +83,7 @@ class Accessibility : public DesktopTest {
   }
 
   QWidget& widgetOf(const Control& control) const {
-    return find(control.screen().name().c_str(), QString::fromStdString(control.address()));
+    return find(control.screen().name().c_str(), qt::text(control.address()));
   }
 };
 
@@ -99,8 +100,7 @@ bool takesFocus(const QWidget& widget) { return widget.focusPolicy() != Qt::NoFo
 TEST_F(Accessibility, EveryControlHasOneWidgetOfItsName) {
   onEachScreen([this](const Screen& screen) {
     for (const Control* control : screen.controls()) {
-      const auto widgets =
-          view(screen.name().c_str()).findChildren<QWidget*>(QString::fromStdString(control->address()));
+      const auto widgets = view(screen.name().c_str()).findChildren<QWidget*>(qt::text(control->address()));
       EXPECT_EQ(widgets.size(), 1) << control->address();
     }
   });

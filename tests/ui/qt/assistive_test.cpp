@@ -23,8 +23,9 @@
 #include "stateoptions/frmState.h"
 #include "ui/frmMain.h"
 #include "ui/qt/accessibility/accessible.h"
+#include "ui/qt/widgets/text.h"
 
-/// The program as assistive technology meets it: the tree of what it is told, and what it can do.
+/// The accessibility tree of the program, its notifications, and the actions that assistive technology can take.
 
 namespace tallyfin::qt {
 
@@ -39,8 +40,8 @@ QAccessibleInterface& faceOf(QWidget& widget) { return *QAccessible::queryAccess
 
 std::string textOf(const QAccessibleInterface& face, QAccessible::Text kind) { return face.text(kind).toStdString(); }
 
-/// What was told, "value lbl1 $120.00" and the like.
-std::vector<std::string> told;  // NOLINT: the toolkit's handler takes no context
+/// The notifications, such as "value lbl1 $120.00".
+std::vector<std::string> notified;  // NOLINT: Qt's handler takes no context
 
 void note(QAccessibleEvent* event) {
   const auto* widget = qobject_cast<const QWidget*>(event->object());
@@ -48,19 +49,20 @@ void note(QAccessibleEvent* event) {
   const std::string name = widget->objectName().toStdString();
   switch (event->type()) {
     case QAccessible::ValueChanged:
-      told.push_back("value " + name + " " +
-                     static_cast<QAccessibleValueChangeEvent*>(event)->value().toString().toStdString());
+      notified.push_back("value " + name + " " +
+                         static_cast<QAccessibleValueChangeEvent*>(event)->value().toString().toStdString());
       break;
-    case QAccessible::Alert: told.push_back("alert " + widget->accessibleName().toStdString()); break;
+    case QAccessible::Alert: notified.push_back("alert " + widget->accessibleName().toStdString()); break;
     case QAccessible::StateChanged: {
       const QAccessible::State changed = static_cast<QAccessibleStateChangeEvent*>(event)->changedStates();
-      told.push_back("state " + name + (changed.expanded ? " expanded" : "") + (changed.collapsed ? " collapsed" : ""));
+      notified.push_back("state " + name + (changed.expanded ? " expanded" : "") +
+                         (changed.collapsed ? " collapsed" : ""));
       break;
     }
     case QAccessible::TextUpdated: {
       const auto* text = static_cast<QAccessibleTextUpdateEvent*>(event);
-      told.push_back("text " + name + " at " + std::to_string(text->changePosition()) + " " +
-                     text->textRemoved().toStdString() + " to " + text->textInserted().toStdString());
+      notified.push_back("text " + name + " at " + std::to_string(text->changePosition()) + " " +
+                         text->textRemoved().toStdString() + " to " + text->textInserted().toStdString());
       break;
     }
     default: break;
@@ -70,7 +72,7 @@ void note(QAccessibleEvent* event) {
 class Assistive : public EveryScreen {
  protected:
   Assistive() {
-    told.clear();
+    notified.clear();
     QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
     QAccessible::installUpdateHandler(note);
   }
@@ -171,12 +173,12 @@ TEST_F(Assistive, TheListBarsGroupsExpandAndCollapse) {
   EXPECT_TRUE(faceOf(first).state().expandable);
   EXPECT_FALSE(faceOf(first).state().expanded);
   EXPECT_TRUE(faceOf(first).state().collapsed);
-  told.clear();
+  notified.clear();
   act(first, QAccessibleActionInterface::pressAction());
   EXPECT_TRUE(faceOf(first).state().expanded);
   EXPECT_FALSE(faceOf(first).state().collapsed);
   EXPECT_TRUE(find("MDIOpen", "SSListBar1(NewFile)").isVisible());
-  EXPECT_THAT(told, Contains("state " + first.objectName().toStdString() + " expanded collapsed"));
+  EXPECT_THAT(notified, Contains("state " + first.objectName().toStdString() + " expanded collapsed"));
   press("MDIOpen", "SSListBar1(Personal)");
   EXPECT_TRUE(shown("frmName"));
 }
@@ -258,31 +260,31 @@ TEST_F(Assistive, FiguresAreToldWhenTheyChange) {
   stored(section::settings, "IncAmt", "1000");
   stored(section::settings, "Frequency", "0");
   startOnMain();
-  told.clear();
+  notified.clear();
   press("frmMain", "cmdToolBar(0)");
-  EXPECT_THAT(told, Contains("value lbl1 " + text("frmMain", "lbl1")));
-  EXPECT_THAT(told, Contains("text lbl1 at 0  to " + text("frmMain", "lbl1")));
-  EXPECT_THAT(told, Contains("alert " + results().back()));  // the calculation is finished, and this is the check
+  EXPECT_THAT(notified, Contains("value lbl1 " + text("frmMain", "lbl1")));
+  EXPECT_THAT(notified, Contains("text lbl1 at 0  to " + text("frmMain", "lbl1")));
+  EXPECT_THAT(notified, Contains("alert " + results().back()));  // the calculation is finished, and this is the check
   EXPECT_THAT(results().back(), HasSubstr("Check Amt $"));
 }
 
 TEST_F(Assistive, APageThatComesToTheFrontIsTold) {
   startOnMain();
-  told.clear();
+  notified.clear();
   clickItem("Multi");
-  EXPECT_THAT(told, Contains("alert Multiple Check Worksheet"));
-  told.clear();
+  EXPECT_THAT(notified, Contains("alert Multiple Check Worksheet"));
+  notified.clear();
   clickItem("About");
   view("frmAbt").window()->close();
   settle();
-  EXPECT_THAT(told, Not(Contains("alert Multiple Check Worksheet")));  // it was in front all the time
-  told.clear();
+  EXPECT_THAT(notified, Not(Contains("alert Multiple Check Worksheet")));  // it was in front all the time
+  notified.clear();
   clickItem("Pers");
-  EXPECT_THAT(told, Contains("alert Personal Allowances Worksheet"));
-  EXPECT_THAT(told, Not(Contains("alert Page 1")));  // it has been visible from the start
-  told.clear();
+  EXPECT_THAT(notified, Contains("alert Personal Allowances Worksheet"));
+  EXPECT_THAT(notified, Not(Contains("alert Page 1")));  // it has been visible from the start
+  notified.clear();
   press("frmPersWkSht", "cmdW4Back(0)");
-  EXPECT_THAT(told, Contains("alert Page 2"));
+  EXPECT_THAT(notified, Contains("alert Page 2"));
 }
 
 TEST_F(Assistive, WhatCouldntBeSavedIsTold) {
@@ -293,14 +295,14 @@ TEST_F(Assistive, WhatCouldntBeSavedIsTold) {
   DesktopTest::press(Qt::Key_Return);
   auto* window = frame().findChild<QDialog*>("explanation");
   dialogs.path = "/dev/null/explanation.pdf";
-  told.clear();
+  notified.clear();
   act(*window->findChild<QWidget*>("print"), QAccessibleActionInterface::pressAction());
-  EXPECT_THAT(told, Contains(StartsWith("alert The explanation couldn't be saved.")));
+  EXPECT_THAT(notified, Contains(StartsWith("alert The explanation couldn't be saved.")));
   const QTemporaryDir folder;
   dialogs.path = folder.filePath("explanation.pdf");
-  told.clear();
+  notified.clear();
   act(*window->findChild<QWidget*>("print"), QAccessibleActionInterface::pressAction());
-  EXPECT_THAT(told, Contains("alert Saved as " + dialogs.path.toStdString()));
+  EXPECT_THAT(notified, Contains("alert Saved as " + dialogs.path.toStdString()));
 }
 
 TEST_F(Assistive, WhatIsAnnouncedTwiceIsHeardTwice) {
@@ -308,20 +310,20 @@ TEST_F(Assistive, WhatIsAnnouncedTwiceIsHeardTwice) {
   stored(section::settings, "Frequency", "0");
   startOnMain();
   for (int time = 1; time <= 3; ++time) {
-    told.clear();
+    notified.clear();
     press("frmMain", "cmdToolBar(0)");
-    EXPECT_THAT(told, Contains("alert " + results().back()).Times(1)) << time;
+    EXPECT_THAT(notified, Contains("alert " + results().back()).Times(1)) << time;
   }
 }
 
 TEST_F(Assistive, AReportIsToldWhenItHasChanged) {
   openReport();
-  told.clear();
+  notified.clear();
   press("frmPrint", "cmdPrintMenu(0)");
-  EXPECT_THAT(told, Not(Contains(HasSubstr("vsPrinter1"))));
+  EXPECT_THAT(notified, Not(Contains(HasSubstr("vsPrinter1"))));
   payData.grossPay = 2000;
   press("frmPrint", "cmdPrintMenu(0)");
-  EXPECT_THAT(told, Contains(HasSubstr("text vsPrinter1 at ")));
+  EXPECT_THAT(notified, Contains(HasSubstr("text vsPrinter1 at ")));
 }
 
 // --- The tree
@@ -399,7 +401,7 @@ TEST_F(Assistive, EveryFigureHasNameAndValue) {
   onEveryScreen([&](const Screen& screen) {
     for (Control* control : screen.controls()) {
       const auto* label = dynamic_cast<Label*>(control);
-      QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
+      QWidget& widget = find(screen.name().c_str(), qt::text(control->address()));
       QAccessibleInterface& face = faceOf(widget);
       const std::string value = textOf(face, QAccessible::Value);
       // A label whose caption the program writes shows a figure; what stands there from the start is its own name.

@@ -11,6 +11,7 @@
 #include "controls/screen.h"
 #include "controls/texts.h"
 #include "ui/qt/desktop.h"
+#include "ui/qt/widgets/text.h"
 
 /// Consistency of views and models: compares every widget of every shown screen with its control.
 
@@ -49,9 +50,7 @@ class Consistency {
   void compareFocus(const Desktop& desktop);
 
   void same(const char* what, const QString& held, const QString& shown);
-  void same(const char* what, const std::string& held, const QString& shown) {
-    same(what, QString::fromStdString(held), shown);
-  }
+  void same(const char* what, const std::string& held, const QString& shown) { same(what, text(held), shown); }
   void same(const char* what, int held, int shown) { same(what, QString::number(held), QString::number(shown)); }
   void differ(const QString& words);
 

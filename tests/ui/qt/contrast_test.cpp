@@ -14,6 +14,7 @@
 #include "everyscreen.h"
 #include "picture.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 /// Contrast tests, measured in pictures of the screens.
 
@@ -132,7 +133,7 @@ TEST_F(Contrast, EveryBoxHasAnEdge) {
     QWidget& window = *view(screen.name().c_str()).window();
     const QImage picture = withoutFocus(window);
     for (const Control* control : screen.controls()) {
-      QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
+      QWidget& widget = find(screen.name().c_str(), qt::text(control->address()));
       const bool box = qobject_cast<QLineEdit*>(&widget) != nullptr || qobject_cast<QComboBox*>(&widget) != nullptr ||
                        qobject_cast<QListWidget*>(&widget) != nullptr || qobject_cast<QSpinBox*>(&widget) != nullptr;
       if (!box || !seen(widget) || !widget.isEnabled()) continue;

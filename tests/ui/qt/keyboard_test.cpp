@@ -612,7 +612,7 @@ TEST_F(Keyboard, TheFocusIsSeenInEveryControl) {
     QWidget& page = const_cast<View&>(view(screen.name().c_str()));
     QWidget& window = *page.window();
     for (const Control* control : screen.controls()) {
-      QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
+      QWidget& widget = find(screen.name().c_str(), qt::text(control->address()));
       if (!(widget.focusPolicy() & Qt::TabFocus) || !widget.isVisible() || !widget.isEnabled()) continue;
       if (widget.mapTo(&page, QPoint()).x() < 0) continue;
       widget.setFocus(Qt::TabFocusReason);

@@ -6,6 +6,7 @@
 
 #include "controls/desk.h"
 #include "desktoptest.h"
+#include "ui/qt/widgets/text.h"
 
 /// Printed pages, and messages of failures. Runs with the print server of the script `printing`.
 
@@ -77,7 +78,7 @@ class Printing : public DesktopTest {
 /// All words of a file must be within its margins, in points.
 void expectWithin(const QString& path, double margin, double width, double height) {
   static const QRegularExpression word(R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">)re");
-  const QString words = QString::fromStdString(answerOf("pdftotext", {"-bbox", path, "-"}));
+  const QString words = qt::text(answerOf("pdftotext", {"-bbox", path, "-"}));
   int found = 0;
   for (auto next = word.globalMatch(words); next.hasNext(); ++found) {
     const auto place = next.next();
@@ -113,7 +114,7 @@ TEST_F(Printing, TheFormArrivesOnBothPapers) {
   EXPECT_THAT(answerOf("pdftotext", {arrived("a4"), "-"}), HasSubstr("Withholding Allowance Certificate"));
 }
 
-TEST_F(Printing, AQueueThatRejectsIsTold) {
+TEST_F(Printing, ReportsAQueueThatRejects) {
   answerOf("cupsreject", {"letter"});
   printReport("letter", QPageSize::Letter);
   EXPECT_THAT(text("frmPrint", "notice"),
@@ -123,7 +124,7 @@ TEST_F(Printing, AQueueThatRejectsIsTold) {
   answerOf("cupsaccept", {"letter"});
 }
 
-TEST_F(Printing, APrinterThatIsGoneIsTold) {
+TEST_F(Printing, ReportsAPrinterThatIsGone) {
   const QStringList add{
       "-p", "lost", "-E", "-v", "file:/dev/null", "-m", "lsb/usr/cupsfilters/Generic-PDF_Printer-PDF.ppd"};
   administer(add);

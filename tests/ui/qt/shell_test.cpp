@@ -14,6 +14,7 @@
 #include "ui/MDIOpen.h"
 #include "ui/qt/frame/listbar.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 #include "whatif/frmMisc.h"
 
 /// The frame: its list bar, its boxes, its size.
@@ -101,7 +102,7 @@ TEST_F(ShellDesktop, TheListBarStartsWithTheCalculations) {
   startOnMain();
   std::vector<std::string> inSight;
   for (const Control* item : desk.find("MDIOpen")->controls()) {
-    const QString name = QString::fromStdString(item->address());
+    const QString name = qt::text(item->address());
     if (find("MDIOpen", name).isVisible()) inSight.push_back(item->address());
   }
   EXPECT_THAT(inSight, ::testing::ElementsAre("SSListBar1(Calc)", "SSListBar1(Multi)", "SSListBar1(Analysis)"));

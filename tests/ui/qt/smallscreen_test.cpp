@@ -5,6 +5,7 @@
 
 #include "everyscreen.h"
 #include "ui/qt/help/helpwindow.h"
+#include "ui/qt/widgets/text.h"
 
 /// The program on displays that are too small for it; the test runs once for each of several sizes.
 
@@ -32,7 +33,7 @@ TEST_F(SmallScreen, EveryControlCanBeScrolledIntoView) {
     if (screen.place() != Place::document) return;
     QWidget& page = const_cast<View&>(view(screen.name().c_str()));
     for (const Control* control : screen.controls()) {
-      QWidget& widget = find(screen.name().c_str(), QString::fromStdString(control->address()));
+      QWidget& widget = find(screen.name().c_str(), qt::text(control->address()));
       if (!widget.isVisible() || !widget.isEnabled() || !(widget.focusPolicy() & Qt::TabFocus)) continue;
       if (widget.mapTo(&page, QPoint()).x() < 0) continue;
       ++looked;

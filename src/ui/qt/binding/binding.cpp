@@ -4,12 +4,13 @@
 #include <QLabel>
 
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
 Binding::Binding(QWidget& widget, Control& control) : QObject(&widget), widget_(widget), control_(&control) {
-  widget.setObjectName(QString::fromStdString(control.address()));
-  widget.setToolTip(QString::fromStdString(control.tooltip));
+  widget.setObjectName(text(control.address()));
+  widget.setToolTip(text(control.tooltip));
   widget.setMouseTracking(true);
   widget.installEventFilter(this);
   control.watch([this] { refresh(); });

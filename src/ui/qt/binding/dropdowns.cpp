@@ -10,6 +10,7 @@
 #include "ui/qt/binding/rows.h"
 #include "ui/qt/binding/texts.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -199,7 +200,7 @@ class TypedEntry : public QObject {
   }
 
  private:
-  QString text() const { return QString::fromStdString(dropDown_.text()); }
+  QString text() const { return qt::text(dropDown_.text()); }
 
   void type(const QString& now) {
     binding_.act([&] { dropDown_.userType(now.toStdString()); });

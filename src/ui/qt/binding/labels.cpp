@@ -4,6 +4,7 @@
 #include "controls/texts.h"
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/binding/binding.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -41,7 +42,7 @@ Binding& bind(QLabel& widget, Label& label) {
   auto* binding = new Binding(widget, label);
   binding->show = [&widget, &label] {
     const QString before = widget.text();
-    const QString now = QString::fromStdString(label.caption());
+    const QString now = text(label.caption());
     widget.setText(now);
     if (before != now && dynamic_cast<Readable*>(&widget) != nullptr) tellReadable(widget, before, now);
   };

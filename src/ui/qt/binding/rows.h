@@ -6,6 +6,7 @@
 
 #include "controls/lists.h"
 #include "ui/qt/binding/afterevent.h"
+#include "ui/qt/widgets/text.h"
 
 /// The rows of lists and drop-downs.
 
@@ -25,7 +26,7 @@ void onBareSelection(Tie& binding, QAbstractItemView& rows, Picked picked) {
 
 inline QStringList entriesOf(const ListBox& list) {
   QStringList entries;
-  for (const std::string& entry : list.entries()) entries << QString::fromStdString(entry);
+  for (const std::string& entry : list.entries()) entries << text(entry);
   return entries;
 }
 

@@ -27,7 +27,7 @@ namespace {
 
 const QString windowName = QStringLiteral("explanation");
 
-/// Grounds of the parts, told apart by their lightness too; the check is the lightest.
+/// Backgrounds of the parts, which differ in lightness, too. The check has the lightest.
 const QColor grounds[] = {{38, 70, 83},    {120, 144, 156}, {62, 100, 116},
                           {150, 170, 178}, {84, 120, 134},  {226, 232, 220}};
 

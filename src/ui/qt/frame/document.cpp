@@ -13,6 +13,7 @@
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/views/view.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -76,7 +77,7 @@ void Document::confirm(const QString& words) {
 void Document::showTitle() {
   const Screen* screen = view_.screen();
   if (screen == nullptr) return;
-  title_->setText(QString::fromStdString(screen->title()));
+  title_->setText(text(screen->title()));
   setAccessibleName(title_->text());
   static_cast<DocumentArea*>(parentWidget())->arrange();  // a document that fills the area covers the others
 }

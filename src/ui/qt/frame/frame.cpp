@@ -16,6 +16,7 @@
 #include "ui/qt/frame/listbar.h"
 #include "ui/qt/frame/notice.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -36,7 +37,7 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(windowEdges);
   const QSize wanted(look::scaled(pixels(MDIOpen::width)), look::scaled(pixels(MDIOpen::height)));
   setFixedSize(wanted.boundedTo(room.size()));
-  screen.watch([this, &screen] { setWindowTitle(QString::fromStdString(screen.title())); });
+  screen.watch([this, &screen] { setWindowTitle(text(screen.title())); });
 
   presentAs(*this, QAccessible::Window);
   announcer_ = new Announcer(this);
@@ -60,7 +61,7 @@ Frame::Frame(MDIOpen& screen, Dialogs& dialogs) : View(screen), dialogs_(dialogs
 void Frame::keys(const MDIOpen& screen) {
   for (const ListBarItem& item : screen.SSListBar1) {
     auto* button = static_cast<QAbstractButton*>(widgetOf(item));
-    const QKeySequence keys(QString::fromStdString(item.shortcut()));
+    const QKeySequence keys(text(item.shortcut()));
     button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys.toString(QKeySequence::NativeText)));
     onKey(keys, button->text(), [button] { button->click(); });
   }
@@ -103,13 +104,13 @@ QWidget* Frame::listBar(MDIOpen& screen) {
   for (ListBarItem& item : screen.SSListBar1) {
     if (item.group() != opened) {
       opened = item.group();
-      const Group group = addGroup(QString::fromStdString(opened), bar);
+      const Group group = addGroup(text(opened), bar);
       layout->addWidget(group.header);
       layout->addWidget(group.items, 1);
       groups_.push_back(group);
     }
     QWidget* items = groups_.back().items->widget();
-    auto* widget = new ListBarButton(items, QString::fromStdString(item.picture()));
+    auto* widget = new ListBarButton(items, text(item.picture()));
     tied(widget, bind(*widget, item));
     items->layout()->addWidget(widget);
   }
@@ -185,7 +186,7 @@ void Frame::closeEvent(QCloseEvent* event) {
 }
 
 void Frame::changeEvent(QEvent* event) {
-  // mutation: QWidget::changeEvent(event); -> nothing: the parts tell the layout by themselves
+  // mutation: QWidget::changeEvent(event); -> nothing: Qt lays out changed parts without it
   QWidget::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange || screen() == nullptr) return;
   if (windowState().testFlag(Qt::WindowMaximized) || windowState().testFlag(Qt::WindowFullScreen)) {

@@ -7,6 +7,7 @@
 #include "controls/buttons.h"
 #include "ui/qt/binding/binding.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -127,7 +128,7 @@ void ListBarButton::paintEvent(QPaintEvent* /*event*/) {
 
 Binding& bind(ListBarButton& widget, ListBarItem& item) {
   auto* binding = new Binding(widget, item);
-  widget.setText(QString::fromStdString(item.caption()));
+  widget.setText(text(item.caption()));
   binding->show = [&widget, &item] {
     widget.highlighted = item.highlighted();
     widget.update();

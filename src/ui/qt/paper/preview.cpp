@@ -83,9 +83,9 @@ int Preview::pages() const { return ReportPages(engine_).count(); }
 int Preview::fitting(bool whole) const {
   const QSize room = maximumViewportSize() - QSize(2 * Sheet::around, 2 * Sheet::around);
   const QSize paper(Frame::pixels(ReportPages::letter.width()), Frame::pixels(ReportPages::letter.height()));
-  if (whole) return 100 * room.height() / paper.height();  // the space is wider than it is high, the paper isn't
+  if (whole) return 100 * room.height() / paper.height();  // the height decides: the paper is higher than wide
   // A page of full width is higher than the space, so there is a scroll bar beside it.
-  // mutation: 100 -> 101: a pixel or so moves no word
+  // mutation: 100 -> 101: a pixel wider, no text moves to another line
   return 100 * (room.width() - verticalScrollBar()->sizeHint().width()) / paper.width();
 }
 

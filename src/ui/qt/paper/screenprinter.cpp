@@ -8,6 +8,7 @@
 #include "controls/screen.h"
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/paper/printer.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -48,7 +49,7 @@ ScreenPrinter::ScreenPrinter(FindView find) : find_(std::move(find)) {}
 int ScreenPrinter::printScreen(Screen& screen) {
   View* view = find_(screen.name());
   if (view == nullptr) return 0;
-  const QString title = QString::fromStdString(screen.title());
+  const QString title = text(screen.title());
   const Paper form{.name = QStringLiteral("form"),
                    .title = title,
                    .file = title + QStringLiteral(".pdf"),

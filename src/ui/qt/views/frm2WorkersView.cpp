@@ -3,6 +3,7 @@
 #include "controls/caption.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/views/worksheetview.h"
+#include "ui/qt/widgets/text.h"
 #include "w4/frm2Workers.h"
 
 namespace tallyfin::qt {
@@ -55,8 +56,7 @@ class frm2WorkersView : public WorksheetView {
   static QString whole(const Label& first, const CommandButton& button, const Label& second) {
     const auto [number, words] = captionOf(first.caption());
     const auto [before, behind] = aroundGap(words);
-    return QString::fromStdString(number + " " + before + " " + button.caption() + " " + second.caption() + " " +
-                                  behind);
+    return text(number + " " + before + " " + button.caption() + " " + second.caption() + " " + behind);
   }
 
   frm2Workers& screen_;

@@ -7,6 +7,7 @@
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 #include "whatif/frmAnalysis.h"
 
 /// The analysis: ten captions and their figures, in three groups: wages, shares, the year.
@@ -42,7 +43,7 @@ class frmAnalysisView : public ScreenView {
       if (View::screen() == nullptr) return;
       std::string rows;
       for (int i = 0; i < 10; ++i) rows += screen.lblAnalysis[i].caption() + '\t' + screen.lblOne[i].caption() + '\n';
-      QGuiApplication::clipboard()->setText(QString::fromStdString(rows));
+      QGuiApplication::clipboard()->setText(text(rows));
       static_cast<Frame&>(*window()).confirm(QStringLiteral("Copied"));
     });
     addAction(copy);

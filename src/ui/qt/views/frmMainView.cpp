@@ -18,6 +18,7 @@
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -268,8 +269,8 @@ class frmMainView : public ScreenView {
     table.setRowCount(static_cast<int>(cells.size()));
     for (int row = 0; row < table.rowCount(); ++row) {
       const auto& texts = cells[static_cast<std::size_t>(row)];
-      auto* title = new QTableWidgetItem(QString::fromStdString(texts[0]));
-      auto* value = new QTableWidgetItem(QString::fromStdString(texts[1]));
+      auto* title = new QTableWidgetItem(text(texts[0]));
+      auto* value = new QTableWidgetItem(text(texts[1]));
       value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
       const RowKind kind = screen_.dbgDisplay.kinds()[static_cast<std::size_t>(row)];
       for (QTableWidgetItem* item : {title, value}) {

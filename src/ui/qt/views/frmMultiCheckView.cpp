@@ -11,6 +11,7 @@
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 #include "whatif/frmMultiCheck.h"
 
 /// Several checks brought to one monthly income: a table on paper, one row for each check.
@@ -131,7 +132,7 @@ class frmMultiCheckView : public ScreenView {
     row->setContentsMargins({});
     row->setSpacing(0);  // mutation: row->setSpacing(0); -> nothing: a row in a grid has no spacing of its own
     for (std::size_t i = 0; i < widgets.size(); ++i) {
-      widgets[i]->setAccessibleName(title + ", " + QString::fromStdString(names.at(i)->caption()));
+      widgets[i]->setAccessibleName(title + ", " + text(names.at(i)->caption()));
       row->addWidget(widgets[i], 1, Qt::AlignCenter);
     }
     return panel;

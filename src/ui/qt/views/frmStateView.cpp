@@ -14,6 +14,7 @@
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 /// The state options. All controls are at the same place for every state, disabled where the state doesn't use them.
 
@@ -131,7 +132,7 @@ class frmStateView : public ScreenView {
   QWidget* exempt() {
     auto* panel = new QGroupBox(this);
     tied(panel, bindPlain(*panel, screen_.pnlExempt));
-    panel->setTitle(QString::fromStdString(screen_.pnlExempt.caption()));
+    panel->setTitle(text(screen_.pnlExempt.caption()));
     auto* layout = new QHBoxLayout(panel);
     layout->setContentsMargins(look::row, look::tight, look::row, look::tight);
     for (CheckBox& control : screen_.chkExemp) {

@@ -7,6 +7,7 @@
 #include "ui/qt/frame/frame.h"
 #include "ui/qt/views/views.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 #include "w4/frmTableOne.h"
 
 namespace tallyfin::qt {
@@ -28,7 +29,7 @@ class frmTableOneView : public ScreenView {
     }
     left->addStretch();
     QListWidget* wages = list(screen.lstTableOne, Choose::byEnter);
-    wages->setAccessibleName(QString::fromStdString(screen.title()));
+    wages->setAccessibleName(text(screen.title()));
     wages->setMinimumWidth(look::scaled(160));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(look::edge, look::tight, look::edge, look::tight);

@@ -328,7 +328,7 @@ class frmW4View : public ScreenView {
     row->addWidget(bold(screen_.lblSigDate));
     auto* date = new FigureLabel(this);
     tied(date, bind(*date, screen_.lblDate));
-    date->setAccessibleName(QString::fromStdString(screen_.lblSigDate.caption()));
+    date->setAccessibleName(text(screen_.lblSigDate.caption()));
     row->addWidget(date);
     return row;
   }

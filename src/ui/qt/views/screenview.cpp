@@ -15,6 +15,7 @@
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/binding/dropdowns.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -194,9 +195,7 @@ void ScreenView::name(QLabel* label, QWidget* box, char letter) {
   };
   Binding* binding = bindingOf(label);
   if (binding == nullptr) return mark(label->text());  // a label without a control
-  binding->show = [mark, control = static_cast<Label*>(binding->control())] {
-    mark(QString::fromStdString(control->caption()));
-  };
+  binding->show = [mark, control = static_cast<Label*>(binding->control())] { mark(text(control->caption())); };
   binding->refresh();
 }
 

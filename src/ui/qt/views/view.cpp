@@ -6,10 +6,11 @@
 #include <algorithm>
 
 #include "controls/texts.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
-View::View(Screen& screen) : screen_(&screen) { setObjectName(QString::fromStdString(screen.name())); }
+View::View(Screen& screen) : screen_(&screen) { setObjectName(text(screen.name())); }
 
 View::~View() { release(); }
 

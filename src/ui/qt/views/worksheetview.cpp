@@ -9,6 +9,7 @@
 #include "ui/qt/accessibility/accessible.h"
 #include "ui/qt/widgets/captions.h"
 #include "ui/qt/widgets/look.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -45,7 +46,7 @@ WorksheetView::WorksheetView(Screen& screen, int entryWidth)
 QSize WorksheetView::sizeHint() const { return unfilled; }
 
 QBoxLayout* WorksheetView::page(Panel& panel, Label& headingText, Label& pageNumber) {
-  QVBoxLayout* column = PagedView::page(panel, QString::fromStdString(pageNumber.caption()));
+  QVBoxLayout* column = PagedView::page(panel, text(pageNumber.caption()));
   column->setSpacing(look::tight);
   auto* top = new QHBoxLayout;
   top->addWidget(heading(headingText), 1);

@@ -6,6 +6,7 @@
 #include "controls/buttons.h"
 #include "controls/texts.h"
 #include "ui/qt/views/pages.h"
+#include "ui/qt/widgets/text.h"
 
 class QBoxLayout;
 
@@ -43,7 +44,7 @@ class WorksheetView : public PagedView {
   /// A box or a figure in the right column; its accessible name is the text of its line.
   QLineEdit* entry(TextBox& control, const QString& words);
   QLabel* result(Label& control, const QString& words);
-  static QString wordsOf(const Label& control) { return QString::fromStdString(control.caption()); }
+  static QString wordsOf(const Label& control) { return text(control.caption()); }
   /// A line with its box, and one with its figure.
   void enter(QBoxLayout* page, Label& words, TextBox& box) { line(page, caption(words), entry(box, wordsOf(words))); }
   void comesOut(QBoxLayout* page, Label& words, Label& figure) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "controls/caption.h"
+#include "ui/qt/widgets/text.h"
 
 namespace tallyfin::qt {
 
@@ -22,7 +23,7 @@ int wrappedHeight(const QWidget& widget, int width, const QString& text) {
 }
 
 void drawHanging(QPainter& painter, const QRect& place, int margin, const std::string& number, const QString& words) {
-  painter.drawText(place, wrapped, QString::fromStdString(number));
+  painter.drawText(place, wrapped, qt::text(number));
   painter.drawText(place.adjusted(margin, 0, 0, 0), wrapped, words);  // mutation: 0 -> 1: there is room
 }
 
@@ -44,7 +45,7 @@ int HangingLabel::heightForWidth(int width) const {
   return wrappedHeight(*this, width - margin_, words(width - margin_));
 }
 
-QString HangingLabel::words(int /*width*/) const { return QString::fromStdString(parted(text()).words); }
+QString HangingLabel::words(int /*width*/) const { return qt::text(parted(text()).words); }
 
 void HangingLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -54,12 +55,10 @@ void HangingLabel::paintEvent(QPaintEvent* /*event*/) {
 QString PaddedLabel::words(int width) const {
   std::string shown = parted(text()).words;
   const std::string bare = withoutPadding(shown);
-  const auto height = [&](const std::string& words) {
-    return wrappedHeight(*this, width, QString::fromStdString(words));
-  };
+  const auto height = [&](const std::string& words) { return wrappedHeight(*this, width, qt::text(words)); };
   const int enough = height(bare);
   while (shown != bare && height(shown) > enough) shown = withLessPadding(shown);
-  return QString::fromStdString(shown);
+  return qt::text(shown);
 }
 
 HangingCheckBox::HangingCheckBox(QWidget* parent, int margin, int column)
@@ -73,7 +72,7 @@ QSize HangingCheckBox::sizeHint() const { return {hintWidth, heightForWidth(hint
 QSize HangingCheckBox::minimumSizeHint() const { return {leastWidth + column_, fontMetrics().height() + 2}; }
 
 int HangingCheckBox::heightForWidth(int width) const {
-  return wrappedHeight(*this, width - margin_ - column_, QString::fromStdString(parted(text()).words)) + 2;
+  return wrappedHeight(*this, width - margin_ - column_, qt::text(parted(text()).words)) + 2;
 }
 
 bool HangingCheckBox::hitButton(const QPoint& position) const { return rect().contains(position); }
@@ -82,7 +81,7 @@ void HangingCheckBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const Caption caption = parted(text());
   drawHanging(painter, rect().adjusted(0, 1, -column_, 0), margin_, caption.number,  // mutation: 0 -> 1: there is room
-              QString::fromStdString(caption.words));
+              qt::text(caption.words));
   QStyleOptionButton option;
   initStyleOption(&option);
   const QSize box(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),
@@ -189,11 +188,11 @@ int SentenceWithButton::flow(int width, bool place) const {
 
   std::vector<Words::Word> first;
   std::vector<Words::Word> second;
-  sentence.add(QString::fromStdString(before), first);
-  if (!first.empty()) first.push_back({{0, first.front().base.y()}, QString::fromStdString(caption.number)});
+  sentence.add(qt::text(before), first);
+  if (!first.empty()) first.push_back({{0, first.front().base.y()}, qt::text(caption.number)});
   const QRect room = sentence.next(buttonSize.width());
   sentence.add(second_->text(), second);
-  sentence.add(QString::fromStdString(behind), first);
+  sentence.add(qt::text(behind), first);
   // The button's line is as high as the button with its focus ring.
   constexpr int ring = 2;
   const int above = (buttonSize.height() + 2 * ring - room.height()) / 2;
