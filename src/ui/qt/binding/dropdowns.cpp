@@ -52,7 +52,6 @@ class DropDownKeys : public QObject {
   }
 
  private:
-  // mutation: 1000 -> 1001: a thousandth of a second
   static constexpr int pause = 1000;  ///< Milliseconds after which typed letters start a new search.
 
   bool openBy(QKeyEvent& key) {
@@ -141,6 +140,7 @@ class DropDownKeys : public QObject {
   DropDown& dropDown_;
   bool adopted_ = false;
   QString searched_;
+  // mutation: 0 -> 1: the search is empty at the first letter
   quint64 lastLetter_ = 0;  ///< When it was typed, in milliseconds.
 };
 
