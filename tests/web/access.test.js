@@ -41,6 +41,18 @@ test('letters typed on a closed drop-down open it, and only Enter chooses', asyn
   assert.equal(await marked(page), 'New Jersey');
 });
 
+test('the list of 42 states shows some twelve rows in a border, and scrolls', async (t) => {
+  const page = await fresh(t, { width: 1280, height: 800 });
+  await user(page).bar('Calc');
+  await user(page).click('frmMain.cboState');
+  const [entries, rows, border, inView] = await page.$eval('[role=listbox]', (list) => {
+    const { top, bottom } = list.getBoundingClientRect();
+    return [list.children.length, list.clientHeight / list.firstChild.offsetHeight, getComputedStyle(list).borderTopStyle, top > -1 && bottom < window.innerHeight + 1];
+  });
+  assert.deepEqual([entries, border, inView], [42, 'solid', true]);
+  assert.ok(rows > 11 && rows < 13, `${rows} rows`);
+});
+
 test('a click on the label of a drop-down gives it the focus and opens nothing', async (t) => {
   const page = await fresh(t);
   const u = user(page);
@@ -467,6 +479,16 @@ for (const [width, height] of [[360, 560], [320, 256]]) {
     }
   });
 }
+
+test('the four buttons of the paycheck have words, wide and narrow', async (t) => {
+  const page = await fresh(t);
+  await user(page).bar('Calc');
+  for (const width of [1280, 360, 320]) {
+    await page.setViewport({ width, height: 740 });
+    const words = await page.$$eval('[role=toolbar] .picture span', (all) => all.filter((word) => word.checkVisibility() && word.offsetWidth > 20).map((word) => word.innerText));
+    assert.deepEqual(words, ['Clear', 'Calculate', 'Print', 'Exit'], `at ${width}`);
+  }
+});
 
 test('what is stored can be erased from the menu of a telephone', async (t) => {
   const page = await fresh(t, { width: 360, height: 560 });

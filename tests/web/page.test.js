@@ -334,6 +334,33 @@ test('the page can be installed', { skip: firefox && 'Firefox does not say' }, a
   assert.deepEqual([url, errors, JSON.parse(data).name], [`${server.address}manifest.json`, [], 'Tallyfin 99']);
 });
 
+test('the icons of home screens have their sizes, and the maskable one draws in its safe zone only', async (t) => {
+  const page = await fresh(t);
+  const { icons } = JSON.parse(await readFile(join(builtPage, 'manifest.json'), 'utf8'));
+  const wanted = icons.filter(({ type }) => type === 'image/png').map(({ src, sizes }) => [src, sizes]);
+  assert.deepEqual(wanted.map(([, size]) => size), ['192x192', '512x512', '512x512']);
+  for (const [src, size] of [...wanted, [await page.$eval('link[rel=apple-touch-icon]', (link) => link.getAttribute('href')), '180x180']]) {
+    const png = await readFile(join(builtPage, src));
+    assert.equal(`${png.readUInt32BE(16)}x${png.readUInt32BE(20)}`, size, src);
+  }
+  // Systems keep at least the circle around the middle whose radius is 40 percent of the width.
+  const { src } = icons.find(({ purpose }) => purpose === 'maskable');
+  const outside = await page.evaluate(async (address) => {
+    const image = await createImageBitmap(await (await fetch(address)).blob());
+    const context = new OffscreenCanvas(image.width, image.height).getContext('2d');
+    context.drawImage(image, 0, 0);
+    const { data } = context.getImageData(0, 0, image.width, image.height);
+    const colours = new Set();
+    for (let i = 0; i < data.length; i += 4) {
+      const [x, y] = [(i / 4) % image.width, Math.floor(i / 4 / image.width)];
+      if (Math.hypot(x - image.width / 2, y - image.height / 2) > 0.4 * image.width) colours.add(data.slice(i, i + 4).join(' '));
+    }
+    return [...colours];
+  }, src);
+  assert.equal(outside.length, 1, String(outside.slice(0, 5)));
+  assert.match(outside[0], / 255$/);
+});
+
 test('the page asks no other host, and its policy forbids it', async (t) => {
   const page = await fresh(t);
   const hosts = new Set();
