@@ -555,6 +555,15 @@ TEST_F(StoreTest, CompletesAChangeThatAKilledProgramHasMade) {
   EXPECT_THAT(names(), ElementsAre("Tallyfin99.sqlite"));
 }
 
+TEST_F(StoreTest, RemovesPermissionsOfOthersFromWhatAKilledProgramHasLeft) {
+  opened().write(section::user, "USSN", "1");
+  killedAfter(path, "UPDATE setting SET text = '2'");
+  ASSERT_GT(fs::file_size(path.string() + "-wal"), 0U);
+  fs::permissions(path, fs::perms(0666));
+  EXPECT_EQ(opened().read(section::user, "USSN"), "2");
+  EXPECT_EQ(modeOf(path), 0600U);
+}
+
 TEST_F(StoreTest, MakesADatabaseWithoutTablesAStoreWhenItSaves) {
   killedAfter(path, "PRAGMA journal_mode = WAL; CREATE TABLE other(a); DROP TABLE other");
   ASSERT_GT(fs::file_size(path.string() + "-wal"), 0U);
@@ -906,6 +915,21 @@ TEST(Patience, WaitsLongerAtFirst) {
   EXPECT_TRUE(waits(settled).first);
 }
 
+TEST(Patience, IsShorterFromTheActOnThatWaitedInVain) {
+  using std::chrono::milliseconds;
+  Patience patience(milliseconds(10), milliseconds(0));
+  EXPECT_TRUE(patience.wait());
+  while (patience.wait()) {
+  }
+  patience.renew();
+  EXPECT_FALSE(patience.wait());
+
+  Patience stillLong(std::chrono::hours(1), milliseconds(0));
+  EXPECT_TRUE(stillLong.wait());
+  stillLong.renew();
+  EXPECT_TRUE(stillLong.wait());
+}
+
 // --- What stands beside it -------------------------------------------------------------------------------------------
 
 TEST_F(StoreTest, WaitsForNoPipeBesideIt) {
@@ -933,6 +957,26 @@ TEST_F(StoreTest, MakesAnIndexWholeThatWasCutShort) {
   fs::resize_file(index, 0);
 }
 
+TEST_F(StoreTest, MakesAnIndexWholeThatWasCutShortAfterItHadGrown) {
+  OtherProgram cut([this] {
+    FileStore store = opened();
+    store.write(section::settings, "Hours", "40");
+    const fs::path index = path.string() + "-shm";
+    const auto atFirst = fs::file_size(index);
+    {
+      const Sql reader(path);
+      reader("BEGIN; SELECT * FROM setting");  // the log stays, and its index grows with it
+      for (int i = 0; i < 4; ++i)
+        store.write(section::user, "UName", std::string(7'000'000, static_cast<char>('A' + i)));
+    }
+    EXPECT_EQ(store.read(section::user, "UName")->front(), 'D');
+    ASSERT_GT(fs::file_size(index), atFirst);
+    fs::resize_file(index, atFirst);
+    EXPECT_EQ(store.read(section::user, "UName")->front(), 'D');
+  });
+  EXPECT_EQ(cut.ended(), 0);
+}
+
 TEST_F(StoreTest, TouchesNoIndexThatCantBeMadeWhole) {
   OtherProgram cut([this] {
     auto store = std::make_unique<FileStore>(path);
@@ -944,6 +988,28 @@ TEST_F(StoreTest, TouchesNoIndexThatCantBeMadeWhole) {
   });
   EXPECT_EQ(cut.ended(), 0);
   EXPECT_EQ(kept("Hours"), "40");
+}
+
+TEST_F(StoreTest, ReadsWhatAnotherProgramStoresAfterItsIndexWasRemoved) {
+  Signal removed;
+  Signal stored;
+  Signal read;
+  OtherProgram other([&] {
+    if (!removed.await()) return;
+    FileStore store = opened();
+    store.write(section::settings, "Hours", "41");
+    stored.give();
+    read.await();
+  });
+  FileStore store = opened();
+  store.write(section::settings, "Hours", "40");
+  fs::remove(path.string() + "-shm");
+  removed.give();
+  ASSERT_TRUE(stored.await());
+  EXPECT_EQ(store.read(section::settings, "Hours"), "41");
+  read.give();
+  EXPECT_EQ(other.ended(), 0);
+  EXPECT_EQ(kept("Hours"), "41");
 }
 
 TEST_F(StoreTest, LosesNothingWhereItsLogIsRemoved) {

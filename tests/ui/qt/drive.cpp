@@ -66,6 +66,8 @@ void report(const QString& name, bool splashSeen) {
                          {"decimal", std::localeconv()->decimal_point},
                          {"application", QApplication::applicationName()},
                          {"desktopFile", QApplication::desktopFileName()},
+                         {"input", QFile::symLinkTarget(QStringLiteral("/proc/self/fd/0"))},
+                         {"errors", QFile::symLinkTarget(QStringLiteral("/proc/self/fd/2"))},
                          {"written", opened ? static_cast<int>(about.st_mode & 0777U) : -1}};
   std::cout << QJsonDocument(seen).toJson(QJsonDocument::Compact).toStdString() << std::endl;
 }
