@@ -124,6 +124,15 @@ test('the calendar goes from December to the January of the next year, and back'
   assert.equal(await month(), 'November 1999');
 });
 
+test('a calendar that has turned keeps the focus on the button that turned it', async (t) => {
+  const page = await fresh(t);
+  await screens.frmCalendar(user(page));
+  for (const name of ['Next month', 'Previous month', 'Previous month']) {
+    await page.click(`[aria-label="${name}"]`);
+    assert.equal(await page.evaluate(() => document.activeElement.ariaLabel), name);
+  }
+});
+
 test('links within a help file stay in it', async (t) => {
   const page = await fresh(t);
   const u = user(page);
@@ -183,6 +192,20 @@ test('Copy takes the explanation that is read, without the captions around it', 
   await page.waitForFunction(() => document.querySelector('#explanation-said').textContent === "The browser doesn't allow to copy");
 });
 
+test('the explanation on paper is that of the last calculation', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  for (const [income, words] of [['1000', '$1,000.00'], ['2000', '$2,000.00']]) {
+    await u.type('frmMain.txtIncome', income);
+    await u.click('frmMain.cmdToolBar(0)');
+    await page.click('#explain');
+    const paper = await page.$eval('#explanation-paper', (sheet) => sheet.textContent);
+    assert.ok(paper.includes(`Of the gross pay of ${words}: `), paper);
+    await page.click('#explanation [data-dismiss]');
+  }
+});
+
 test('the link carries the entries of the main screen, and neither name nor number', async (t) => {
   const page = await fresh(t);
   const u = user(page);
@@ -216,6 +239,15 @@ test('the link carries the entries of the main screen, and neither name nor numb
   assert.equal(await other.evaluate(() => location.hash), '', 'reloaded, it is not taken again');
   assert.equal(await other.evaluate(() => localStorage.getItem('Tallyfin99/Settings/IncAmt')), null, 'nothing is stored before Calculate');
   assert.deepEqual(other.troubles, []);
+});
+
+test('a link to a state with options ends on them, with all other entries made', async (t) => {
+  const page = await open(await freshContext(t), `${server.address}#income=1000&frequency=Weekly&status=Single&self_employed=Y&state=Michigan`);
+  assert.equal(await user(page).front(), 'frmState');
+  const held = (address, property) => ask(page, 'get', address, property);
+  assert.deepEqual([await held('frmState.cboState', 'text'), await held('frmMain.txtIncome', 'text'), await held('frmMain.lstFrequency', 'index'),
+    await held('frmMain.optStatus(1)', 'value'), await held('frmMain.chkSelfEmployed', 'value')], ['Michigan', '1000', 0, true, true]);
+  assert.deepEqual(page.troubles, []);
 });
 
 test('a link is no more than entries: what it has besides, and what is no entry, counts for nothing', async (t) => {

@@ -73,6 +73,17 @@ test('a file is shown with its first rows and problems, worked, and its result i
   assert.deepEqual(page.troubles, []);
 });
 
+test('another file takes the result of the one before off the page', async (t) => {
+  const page = await enter(t);
+  await choose(page, 'first.csv', some);
+  await shown(page, '#work');
+  await page.click('#work');
+  await shown(page, '#save');
+  await choose(page, 'second.csv', some);
+  await page.waitForFunction(() => document.querySelector('#name').textContent === 'second.csv');
+  assert.equal(await page.$eval('#result', (part) => part.hidden), true);
+});
+
 /** A page in a separate browser, which saves into the folder without a dialog. */
 async function enterSaving(t, address = server.address) {
   const own = await browse(undefined, { prefs: { 'browser.download.folderList': 2, 'browser.download.dir': folder, 'browser.download.always_ask_before_handling_new_types': false } });
