@@ -3,13 +3,25 @@
 /** The greatest length of a box, the same as on the desktop. */
 export const most = 32767;
 
-const blanks = /[\u00a0\u2000-\u200b\u202f\u205f\u3000\ufeff]/g;
+// The desktop has the same lists (src/controls/pasted.cpp); tests/controls/data/pasted.json is held against both.
+const ends = /[\t\r\n\u2028\u2029]/;
+const blank = /[ \v\f\u00a0\u1680\u2000-\u200b\u202f\u205f\u3000\ufeff]/;
+const blanks = new RegExp(blank, 'g');
+
+/** Without the blanks around it. */
+function trimmed(text) {
+  let start = 0;
+  let end = text.length;
+  while (start < end && blank.test(text[start])) start += 1;
+  while (end > start && blank.test(text[end - 1])) end -= 1;
+  return text.slice(start, end);
+}
 
 /** The text to insert for a pasted one. Surrounding blanks are removed only where it replaces the whole text. */
 export function cleaned(text, { isAmount, replacesAll }) {
-  let result = text.slice(0, most).split(/[\t\r\n\u2028\u2029]/, 1)[0];
+  let result = text.slice(0, most).split(ends, 1)[0];
   if (isAmount) result = result.replace(blanks, ' ').replaceAll('\u2212', '-');
-  return replacesAll ? result.trim() : result;
+  return replacesAll ? trimmed(result) : result;
 }
 
 export function bindPasting(root) {

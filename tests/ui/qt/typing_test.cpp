@@ -101,6 +101,9 @@ TEST_F(Typing, WhatLooksLikeABlankOrAMinusIsOneInAnAmount) {
   paste(edit, QString::fromUtf8("\u00A01,250.50\u2009"));
   EXPECT_EQ(income(), "1,250.50");
   edit.selectAll();
+  paste(edit, QString::fromUtf8("\u202F1\u30002"));
+  EXPECT_EQ(income(), "1 2");
+  edit.selectAll();
   paste(edit, QString::fromUtf8("\uFEFF\u221290\u200B"));
   EXPECT_EQ(income(), "-90");
   clickItem("Personal");  // a name keeps its inner blanks

@@ -10,9 +10,9 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QRegularExpression>
 #include <algorithm>
 
+#include "controls/pasted.h"
 #include "controls/texts.h"
 #include "ui/qt/binding/afterevent.h"
 #include "ui/qt/widgets/text.h"
@@ -103,12 +103,8 @@ bool PasteFilter::drop(QDropEvent& event) {
   return true;
 }
 
-QString PasteFilter::cleaned(QString text, bool replacesAll) const {
-  static const QRegularExpression cellEnd(QStringLiteral("[\\n\\r\\t\\x{2028}\\x{2029}]"));
-  static const QRegularExpression likeBlank(QStringLiteral("[\\x{00A0}\\x{2009}\\x{200B}\\x{FEFF}]"));
-  if (kind_ == Pasted::amount) text.replace(likeBlank, QStringLiteral(" ")).replace(QChar(u'\u2212'), QChar(u'-'));
-  if (const qsizetype end = text.indexOf(cellEnd); end >= 0) text.truncate(end);
-  return replacesAll ? text.trimmed() : text;
+QString PasteFilter::cleaned(const QString& pasted, bool replacesAll) const {
+  return qt::text(cleanedPaste(pasted.toStdString(), {kind_ == Pasted::amount, replacesAll}));
 }
 
 namespace {

@@ -27,7 +27,7 @@ class PasteFilter : public QObject {
   void paste(const QString& text);
   void showMenu(const QPoint& place);
   bool drop(QDropEvent& event);
-  QString cleaned(QString text, bool replacesAll) const;
+  QString cleaned(const QString& pasted, bool replacesAll) const;
 
   QLineEdit& edit_;
   Pasted kind_;
