@@ -46,6 +46,17 @@ TEST(Form, SpeaksAmountsInWords) {
   EXPECT_EQ(spoken("$172.4936."), "172.4936 dollars.");
 }
 
+TEST(Form, SetsALineWithoutATitle) {
+  ExplanationLine line;
+  line.number = 2;
+  line.words = "line 1 less $5.00";
+  line.figure = "$3.00";
+  line.from.origin = Operand::Origin::line;
+  const std::vector<Form> forms = formsOf({{"Gross Pay", Money(3), {line}}});
+  EXPECT_EQ(forms.at(0).lines.at(0).text(), "Line 1 less $5.00");
+  EXPECT_EQ(forms.at(0).lines.at(0).spoken, "Line 2. Line 1 less 5 dollars. 3 dollars.");
+}
+
 class FormTest : public ExplainTest {
  protected:
   static Form formOf(const std::string& title) {
