@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """script_arguments.py SCRIPT_PROGRAM: the headless program's command line, and input of any bytes."""
+import itertools
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -77,6 +79,21 @@ assert b"No such file" in refused('cd "$(mktemp -d)" && rmdir "$PWD" && "$0" sto
 broken = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 broken.stdout.close()
 assert b"Broken pipe" in broken.communicate(b"store\n", timeout=60)[1] and broken.returncode == 2
+
+# A call that is interrupted, or that would have to wait, is made again.
+sanitized = "asan" in libraries
+if shutil.which("strace"):
+    for call, error in itertools.product(("read",) if sanitized else ("read", "write"), ("EINTR", "EAGAIN")):
+        with tempfile.TemporaryDirectory() as folder:
+            lines, log, asked = (pathlib.Path(folder, name) for name in ("lines", "log", "asked"))
+            lines.write_bytes(b"store\n" * 20_000)
+            with open(lines, "rb") as source, open(asked, "wb") as sink:
+                done = subprocess.run(["strace", "-qq", "-o", log, "-P", lines if call == "read" else asked, "-e",
+                                       f"inject={call}:error={error}:when=1+3", program], stdin=source, stdout=sink,
+                                      stderr=subprocess.PIPE, timeout=60,
+                                      env=os.environ | {"ASAN_OPTIONS": "detect_leaks=0"})
+            assert b"(INJECTED)" in log.read_bytes(), (call, error)
+            assert (done.returncode, done.stderr, asked.read_bytes()) == (0, b"", b"= {}\n" * 20_000), (call, error, done)
 
 # A line without memory for it is answered, and the next one is read.
 if b"asan" not in subprocess.run(["ldd", program], capture_output=True).stdout:  # the sanitizer reserves more than that

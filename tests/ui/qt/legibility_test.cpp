@@ -290,6 +290,19 @@ TEST_F(Legibility, WhatIsCopiedIsConfirmedUntilTheFocusMovesOn) {
   EXPECT_EQ(confirmed("frmAnalysis"), "Copied");
 }
 
+TEST_F(Legibility, NothingIsConfirmedAnyMoreOnAPageBehindAnother) {
+  startOnMain();
+  click("frmMain", "cmdToolBar(0)");
+  auto& table = find<QTableWidget>("frmMain", "dbgDisplay");
+  table.setFocus();
+  QTest::keySequence(&table, QKeySequence::Copy);
+  EXPECT_EQ(confirmed("frmMain"), "Copied");
+  QTest::keyClick(&frame(), Qt::Key_9, Qt::ControlModifier);
+  settle();
+  EXPECT_EQ(desk.activeDocument()->name(), "frmW4");
+  EXPECT_EQ(confirmed("frmMain"), "");
+}
+
 TEST_F(Legibility, ANoticeWrapsAndPushesNothingOut) {
   startOnMain();
   const QSize before = frame().size();

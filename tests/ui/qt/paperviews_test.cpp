@@ -747,6 +747,8 @@ TEST_F(Help, SearchForWhatIsNowhereSaysSo) {
   QTest::keyClicks(window()->findChild<QLineEdit*>("search"), "xylophone");
   EXPECT_TRUE(listed().empty());
   EXPECT_TRUE(nothing->isVisible());
+  window()->findChild<QLineEdit*>("search")->clear();
+  EXPECT_FALSE(nothing->isVisible());
 }
 
 TEST_F(Help, LeavesRoomForTheSearchInASmallWindow) {
