@@ -118,10 +118,11 @@ Database::Database(const fs::path& path, Access by, Patience& patience)
 
 Database::~Database() {
   if (!connection_ || form != Form::store) return;
-  // A log that has replaced this one has newer texts. Where the file was replaced, the log beside it belongs to the new
-  // file.
+  // A log that has replaced this one has newer texts, and so may this one where its index was replaced: programs see
+  // what the others add by their common index. Where the file was replaced, the log beside it belongs to the new file.
   const FileMark log = FileMark::of(logPath_);
-  if (moved() || (log.exists() && !log.sameFile(log_))) return;
+  const bool shared = log.sameFile(log_) && FileMark::of(indexPath_).sameFile(index_);
+  if (moved() || (log.exists() && !shared)) return;
   if (!mendIndex()) {
     placeAmongAbandoned_.front() = std::move(connection_);
     abandoned().splice(abandoned().end(), placeAmongAbandoned_);

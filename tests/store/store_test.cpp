@@ -990,6 +990,20 @@ TEST_F(StoreTest, TouchesNoIndexThatCantBeMadeWhole) {
   EXPECT_EQ(kept("Hours"), "40");
 }
 
+TEST_F(StoreTest, KeepsWhatAnotherProgramStoredBeforeItEndedWhereTheIndexWasRemoved) {
+  Signal removed;
+  OtherProgram other([&] {
+    if (removed.await()) opened().write(section::settings, "Hours", "41");
+  });
+  FileStore store = opened();
+  store.write(section::settings, "Hours", "40");
+  fs::remove(path.string() + "-shm");
+  removed.give();
+  EXPECT_EQ(other.ended(), 0);
+  EXPECT_EQ(store.read(section::settings, "Hours"), "41");
+  EXPECT_EQ(kept("Hours"), "41");
+}
+
 TEST_F(StoreTest, ReadsWhatAnotherProgramStoresAfterItsIndexWasRemoved) {
   Signal removed;
   Signal stored;
