@@ -6,7 +6,7 @@ from mutation.place import (HERE, NUMBER, blanks, code_of, end_of, mutant, numbe
                             statements, switched_comparison)
 
 programs = ["snapshot_test", "desktop_test", "w4views_test", "paperviews_test", "consistency_test", "smallscreen_test",
-            "printing_test"]
+            "placement_test", "printing_test"]
 
 # An enumerator, or another word of a kind, is replaced by the next one of its line.
 kinds = """

@@ -37,8 +37,16 @@ slow = "ClosedScreen/*"  # opens each screen a hundred times
 snapshots = Step("snapshot_test", seconds=60)
 own = {"w4views_test": Step("w4views_test"), "paperviews_test": Step("paperviews_test"),
        "desktop_test": Step("desktop_test", (f"--gtest_filter=-{slow}",))}
+
+
+def on_display(program, display):
+    """A step on one of the displays that the build makes."""
+    return Step(program, variables={"QT_QPA_PLATFORM": f"offscreen:configfile={build}/tests/ui/qt/{display}.json"})
+
+
 other = [
-    Step("smallscreen_test", variables={"QT_QPA_PLATFORM": f"offscreen:configfile={build}/tests/ui/qt/800x600.json"}),
+    on_display("smallscreen_test", "640x480x1"),
+    on_display("placement_test", "wide"),
     Step("consistency_test", variables={"TALLYFIN_CONSISTENCY_ACTS": "500"}),
     Step("desktop_test", (f"--gtest_filter={slow}",), seconds=300),
     Step("printing"),

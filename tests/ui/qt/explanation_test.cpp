@@ -6,7 +6,6 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QProcess>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QTextDocument>
@@ -332,17 +331,6 @@ TEST_F(ExplanationOfTheResults, TheTableOpensInPlaceWithItsRowMarked) {
   press(Qt::Key_Down);
   QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "not over $51.00\t$0.00");
-}
-
-TEST_F(ExplanationOfTheResults, StandsBesideTheFrameWhereTheScreenHasRoom) {
-  const QRect room = frame().QWidget::screen()->availableGeometry();
-  frame().move(room.topLeft());
-  doubleClick(5);
-  const QRect beside = window()->geometry();
-  if (room.width() >= frame().width() + beside.width()) {
-    EXPECT_FALSE(beside.intersects(frame().geometry()));
-  }
-  EXPECT_TRUE(room.contains(beside.topLeft()));
 }
 
 TEST_F(ExplanationOfTheResults, TheKeyboardChoosesAnotherFigure) {
