@@ -396,6 +396,47 @@ TEST_F(Assistive, EveryControlOfTheTreeHasItsNameAndItsValue) {
   });
 }
 
+TEST_F(Assistive, APageOutOfSightIsReportedAsInvisibleAndHasNothingToGoThrough) {
+  int inSight = 0;
+  int outOfSight = 0;
+  onEveryScreen([&](const Screen& screen) {
+    for (auto* page : view(screen.name().c_str()).findChildren<QWidget*>()) {
+      if (dynamic_cast<Turnable*>(page) == nullptr) continue;
+      const bool out = page->geometry().right() < 0;
+      ASSERT_TRUE(!out || page->focusWidget() == nullptr || !page->focusWidget()->hasFocus()) << screen.name();
+      ++(out ? outOfSight : inSight);
+      const QAccessibleInterface& face = faceOf(*page);
+      EXPECT_EQ(face.state().invisible, out) << screen.name();
+      EXPECT_EQ(face.state().offscreen, out) << screen.name();
+      EXPECT_EQ(face.childCount() == 0, out) << screen.name();
+      EXPECT_EQ(face.child(0) == nullptr, out) << screen.name();
+    }
+  });
+  EXPECT_GE(inSight, 6);
+  EXPECT_GE(outOfSight, 6);
+}
+
+/// The rules move the focus to a box of the page that is out of sight: what has the keyboard is told.
+TEST_F(Assistive, APageOutOfSightIsReportedWhileItHasTheKeyboard) {
+  startOnMain();
+  clickItem("Pers");
+  QLineEdit* box = nullptr;
+  QWidget* page = nullptr;
+  for (auto* candidate : view("frmPersWkSht").findChildren<QWidget*>()) {
+    if (dynamic_cast<Turnable*>(candidate) == nullptr || candidate->geometry().right() >= 0) continue;
+    page = candidate;
+    box = candidate->findChild<QLineEdit*>();
+  }
+  ASSERT_NE(box, nullptr);
+  EXPECT_TRUE(faceOf(*page).state().invisible);
+  box->setFocus(Qt::OtherFocusReason);
+  settle();
+  EXPECT_FALSE(faceOf(*page).state().invisible);
+  EXPECT_FALSE(faceOf(*page).state().offscreen);
+  ASSERT_NE(faceOf(*page).focusChild(), nullptr);
+  EXPECT_EQ(faceOf(*page).focusChild()->object(), box);
+}
+
 TEST_F(Assistive, EveryFigureHasNameAndValue) {
   int figures = 0;
   onEveryScreen([&](const Screen& screen) {
