@@ -229,6 +229,53 @@ TEST_F(FormOnPaper, HasWholeTextsWithoutSelectionOrCursor) {
   EXPECT_EQ(coloured, 0);
 }
 
+/// The longest text of one line has the smallest letters that can be read, of 7 points or the next whole pixel; one
+/// word more takes two lines of letters that aren't smaller.
+TEST_F(FormOnPaper, BeginsASecondLineWhereOneLineWouldBeTooSmallToRead) {
+  dialogs.path = folder_.filePath("form.pdf");
+  struct Letters {
+    std::size_t lines;
+    double points;
+  };
+  startOnMain();
+  clickItem("W4");
+  const QFont letters = find("frmW4", "txtCity").font();
+  const int pixels = QFontInfo(letters).pixelSize();
+  const double heightOfAPoint = QFontMetricsF(letters).height() / pixels;
+  const auto lettersOf = [&](int words) {
+    find<QLineEdit>("frmW4", "txtCity").setText(QStringLiteral("ii ").repeated(words).trimmed());
+    settle();
+    saved();
+    QProcess reader;
+    reader.start("pdftotext", {"-bbox", dialogs.path, "-"});
+    EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is needed";
+    static const QRegularExpression word("yMin=\"([\\d.]+)\" xMax=\"[\\d.]+\" yMax=\"([\\d.]+)\">ii<");
+    std::set<int> tops;
+    double height = 0;
+    const QString page = QString::fromUtf8(reader.readAllStandardOutput());
+    for (auto next = word.globalMatch(page); next.hasNext();) {
+      const auto found = next.next();
+      tops.insert(qRound(found.captured(1).toDouble()));
+      height = found.captured(2).toDouble() - found.captured(1).toDouble();
+    }
+    return Letters{tops.size(), height / heightOfAPoint};
+  };
+  const double pixel = lettersOf(1).points / pixels;  // letters have whole pixels
+  int fits = 1;
+  int breaks = 100;
+  while (breaks - fits > 1) {
+    const int words = (fits + breaks) / 2;
+    (lettersOf(words).lines == 1 ? fits : breaks) = words;
+  }
+  const Letters one = lettersOf(fits);
+  const Letters two = lettersOf(breaks);
+  EXPECT_EQ(one.lines, 1U);
+  EXPECT_GE(one.points, 7);
+  EXPECT_LT(one.points - pixel, 7);
+  EXPECT_EQ(two.lines, 2U);
+  EXPECT_GE(two.points, 7);
+}
+
 /// The dialog for a printer, answered as it comes up.
 class PrinterDialog : public PdfDialog {
  protected:
