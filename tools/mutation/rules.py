@@ -75,7 +75,7 @@ def values(path, source, code):
         end = end_of(code, match.end(), ";")
         if end is None or "(" not in code[match.end():end] or "make_unique" in code[match.end():end]:
             continue
-        edit = (match.end(), end - 1, f"tallyfin_kept<{NUMBER}>([&]() -> decltype(auto) {{ return {HERE}; }})")
+        edit = (match.end(), end - 1, f"tallyfin_kept<{NUMBER}>([&] {{ return {HERE}; }})")
         yield mutant(path, source, match.start() + len(match.group()) - len(match.group().lstrip()), "const", "static const", [edit])
 
 
