@@ -158,31 +158,67 @@ const focused = (page) =>
 test('after every change of screen, page, box and help topic the focus stands where the user goes on, named', async (t) => {
   const page = await fresh(t);
   const u = user(page);
-  const expect = async (what, place, name) => {
+  /** Where a person goes on who needn't begin at the heading. */
+  const others = {
+    'frmMain, results': 'Calculate',
+    'frmMisc, local tax': 'Enter the Percent',
+    'frmMisc, raise': 'Enter the percentage of the raise you are expecting.',
+    'frmDednAdj, page 2': /^4\. {2}Enter an estimate of your 1999 adjustments to income/,
+    frmPersWkSht: 'Personal Allowances Worksheet',
+    'frmPersWkSht, page 2': 'Personal Allowances Worksheet',
+    frmDednAdj: 'Deductions and Adjustments',
+    'frm2Workers, page 2': 'Two-Earner/Two-Job Worksheet',
+  };
+  const expect = async (what, place, wanted) => {
     const [where, words] = await focused(page);
     assert.equal(where, place, what);
-    if (name !== undefined) assert.equal(words, name, what);
-    assert.ok(words !== '', `${what} has a name`);
+    if (wanted instanceof RegExp) assert.match(words, wanted, what);
+    else assert.equal(words, wanted, what);
   };
+  const title = (name) => hold(page, name, 'title');
   await expect('at the start', 'frmName', 'Personal Information');
   for (const [name, go] of Object.entries(screens)) {
-    if (name === 'frmMain, results') continue; // no other screen
     await go(u);
-    await expect(name, name.split(',')[0]);
+    const [screen] = name.split(',');
+    await expect(name, screen, others[name] ?? await title(screen));
   }
-  await u.bar('Calc');
-  await expect('frmMain', 'frmMain');
+  /** The place and the name of the focus in each window, and after it was closed. */
+  const wanted = {
+    explanation: [['explanation', /^Gross Pay/], ['frmMain', 'How this was worked out']],
+    MsgBox: [['MsgBox', 'OK'], ['the frame', 'Analysis']],
+    frmAbt: [['frmAbt', 'Close'], ['the frame', 'About']],
+    help: [['help', 'Welcome to Tallyfin 99'], ['the frame', 'Help']],
+    'help on Personal Information': [['help', 'Personal Information'], ['frmName', 'Personal Information']],
+    question: [['question', 'Keep'], ['help', 'Erase what this browser keeps']],
+  };
   for (const [name, [go, close]] of Object.entries(windows)) {
     await u.bar('Calc');
     await u.click('frmMain.cmdToolBar(0)');
     await go(u, page);
-    await expect(name, { MsgBox: 'MsgBox', frmAbt: 'frmAbt', 'help on Personal Information': 'help' }[name] ?? name);
+    await expect(name, ...wanted[name][0]);
     await page.click(close);
+    await expect(`after ${name}`, ...wanted[name][1]);
     if (name === 'question') await page.click('#help [data-dismiss]');
-    const [where] = await focused(page);
-    assert.notEqual(where, 'nowhere', `after ${name}`);
   }
 
+  await u.bar('Multi');
+  await u.bar('W4');
+  await page.evaluate(() => window.history.back());
+  await page.waitForSelector('[data-screen=frmMultiCheck]:not([hidden])');
+  await expect('after Back', 'frmMultiCheck', await title('frmMultiCheck'));
+  await page.click('#tabs [aria-current] + button');
+  const next = await u.front();
+  assert.notEqual(next, 'frmMultiCheck');
+  await expect('after closing a tab', next, await title(next));
+  await u.bar('Multi');
+  await page.click('#tabs :not([aria-current]) + button');
+  await expect('after closing the tab of another screen', 'frmMultiCheck', await title('frmMultiCheck'));
+  await windows.question[0](u, page);
+  await page.click('#erase-yes');
+  await expect('after erasing', 'frmName', 'Personal Information');
+  await u.bar('ExitProgram');
+  await page.click('#again');
+  await expect('after Start again', 'frmName', 'Personal Information');
 });
 
 test('the focus comes back to what led to a screen, and follows the rules to another page', async (t) => {
@@ -392,9 +428,23 @@ for (const [look, prefs, media] of [
     }
     const outlined = (where) => page.$eval(where, (element) => getComputedStyle(element).outlineStyle);
     assert.equal(await outlined('#bar [aria-current]'), 'solid');
+    await u.pick('frmMain.lstFrequency', 0);
+    await u.click('frmMain.cmdToolBar(0)');
     await page.click('#explain');
     assert.equal(await page.$eval('#shares span', (part) => getComputedStyle(part).borderLeftStyle), 'solid');
+    assert.equal(await outlined('#figures label:has(:checked)'), 'solid');
+    await page.click('#figures label:nth-child(5)');
+    await page.focus('#explanation-text .form-line:has([data-lines])');
+    assert.equal(await outlined('.form-line.marked > .form-text'), 'solid');
     await page.click('#explanation [data-dismiss]');
+    await u.click('frmMain.cboState');
+    assert.equal(await outlined('.combo li[aria-selected=true]'), 'solid');
+    await page.keyboard.press('Escape');
+    await screens.frmCalendar(u);
+    assert.equal(await outlined('.calendar [aria-current]'), 'solid');
+    await windows.help[0](u, page);
+    assert.equal(await outlined('#help-contents a[aria-current]'), 'solid');
+    await page.click('#help [data-dismiss]');
     for (const [name, go] of Object.entries(screens)) {
       await go(u);
       for (const size of [{ width: 360, height: 740 }, { width: 1280, height: 800 }]) {
@@ -437,6 +487,37 @@ test("letters have the size that the browser's user has set", async (t) => {
   assert.ok(wide <= view, `${wide} wide`);
 });
 
+test('all check boxes and option boxes have 16 pixels', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  let count = 0;
+  for (const [name, go] of Object.entries(screens)) {
+    await go(u);
+    const sizes = await page.$$eval('[type=checkbox], [type=radio]', (all) => all.filter((box) => box.checkVisibility()).map((box) => {
+      const { width, height } = box.getBoundingClientRect();
+      return [box.dataset.address, Math.min(width, height)];
+    }));
+    count += sizes.length;
+    assert.deepEqual(sizes.filter(([, size]) => size < 16), [], name);
+  }
+  assert.ok(count > 20, `${count} boxes`);
+});
+
+/** What a finger would miss: targets of less than 44 pixels, without links inside of a text. */
+const smallTargets = (page, name) =>
+  page.evaluate((screen) => {
+    const modal = [...document.querySelectorAll('dialog[open]')].at(-1);
+    const size = (part) => {
+      const places = [part, part.closest('.option, #figures label'), ...(part.labels ?? [])].filter((place) => place).map((place) => place.getBoundingClientRect());
+      return ['width', 'height'].map((side) => Math.max(...places.map((place) => place[side])));
+    };
+    return [...(modal ?? document).querySelectorAll('button, input, textarea, select, option, summary, nav a, header a, .arrow, [role=combobox]')]
+      .filter((part) => (part.closest('select') ?? part).checkVisibility({ visibilityProperty: true }) && part.id !== 'skip' && !(part.tagName === 'OPTION' && !part.parentElement.size))
+      .map((part) => [part, ...size(part)])
+      .filter(([part, wide, high]) => Math.min(wide, part.matches('.arrow') ? 44 : high) < 43.5)
+      .map(([part, wide, high]) => `${screen}: ${part.dataset.address ?? (part.id || part.className || part.textContent)}, ${wide} by ${high}`);
+  }, name);
+
 for (const [width, height] of [[360, 560], [320, 256]]) {
   test(`on a telephone of ${width} by ${height} Calculate leads to the check, and all can be touched`, async (t) => {
     const own = await browse(undefined, { prefs: { 'ui.primaryPointerCapabilities': 1, 'ui.allPointerCapabilities': 1 } });
@@ -457,12 +538,23 @@ for (const [width, height] of [[360, 560], [320, 256]]) {
     const small = [];
     for (const [name, go] of Object.entries(screens)) {
       await go(u);
-      small.push(...await page.evaluate((screen) => [...document.querySelectorAll('button, input, [role=combobox]')]
-        .filter((part) => part.checkVisibility() && part.id !== 'skip')
-        .filter((part) => Math.max(...[part, part.closest('.option'), ...(part.labels ?? [])].map((place) => place?.getBoundingClientRect().height ?? 0)) < 43.5)
-        .map((part) => `${screen}: ${part.dataset.address ?? part.id ?? part.textContent}`), name));
+      small.push(...await smallTargets(page, name));
       const [wide, view] = await page.evaluate(() => [document.scrollingElement.scrollWidth, window.innerWidth]);
       assert.ok(wide <= view, `${name} is ${wide} wide`);
+    }
+    await page.click('#menu');
+    small.push(...await smallTargets(page, 'menu'));
+    for (const [name, [go, close]] of Object.entries(windows)) {
+      await u.bar('Calc');
+      await u.click('frmMain.cmdToolBar(0)');
+      await go(u, page);
+      small.push(...await smallTargets(page, name));
+      if (name === 'explanation') {
+        await page.click('#figures label:nth-child(4)');
+        small.push(...await smallTargets(page, 'worksheet'));
+      }
+      await page.click(close);
+      if (name === 'question') await page.click('#help [data-dismiss]');
     }
     assert.deepEqual([...new Set(small)], []);
     for (const name of ['help', 'explanation']) {
@@ -477,6 +569,9 @@ for (const [width, height] of [[360, 560], [320, 256]]) {
       }
       await page.click(close);
     }
+    await page.goto(`${server.address}many.html`);
+    await page.waitForSelector('body[data-ready]');
+    assert.deepEqual(await smallTargets(page, 'many paychecks'), []);
   });
 }
 
@@ -575,6 +670,21 @@ test('the report can be fitted to the preview, and opens at the zoom of the rule
   assert.ok(sheet < preview && sheet > preview * 0.8, `${sheet} in ${preview}`);
   assert.equal(await page.$eval('#report', (view) => view.scrollWidth <= view.clientWidth), true);
   assert.deepEqual(await differences(page), []);
+});
+
+test('the toolbar of the report begins with Fit, and the Tab key follows it', async (t) => {
+  const page = await fresh(t);
+  await screens.frmPrint(user(page));
+  const wanted = ['Fit', 'New report', 'Close', 'Print', 'Zoom'];
+  const parts = await page.$$eval('[aria-label=Report] :is(button, label)', (all) => all.map((part) => [part.innerText.trim(), part.getBoundingClientRect().left]));
+  assert.deepEqual(parts.map(([words]) => words), wanted);
+  assert.deepEqual(parts.map(([, left]) => left), parts.map(([, left]) => left).sort((a, b) => a - b));
+  const met = [];
+  for (let i = 0; i < wanted.length; ++i) {
+    await page.keyboard.press('Tab');
+    met.push((await focused(page))[1]);
+  }
+  assert.deepEqual(met, wanted);
 });
 
 test('short pages stand well in a large window', async (t) => {

@@ -7,7 +7,7 @@ import { tmpdir } from 'node:os';
 import { basename, join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
-import { browse, builtPage, firefox, project, serve, setUp, visit } from './browser.js';
+import { browse, builtPage, firefox, onPaper, project, serve, setUp, visit } from './browser.js';
 
 const { server, freshContext } = await setUp();
 const axe = await readFile(fileURLToPath(import.meta.resolve('axe-core/axe.min.js')), 'utf8');
@@ -427,4 +427,18 @@ test('the page asks no other host and keeps to its policy', async (t) => {
   const policies = await Promise.all(['index.html', 'many.html'].map(async (name) =>
     (await readFile(join(project, 'src', 'web', 'page', name), 'utf8')).match(/Content-Security-Policy" content="([^"]*)"/)[1]));
   assert.equal(policies[0], policies[1]);
+});
+
+test("the browser's own Print has what is on the page, without its buttons", async (t) => {
+  const page = await enter(t, { width: 360, height: 740 });
+  await choose(page, 'paper.csv', some);
+  await shown(page, '#rows tbody tr');
+  await page.type('#wanted-net', '1234.56');
+  const paper = await onPaper(t, page);
+  const cells = await page.$$eval('#rows :is(th, td)', (all) => all.map((cell) => cell.textContent).filter((words) => words !== ''));
+  assert.ok(cells.includes('Pennsylvania'));
+  const flat = paper.replace(/\s+/g, '');
+  const lost = ['Many Paychecks', 'First rows of paper.csv', 'Check wanted', '1234.56', 'Self Employed', ...cells].filter((words) => !flat.includes(words.replace(/\s+/g, '')));
+  assert.deepEqual(lost, []);
+  assert.doesNotMatch(paper, /Work all rows|Work out the gross pay|Take the pasted rows|Screens|Stop/);
 });
