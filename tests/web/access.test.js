@@ -702,3 +702,58 @@ test('short pages stand well in a large window', async (t) => {
     assert.ok(Math.abs((frame.left - area.left) - (area.right - frame.right)) < 4, `${name} isn't in the middle`);
   }
 });
+
+test('a text longer than its box shows its beginning, and whole as the tooltip', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  const long = '17 North Second Street, Apartment 3, in the yard behind the bakery, second stairs, third floor, the door at the left side of the hall';
+  const box = () => page.$eval(selector('frmName.txtAddress'), ({ scrollLeft, scrollWidth, clientWidth, title }) => ({ scrollLeft, longer: scrollWidth > clientWidth, title }));
+  await u.type('frmName.txtAddress', long);
+  await page.keyboard.press('Tab');
+  await page.waitForFunction((where) => document.querySelector(where).title !== '', {}, selector('frmName.txtAddress'));
+  assert.deepEqual(await box(), { scrollLeft: 0, longer: true, title: long });
+  await u.type('frmName.txtAddress', '3 Elm St');
+  await page.keyboard.press('Tab');
+  await page.waitForFunction((where) => document.querySelector(where).title === '', {}, selector('frmName.txtAddress'));
+});
+
+test('the warning has its sign, and Calculate is the one yellow button', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  const yellow = await page.$$eval('section:not([hidden]) button', (all) => all.filter((button) => getComputedStyle(button).backgroundColor === 'rgb(255, 255, 128)').map((button) => button.innerText.trim()));
+  assert.deepEqual(yellow, ['Calculate']);
+  await windows.MsgBox[0](u, page);
+  const sign = await (await page.$('dialog[open] .warning svg')).boundingBox();
+  assert.ok(sign.width >= 32 && sign.height >= 32);
+});
+
+test('the help topics on what is kept have the button that erases it, others not', async (t) => {
+  const page = await fresh(t);
+  await windows.help[0](user(page), page);
+  const offers = async (topic) => {
+    await page.click(`#help-contents [href="#${topic}"]`);
+    await page.waitForSelector(`#help-contents [href="#${topic}"][aria-current]`);
+    return page.$eval('#erase', (button) => button.checkVisibility());
+  };
+  assert.deepEqual([await offers('privacy'), await offers('keys'), await offers('frmName')], [true, false, true]);
+});
+
+test("the browser's own Print with the explanation open has its worksheets, no heading alone at a page's end", async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  await u.bar('Calc');
+  await u.pick('frmMain.lstFrequency', 0);
+  await u.type('frmMain.txtIncome', '1000');
+  await u.click('frmMain.cmdToolBar(0)');
+  await page.click('#explain');
+  const titles = await page.$$eval('#explanation-paper h3', (all) => all.map((heading) => heading.textContent));
+  const paper = await onPaper(t, page, '-layout');
+  const lines = paper.split('\n').map((line) => line.trim());
+  assert.deepEqual(titles.filter((title) => !lines.includes(title)), []);
+  assert.match(paper, /How this was worked out/);
+  assert.doesNotMatch(paper, /Copy|Close|Clear/);
+  const pages = paper.split('\f').filter((text) => text.trim() !== '').map((text) => text.trim().split('\n').at(-1).trim());
+  assert.ok(pages.length > 1);
+  assert.deepEqual(pages.filter((last) => titles.includes(last)), []);
+});
