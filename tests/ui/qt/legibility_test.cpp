@@ -3,14 +3,17 @@
 #include <QClipboard>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSvgRenderer>
 #include <QTextDocumentFragment>
+#include <QToolButton>
 #include <QToolTip>
+#include <set>
 
 #include "contrast.h"
-#include "desktoptest.h"
+#include "everyscreen.h"
 #include "picture.h"
 #include "ui/qt/frame/document.h"
 #include "ui/qt/frame/listbar.h"
@@ -372,6 +375,54 @@ TEST_F(Legibility, AWindowIsBesideTheFrameWhereItFits) {
   window.resize(room.size() * 2);
   placeBeside(window, frame());
   EXPECT_EQ(window.pos(), room.topLeft());
+}
+
+// --- Buttons that have only a picture
+
+class Wordless : public EveryScreen {
+ protected:
+  /// Notes the visible buttons without a word, by their names.
+  void note() {
+    for (const QWidget* widget : QApplication::allWidgets()) {
+      const auto* button = qobject_cast<const QAbstractButton*>(widget);
+      if (button == nullptr || !button->isVisible()) continue;
+      if (qobject_cast<const QPushButton*>(button) == nullptr && qobject_cast<const QToolButton*>(button) == nullptr) {
+        continue;  // an option or a check box has its caption beside it
+      }
+      static const QRegularExpression letterOrDigit(QStringLiteral("[A-Za-z0-9]"));
+      if (button->text().contains(letterOrDigit)) continue;
+      const std::string name = QAccessible::queryAccessibleInterface(const_cast<QAbstractButton*>(button))
+                                   ->text(QAccessible::Name)
+                                   .toStdString();
+      names.insert(name);
+      EXPECT_FALSE(button->toolTip().isEmpty()) << name;
+    }
+  }
+
+  std::set<std::string> names;
+};
+
+/// Where a word fits, a button has one; in the preview's tool bar there is no more room.
+TEST_F(Wordless, OnlyTheseButtonsHaveAPictureWithoutAWord) {
+  onEveryScreen([this](const Screen&) { note(); });
+  QTest::keyClick(&frame(), Qt::Key_F1);
+  settle();
+  ASSERT_TRUE(frame().findChild<QDialog*>("help") != nullptr && frame().findChild<QDialog*>("help")->isVisible());
+  note();
+  clickItem("Calc");
+  click("frmMain", "cmdToolBar(0)");
+  frame().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&frame()));
+  auto& grid = find<QTableWidget>("frmMain", "dbgDisplay");
+  const QPoint row = grid.visualItemRect(grid.item(0, 0)).center();
+  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, row);
+  QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, row);
+  settle();
+  ASSERT_NE(frame().findChild<QDialog*>("explanation"), nullptr);
+  note();
+  EXPECT_THAT(names,
+              testing::UnorderedElementsAre("Close", "Close this page", "Fit width", "Previous page", "Next page",
+                                            "Make the report again", "Previous month", "Next month"));
 }
 
 TEST(Icons, AreTheDrawing) {

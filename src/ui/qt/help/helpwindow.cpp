@@ -89,10 +89,14 @@ QToolButton* HelpWindow::tool(const char* picture, const char* name, const QKeyS
   auto* widget = new QToolButton(this);
   widget->setObjectName(QString::fromLatin1(picture));
   widget->setIcon(look::picture(QString::fromLatin1(picture)));
-  widget->setIconSize({20, 20});
-  widget->setFixedSize(34, 28);
-  widget->setAccessibleName(QString::fromLatin1(name));
-  widget->setShortcut(key);
+  widget->setIconSize({16, 16});
+  widget->setText(QString::fromLatin1(name));
+  // Beside the search.
+  const bool wordsFit = width() >= look::scaled(340);  // mutation: 340 -> 341: a pixel or so moves no word
+  widget->setToolButtonStyle(wordsFit ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+  widget->setMinimumHeight(28);
+  widget->setAccessibleName(widget->text());
+  widget->setShortcut(key);  // after the text, which would remove it
   widget->setToolTip(QStringLiteral("%1 (%2)").arg(widget->accessibleName(), key.toString(QKeySequence::NativeText)));
   widget->setFocusPolicy(Qt::StrongFocus);
   return widget;

@@ -32,13 +32,17 @@ class frmCalendarView : public ScreenView {
     widget->setDateEditEnabled(false);  // closed in the middle of a typed date, it would leak what was typed
     widget->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     widget->setAccessibleName(QStringLiteral("Calendar"));
-    widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))->setIcon(look::picture("previous"));
-    widget->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"))->setIcon(look::picture("next"));
     const auto nameOf = [widget](const char* part, const char* words) {
       widget->findChild<QWidget*>(QString::fromLatin1(part))->setAccessibleName(QString::fromLatin1(words));
     };
-    nameOf("qt_calendar_prevmonth", "Previous month");
-    nameOf("qt_calendar_nextmonth", "Next month");
+    const auto arrow = [&](const char* part, const char* picture, const char* words) {
+      auto* button = widget->findChild<QToolButton*>(QString::fromLatin1(part));
+      button->setIcon(look::picture(QString::fromLatin1(picture)));
+      button->setToolTip(QString::fromLatin1(words));
+      nameOf(part, words);
+    };
+    arrow("qt_calendar_prevmonth", "previous", "Previous month");
+    arrow("qt_calendar_nextmonth", "next", "Next month");
     nameOf("qt_calendar_yearedit", "Year");
     nameOf("qt_calendar_calendarview", "Days");
     QTextCharFormat weekday;
