@@ -757,3 +757,19 @@ test("the browser's own Print with the explanation open has its worksheets, no h
   assert.ok(pages.length > 1);
   assert.deepEqual(pages.filter((last) => titles.includes(last)), []);
 });
+
+test('F1 in a box opens its help topic above it, and closing that leads back to the button of the box', async (t) => {
+  const page = await fresh(t);
+  const u = user(page);
+  for (const [box, button] of [['MsgBox', 'OK'], ['frmAbt', 'Close']]) {
+    const [go, close] = windows[box];
+    await go(u, page);
+    await page.keyboard.press('F1');
+    await page.waitForFunction(() => document.activeElement.matches('#help-topic h3'));
+    assert.equal(await page.$eval('#help-contents [aria-current]', (link) => link.getAttribute('href')), `#${box}`);
+    await page.click('#help [data-dismiss]');
+    assert.deepEqual(await focused(page), [box, button]);
+    await page.click(close);
+  }
+  assert.deepEqual(await differences(page), []);
+});

@@ -128,7 +128,7 @@ test('an element that shows something else than its control holds is noticed', a
 
   await u.bar('Multi');
   await noticed(page, {
-    'frmMultiCheck ground': () => { document.querySelector('[data-screen=frmMultiCheck]').style.background = '#fff'; },
+    'frmMultiCheck background': () => { document.querySelector('[data-screen=frmMultiCheck]').style.background = '#fff'; },
     'frmMultiCheck controls without an element that are seen': () => { at('frmMultiCheck.Label4').removeAttribute('data-address'); },
   });
 

@@ -97,7 +97,8 @@ function bindWindows() {
   at('erase-yes').addEventListener('click', eraseStorage);
 }
 
-const helpOnFront = () => openHelpOn(frontScreen()?.dataset.screen);
+const boxInFront = () => document.querySelector('dialog[data-screen][open]');
+const helpOnFront = () => openHelpOn((boxInFront() ?? frontScreen())?.dataset.screen);
 
 /** Keys that work for any focus. */
 const keys = {
@@ -129,7 +130,7 @@ function bindPage() {
   });
   document.addEventListener('keydown', (event) => {
     const deed = keys[event.key];
-    if (!deed || document.querySelector('dialog[data-screen][open]')) return;
+    if (!deed || (boxInFront() && event.key !== 'F1')) return;
     event.preventDefault();
     deed();
   });
