@@ -2,13 +2,10 @@
 
 #include "support/program.h"
 #include "support/table.h"
+#include "w4/colours.h"
 
 namespace tallyfin {
 namespace {
-
-constexpr Colour paper{255, 255, 204};
-constexpr Colour grey{64, 64, 64};
-constexpr Colour highlight{128, 128, 255};
 
 /// The Two-Earner worksheet, opened with that number of allowances on line 1.
 class TwoEarners : public ProgramTest {

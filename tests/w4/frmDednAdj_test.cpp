@@ -1,12 +1,10 @@
 #include <gmock/gmock.h>
 
 #include "support/program.h"
+#include "w4/colours.h"
 
 namespace tallyfin {
 namespace {
-
-constexpr Colour grey{64, 64, 64};
-constexpr Colour highlight{128, 128, 255};
 
 class DeductionsAndAdjustments : public ProgramTest {
  protected:
